@@ -1,0 +1,85 @@
+// The open document: settings, pages, their display order and the occurrences found on the current page.
+#pragma once
+#include "book/book_header.hpp"
+#include "book/my_exception.hpp"
+#include "book/page.hpp"
+#include "book/search.hpp"
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace book {
+
+inline constexpr std::size_t page_limit = 100000;
+inline constexpr std::int32_t tab_limit = 256;
+inline constexpr std::size_t npos = static_cast<std::size_t>(-1);
+
+// Takes a question and answers true for yes.
+using AskUser = std::function<bool(const std::wstring& question)>;
+
+// An index is a place in `pages` (stored order); a position is a place in display order. `position_to_index`
+// is the only bridge. Used on one thread.
+class Book {
+public:
+    // Raised when a page more would pass `page_limit`. Not fatal: the Book stays as it was.
+    class PageCountOver : public MyException {
+    public:
+        PageCountOver();
+    };
+
+    void clear();
+
+    // The stored index shown at `position`, or npos past the end. A stale `order` maps to the position
+    // itself.
+    std::size_t position_to_index(std::uint64_t position) const;
+    // The page at header.position, or null.
+    Page* current_page();
+
+    // Puts `page` at stored place `index`, makes that number the position and sets needs_update. Null past
+    // the end. Throws PageCountOver on a full Book, whatever the index.
+    Page* insert_page(std::size_t index, Page page);
+    // The same with an empty page in the theme's colours, stamped now.
+    void new_page(std::size_t index);
+    // Erases every page whose selection is exactly `selected`; true when one went.
+    bool remove_selected();
+    // Erases the page at `position`, keeps the position inside, and leaves one empty page in an emptied Book.
+    // False when there is no page there.
+    bool remove_page_at(std::uint64_t position);
+
+    // Moves the position by one and returns the page there; null, unmoved, at either end or for direction 0.
+    Page* step(int direction);
+    // Moves to the nearest page in that direction that matches and returns it, with its hits in `hits`. When
+    // none does the position stays and the page there is returned; direction 0 only finds that page's hits.
+    // Null without a page.
+    Page* find(int direction, const SearchQuery& query);
+
+    // Renumbers tabs and counts tabs and marks. Tabs beyond the limit are dropped.
+    void recount();
+    // When needs_update is set: clears it, drops the hits, recounts and rebuilds the order.
+    void refresh_counts();
+    // Throws std::out_of_range for a stamp of fewer than 14 characters under the key `modified`.
+    void rebuild_order();
+
+    // False with the reason in `error`. Takes the path by value: it may be the Book's own, or an entry that
+    // goes away.
+    bool load(std::wstring path, std::wstring& error, const AskUser& ask_user);
+    // True when the file could be opened for writing. Trims the texts of the pages as it writes them.
+    bool save();
+    // The same to another file: where the Book stands in the file system need not be how its path reads.
+    bool save_to(const std::wstring& file);
+
+    BookHeader header;
+    std::wstring path; // empty before the first save
+    std::vector<Page> pages; // stored order, the order of the file
+    std::vector<std::uint64_t>
+        order; // stored indices in display order before reversal; empty for the stored order
+    std::uint64_t file_size = 0; // bytes, after the last load or save
+    std::int32_t tab_count = 0;
+    std::int32_t mark_count = 0;
+    bool needs_update = false; // pages came or went, or the sort key changed
+    std::vector<SearchHit> hits;
+};
+
+} // namespace book

@@ -1,0 +1,37 @@
+// One page of a Book.
+#pragma once
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace book {
+
+inline constexpr std::size_t box_count = 3;
+// Characters of one half of a stamp.
+inline constexpr std::size_t time_length = 14;
+
+enum class PageSelection : std::uint32_t { none = 0, selected = 1, pasted = 2 };
+
+// A record, copied by value. Text is UTF-16 with CR LF between lines and never holds U+0003, which divides
+// the file.
+struct Page {
+    std::wstring stamp; // creation time, then time of the last modification, 14 digits each
+    std::wstring reference_folder;
+    std::array<std::wstring, box_count> text; // boxes 1 and 3 hold many lines, box 2 one
+    std::array<std::uint32_t, box_count> text_color{}; // COLORREF
+    std::array<std::uint32_t, box_count> back_color{};
+    std::uint32_t tab_color = 0;
+    std::uint64_t tab_number = 0; // 0: no tab; else the running number in stored order, from 1
+    std::int32_t scroll_first = 0; // vertical scroll of boxes 1 and 3 when the page was last left
+    std::int32_t scroll_third = 0;
+    std::int32_t mark = 0; // not 0: marked
+    PageSelection selected = PageSelection::none; // the page editor's; not stored
+    std::vector<std::wstring> files; // paths or addresses
+    std::uint64_t current_file = 0; // index into files
+
+    friend bool operator==(const Page&, const Page&) = default;
+};
+
+} // namespace book

@@ -1,0 +1,17 @@
+// The search box's text, cut into terms, and told back to the user.
+#pragma once
+#include "book/search.hpp"
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace book {
+
+// Appends the terms of `text` to `terms`. Blanks, tabs and the ideographic space divide; a closed pair of
+// double quotes keeps its blanks; an unclosed quote is an ordinary character.
+void split_terms(std::wstring_view text, std::vector<std::wstring>& terms);
+
+// The condition in words, as the banner and the status bar show it; empty when every page matches.
+std::wstring condition_text(const SearchQuery& query);
+
+} // namespace book

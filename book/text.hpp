@@ -1,0 +1,30 @@
+// Small operations on the text of pages.
+#pragma once
+#include "platform/clock.hpp"
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace book {
+
+inline constexpr wchar_t separator = 3; // U+0003 divides the fields of a Book file
+inline constexpr wchar_t byte_order_mark = 0xFEFF;
+
+enum class TrimMode { left = 1, right = 2, both = 3 };
+
+// Removes white space in place and returns the new length.
+std::size_t trim_text(std::wstring& text, TrimMode mode);
+// The same without a copy.
+std::wstring_view trimmed(std::wstring_view text, TrimMode mode);
+
+// Erases every U+0003.
+void remove_separator(std::wstring& text);
+
+// False at once for different lengths; otherwise compares lower-cased code units.
+bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right);
+
+// Year, month, day, hour, minute, second as 14 digits.
+std::wstring time_text(const platform::LocalTime& time);
+std::wstring current_time_text();
+
+} // namespace book

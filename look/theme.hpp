@@ -1,0 +1,36 @@
+// The colours of the program. One palette, overwritten when a theme is chosen and read when windows paint.
+#pragma once
+#include "platform/color.hpp"
+#include <cstdint>
+
+namespace look {
+
+using ovlib::Color;
+
+inline constexpr std::int32_t theme_standard = 6000;
+inline constexpr std::int32_t theme_dark = 6002;
+inline constexpr std::int32_t theme_blue = 6005;
+inline constexpr std::int32_t theme_blue_plain_links = 6006; // loads as theme_blue but for its links
+
+struct ThemePalette {
+    std::int32_t current_theme = 0;
+    Color box1_text, box2_text, box3_text, box_back;
+    Color list_text, panel_back, slider_back, panel_line, caption;
+    Color status_back, status_label, status_value;
+    Color slider_groove, accent;
+    Color button_face, button_disabled_text, button_text;
+    Color check_text, check_text_on, check_back, check_mark, check_fill, check_frame;
+    Color bar_back, selected_bar, pasted_bar, editor_label, link_text;
+    Color viewer_text, viewer_error, viewer_back, reserved_1, bar_view, reserved_2;
+};
+
+// The palette that windows read. Written by load_theme only.
+const ThemePalette& palette();
+
+// The colours of a theme, without loading them. Any identifier outside 6000 to 6006 gives the standard table.
+ThemePalette theme_colors(std::int32_t identifier);
+
+// Loads a theme and returns the identifier to store in the Book: 6006 becomes 6005, an unknown one 6000.
+std::int32_t load_theme(std::int32_t identifier);
+
+} // namespace look

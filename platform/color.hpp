@@ -1,0 +1,50 @@
+// The colour of everything drawn. Plain arithmetic, so that logic and the window library share one.
+#pragma once
+#include <cstdint>
+
+namespace ovlib {
+
+// A COLORREF: 0x00BBGGRR.
+class Color {
+public:
+    constexpr Color() = default;
+    constexpr explicit Color(std::uint32_t colorref)
+        : value(colorref)
+    {
+    }
+
+    constexpr std::uint8_t red() const { return static_cast<std::uint8_t>(value); }
+    constexpr std::uint8_t green() const { return static_cast<std::uint8_t>(value >> 8); }
+    constexpr std::uint8_t blue() const { return static_cast<std::uint8_t>(value >> 16); }
+    // 0.299 R + 0.587 G + 0.114 B, rounded, as a byte.
+    constexpr std::uint8_t luminance() const;
+    // Towards white for a positive `delta`, towards black for a negative one; 255 and beyond reach it.
+    constexpr Color shade(int delta) const;
+
+    friend constexpr bool operator==(Color, Color) = default;
+
+    std::uint32_t value = 0;
+};
+
+constexpr Color rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
+{
+    return Color{ red | green << 8 | blue << 16 };
+}
+
+constexpr std::uint8_t Color::luminance() const
+{
+    return static_cast<std::uint8_t>((299u * red() + 587u * green() + 114u * blue() + 500u) / 1000u);
+}
+
+constexpr Color Color::shade(int delta) const
+{
+    if (delta == 0)
+        return *this;
+    const int limited = delta < -255 ? -255 : (delta > 255 ? 255 : delta);
+    const auto rest = static_cast<std::uint32_t>(255 - (limited < 0 ? -limited : limited));
+    const auto lift = limited > 0 ? 255u * (256u - rest) : 0u;
+    const auto channel = [&](std::uint32_t c) { return (c * rest + lift) >> 8; };
+    return rgb(channel(red()), channel(green()), channel(blue()));
+}
+
+} // namespace ovlib

@@ -1,0 +1,50 @@
+// Files, as far as the logic needs them. Paths are UTF-16 text on every system; `/` and, on Windows, `\`
+// separate.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace platform {
+
+// One open file. Closed by the destructor; moved, never copied.
+class File {
+public:
+    // For reading, shared for reading, writing and deleting. Not open on failure; a folder is a failure.
+    static File open_read(const std::wstring& path);
+    // Replaces whatever stands there, shared likewise: the old contents are gone when this succeeds.
+    static File create(const std::wstring& path);
+    // Opens or creates without cutting, positioned at the start: a shorter text leaves the old tail in place.
+    static File open_over(const std::wstring& path);
+
+    File() = default;
+    File(File&& other) noexcept;
+    File& operator=(File&& other) noexcept;
+    ~File();
+
+    bool is_open() const;
+    // Bytes delivered; 0 at the end of the file and on failure.
+    std::size_t read(std::span<std::byte> target);
+    // True when every byte was taken.
+    bool write(std::span<const std::byte> bytes);
+    bool seek_to_start();
+    std::optional<std::uint64_t> size() const;
+    void close();
+
+private:
+    explicit File(std::intptr_t handle) noexcept;
+    std::intptr_t handle_ = -1;
+};
+
+// True for anything that stands at `path`, a folder included.
+bool exists(const std::wstring& path);
+bool is_folder(const std::wstring& path);
+bool is_regular_file(const std::wstring& path);
+bool create_folder(const std::wstring& path);
+bool remove_file(const std::wstring& path);
+// Puts `from` in the place of `to`, replacing it in one step.
+bool replace_file(const std::wstring& from, const std::wstring& to);
+
+} // namespace platform

@@ -1,0 +1,43 @@
+// What text needs from a system. All text is UTF-16: one code unit an element of std::wstring, also where
+// wchar_t has 32 bits.
+#pragma once
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+inline constexpr std::size_t unit_count = 0x10000;
+using UnitTable = std::array<std::uint16_t, unit_count>;
+
+constexpr bool is_high_surrogate(wchar_t unit)
+{
+    return (static_cast<std::uint32_t>(unit) & 0xFFFFFC00u) == 0xD800u;
+}
+constexpr bool is_low_surrogate(wchar_t unit)
+{
+    return (static_cast<std::uint32_t>(unit) & 0xFFFFFC00u) == 0xDC00u;
+}
+constexpr bool is_surrogate(wchar_t unit)
+{
+    return (static_cast<std::uint32_t>(unit) & 0xFFFFF800u) == 0xD800u;
+}
+
+// The program's own table of white space, the same on every system.
+bool is_white_space(wchar_t unit);
+
+// Lower case of each code unit by itself; surrogates map to themselves. Filled once: from the system's
+// invariant locale on Windows, from Unicode's simple lower-case mapping elsewhere.
+const UnitTable& lower_case_table();
+wchar_t to_lower(wchar_t unit);
+
+// UTF-8 both ways. A lone surrogate travels as its three-byte form, so that no text is lost; other malformed
+// bytes become U+FFFD.
+std::string to_utf8(std::wstring_view text);
+std::wstring from_utf8(std::string_view bytes);
+
+// In decimal, grouped as the user's locale groups numbers; ungrouped where that cannot be told.
+std::wstring grouped_number(std::uint64_t number);
+
+} // namespace platform

@@ -1,0 +1,34 @@
+# Shared by the scripts: where things are, and what must be installed. Sourced, never run.
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+build=$root/build
+
+say() { printf '%s\n' "$*" >&2; }
+die() { say "$(basename "$0"): $*"; exit 1; }
+
+# Everything the build, the tests and the screen need, as Debian 12 names it.
+packages=(
+    ca-certificates cmake ninja-build g++ g++-mingw-w64-x86-64-posix
+    clang clang-format clang-tidy libclang-rt-14-dev
+    googletest nlohmann-json3-dev libcli11-dev unicode-data
+    wine wine64 fonts-wine xvfb openbox xdotool wmctrl x11-utils imagemagick xclip
+    fonts-noto-cjk fonts-ipafont fonts-dejavu-core locales
+    edict ripgrep python3 libc-bin git
+)
+
+missing_packages() {
+    dpkg-query -W -f '${Package} ${db:Status-Status}\n' "${packages[@]}" 2>/dev/null \
+        | awk '$2 == "installed" { print $1 }' | sort -u >"${TMPDIR:-/tmp}/pagewick-installed.$$"
+    printf '%s\n' "${packages[@]}" | sort -u | comm -23 - "${TMPDIR:-/tmp}/pagewick-installed.$$"
+    rm -f "${TMPDIR:-/tmp}/pagewick-installed.$$"
+}
+
+has_japanese_locale() { locale -a 2>/dev/null | grep -qiE '^ja_JP\.utf-?8$'; }
+
+# Installs what is missing; quiet and quick when nothing is.
+ensure_setup() {
+    if [ -n "$(missing_packages)" ] || ! has_japanese_locale; then
+        "$root/scripts/setup"
+    fi
+}

@@ -1,0 +1,32 @@
+// The entry of every test program. On Windows an unhandled fault ends the process with a code of its own:
+// without that a crash can look like success, or wait for ever in a dialog.
+#include <gtest/gtest.h>
+#if defined(_WIN32)
+#include <cstdio>
+#include <windows.h>
+
+namespace {
+
+constexpr UINT crash_exit_code = 99;
+
+LONG WINAPI report_crash(EXCEPTION_POINTERS* fault)
+{
+    std::fprintf(stderr, "FAILED: unhandled exception %08lx at %p\n",
+        static_cast<unsigned long>(fault->ExceptionRecord->ExceptionCode),
+        fault->ExceptionRecord->ExceptionAddress);
+    std::fflush(stderr);
+    TerminateProcess(GetCurrentProcess(), crash_exit_code);
+    return EXCEPTION_EXECUTE_HANDLER;
+}
+
+} // namespace
+#endif
+
+int main(int argc, char** argv)
+{
+#if defined(_WIN32)
+    SetUnhandledExceptionFilter(report_crash);
+#endif
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
