@@ -20,6 +20,8 @@ struct SearchQuery {
 };
 
 // Where on a page: 100, 101, 102 are the boxes, 200 + i is entry i of the file list.
+enum class LetterCase { exact, folded };
+
 inline constexpr std::uint64_t box_place = 100;
 inline constexpr std::uint64_t file_place = 200;
 
