@@ -1,0 +1,104 @@
+#include "book/book.hpp"
+#include "book/text.hpp"
+#include "look/theme.hpp"
+#include "platform/text.hpp"
+#include <algorithm>
+
+namespace book {
+
+namespace {
+
+constexpr std::uint32_t not_fatal = 0;
+
+Page empty_page()
+{
+    const look::ThemePalette& colors = look::palette();
+    Page page;
+    page.stamp = current_time_text();
+    page.stamp += page.stamp;
+    page.text_color = { colors.box1_text.value, colors.box2_text.value, colors.box3_text.value };
+    page.back_color.fill(colors.box_back.value);
+    return page;
+}
+
+} // namespace
+
+Book::PageCountOver::PageCountOver()
+    : MyException(L"ページ数の上限 [" + platform::grouped_number(page_limit) + L"] を超えます", not_fatal)
+{
+}
+
+void Book::clear()
+{
+    *this = Book();
+}
+
+Page* Book::current_page()
+{
+    const std::size_t index = position_to_index(header.position);
+    return index == npos ? nullptr : &pages[index];
+}
+
+Page* Book::insert_page(std::size_t index, Page page)
+{
+    if (pages.size() >= page_limit)
+        throw PageCountOver();
+    if (index > pages.size())
+        return nullptr;
+    const auto place = pages.begin() + static_cast<std::ptrdiff_t>(index);
+    const auto inserted = pages.insert(place, std::move(page));
+    header.position = index;
+    needs_update = true;
+    return &*inserted;
+}
+
+void Book::new_page(std::size_t index)
+{
+    insert_page(index, empty_page());
+}
+
+bool Book::remove_selected()
+{
+    const auto is_selected = [](const Page& page) { return page.selected == PageSelection::selected; };
+    const bool removed = std::erase_if(pages, is_selected) > 0;
+    if (removed)
+        needs_update = true;
+    return removed;
+}
+
+bool Book::remove_page_at(std::uint64_t position)
+{
+    const std::size_t index = position_to_index(position);
+    if (index == npos)
+        return false;
+    pages.erase(pages.begin() + static_cast<std::ptrdiff_t>(index));
+    needs_update = true;
+    if (pages.empty())
+        new_page(0);
+    header.position = std::min<std::uint64_t>(header.position, pages.size() - 1);
+    return true;
+}
+
+void Book::recount()
+{
+    tab_count = 0;
+    mark_count = 0;
+    for (Page& page : pages) {
+        if (page.tab_number != 0)
+            page.tab_number = tab_count < tab_limit ? static_cast<std::uint64_t>(++tab_count) : 0;
+        if (page.mark != 0)
+            ++mark_count;
+    }
+}
+
+void Book::refresh_counts()
+{
+    if (!needs_update)
+        return;
+    needs_update = false;
+    hits.clear();
+    recount();
+    rebuild_order();
+}
+
+} // namespace book

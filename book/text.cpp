@@ -1,0 +1,70 @@
+#include "book/text.hpp"
+#include "platform/text.hpp"
+#include <algorithm>
+
+namespace book {
+
+namespace {
+
+bool has_side(TrimMode mode, TrimMode side)
+{
+    return (static_cast<int>(mode) & static_cast<int>(side)) != 0;
+}
+
+void append_digits(std::wstring& text, int value, std::size_t width)
+{
+    const std::wstring digits = std::to_wstring(value);
+    if (digits.size() < width)
+        text.append(width - digits.size(), L'0');
+    text += digits;
+}
+
+} // namespace
+
+std::wstring_view trimmed(std::wstring_view text, TrimMode mode)
+{
+    if (has_side(mode, TrimMode::right)) {
+        while (!text.empty() && platform::is_white_space(text.back()))
+            text.remove_suffix(1);
+    }
+    if (has_side(mode, TrimMode::left)) {
+        while (!text.empty() && platform::is_white_space(text.front()))
+            text.remove_prefix(1);
+    }
+    return text;
+}
+
+std::size_t trim_text(std::wstring& text, TrimMode mode)
+{
+    const std::wstring_view kept = trimmed(text, mode);
+    const auto start = static_cast<std::size_t>(kept.data() - text.data());
+    text.erase(start + kept.size());
+    text.erase(0, start);
+    return text.size();
+}
+
+void remove_separator(std::wstring& text)
+{
+    std::erase(text, separator);
+}
+
+bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right)
+{
+    return std::ranges::equal(left, right, {}, platform::to_lower, platform::to_lower);
+}
+
+std::wstring time_text(const platform::LocalTime& time)
+{
+    std::wstring text;
+    append_digits(text, time.year, 4);
+    for (const int field : { time.month, time.day, time.hour, time.minute, time.second })
+        append_digits(text, field, 2);
+    return text;
+}
+
+std::wstring current_time_text()
+{
+    return time_text(platform::local_time());
+}
+
+} // namespace book

@@ -1,0 +1,163 @@
+#include "platform/file.hpp"
+#include "platform/text.hpp"
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr std::intptr_t no_handle = -1;
+constexpr mode_t file_mode = 0666;
+constexpr mode_t folder_mode = 0777;
+
+int descriptor(std::intptr_t handle)
+{
+    return static_cast<int>(handle);
+}
+
+bool status_of(const std::wstring& path, struct stat& status)
+{
+    return ::stat(to_utf8(path).c_str(), &status) == 0;
+}
+
+int open_path(const std::wstring& path, int flags)
+{
+    const std::string name = to_utf8(path);
+    int result = -1;
+    do
+        result = ::open(name.c_str(), flags | O_CLOEXEC, file_mode);
+    while (result < 0 && errno == EINTR);
+    return result;
+}
+
+} // namespace
+
+File::File(std::intptr_t handle) noexcept
+    : handle_(handle)
+{
+}
+
+File::File(File&& other) noexcept
+    : handle_(std::exchange(other.handle_, no_handle))
+{
+}
+
+File& File::operator=(File&& other) noexcept
+{
+    if (this != &other) {
+        close();
+        handle_ = std::exchange(other.handle_, no_handle);
+    }
+    return *this;
+}
+
+File::~File()
+{
+    close();
+}
+
+File File::open_read(const std::wstring& path)
+{
+    File file(open_path(path, O_RDONLY));
+    struct stat status { };
+    // A folder can be opened for reading here, but never read.
+    if (file.is_open() && (::fstat(descriptor(file.handle_), &status) != 0 || S_ISDIR(status.st_mode)))
+        file.close();
+    return file;
+}
+
+File File::create(const std::wstring& path)
+{
+    return File(open_path(path, O_WRONLY | O_CREAT | O_TRUNC));
+}
+
+File File::open_over(const std::wstring& path)
+{
+    return File(open_path(path, O_WRONLY | O_CREAT));
+}
+
+bool File::is_open() const
+{
+    return handle_ != no_handle;
+}
+
+std::size_t File::read(std::span<std::byte> target)
+{
+    ssize_t count = -1;
+    do
+        count = ::read(descriptor(handle_), target.data(), target.size());
+    while (count < 0 && errno == EINTR);
+    return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+bool File::write(std::span<const std::byte> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor(handle_), bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+bool File::seek_to_start()
+{
+    return ::lseek(descriptor(handle_), 0, SEEK_SET) == 0;
+}
+
+std::optional<std::uint64_t> File::size() const
+{
+    struct stat status { };
+    if (::fstat(descriptor(handle_), &status) != 0)
+        return std::nullopt;
+    return static_cast<std::uint64_t>(status.st_size);
+}
+
+void File::close()
+{
+    if (is_open())
+        ::close(descriptor(std::exchange(handle_, no_handle)));
+}
+
+bool exists(const std::wstring& path)
+{
+    struct stat status { };
+    return status_of(path, status);
+}
+
+bool is_folder(const std::wstring& path)
+{
+    struct stat status { };
+    return status_of(path, status) && S_ISDIR(status.st_mode);
+}
+
+bool is_regular_file(const std::wstring& path)
+{
+    struct stat status { };
+    return status_of(path, status) && S_ISREG(status.st_mode);
+}
+
+bool create_folder(const std::wstring& path)
+{
+    return ::mkdir(to_utf8(path).c_str(), folder_mode) == 0;
+}
+
+bool remove_file(const std::wstring& path)
+{
+    return ::unlink(to_utf8(path).c_str()) == 0;
+}
+
+bool replace_file(const std::wstring& from, const std::wstring& to)
+{
+    return std::rename(to_utf8(from).c_str(), to_utf8(to).c_str()) == 0;
+}
+
+} // namespace platform

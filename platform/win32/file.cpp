@@ -1,0 +1,146 @@
+#include "platform/file.hpp"
+#include <algorithm>
+#include <utility>
+#include <windows.h>
+
+namespace platform {
+
+namespace {
+
+constexpr DWORD share_everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::size_t largest_transfer = 0x40000000; // one call counts its bytes in 32 bits
+constexpr std::intptr_t no_handle = -1;
+
+HANDLE system_handle(std::intptr_t handle)
+{
+    return reinterpret_cast<HANDLE>(handle);
+}
+
+std::intptr_t open_path(const std::wstring& path, DWORD access, DWORD disposition)
+{
+    return reinterpret_cast<std::intptr_t>(CreateFileW(
+        path.c_str(), access, share_everything, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+DWORD attributes_of(const std::wstring& path)
+{
+    return GetFileAttributesW(path.c_str());
+}
+
+} // namespace
+
+File::File(std::intptr_t handle) noexcept
+    : handle_(handle)
+{
+}
+
+File::File(File&& other) noexcept
+    : handle_(std::exchange(other.handle_, no_handle))
+{
+}
+
+File& File::operator=(File&& other) noexcept
+{
+    if (this != &other) {
+        close();
+        handle_ = std::exchange(other.handle_, no_handle);
+    }
+    return *this;
+}
+
+File::~File()
+{
+    close();
+}
+
+File File::open_read(const std::wstring& path)
+{
+    return File(open_path(path, GENERIC_READ, OPEN_EXISTING));
+}
+
+File File::create(const std::wstring& path)
+{
+    return File(open_path(path, GENERIC_WRITE, CREATE_ALWAYS));
+}
+
+File File::open_over(const std::wstring& path)
+{
+    return File(open_path(path, GENERIC_WRITE, OPEN_ALWAYS));
+}
+
+bool File::is_open() const
+{
+    return handle_ != no_handle;
+}
+
+std::size_t File::read(std::span<std::byte> target)
+{
+    const auto wanted = static_cast<DWORD>(std::min(target.size(), largest_transfer));
+    DWORD count = 0;
+    return ReadFile(system_handle(handle_), target.data(), wanted, &count, nullptr) ? count : 0;
+}
+
+bool File::write(std::span<const std::byte> bytes)
+{
+    while (!bytes.empty()) {
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size(), largest_transfer));
+        DWORD count = 0;
+        if (!WriteFile(system_handle(handle_), bytes.data(), wanted, &count, nullptr) || count == 0)
+            return false;
+        bytes = bytes.subspan(count);
+    }
+    return true;
+}
+
+bool File::seek_to_start()
+{
+    return SetFilePointer(system_handle(handle_), 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER;
+}
+
+std::optional<std::uint64_t> File::size() const
+{
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(system_handle(handle_), &size))
+        return std::nullopt;
+    return static_cast<std::uint64_t>(size.QuadPart);
+}
+
+void File::close()
+{
+    if (is_open())
+        CloseHandle(system_handle(std::exchange(handle_, no_handle)));
+}
+
+bool exists(const std::wstring& path)
+{
+    return attributes_of(path) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool is_folder(const std::wstring& path)
+{
+    const DWORD attributes = attributes_of(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool is_regular_file(const std::wstring& path)
+{
+    const DWORD attributes = attributes_of(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool create_folder(const std::wstring& path)
+{
+    return CreateDirectoryW(path.c_str(), nullptr) != 0;
+}
+
+bool remove_file(const std::wstring& path)
+{
+    return DeleteFileW(path.c_str()) != 0;
+}
+
+bool replace_file(const std::wstring& from, const std::wstring& to)
+{
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+} // namespace platform
