@@ -2,6 +2,7 @@
 #
 #   wine_environment      exports what every Wine process of the project runs with
 #   ensure_prefix         makes the prefix once
+#   use_own_prefix NAME   the same under a name: another prefix, for programs that must not meet the tests
 #   open_session          starts a screen with a window manager and keeps the Wine server; closed when the script ends
 wine_home=$build/wine
 screen_size=1600x1000x24
@@ -60,6 +61,26 @@ ensure_prefix() {
     exec 8>&-
 }
 
+# A copy of the tests' prefix. What Wine never writes to is shared with it on disk.
+copy_prefix() {
+    local from=$1 to=$2
+    rm -rf "$to.new"
+    cp -al "$from" "$to.new"
+    rm -rf "$to.new/drive_c/users"
+    cp -a "$from/drive_c/users" "$to.new/drive_c/users"
+    cp -a --remove-destination "$from"/*.reg "$to.new/"
+    mv "$to.new" "$to"
+}
+
+use_own_prefix() {
+    wine_environment
+    ensure_prefix
+    local template=$wine_home/prefix
+    wine_home=$build/wine/$1
+    mkdir -p "$wine_home"
+    [ -d "$wine_home/prefix" ] || copy_prefix "$template" "$wine_home/prefix"
+}
+
 poll() {
     local deadline=$((SECONDS + $1))
     shift
@@ -81,24 +102,44 @@ start_screen() {
     poll 20 wmctrl -m || die "no window manager on the virtual screen"
 }
 
-hold_server() {
+# Coming and leaving exclude each other: a session that leaves must not stop the server under one that has just come.
+# Only the script itself holds the lock; a server that inherited it would keep it for ever.
+lock_holders() {
     mkdir -p "$wine_home/holders"
+    exec 9>"$wine_home/holders.lock"
+    flock 9
+}
+
+unlock_holders() {
+    flock -u 9
+    exec 9>&-
+}
+
+hold_server() {
+    lock_holders
     : >"$wine_home/holders/$$"
+    unlock_holders
     wineserver -p 2>/dev/null || true
     # The first program starts Wine's services, which keep its output open: let them keep none that a reader waits on.
     timeout 60 wine cmd /c exit </dev/null >/dev/null 2>&1 || true
 }
 
-# The last session to leave stops the server.
-release_server() {
-    rm -f "$wine_home/holders/$$"
+has_holders() {
     local holder
     for holder in "$wine_home"/holders/*; do
         [ -e "$holder" ] || continue
         kill -0 "$(basename "$holder")" 2>/dev/null && return 0
         rm -f "$holder"
     done
-    timeout 30 wineserver -k 2>/dev/null || true
+    return 1
+}
+
+# The last session to leave stops the server.
+release_server() {
+    lock_holders
+    rm -f "$wine_home/holders/$$"
+    has_holders || timeout 30 wineserver -k 2>/dev/null || true
+    unlock_holders
 }
 
 close_session() {
