@@ -1,0 +1,62 @@
+// Memory images, and the one that every custom-drawn window paints from.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <windows.h>
+
+#include "ovlib/gui/color.hpp"
+#include "ovlib/gui/dc.hpp"
+
+namespace ovlib {
+
+// Rows stand bottom-up; a pixel of 24 bits is blue, green, red.
+class BaseImage {
+public:
+    virtual ~BaseImage() = default;
+
+    std::uint8_t* bits = nullptr;
+    int bits_per_pixel = 0;
+    int stride = 0; // bytes of a row
+    int width = 0;
+    int height = 0;
+};
+
+// 24 bits, bottom-up, uncompressed; sides below 1 become 1.
+BITMAPINFO bitmap_info(int width, int height);
+
+// GDI may hold drawing back in a batch of the thread: to be called before the bits of an image are touched
+// directly, and before another thread may draw on it.
+void finish_drawing();
+
+// Fills the part of `rect` that lies inside the image, without GDI.
+void fill_rect(BaseImage& image, Color color, const RECT& rect);
+
+// Create it for the client size; draw with dc(), or directly into the bits after finish_drawing(); copy it at
+// WM_PAINT.
+class BackBuffer : public BaseImage {
+public:
+    BackBuffer() = default;
+    BackBuffer(const BackBuffer&) = delete;
+    BackBuffer& operator=(const BackBuffer&) = delete;
+    ~BackBuffer() override;
+
+    // Sides below 1 become 1. False when a bitmap exists already, and on failure, which leaves nothing
+    // behind.
+    bool create(int wanted_width, int wanted_height);
+    void release();
+    // The whole buffer, to the target's origin.
+    void copy_to(const DC& target) const;
+
+    bool is_created() const { return bitmap_ != nullptr; }
+    const MemDC& dc() const { return dc_; }
+    HBITMAP bitmap() const { return bitmap_; }
+    const BITMAPINFO& info() const { return info_; }
+
+private:
+    BITMAPINFO info_{};
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+    MemDC dc_;
+};
+
+} // namespace ovlib

@@ -1,0 +1,86 @@
+// The system's older file dialogs. They may move the process's current directory.
+#pragma once
+#include <array>
+#include <string>
+#include <vector>
+#include <windows.h>
+
+#include <commdlg.h>
+
+namespace ovlib {
+
+class Wnd;
+
+namespace classic {
+
+struct FileFilter {
+    std::wstring name; // "Book Files"
+    std::wstring pattern; // "*.bok"
+};
+
+// Set it up, show it, read the results. Texts and options stay for the next time it is shown.
+class FileDialog {
+public:
+    FileDialog(const FileDialog&) = delete;
+    FileDialog& operator=(const FileDialog&) = delete;
+    virtual ~FileDialog();
+    // False on cancel and on failure; the results are then empty.
+    virtual bool show() = 0;
+
+    void set_title(const std::wstring& title) { title_ = title; }
+    void set_filters(const std::vector<FileFilter>& filters);
+    // Where the dialog starts; empty leaves the choice to the system.
+    void set_folder(const std::wstring& folder) { folder_ = folder; }
+    // What stands in the name field at the start; cut when it does not fit.
+    void set_file_name(const std::wstring& name) { file_name_ = name; }
+    // Without its dot; the system adds it to a name that has none.
+    void set_default_extension(const std::wstring& extension) { extension_ = extension; }
+    // OFN_ flags.
+    DWORD options() const { return record_.Flags; }
+    void set_options(DWORD flags) { record_.Flags = flags; }
+
+    // Full paths.
+    const std::vector<std::wstring>& results() const { return results_; }
+    // The first of them; empty when there is none.
+    std::wstring result() const;
+
+protected:
+    explicit FileDialog(const Wnd* owner);
+    using Ask = BOOL(WINAPI*)(OPENFILENAMEW*);
+    bool show_with(Ask ask);
+
+private:
+    void fill_record();
+    void read_results();
+
+    static constexpr std::size_t buffer_size = 2080;
+
+    const Wnd* owner_;
+    OPENFILENAMEW record_{};
+    std::array<wchar_t, buffer_size> buffer_{};
+    std::wstring title_;
+    std::wstring filters_;
+    std::wstring folder_;
+    std::wstring file_name_;
+    std::wstring extension_;
+    std::vector<std::wstring> results_;
+};
+
+class FileOpenDialog : public FileDialog {
+public:
+    explicit FileOpenDialog(const Wnd* owner);
+    bool show() override;
+};
+
+class FileSaveDialog : public FileDialog {
+public:
+    explicit FileSaveDialog(const Wnd* owner);
+    bool show() override;
+};
+
+// The paths in the buffer of a dialog that has been answered: one full path, or with `multiple` a folder and
+// then names, each ended by a null, the last by two.
+std::vector<std::wstring> chosen_paths(const wchar_t* buffer, bool multiple);
+
+} // namespace classic
+} // namespace ovlib

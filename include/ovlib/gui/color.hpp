@@ -1,0 +1,4 @@
+#pragma once
+#include <windows.h>
+
+#include "platform/color.hpp" // IWYU pragma: export

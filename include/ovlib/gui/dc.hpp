@@ -1,0 +1,84 @@
+// Device contexts and selections into them, each given back by its scope.
+#pragma once
+#include <windows.h>
+
+#include "ovlib/gui/gdi_object.hpp"
+
+namespace ovlib {
+
+class Wnd;
+
+// A device context of somebody else.
+class DC {
+public:
+    explicit DC(HDC hdc = nullptr)
+        : hdc_(hdc)
+    {
+    }
+    virtual ~DC() = default;
+    // In pixels.
+    virtual SIZE size() const;
+
+    HDC handle() const { return hdc_; }
+    explicit operator bool() const { return hdc_ != nullptr; }
+
+protected:
+    HDC hdc_;
+};
+
+// For the time of one WM_PAINT.
+class PaintDC : public DC {
+public:
+    explicit PaintDC(const Wnd& wnd);
+    PaintDC(const PaintDC&) = delete;
+    PaintDC& operator=(const PaintDC&) = delete;
+    ~PaintDC() override;
+    const RECT& update_rect() const { return paint_.rcPaint; }
+
+private:
+    const Wnd& wnd_;
+    PAINTSTRUCT paint_{};
+};
+
+class ClientDC : public DC {
+public:
+    explicit ClientDC(const Wnd& wnd);
+    ClientDC(const ClientDC&) = delete;
+    ClientDC& operator=(const ClientDC&) = delete;
+    ~ClientDC() override;
+
+private:
+    const Wnd& wnd_;
+};
+
+class MemDC : public DC {
+public:
+    // Compatible with `like`, or with the screen.
+    explicit MemDC(HDC like = nullptr);
+    MemDC(const MemDC&) = delete;
+    MemDC& operator=(const MemDC&) = delete;
+    ~MemDC() override;
+    // Of the selected bitmap; 0 and 0 without one.
+    SIZE size() const override;
+};
+
+// Selects for the length of a scope. Declare the object's owner before it.
+class ObjectSelection {
+public:
+    ObjectSelection(const DC& dc, HGDIOBJ object);
+    ObjectSelection(const DC& dc, const GDI::Object& object)
+        : ObjectSelection(dc, object.handle())
+    {
+    }
+    ObjectSelection(const ObjectSelection&) = delete;
+    ObjectSelection& operator=(const ObjectSelection&) = delete;
+    ~ObjectSelection() { release(); }
+    // Selects the old object back, once.
+    void release();
+
+private:
+    const DC* dc_;
+    HGDIOBJ previous_;
+};
+
+} // namespace ovlib

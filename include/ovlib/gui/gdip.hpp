@@ -1,0 +1,57 @@
+// Drawing with GDI+. Failures are kept as the last status and otherwise ignored: drawing simply does not
+// happen.
+#pragma once
+#include <string>
+#include <vector>
+
+#include "ovlib/gui/color.hpp"
+#include "ovlib/gui/gdiplus.hpp"
+
+namespace ovlib {
+
+// GDI+ for the life of the object. Not ready when it could not be started.
+class GDIPSession {
+public:
+    GDIPSession();
+    GDIPSession(const GDIPSession&) = delete;
+    GDIPSession& operator=(const GDIPSession&) = delete;
+    ~GDIPSession();
+    bool is_ready() const { return status_ == Gdiplus::Ok; }
+
+private:
+    ULONG_PTR token_ = 0;
+    Gdiplus::GpStatus status_;
+};
+
+// Extensions of the pictures that GDI+ can read, such as ".BMP". Empty until filled.
+extern std::vector<std::wstring> image_extensions;
+// Asks GDI+ anew; without a running GDI+ the list stays as it is.
+void fill_image_extensions();
+// "*.BMP;*.DIB" without the asterisks, appended item by item.
+void append_extensions(const std::wstring& patterns, std::vector<std::wstring>& extensions);
+
+// Alpha 255, red and blue exchanged.
+Gdiplus::ARGB to_argb(Color color);
+
+class GDIP {
+public:
+    explicit GDIP(HDC hdc);
+    GDIP(const GDIP&) = delete;
+    GDIP& operator=(const GDIP&) = delete;
+    virtual ~GDIP();
+
+    Gdiplus::GpGraphics* graphics() const { return graphics_; }
+    Gdiplus::GpStatus status() const { return status_; }
+    void set_smoothing(Gdiplus::SmoothingMode mode);
+    // Radii wider than half the rectangle draw nothing.
+    void round_rect(
+        const RECT& rect, float radius_x, float radius_y, Color border, float border_width, Color fill);
+
+private:
+    void fill_and_draw(Gdiplus::GpPath* path, Color border, float border_width, Color fill);
+
+    Gdiplus::GpGraphics* graphics_ = nullptr;
+    Gdiplus::GpStatus status_;
+};
+
+} // namespace ovlib

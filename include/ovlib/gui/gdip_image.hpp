@@ -1,0 +1,105 @@
+// Pictures that GDI+ decodes.
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "ovlib/gui/gdiplus.hpp"
+
+namespace ovlib {
+
+// A block of movable global memory.
+class GDIPMemory {
+public:
+    GDIPMemory() = default;
+    GDIPMemory(const GDIPMemory&) = delete;
+    GDIPMemory& operator=(const GDIPMemory&) = delete;
+    virtual ~GDIPMemory();
+
+    // Refused while a block is held; false also for no bytes at all.
+    bool assign(std::span<const std::byte> bytes);
+    // The whole file, from 1 byte to 4 GiB less one. Refused while a block is held.
+    bool read_file(const std::wstring& path);
+    void free();
+
+    HGLOBAL handle() const { return handle_; }
+    explicit operator bool() const { return handle_ != nullptr; }
+
+private:
+    HGLOBAL handle_ = nullptr;
+};
+
+// A block's bytes, locked for the length of a scope.
+class GlobalMemoryLock {
+public:
+    explicit GlobalMemoryLock(HGLOBAL handle);
+    GlobalMemoryLock(const GlobalMemoryLock&) = delete;
+    GlobalMemoryLock& operator=(const GlobalMemoryLock&) = delete;
+    ~GlobalMemoryLock() { release(); }
+    void release();
+    std::byte* data() const { return data_; }
+
+private:
+    HGLOBAL handle_;
+    std::byte* data_;
+};
+
+// Loaded once: load and copy_from refuse while a picture is held, clear makes room. A failed load leaves it
+// empty.
+class GDIPImage {
+public:
+    GDIPImage() = default;
+    GDIPImage(const GDIPImage&) = delete;
+    GDIPImage& operator=(const GDIPImage&) = delete;
+    virtual ~GDIPImage();
+    // Decodes from the block as it goes: the memory must outlive the picture.
+    virtual bool load(const GDIPMemory& memory);
+    virtual bool load(const std::wstring& path);
+    virtual bool copy_from(const GDIPImage& image);
+    virtual void clear();
+
+    bool is_loaded() const { return loaded_ != 0; }
+    Gdiplus::GpImage* image() const { return image_; }
+    Gdiplus::GpStatus status() const { return status_; }
+    // In pixels; 0 without a picture.
+    UINT width() const;
+    UINT height() const;
+
+protected:
+    bool keep(Gdiplus::GpStatus status);
+
+private:
+    void release();
+
+    Gdiplus::GpImage* image_ = nullptr;
+    IStream* stream_ = nullptr;
+    std::uint8_t loaded_ = 0;
+    mutable Gdiplus::GpStatus status_ = Gdiplus::Ok;
+};
+
+// An animation: a picture without frame delays is a failure to load.
+class GDIPGif : public GDIPImage {
+public:
+    ~GDIPGif() override;
+    bool load(const GDIPMemory& memory) override;
+    bool load(const std::wstring& path) override;
+    bool copy_from(const GDIPImage& image) override;
+    void clear() override;
+
+    UINT frame_count() const { return frame_count_; }
+    // In milliseconds, one for each frame; 100 where the file says 0.
+    const std::vector<UINT>& delays() const { return delays_; }
+    bool select_frame(UINT frame);
+
+private:
+    bool read_frames();
+    bool read_delays();
+
+    GUID dimension_{};
+    UINT frame_count_ = 0;
+    std::vector<UINT> delays_;
+};
+
+} // namespace ovlib

@@ -1,0 +1,54 @@
+// A cursor that draws runs of text one after another.
+#pragma once
+#include <string>
+#include <vector>
+
+#include "ovlib/gui/dc.hpp"
+
+namespace ovlib::GDI {
+
+// A run that remembers where it was drawn, for text that is clicked later.
+struct TextRegion {
+    std::wstring text;
+    std::wstring target;
+    RECT rect{};
+    bool flag = false;
+};
+
+// Its fields are its interface: set color, font, back_mode, flags, x or y between runs to change style or
+// place. They begin as the device context's own, and the device context has its own again after every run.
+class TextStream {
+public:
+    // `regions` is emptied, and from then on collects the regions drawn; it must outlive the stream.
+    explicit TextStream(const DC& target, std::vector<TextRegion>* regions = nullptr);
+    virtual ~TextStream() = default;
+
+    TextStream& operator<<(const std::wstring& text);
+    TextStream& operator<<(TextRegion region);
+    // Into `rect` itself, without measuring; the cursor goes to its top-left corner first.
+    void draw(const std::wstring& text, const RECT& rect);
+
+    DC dc;
+    int origin_x = 0;
+    int x = 0; // advances with each run
+    int y = 0;
+    int width = 0; // the limit given to measuring
+    int line_height = 0; // of the font, then of the last run
+    UINT flags = DT_SINGLELINE | DT_NOPREFIX;
+    Color color;
+    Color back_color;
+    int back_mode = 0;
+    HFONT font = nullptr;
+    bool underline_next = false; // for the next run only
+    std::vector<TextRegion>* regions = nullptr;
+
+private:
+    enum class Measuring { measured, as_given };
+
+    void draw_run(const std::wstring& text, RECT& rect, Measuring measuring);
+    // Exchanges font, colours and mode between the stream and the device context.
+    void swap_style();
+    void underline(const RECT& rect);
+};
+
+} // namespace ovlib::GDI

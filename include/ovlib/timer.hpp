@@ -1,0 +1,26 @@
+// A timer of a window, killed with the object. Reports nothing: a timer that cannot start is not active.
+#pragma once
+#include <cstdint>
+#include <windows.h>
+
+namespace ovlib {
+
+class Timer {
+public:
+    Timer() = default;
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
+    ~Timer();
+
+    // WM_TIMER with `id` comes to the window. A timer that is active is stopped first.
+    void start(HWND hwnd, std::uintptr_t id, std::uint32_t milliseconds);
+    void stop();
+    bool is_active() const { return active_ != 0; }
+
+private:
+    HWND hwnd_ = nullptr;
+    std::uintptr_t id_ = 0;
+    std::uint8_t active_ = 0;
+};
+
+} // namespace ovlib

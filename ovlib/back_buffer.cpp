@@ -1,0 +1,96 @@
+#include "ovlib/gui/back_buffer.hpp"
+
+#include <algorithm>
+#include <cstring>
+
+namespace ovlib {
+
+BITMAPINFO bitmap_info(int width, int height)
+{
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = std::max(width, 1);
+    info.bmiHeader.biHeight = std::max(height, 1);
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 24;
+    info.bmiHeader.biCompression = BI_RGB;
+    return info;
+}
+
+void finish_drawing()
+{
+    GdiFlush();
+}
+
+void fill_rect(BaseImage& image, Color color, const RECT& rect)
+{
+    const LONG left = std::max<LONG>(rect.left, 0);
+    const LONG top = std::max<LONG>(rect.top, 0);
+    const LONG right = std::min<LONG>(rect.right, image.width);
+    const LONG bottom = std::min<LONG>(rect.bottom, image.height);
+    if (image.bits == nullptr || left >= right || top >= bottom)
+        return;
+    finish_drawing();
+    const auto row = [&](LONG y) {
+        return image.bits + static_cast<std::ptrdiff_t>(image.height - 1 - y) * image.stride
+            + static_cast<std::ptrdiff_t>(left) * 3;
+    };
+    const auto length = static_cast<std::size_t>(right - left) * 3;
+    std::uint8_t* const first = row(top);
+    for (std::size_t at = 0; at < length; at += 3) {
+        first[at] = color.blue();
+        first[at + 1] = color.green();
+        first[at + 2] = color.red();
+    }
+    for (LONG y = top + 1; y < bottom; ++y)
+        std::memcpy(row(y), first, length);
+}
+
+BackBuffer::~BackBuffer()
+{
+    release();
+}
+
+bool BackBuffer::create(int wanted_width, int wanted_height)
+{
+    if (bitmap_ != nullptr || !dc_)
+        return false;
+    info_ = bitmap_info(wanted_width, wanted_height);
+    void* memory = nullptr;
+    bitmap_ = CreateDIBSection(dc_.handle(), &info_, DIB_RGB_COLORS, &memory, nullptr, 0);
+    previous_ = bitmap_ != nullptr ? SelectObject(dc_.handle(), bitmap_) : nullptr;
+    if (previous_ == nullptr) {
+        release();
+        return false;
+    }
+    bits = static_cast<std::uint8_t*>(memory);
+    width = info_.bmiHeader.biWidth;
+    height = info_.bmiHeader.biHeight;
+    bits_per_pixel = info_.bmiHeader.biBitCount;
+    stride = (width + 1) * 3 / 4 * 4;
+    return true;
+}
+
+void BackBuffer::release()
+{
+    if (previous_ != nullptr)
+        SelectObject(dc_.handle(), previous_);
+    if (bitmap_ != nullptr)
+        DeleteObject(bitmap_);
+    previous_ = nullptr;
+    bitmap_ = nullptr;
+    info_ = {};
+    bits = nullptr;
+    bits_per_pixel = stride = width = height = 0;
+}
+
+void BackBuffer::copy_to(const DC& target) const
+{
+    if (bitmap_ == nullptr)
+        return;
+    finish_drawing();
+    SetDIBitsToDevice(target.handle(), 0, 0, static_cast<DWORD>(width), static_cast<DWORD>(height), 0, 0, 0,
+        static_cast<UINT>(height), bits, &info_, DIB_RGB_COLORS);
+}
+
+} // namespace ovlib

@@ -1,0 +1,108 @@
+#include "ovlib/gui/basewnd.hpp"
+
+#include "ovlib/win_app.hpp"
+#include "wnd_proc.hpp"
+
+namespace ovlib {
+
+std::wstring window_class_name(const std::wstring& path, int line)
+{
+    return L"ovlib_" + path + L"[" + std::to_wstring(line) + L"]";
+}
+
+BaseWnd::BaseWnd(Wnd* parent)
+    : Wnd(parent)
+{
+}
+
+bool BaseWnd::create(const std::wstring& title)
+{
+    if (hwnd_ != nullptr)
+        return false;
+    WNDCLASSEXW info{};
+    const std::wstring name = class_info(info);
+    if (name.empty())
+        return false;
+    if (info.lpfnWndProc != nullptr) {
+        info.cbSize = sizeof info;
+        info.hInstance = WinApp::instance;
+        info.lpszClassName = name.c_str();
+        RegisterClassExW(&info); // fails for the second window of a class, which does no harm
+    }
+    CREATESTRUCTW params{};
+    create_params(params);
+    params.lpszClass = name.c_str();
+    params.hInstance = WinApp::instance;
+    created_ = false;
+    WndWatch alive(this);
+    HWND const hwnd = create_window(title, params);
+    if (!alive)
+        return false;
+    hwnd_ = hwnd;
+    if (hwnd == nullptr)
+        return false;
+    created_ = true;
+    on_created();
+    return true;
+}
+
+void BaseWnd::destroy()
+{
+    WndWatch alive(this);
+    DestroyWindow(hwnd_);
+    if (alive)
+        hwnd_ = nullptr;
+}
+
+void BaseWnd::on_destroyed(WndMessage& message)
+{
+    // A quit posted by a creation that failed would swallow the box that tells of the failure.
+    if (created_)
+        PostQuitMessage(static_cast<int>(message.result));
+}
+
+std::int64_t BaseWnd::default_proc(WndMessage& message)
+{
+    if (message.message == WM_CHAR && message.wparam == VK_TAB && focus_next())
+        return 0;
+    return DefWindowProcW(message.hwnd, message.message, message.wparam, message.lparam);
+}
+
+void BaseWnd::on_created()
+{
+    ShowWindow(hwnd_, WinApp::show_command);
+    UpdateWindow(hwnd_);
+}
+
+std::wstring BaseWnd::class_info(WNDCLASSEXW& info)
+{
+    info.style = CS_HREDRAW | CS_VREDRAW;
+    info.lpfnWndProc = &WndProc::window;
+    info.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    info.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    info.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
+    info.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    return window_class_name(L"ovlib/gui/basewnd", 129);
+}
+
+void BaseWnd::create_params(CREATESTRUCTW& params)
+{
+    params.lpCreateParams = static_cast<Wnd*>(this);
+    params.hwndParent = parent_ != nullptr ? parent_->hwnd() : nullptr;
+    params.hMenu = nullptr;
+    params.style = WS_OVERLAPPEDWINDOW;
+    params.dwExStyle = 0;
+    params.x = CW_USEDEFAULT;
+    params.y = CW_USEDEFAULT;
+    params.cx = CW_USEDEFAULT;
+    params.cy = CW_USEDEFAULT;
+}
+
+HWND BaseWnd::create_window(const std::wstring& title, CREATESTRUCTW& params)
+{
+    return CreateWindowExW(params.dwExStyle, params.lpszClass, title.c_str(),
+        static_cast<DWORD>(params.style), params.x, params.y, params.cx, params.cy, params.hwndParent,
+        params.hMenu, params.hInstance, params.lpCreateParams);
+}
+
+} // namespace ovlib

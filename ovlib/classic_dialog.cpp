@@ -1,0 +1,105 @@
+#include "ovlib/gui/classic_dialog.hpp"
+
+#include <algorithm>
+
+#include "ovlib/gui/wnd.hpp"
+
+namespace ovlib::classic {
+
+namespace {
+
+const wchar_t* or_null(const std::wstring& text)
+{
+    return text.empty() ? nullptr : text.c_str();
+}
+
+} // namespace
+
+std::vector<std::wstring> chosen_paths(const wchar_t* buffer, bool multiple)
+{
+    const std::wstring first = buffer;
+    if (first.empty())
+        return {};
+    std::vector<std::wstring> paths;
+    // A root such as `C:\` brings its own separator.
+    const std::wstring prefix = first.back() == L'\\' ? first : first + L"\\";
+    for (const wchar_t* name = buffer + first.size() + 1; multiple && *name != L'\0';) {
+        paths.push_back(prefix + name);
+        name += paths.back().size() - prefix.size() + 1;
+    }
+    if (paths.empty())
+        paths.push_back(first);
+    return paths;
+}
+
+FileDialog::FileDialog(const Wnd* owner)
+    : owner_(owner)
+{
+}
+
+FileDialog::~FileDialog() = default;
+
+void FileDialog::set_filters(const std::vector<FileFilter>& filters)
+{
+    filters_.clear();
+    for (const FileFilter& filter : filters)
+        filters_ += filter.name + L'\0' + filter.pattern + L'\0';
+}
+
+std::wstring FileDialog::result() const
+{
+    return results_.empty() ? std::wstring() : results_.front();
+}
+
+bool FileDialog::show_with(Ask ask)
+{
+    fill_record();
+    results_.clear();
+    if (!ask(&record_))
+        return false;
+    read_results();
+    return true;
+}
+
+void FileDialog::fill_record()
+{
+    buffer_.fill(L'\0');
+    // Two nulls must remain: a list of names ends with both.
+    std::copy_n(file_name_.c_str(), std::min(file_name_.size(), buffer_size - 2), buffer_.begin());
+    record_.lStructSize = sizeof record_;
+    record_.hwndOwner = owner_ != nullptr ? owner_->hwnd() : nullptr;
+    record_.lpstrFile = buffer_.data();
+    record_.nMaxFile = buffer_size;
+    record_.lpstrFilter = or_null(filters_);
+    record_.nFilterIndex = 1;
+    record_.lpstrTitle = or_null(title_);
+    record_.lpstrInitialDir = or_null(folder_);
+    record_.lpstrDefExt = or_null(extension_);
+}
+
+void FileDialog::read_results()
+{
+    results_ = chosen_paths(buffer_.data(), (record_.Flags & OFN_ALLOWMULTISELECT) != 0);
+}
+
+FileOpenDialog::FileOpenDialog(const Wnd* owner)
+    : FileDialog(owner)
+{
+}
+
+bool FileOpenDialog::show()
+{
+    return show_with(&GetOpenFileNameW);
+}
+
+FileSaveDialog::FileSaveDialog(const Wnd* owner)
+    : FileDialog(owner)
+{
+}
+
+bool FileSaveDialog::show()
+{
+    return show_with(&GetSaveFileNameW);
+}
+
+} // namespace ovlib::classic

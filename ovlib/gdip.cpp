@@ -1,0 +1,127 @@
+#include "ovlib/gui/gdip.hpp"
+
+#include <cstddef>
+
+namespace ovlib {
+
+using namespace Gdiplus::DllExports;
+
+std::vector<std::wstring> image_extensions;
+
+namespace {
+
+constexpr float quarter = 90.0f;
+
+// Four arcs, closed; the right and bottom edges lie one pixel inside.
+Gdiplus::GpStatus add_corners(Gdiplus::GpPath* path, const RECT& rect, float dx, float dy)
+{
+    const auto left = static_cast<float>(rect.left);
+    const auto top = static_cast<float>(rect.top);
+    const float right = static_cast<float>(rect.right) - 1.0f - dx;
+    const float bottom = static_cast<float>(rect.bottom) - 1.0f - dy;
+    const struct {
+        float x, y, start;
+    } arcs[] = { { left, top, 180.0f }, { right, top, 270.0f }, { right, bottom, 0.0f },
+        { left, bottom, 90.0f } };
+    for (const auto& arc : arcs) {
+        const Gdiplus::GpStatus status = GdipAddPathArc(path, arc.x, arc.y, dx, dy, arc.start, quarter);
+        if (status != Gdiplus::Ok)
+            return status;
+    }
+    return GdipClosePathFigure(path);
+}
+
+} // namespace
+
+GDIPSession::GDIPSession()
+{
+    Gdiplus::GdiplusStartupInput input;
+    status_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr);
+}
+
+GDIPSession::~GDIPSession()
+{
+    Gdiplus::GdiplusShutdown(token_);
+}
+
+void append_extensions(const std::wstring& patterns, std::vector<std::wstring>& extensions)
+{
+    for (std::size_t start = 0; start < patterns.size();) {
+        const std::size_t end = std::min(patterns.find(L';', start), patterns.size());
+        if (end > start)
+            extensions.push_back(patterns.substr(start + 1, end - start - 1));
+        start = end + 1;
+    }
+}
+
+void fill_image_extensions()
+{
+    UINT count = 0;
+    UINT size = 0;
+    if (GdipGetImageDecodersSize(&count, &size) != Gdiplus::Ok || size == 0)
+        return;
+    std::vector<std::max_align_t> memory(size / sizeof(std::max_align_t) + 1);
+    auto* const decoders = reinterpret_cast<Gdiplus::ImageCodecInfo*>(memory.data());
+    if (GdipGetImageDecoders(count, size, decoders) != Gdiplus::Ok)
+        return;
+    image_extensions.clear();
+    for (UINT i = 0; i < count; ++i) {
+        if (decoders[i].FilenameExtension != nullptr)
+            append_extensions(decoders[i].FilenameExtension, image_extensions);
+    }
+}
+
+Gdiplus::ARGB to_argb(Color color)
+{
+    return 0xFF000000u | static_cast<Gdiplus::ARGB>(color.red()) << 16
+        | static_cast<Gdiplus::ARGB>(color.green()) << 8 | color.blue();
+}
+
+GDIP::GDIP(HDC hdc)
+    : status_(GdipCreateFromHDC(hdc, &graphics_))
+{
+}
+
+GDIP::~GDIP()
+{
+    GdipDeleteGraphics(graphics_);
+}
+
+void GDIP::set_smoothing(Gdiplus::SmoothingMode mode)
+{
+    status_ = GdipSetSmoothingMode(graphics_, mode);
+}
+
+void GDIP::round_rect(
+    const RECT& rect, float radius_x, float radius_y, Color border, float border_width, Color fill)
+{
+    const float dx = 2 * radius_x;
+    const float dy = 2 * radius_y;
+    if (dx > static_cast<float>(rect.right - rect.left) || dy > static_cast<float>(rect.bottom - rect.top))
+        return;
+    Gdiplus::GpPath* path = nullptr;
+    status_ = GdipCreatePath(Gdiplus::FillModeAlternate, &path);
+    if (status_ != Gdiplus::Ok)
+        return;
+    status_ = add_corners(path, rect, dx, dy);
+    if (status_ == Gdiplus::Ok)
+        fill_and_draw(path, border, border_width, fill);
+    GdipDeletePath(path);
+}
+
+void GDIP::fill_and_draw(Gdiplus::GpPath* path, Color border, float border_width, Color fill)
+{
+    Gdiplus::GpSolidFill* brush = nullptr;
+    status_ = GdipCreateSolidFill(to_argb(fill), &brush);
+    if (status_ == Gdiplus::Ok)
+        status_ = GdipFillPath(graphics_, brush, path);
+    Gdiplus::GpPen* pen = nullptr;
+    if (status_ == Gdiplus::Ok)
+        status_ = GdipCreatePen1(to_argb(border), border_width, Gdiplus::UnitWorld, &pen);
+    if (status_ == Gdiplus::Ok)
+        status_ = GdipDrawPath(graphics_, pen, path);
+    GdipDeletePen(pen);
+    GdipDeleteBrush(brush);
+}
+
+} // namespace ovlib

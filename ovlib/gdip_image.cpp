@@ -1,0 +1,209 @@
+#include "ovlib/gui/gdip_image.hpp"
+
+#include <cstring>
+
+#include "platform/file.hpp"
+
+namespace ovlib {
+
+using namespace Gdiplus::DllExports;
+
+namespace {
+
+constexpr std::uint64_t largest_block = 0xFFFFFFFF;
+constexpr PROPID frame_delay = 0x5100;
+constexpr UINT default_delay = 100; // milliseconds
+
+UINT milliseconds(LONG hundredths)
+{
+    return hundredths == 0 ? default_delay : static_cast<UINT>(hundredths) * 10;
+}
+
+} // namespace
+
+GDIPMemory::~GDIPMemory()
+{
+    free();
+}
+
+void GDIPMemory::free()
+{
+    if (handle_ != nullptr)
+        GlobalFree(handle_);
+    handle_ = nullptr;
+}
+
+bool GDIPMemory::assign(std::span<const std::byte> bytes)
+{
+    if (handle_ != nullptr || bytes.empty())
+        return false;
+    handle_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+    const GlobalMemoryLock lock(handle_);
+    if (lock.data() == nullptr)
+        return false;
+    std::memcpy(lock.data(), bytes.data(), bytes.size());
+    return true;
+}
+
+bool GDIPMemory::read_file(const std::wstring& path)
+{
+    if (handle_ != nullptr)
+        return false;
+    platform::File file = platform::File::open_read(path);
+    const std::uint64_t size = file.is_open() ? file.size().value_or(0) : 0;
+    if (size == 0 || size > largest_block)
+        return false;
+    handle_ = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<std::size_t>(size));
+    GlobalMemoryLock lock(handle_);
+    const bool read =
+        lock.data() != nullptr && file.read(std::span(lock.data(), static_cast<std::size_t>(size))) != 0;
+    lock.release();
+    if (!read)
+        free();
+    return read;
+}
+
+GlobalMemoryLock::GlobalMemoryLock(HGLOBAL handle)
+    : handle_(handle)
+    , data_(handle != nullptr ? static_cast<std::byte*>(GlobalLock(handle)) : nullptr)
+{
+}
+
+void GlobalMemoryLock::release()
+{
+    if (data_ != nullptr)
+        GlobalUnlock(handle_);
+    data_ = nullptr;
+}
+
+GDIPImage::~GDIPImage()
+{
+    release();
+}
+
+bool GDIPImage::load(const GDIPMemory& memory)
+{
+    if (loaded_ != 0)
+        return false;
+    // The block stays the memory's: the stream must not free it.
+    if (!memory || CreateStreamOnHGlobal(memory.handle(), FALSE, &stream_) != S_OK)
+        return keep(Gdiplus::GenericError);
+    return keep(GdipLoadImageFromStream(stream_, &image_));
+}
+
+bool GDIPImage::load(const std::wstring& path)
+{
+    if (loaded_ != 0)
+        return false;
+    return keep(GdipLoadImageFromFile(path.c_str(), &image_));
+}
+
+bool GDIPImage::copy_from(const GDIPImage& image)
+{
+    if (loaded_ != 0)
+        return false;
+    if (image.image_ == nullptr)
+        return keep(Gdiplus::InvalidParameter);
+    return keep(GdipCloneImage(image.image_, &image_));
+}
+
+void GDIPImage::clear()
+{
+    release();
+}
+
+bool GDIPImage::keep(Gdiplus::GpStatus status)
+{
+    if (status != Gdiplus::Ok)
+        clear();
+    status_ = status;
+    loaded_ = status == Gdiplus::Ok ? 1 : 0;
+    return loaded_ != 0;
+}
+
+// The picture before the stream that it reads from.
+void GDIPImage::release()
+{
+    if (image_ != nullptr)
+        GdipDisposeImage(image_);
+    image_ = nullptr;
+    if (stream_ != nullptr)
+        stream_->Release();
+    stream_ = nullptr;
+    loaded_ = 0;
+}
+
+UINT GDIPImage::width() const
+{
+    UINT width = 0;
+    if (image_ != nullptr)
+        status_ = GdipGetImageWidth(image_, &width);
+    return width;
+}
+
+UINT GDIPImage::height() const
+{
+    UINT height = 0;
+    if (image_ != nullptr)
+        status_ = GdipGetImageHeight(image_, &height);
+    return height;
+}
+
+GDIPGif::~GDIPGif() = default;
+
+bool GDIPGif::load(const GDIPMemory& memory)
+{
+    return GDIPImage::load(memory) && read_frames();
+}
+
+bool GDIPGif::load(const std::wstring& path)
+{
+    return GDIPImage::load(path) && read_frames();
+}
+
+bool GDIPGif::copy_from(const GDIPImage& image)
+{
+    return GDIPImage::copy_from(image) && read_frames();
+}
+
+void GDIPGif::clear()
+{
+    GDIPImage::clear();
+    dimension_ = {};
+    frame_count_ = 0;
+    delays_.clear();
+}
+
+bool GDIPGif::select_frame(UINT frame)
+{
+    return is_loaded() && GdipImageSelectActiveFrame(image(), &dimension_, frame) == Gdiplus::Ok;
+}
+
+bool GDIPGif::read_frames()
+{
+    Gdiplus::GpStatus status = GdipImageGetFrameDimensionsList(image(), &dimension_, 1);
+    if (status == Gdiplus::Ok)
+        status = GdipImageGetFrameCount(image(), &dimension_, &frame_count_);
+    if (status == Gdiplus::Ok && (frame_count_ == 0 || !read_delays()))
+        status = Gdiplus::PropertyNotFound;
+    return keep(status);
+}
+
+bool GDIPGif::read_delays()
+{
+    UINT size = 0;
+    if (GdipGetPropertyItemSize(image(), frame_delay, &size) != Gdiplus::Ok
+        || size < sizeof(Gdiplus::PropertyItem))
+        return false;
+    std::vector<std::max_align_t> memory(size / sizeof(std::max_align_t) + 1);
+    auto* const item = reinterpret_cast<Gdiplus::PropertyItem*>(memory.data());
+    if (GdipGetPropertyItem(image(), frame_delay, size, item) != Gdiplus::Ok)
+        return false;
+    const auto* const values = static_cast<const LONG*>(item->value);
+    const std::size_t known = item->length / sizeof(LONG);
+    for (UINT frame = 0; frame < frame_count_; ++frame)
+        delays_.push_back(milliseconds(frame < known ? values[frame] : 0));
+    return true;
+}
+
+} // namespace ovlib

@@ -1,0 +1,76 @@
+#include "ovlib/thread.hpp"
+
+#include <exception>
+#include <process.h>
+#include <system_error>
+#include <windows.h>
+
+namespace ovlib {
+
+namespace {
+
+[[noreturn]] void raise(std::errc error)
+{
+    throw std::system_error(std::make_error_code(error));
+}
+
+} // namespace
+
+struct Thread::Record {
+    HANDLE handle = nullptr;
+    unsigned id = 0;
+
+    bool is_joinable() const { return handle != nullptr; }
+    void join()
+    {
+        if (id == GetCurrentThreadId())
+            raise(std::errc::resource_deadlock_would_occur);
+        if (WaitForSingleObject(handle, INFINITE) == WAIT_FAILED)
+            raise(std::errc::no_such_process);
+        CloseHandle(handle);
+        handle = nullptr;
+    }
+};
+
+Thread::Thread() = default;
+
+Thread::~Thread()
+{
+    if (record_ != nullptr && record_->is_joinable())
+        std::terminate();
+}
+
+bool Thread::start(void* arg, std::uint32_t flag_value)
+{
+    if (record_ != nullptr)
+        return true;
+    auto record = std::make_unique<Record>();
+    stop_flag_.exchange(flag_value);
+    argument_ = arg;
+    // Suspended until the record stands: the thread itself may ask for it.
+    record->handle = reinterpret_cast<HANDLE>(
+        _beginthreadex(nullptr, 0, &Thread::enter, this, CREATE_SUSPENDED, &record->id));
+    if (record->handle == nullptr)
+        raise(std::errc::resource_unavailable_try_again);
+    record_ = std::move(record);
+    ResumeThread(record_->handle);
+    return true;
+}
+
+void Thread::stop()
+{
+    if (record_ == nullptr)
+        return;
+    stop_flag_.exchange(1);
+    if (record_->is_joinable())
+        record_->join();
+    record_.reset();
+}
+
+unsigned __stdcall Thread::enter(void* self) noexcept
+{
+    static_cast<Thread*>(self)->run();
+    return 0;
+}
+
+} // namespace ovlib
