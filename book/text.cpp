@@ -11,6 +11,21 @@ bool has_side(TrimMode mode, TrimMode side)
     return (static_cast<int>(mode) & static_cast<int>(side)) != 0;
 }
 
+template <typename Unit>
+std::basic_string_view<Unit> trim_view(std::basic_string_view<Unit> text, TrimMode mode)
+{
+    const auto is_blank = [](Unit unit) { return platform::is_white_space(static_cast<wchar_t>(unit)); };
+    if (has_side(mode, TrimMode::right)) {
+        while (!text.empty() && is_blank(text.back()))
+            text.remove_suffix(1);
+    }
+    if (has_side(mode, TrimMode::left)) {
+        while (!text.empty() && is_blank(text.front()))
+            text.remove_prefix(1);
+    }
+    return text;
+}
+
 void append_digits(std::wstring& text, int value, std::size_t width)
 {
     const std::wstring digits = std::to_wstring(value);
@@ -23,15 +38,12 @@ void append_digits(std::wstring& text, int value, std::size_t width)
 
 std::wstring_view trimmed(std::wstring_view text, TrimMode mode)
 {
-    if (has_side(mode, TrimMode::right)) {
-        while (!text.empty() && platform::is_white_space(text.back()))
-            text.remove_suffix(1);
-    }
-    if (has_side(mode, TrimMode::left)) {
-        while (!text.empty() && platform::is_white_space(text.front()))
-            text.remove_prefix(1);
-    }
-    return text;
+    return trim_view(text, mode);
+}
+
+std::u16string_view trimmed(std::u16string_view text, TrimMode mode)
+{
+    return trim_view(text, mode);
 }
 
 std::size_t trim_text(std::wstring& text, TrimMode mode)

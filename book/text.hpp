@@ -16,6 +16,7 @@ enum class TrimMode { left = 1, right = 2, both = 3 };
 std::size_t trim_text(std::wstring& text, TrimMode mode);
 // The same without a copy.
 std::wstring_view trimmed(std::wstring_view text, TrimMode mode);
+std::u16string_view trimmed(std::u16string_view text, TrimMode mode);
 
 // Erases every U+0003.
 void remove_separator(std::wstring& text);

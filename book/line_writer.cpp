@@ -1,0 +1,53 @@
+#include "book/line_writer.hpp"
+#include <algorithm>
+
+namespace book {
+
+namespace {
+
+constexpr std::size_t buffer_units = 0x80000; // a mebibyte
+
+} // namespace
+
+LineWriter::LineWriter(ByteSink& sink)
+    : sink_(sink)
+{
+}
+
+void LineWriter::append(std::wstring_view text)
+{
+    std::ranges::transform(
+        text, claim(text.size()), [](wchar_t unit) { return static_cast<FileUnit>(unit); });
+}
+
+void LineWriter::append_ascii(std::string_view text)
+{
+    std::ranges::copy(text, claim(text.size()));
+}
+
+void LineWriter::append_line(std::wstring_view text)
+{
+    append(text);
+    append_ascii("\r\n");
+}
+
+void LineWriter::flush()
+{
+    if (count_ > 0)
+        sink_.write(std::as_bytes(std::span(buffer_.data(), count_)));
+    count_ = 0;
+}
+
+// Room for `count` units, which are written when the buffer is full or flushed.
+FileUnit* LineWriter::claim(std::size_t count)
+{
+    if (count > buffer_.size() - count_) {
+        flush();
+        buffer_.resize(std::max(buffer_units, count));
+    }
+    FileUnit* const place = buffer_.data() + count_;
+    count_ += count;
+    return place;
+}
+
+} // namespace book

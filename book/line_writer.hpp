@@ -1,0 +1,31 @@
+// Writes wide text files: little-endian UTF-16, gathered so that a file takes few calls of the system.
+#pragma once
+#include "book/line_reader.hpp"
+#include <string_view>
+#include <vector>
+
+namespace book {
+
+class LineWriter {
+public:
+    // `sink` must outlive the writer.
+    explicit LineWriter(ByteSink& sink);
+    LineWriter(const LineWriter&) = delete;
+    LineWriter& operator=(const LineWriter&) = delete;
+
+    void append(std::wstring_view text);
+    void append_ascii(std::string_view text);
+    // The text and CR LF.
+    void append_line(std::wstring_view text);
+    // Nothing is complete in the sink before this.
+    void flush();
+
+private:
+    FileUnit* claim(std::size_t count);
+
+    ByteSink& sink_;
+    std::vector<FileUnit> buffer_;
+    std::size_t count_ = 0;
+};
+
+} // namespace book
