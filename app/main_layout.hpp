@@ -1,0 +1,56 @@
+// Where everything lies in the main window's client area. Arithmetic only: painting, hit testing and the
+// placing of controls ask the same functions.
+#pragma once
+#include "platform/geometry.hpp"
+
+namespace app {
+
+using platform::Point;
+using platform::Rect;
+using platform::Size;
+
+inline constexpr Size main_window_size{ 1380, 854 };
+
+struct PageBoxes {
+    Rect first;
+    Rect second;
+    Rect third;
+
+    friend bool operator==(const PageBoxes&, const PageBoxes&) = default;
+};
+
+struct MainLayout {
+    Rect tabs;
+    PageBoxes boxes;
+    Rect file_pane;
+    Rect book_button, save_button;
+    Rect mark_check, mark_tracking_check;
+    Rect tab_check, tab_tracking_check;
+    Rect sorted_check, random_check, reversed_check;
+    Rect slider;
+    Rect first_page_button, previous_page_button, next_page_button, last_page_button;
+    Rect search_button, search_box, clear_search_button, folder_button;
+    Rect all_terms_check, ignore_case_check, file_list_search_check;
+    Rect first_file_button, file_combo, last_file_button;
+    Rect file_counter;
+};
+
+MainLayout main_layout(Size client);
+
+// `y` moved into the range that the boundary under box 1 may take.
+int clamp_divider(const PageBoxes& boxes, int y);
+// The boxes with the boundary at `y`, which is clamped.
+PageBoxes with_divider(const PageBoxes& boxes, int y);
+
+// Where the boundary of a Book that has none yet lies.
+int first_divider(const PageBoxes& boxes);
+
+enum class BoxGap { none = 0, upper = 1, lower = 2 };
+
+// The gap between two boxes at this point.
+BoxGap gap_at(const PageBoxes& boxes, Point point);
+Rect gap_rect(const PageBoxes& boxes, BoxGap gap);
+// The boundary that puts the dragged gap under a mouse at height `mouse_y`.
+int dragged_divider(BoxGap gap, int mouse_y);
+
+} // namespace app

@@ -1,0 +1,37 @@
+#include "app/save_rules.hpp"
+#include "book/text.hpp"
+#include <utility>
+
+namespace app {
+
+void take_back(BoxEdits edits, book::Page& page)
+{
+    constexpr std::size_t single_line_box = 1;
+    for (std::size_t box = 0; box < edits.size(); ++box) {
+        if (!edits[box])
+            continue;
+        if (box == single_line_box)
+            book::trim_text(*edits[box], book::TrimMode::both);
+        book::remove_separator(*edits[box]);
+        page.text[box] = std::move(*edits[box]);
+    }
+}
+
+void renew_stamp(std::wstring& stamp, std::wstring_view now)
+{
+    if (stamp.size() > book::time_length)
+        stamp.resize(book::time_length);
+    stamp += now;
+}
+
+std::wstring save_failure_text(const std::wstring& path, std::uint32_t attributes)
+{
+    // The bit is set in the value for a file that cannot be examined, too: it is told as read-only.
+    constexpr std::uint32_t read_only = 1;
+    std::wstring text = L"Error: Book の保存に失敗\r\n" + path;
+    if (attributes & read_only)
+        text += L"\r\n\r\nこのファイルは読取り専用";
+    return text;
+}
+
+} // namespace app

@@ -1,0 +1,65 @@
+// When a Book is written, what is taken back from the boxes before, and what is said when it fails.
+#pragma once
+#include "book/page.hpp"
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace app {
+
+// The commands' own numbers.
+enum class SaveCode : int {
+    always = 1004, // changed or not
+    if_changed = 1006, // without a question
+    ask = 1007, // before a change of page, order or view
+};
+
+enum class SaveStep {
+    skip, // nothing to do
+    give_up, // drop the edits; they belong to another window, or nobody wants them
+    ask, // ask the user, then write or give up
+    write,
+};
+
+// `busy`: the page editor or the replace window owns the Book for now.
+constexpr SaveStep save_step(SaveCode code, bool changed, bool busy)
+{
+    if (busy)
+        return SaveStep::give_up;
+    if (code == SaveCode::always)
+        return SaveStep::write;
+    if (!changed)
+        return SaveStep::skip;
+    return code == SaveCode::ask ? SaveStep::ask : SaveStep::write;
+}
+
+// What an action that leaves the page does after it had the page taken back.
+enum class Leave {
+    go_on,
+    drop_edits_and_go_on, // no page is current: nothing could take them
+    stay, // the edits could not be written, and going on would put them into another page
+};
+constexpr Leave leave_decision(bool still_changed, bool has_current_page)
+{
+    if (!still_changed)
+        return Leave::go_on;
+    return has_current_page ? Leave::stay : Leave::drop_edits_and_go_on;
+}
+
+// The text of each box that was edited.
+using BoxEdits = std::array<std::optional<std::wstring>, book::box_count>;
+
+// Box 2 is trimmed at both ends; no text keeps a U+0003.
+void take_back(BoxEdits edits, book::Page& page);
+
+// Keeps the creation time, as far as there is one, and puts `now` behind it.
+void renew_stamp(std::wstring& stamp, std::wstring_view now);
+
+inline constexpr wchar_t save_question[] = L"ページの内容が変更されています．\r\nファイルに保存しますか？";
+
+// `attributes` are those of the file at `path`, or the value for a file that cannot be examined.
+std::wstring save_failure_text(const std::wstring& path, std::uint32_t attributes);
+
+} // namespace app

@@ -1,0 +1,50 @@
+// The settings that belong to the installation. Those of a Book lie in the Book.
+#pragma once
+#include "platform/geometry.hpp"
+#include <cstdint>
+#include <string>
+
+namespace app {
+
+inline constexpr std::int32_t first_interpolation = 5000;
+inline constexpr std::int32_t default_interpolation = 5005;
+inline constexpr std::int32_t view_whole = 2100;
+inline constexpr std::int32_t default_view_mode = 2101;
+
+struct Settings {
+    std::int32_t interpolation_command = default_interpolation; // any number a file holds
+    std::int32_t browser_zoom_percent = 100;
+    std::int32_t chat_index = 0;
+    bool clear_cache_at_exit = false;
+    bool auto_backup = false;
+    bool auto_imm = false;
+    platform::Rect view_rect; // of the viewer, on the screen; meaningful only when not empty
+    std::int32_t view_mode = default_view_mode;
+
+    friend bool operator==(const Settings&, const Settings&) = default;
+};
+
+// The one section of the ini file, seen by key.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+    virtual std::int32_t read_number(const wchar_t* key, std::int32_t absent) = 0;
+    virtual std::wstring read_text(const wchar_t* key) = 0; // empty when absent
+    virtual void write_text(const wchar_t* key, const std::wstring& text) = 0; // may fail in silence
+};
+
+Settings read_settings(SettingsStore& store);
+void write_settings(const Settings& settings, SettingsStore& store);
+
+// The value of "VIEWDATA": left, top, right, bottom and mode, in decimal, divided by blanks. Of a damaged
+// text whatever cannot be read takes its default, the rectangle as a whole.
+void parse_view_data(const std::wstring& text, Settings& settings);
+std::wstring view_data_text(const Settings& settings);
+
+// GDI+'s number of the interpolation mode that a command chooses; the default mode, 0, for any other number.
+std::int32_t interpolation_mode(std::int32_t command);
+
+// The settings of this process. Read once at creation, written once at close; user interface thread only.
+Settings& settings();
+
+} // namespace app
