@@ -1,0 +1,107 @@
+#include "driver_input.hpp"
+#include "driver_wait.hpp"
+#include <vector>
+
+namespace e2e {
+
+namespace {
+
+using Inputs = std::vector<INPUT>;
+
+void send(Inputs& inputs)
+{
+    const auto count = static_cast<UINT>(inputs.size());
+    if (SendInput(count, inputs.data(), sizeof(INPUT)) != count)
+        throw DriverError("the system refused input");
+}
+
+INPUT key_input(WORD key, WORD unit, DWORD flags)
+{
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = unit;
+    input.ki.dwFlags = flags;
+    return input;
+}
+
+INPUT mouse_input(DWORD flags, DWORD data = 0)
+{
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    input.mi.mouseData = data;
+    return input;
+}
+
+// Absolute positions run from 0 to 65535 over the screen, whatever its size.
+INPUT position_input(POINT screen)
+{
+    const auto scaled = [](LONG place, int extent) { return (place * 65536 + 32768) / extent; };
+    INPUT input = mouse_input(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    input.mi.dx = scaled(screen.x, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = scaled(screen.y, GetSystemMetrics(SM_CYSCREEN));
+    return input;
+}
+
+void send_clicks(POINT screen, int count)
+{
+    Inputs inputs{ position_input(screen) };
+    for (int i = 0; i < count; ++i) {
+        inputs.push_back(mouse_input(MOUSEEVENTF_LEFTDOWN));
+        inputs.push_back(mouse_input(MOUSEEVENTF_LEFTUP));
+    }
+    send(inputs);
+}
+
+} // namespace
+
+void type_text(std::wstring_view text)
+{
+    Inputs inputs;
+    for (const wchar_t unit : text) {
+        inputs.push_back(key_input(0, static_cast<WORD>(unit), KEYEVENTF_UNICODE));
+        inputs.push_back(key_input(0, static_cast<WORD>(unit), KEYEVENTF_UNICODE | KEYEVENTF_KEYUP));
+    }
+    send(inputs);
+}
+
+void press(WORD key)
+{
+    chord({ key });
+}
+
+void chord(std::initializer_list<WORD> keys)
+{
+    Inputs inputs;
+    for (const WORD key : keys)
+        inputs.push_back(key_input(key, 0, 0));
+    for (auto key = keys.end(); key != keys.begin();)
+        inputs.push_back(key_input(*--key, 0, KEYEVENTF_KEYUP));
+    send(inputs);
+}
+
+void move_mouse(POINT screen)
+{
+    Inputs inputs{ position_input(screen) };
+    send(inputs);
+}
+
+void click(POINT screen)
+{
+    send_clicks(screen, 1);
+}
+
+void double_click(POINT screen)
+{
+    send_clicks(screen, 2);
+}
+
+void turn_wheel(POINT screen, int notches)
+{
+    Inputs inputs{ position_input(screen),
+        mouse_input(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)) };
+    send(inputs);
+}
+
+} // namespace e2e

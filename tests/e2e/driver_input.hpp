@@ -1,0 +1,23 @@
+// The user's hands: keys, mouse and wheel as the system itself delivers them, to whatever has the focus.
+#pragma once
+#include <initializer_list>
+#include <string_view>
+#include <windows.h>
+
+namespace e2e {
+
+// Types characters, one key stroke for each UTF-16 unit, as an input method would hand them over.
+void type_text(std::wstring_view text);
+// Presses and releases one key by its virtual-key code.
+void press(WORD key);
+// Presses the keys in order and releases them backwards, e.g. chord({VK_CONTROL, 'S'}).
+void chord(std::initializer_list<WORD> keys);
+
+void move_mouse(POINT screen);
+void click(POINT screen);
+// Two clicks in one go, well within the system's time for a double click.
+void double_click(POINT screen);
+// `notches` are positive away from the user.
+void turn_wheel(POINT screen, int notches);
+
+} // namespace e2e

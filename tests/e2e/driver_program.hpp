@@ -1,0 +1,55 @@
+// The program under test, as a process.
+#pragma once
+#include "driver_dialog.hpp"
+#include "driver_wait.hpp"
+#include "driver_window.hpp"
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace e2e {
+
+inline constexpr auto main_window_class = L"ovlib_appwnd[310]";
+inline constexpr int box1_id = 1045;
+inline constexpr int box2_id = 1046;
+inline constexpr int box3_id = 1047;
+
+// Started by the constructor; ended by force in the destructor if it still runs, and also when the driver
+// itself dies.
+class Program {
+public:
+    Program(const std::filesystem::path& file, const std::wstring& arguments);
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+    ~Program();
+
+    DWORD process_id() const { return process_.dwProcessId; }
+    bool is_running() const;
+    // Waits for the end.
+    DWORD exit_code() const;
+
+    // The main window, visible and able to take input.
+    Window wait_for_window() const;
+    // The main window as it stands, also while it is hidden. Not `exists()` when there is none.
+    Window find_window() const;
+    // The box or dialog that is in front.
+    MessageDialog wait_for_box() const;
+    FileDialog wait_for_file_dialog() const;
+    // Whether any box or dialog is open.
+    bool has_dialog() const;
+
+    // The control that the keyboard goes to.
+    Window focus() const;
+    // Gives the keyboard to the main window's control by clicking on it.
+    void click_on(Window control) const;
+
+private:
+    std::optional<Window> find_dialog(bool (*fits)(Window)) const;
+    // Waits for `holds`, and gives up at once when the program has ended.
+    template <class Predicate> void await(const std::string& what, Predicate holds) const;
+
+    PROCESS_INFORMATION process_{};
+    HANDLE job_ = nullptr;
+};
+
+} // namespace e2e

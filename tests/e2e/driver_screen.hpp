@@ -1,0 +1,13 @@
+// What can be seen on the screen.
+#pragma once
+#include "driver_dialog.hpp"
+#include <filesystem>
+
+namespace e2e {
+
+// The whole screen as a bitmap file.
+void save_screenshot(const std::filesystem::path& file);
+// The icon that a message box shows, compared with the system's own.
+Icon icon_on_screen(Window box);
+
+} // namespace e2e

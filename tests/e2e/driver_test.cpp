@@ -1,0 +1,95 @@
+#include "driver_test.hpp"
+#include "driver_screen.hpp"
+#include "platform/text.hpp"
+
+namespace e2e {
+
+namespace {
+
+std::string test_name()
+{
+    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+    return std::string(info->test_suite_name()) + "." + info->name();
+}
+
+} // namespace
+
+void EndToEnd::SetUp()
+{
+    root_ = std::make_unique<DataRoot>(platform::from_utf8(test_name()));
+}
+
+void EndToEnd::TearDown()
+{
+    if (HasFailure())
+        save_screenshot(windows_path(PAGEWICK_ARTIFACTS) / (test_name() + ".bmp"));
+    program_.reset();
+    if (root_ && !HasFailure())
+        root_->remove();
+}
+
+Program& EndToEnd::start(const std::wstring& arguments)
+{
+    program_.reset();
+    program_ = std::make_unique<Program>(root().program(), arguments);
+    return *program_;
+}
+
+Window EndToEnd::open(const std::filesystem::path& book)
+{
+    root().write_history({ book.wstring() });
+    return start().wait_for_window();
+}
+
+std::filesystem::path EndToEnd::open_numbered_book(std::size_t page_count)
+{
+    std::vector<book::Page> pages;
+    for (std::size_t i = 1; i <= page_count; ++i)
+        pages.push_back(make_page(numeral(i)));
+    auto file = root().add_book(L"手帖.bok", std::move(pages));
+    open(file);
+    expect_page(numeral(1));
+    return file;
+}
+
+void EndToEnd::close()
+{
+    main_window().post(WM_CLOSE);
+    EXPECT_EQ(program().exit_code(), 0u);
+}
+
+void EndToEnd::answer_box(const std::wstring& text, Icon icon, int button)
+{
+    const MessageDialog box = program().wait_for_box();
+    EXPECT_EQ(box.text(), text);
+    EXPECT_EQ(box.icon(), icon);
+    box.answer(button);
+}
+
+void EndToEnd::expect_fatal_start(const std::wstring& message)
+{
+    answer_box(message + closing_words, Icon::error, IDOK);
+    const MessageDialog last = program().wait_for_box();
+    EXPECT_EQ(last.text(), L"Error: ウィンドウの作成に失敗");
+    EXPECT_EQ(last.caption(), L"Pagewick");
+    EXPECT_EQ(last.icon(), Icon::error);
+    last.answer(IDOK);
+    EXPECT_EQ(program().exit_code(), failed_exit_code);
+}
+
+void EndToEnd::expect_page(const std::wstring& box1) const
+{
+    expect_soon(as_loaded(box1), [&] { return box(box1_id).text(); });
+}
+
+std::wstring as_loaded(const std::wstring& text)
+{
+    return text.empty() ? text : text + L"\r\n";
+}
+
+std::wstring numeral(std::size_t number)
+{
+    return std::wstring(1, L"〇一二三四五六七八九"[number]);
+}
+
+} // namespace e2e

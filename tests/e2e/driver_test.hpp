@@ -1,0 +1,82 @@
+// What every end-to-end test begins and ends with: a data root of its own and one program in it.
+#pragma once
+#include "driver_data_root.hpp"
+#include "driver_input.hpp"
+#include "driver_program.hpp"
+#include "driver_wait.hpp"
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+
+namespace e2e {
+
+// Commands of the main window, by their numbers.
+namespace command {
+inline constexpr int new_book = 1002;
+inline constexpr int open_book = 1003;
+inline constexpr int save = 1004;
+inline constexpr int save_as = 1005;
+inline constexpr int save_changes = 1006;
+inline constexpr int ask_and_save = 1007;
+inline constexpr int reload = 1008;
+inline constexpr int backup = 1009;
+inline constexpr int next_page = 1010;
+inline constexpr int previous_page = 1011;
+inline constexpr int first_page = 1012;
+inline constexpr int last_page = 1013;
+inline constexpr int quit = 1040;
+inline constexpr int delete_page = 1064;
+inline constexpr int add_page_at_end = 2528;
+inline constexpr int add_page_here = 2530;
+inline constexpr int first_history_entry = 10000;
+} // namespace command
+
+inline constexpr DWORD failed_exit_code = 0xFFFFFFFF; // -1
+inline constexpr auto closing_words = L"\r\nアプリケーションを終了します．";
+
+// Polls until `get()` gives `expected`, then asserts it, so that a failure shows both.
+template <class Expected, class Getter> void expect_soon(const Expected& expected, Getter get)
+{
+    wait_until([&] { return get() == expected; });
+    EXPECT_EQ(get(), expected);
+}
+
+class EndToEnd : public testing::Test {
+protected:
+    void SetUp() override;
+    // A failed test leaves its data root and a picture of the screen behind.
+    void TearDown() override;
+
+    const DataRoot& root() const { return *root_; }
+    Program& program() const { return *program_; }
+    Window main_window() const { return program().find_window(); }
+    Window box(int id) const { return main_window().child(id); }
+    std::wstring title() const { return main_window().text(); }
+
+    // Starts the program and returns at once.
+    Program& start(const std::wstring& arguments = L"");
+    // Puts the Book on top of an otherwise empty history, starts the program and waits for its window.
+    Window open(const std::filesystem::path& book);
+    // A Book named 手帖.bok with that many pages, "一" "二" ... in box 1, opened.
+    std::filesystem::path open_numbered_book(std::size_t page_count);
+    // Closes the window as its user does and expects a good end.
+    void close();
+
+    // Answers the next box after comparing it: its text, its icon and, by the button used, its kind.
+    void answer_box(const std::wstring& text, Icon icon, int button);
+    // The two boxes that end a program that could not open its Book.
+    void expect_fatal_start(const std::wstring& message);
+
+    void expect_page(const std::wstring& box1) const;
+
+private:
+    std::unique_ptr<DataRoot> root_;
+    std::unique_ptr<Program> program_;
+};
+
+// How a Book written by `make_page` and loaded again shows in boxes 1 and 3.
+std::wstring as_loaded(const std::wstring& text);
+// One digit as a Japanese numeral, to tell pages apart.
+std::wstring numeral(std::size_t number);
+
+} // namespace e2e

@@ -1,0 +1,58 @@
+// A window of another process.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+#include <windows.h>
+
+namespace e2e {
+
+// A handle and what can be asked of it. A message that is not answered in time throws DriverError: a program
+// that hangs fails the test and never hangs it.
+class Window {
+public:
+    Window() = default;
+    explicit Window(HWND handle)
+        : handle_(handle)
+    {
+    }
+
+    HWND handle() const { return handle_; }
+    bool exists() const { return handle_ && IsWindow(handle_); }
+    bool is_visible() const { return IsWindowVisible(handle_) != FALSE; }
+    bool is_enabled() const { return IsWindowEnabled(handle_) != FALSE; }
+    std::wstring class_name() const;
+    LONG style() const { return GetWindowLongW(handle_, GWL_STYLE); }
+    RECT rect() const; // screen coordinates
+    POINT center() const;
+
+    std::wstring text() const;
+    void set_text(const std::wstring& text) const;
+
+    // The child with that control identifier, at any depth. Throws when there is none.
+    Window child(int id) const;
+
+    LRESULT send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
+    void post(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
+    // Returns when the command is done, so only for one that opens no dialog.
+    void send_command(int id, LPARAM lparam = 0) const;
+    void post_command(int id, LPARAM lparam = 0) const;
+
+    // Of an edit control.
+    bool is_modified() const { return send(EM_GETMODIFY) != 0; }
+    bool is_read_only() const { return (style() & ES_READONLY) != 0; }
+    std::pair<DWORD, DWORD> selection() const;
+    void select(std::size_t start, std::size_t end) const;
+    std::size_t first_visible_line() const { return static_cast<std::size_t>(send(EM_GETFIRSTVISIBLELINE)); }
+
+    friend bool operator==(const Window&, const Window&) = default;
+
+private:
+    HWND handle_ = nullptr;
+};
+
+// Visible windows of a process without a parent, topmost first.
+std::vector<Window> top_windows(DWORD process_id);
+
+} // namespace e2e

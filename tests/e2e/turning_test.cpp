@@ -1,0 +1,153 @@
+// Going from page to page, and finding the place again.
+#include "driver_test.hpp"
+
+namespace fs = std::filesystem;
+using namespace e2e;
+
+namespace {
+
+class Turning : public EndToEnd {
+protected:
+    void step(int id) { main_window().send_command(id); }
+    // A place of the main window that no control covers.
+    POINT background() const
+    {
+        const RECT rect = main_window().rect();
+        POINT top{ 0, 0 };
+        ClientToScreen(main_window().handle(), &top);
+        return { (rect.left + rect.right) / 2, top.y + 28 };
+    }
+};
+
+std::wstring many_lines(std::size_t count)
+{
+    std::wstring text = L"0";
+    for (std::size_t i = 1; i < count; ++i)
+        text += L"\r\n" + std::to_wstring(i);
+    return text;
+}
+
+} // namespace
+
+TEST_F(Turning, TheFourCommandsGoToTheirPages)
+{
+    open_numbered_book(4);
+    const std::pair<int, std::size_t> steps[] = { { command::next_page, 2 }, { command::next_page, 3 },
+        { command::previous_page, 2 }, { command::last_page, 4 }, { command::next_page, 4 },
+        { command::first_page, 1 }, { command::previous_page, 1 } };
+    for (const auto& [id, page] : steps) {
+        step(id);
+        EXPECT_EQ(box(box1_id).text(), as_loaded(numeral(page))) << id;
+        EXPECT_EQ(title(), L"手帖");
+    }
+}
+
+TEST_F(Turning, TurningAnUnchangedPageWritesNothing)
+{
+    const fs::path file = open_numbered_book(2);
+    make_old(file);
+    step(command::next_page);
+    expect_page(L"二");
+    EXPECT_TRUE(is_old(file));
+}
+
+TEST_F(Turning, TheWheelOverTheWindowTurnsPages)
+{
+    open_numbered_book(3);
+    turn_wheel(background(), -1);
+    expect_page(L"二");
+    turn_wheel(background(), -1);
+    expect_page(L"三");
+    turn_wheel(background(), 1);
+    expect_page(L"二");
+}
+
+TEST_F(Turning, NothingTurnsWhileABoxIsOpen)
+{
+    open_numbered_book(4);
+    program().click_on(box(box1_id));
+    type_text(L"あ");
+    expect_soon(L"手帖 *", [&] { return title(); });
+    main_window().post_command(command::next_page);
+    const MessageDialog asked = program().wait_for_box();
+    for (const int id : { command::next_page, command::last_page, command::first_page })
+        main_window().post_command(id);
+    main_window().post(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+    // Posted after the others, so that they have been served when the box closes.
+    asked.answer(IDNO);
+    expect_page(L"二");
+    EXPECT_FALSE(program().has_dialog());
+    step(command::next_page);
+    EXPECT_EQ(box(box1_id).text(), L"三\r\n");
+}
+
+TEST_F(Turning, TheNextStartShowsThePageOfTheLastEnd)
+{
+    const fs::path file = open_numbered_book(5);
+    step(command::last_page);
+    step(command::previous_page);
+    expect_page(L"四");
+    close();
+    EXPECT_EQ(load_book(file).header.position, 3u);
+    start().wait_for_window();
+    expect_page(L"四");
+    EXPECT_EQ(title(), L"手帖");
+}
+
+TEST_F(Turning, TheScrollPlacesOfBothLongBoxesComeBackWithThePageAndAfterARestart)
+{
+    const auto text = many_lines(300);
+    const fs::path file = root().add_book(L"手帖.bok", { make_page(text, L"", text), make_page(L"二") });
+    open(file);
+    const auto expect_places = [&] {
+        EXPECT_EQ(box(box1_id).first_visible_line(), 120u);
+        EXPECT_EQ(box(box3_id).first_visible_line(), 70u);
+    };
+    box(box1_id).send(EM_LINESCROLL, 0, 120);
+    box(box3_id).send(EM_LINESCROLL, 0, 70);
+    expect_places();
+    step(command::next_page);
+    expect_page(L"二");
+    step(command::previous_page);
+    expect_places();
+    close();
+    EXPECT_EQ(load_book(file).pages[0].scroll_first, 120);
+    EXPECT_EQ(load_book(file).pages[0].scroll_third, 70);
+    start().wait_for_window();
+    expect_places();
+}
+
+// A scroll message has 16 bits for the place, and the sign of them is misread.
+TEST_F(Turning, APlaceBeyondThirtyTwoThousandLinesComesBackToo)
+{
+    auto page = make_page(many_lines(40000));
+    page.scroll_first = 35000;
+    const fs::path file = root().add_book(L"手帖.bok", { page });
+    open(file);
+    EXPECT_EQ(box(box1_id).first_visible_line(), 35000u);
+    main_window().send_command(command::save);
+    EXPECT_EQ(load_book(file).pages[0].scroll_first, 35000);
+}
+
+TEST_F(Turning, APlaceBeyondTheEndOfTheTextIsHarmless)
+{
+    auto page = make_page(L"一\r\n二\r\n三");
+    page.scroll_first = 70000;
+    page.scroll_third = -5;
+    open(root().add_book(L"手帖.bok", { page }));
+    EXPECT_EQ(box(box1_id).text(), L"一\r\n二\r\n三\r\n");
+    EXPECT_LT(box(box1_id).first_visible_line(), 4u);
+    EXPECT_EQ(box(box3_id).first_visible_line(), 0u);
+}
+
+TEST_F(Turning, ABookInReversedOrderIsTurnedFromItsEnd)
+{
+    book::BookHeader header;
+    header.order_mode = -static_cast<std::int32_t>(book::OrderMode::stored);
+    open(root().add_book(L"手帖.bok", { make_page(L"一"), make_page(L"二"), make_page(L"三") }, header));
+    expect_page(L"三");
+    step(command::next_page);
+    expect_page(L"二");
+    step(command::last_page);
+    expect_page(L"一");
+}
