@@ -14,6 +14,19 @@ namespace {
 // 2001-09-09 01:46:40, as the system counts.
 constexpr FILETIME old_time{ 0x3E0D6000, 0x01C138CF };
 
+// By hand: std::filesystem::copy takes every two folders for the same one here.
+void copy_folder(const fs::path& from, const fs::path& to)
+{
+    fs::create_directories(to);
+    for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+        const fs::path target = to / entry.path().filename();
+        if (entry.is_directory())
+            copy_folder(entry.path(), target);
+        else
+            fs::copy_file(entry.path(), target);
+    }
+}
+
 HANDLE open_for_times(const fs::path& file, DWORD access)
 {
     const HANDLE handle =
@@ -131,7 +144,7 @@ DataRoot::DataRoot(const std::wstring& name)
     folder_ = dist.parent_path() / L"e2e" / name;
     fs::remove_all(folder_);
     fs::create_directories(folder_);
-    fs::copy(dist, folder_, fs::copy_options::recursive);
+    copy_folder(dist, folder_);
 }
 
 fs::path DataRoot::add_book(

@@ -58,16 +58,18 @@ void EndToEnd::close()
     EXPECT_EQ(program().exit_code(), 0u);
 }
 
-void EndToEnd::answer_box(const std::wstring& text, Icon icon, int button)
+void EndToEnd::answer_box(const std::wstring& text, Icon icon, int button, const Where& where)
 {
+    const auto traced = trace(where);
     const MessageDialog box = program().wait_for_box();
     EXPECT_EQ(box.text(), text);
     EXPECT_EQ(box.icon(), icon);
     box.answer(button);
 }
 
-void EndToEnd::expect_fatal_start(const std::wstring& message)
+void EndToEnd::expect_fatal_start(const std::wstring& message, const Where& where)
 {
+    const auto traced = trace(where);
     answer_box(message + closing_words, Icon::error, IDOK);
     const MessageDialog last = program().wait_for_box();
     EXPECT_EQ(last.text(), L"Error: ウィンドウの作成に失敗");
@@ -77,9 +79,10 @@ void EndToEnd::expect_fatal_start(const std::wstring& message)
     EXPECT_EQ(program().exit_code(), failed_exit_code);
 }
 
-void EndToEnd::expect_page(const std::wstring& box1) const
+void EndToEnd::expect_page(const std::wstring& box1, const Where& where) const
 {
-    expect_soon(as_loaded(box1), [&] { return box(box1_id).text(); });
+    expect_soon(
+        as_loaded(box1), [&] { return box(box1_id).text(); }, where);
 }
 
 std::wstring as_loaded(const std::wstring& text)

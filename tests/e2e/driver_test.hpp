@@ -6,6 +6,7 @@
 #include "driver_wait.hpp"
 #include <gtest/gtest.h>
 #include <memory>
+#include <source_location>
 #include <string>
 
 namespace e2e {
@@ -34,11 +35,24 @@ inline constexpr int first_history_entry = 10000;
 inline constexpr DWORD failed_exit_code = 0xFFFFFFFF; // -1
 inline constexpr auto closing_words = L"\r\nアプリケーションを終了します．";
 
-// Polls until `get()` gives `expected`, then asserts it, so that a failure shows both.
-template <class Expected, class Getter> void expect_soon(const Expected& expected, Getter get)
+using Where = std::source_location;
+
+// Names the line of the test in failures that are noticed inside the driver.
+inline testing::ScopedTrace trace(const Where& where)
 {
-    wait_until([&] { return get() == expected; });
+    return testing::ScopedTrace(where.file_name(), static_cast<int>(where.line()), "from here");
+}
+
+// Polls until `get()` gives `expected`. A failure shows both and ends the test: nothing after it would mean
+// much.
+template <class Expected, class Getter>
+void expect_soon(const Expected& expected, Getter get, const Where& where = Where::current())
+{
+    const auto traced = trace(where);
+    if (wait_until([&] { return get() == expected; }))
+        return;
     EXPECT_EQ(get(), expected);
+    throw DriverError("the expected state did not come");
 }
 
 class EndToEnd : public testing::Test {
@@ -63,11 +77,11 @@ protected:
     void close();
 
     // Answers the next box after comparing it: its text, its icon and, by the button used, its kind.
-    void answer_box(const std::wstring& text, Icon icon, int button);
+    void answer_box(const std::wstring& text, Icon icon, int button, const Where& where = Where::current());
     // The two boxes that end a program that could not open its Book.
-    void expect_fatal_start(const std::wstring& message);
+    void expect_fatal_start(const std::wstring& message, const Where& where = Where::current());
 
-    void expect_page(const std::wstring& box1) const;
+    void expect_page(const std::wstring& box1, const Where& where = Where::current()) const;
 
 private:
     std::unique_ptr<DataRoot> root_;
