@@ -10,9 +10,6 @@
 namespace e2e {
 
 inline constexpr auto main_window_class = L"ovlib_appwnd[310]";
-inline constexpr int box1_id = 1045;
-inline constexpr int box2_id = 1046;
-inline constexpr int box3_id = 1047;
 
 // Started by the constructor; ended by force in the destructor if it still runs, and also when the driver
 // itself dies.

@@ -1,5 +1,6 @@
 // What every end-to-end test begins and ends with: a data root of its own and one program in it.
 #pragma once
+#include "app/command_ids.hpp"
 #include "driver_data_root.hpp"
 #include "driver_input.hpp"
 #include "driver_program.hpp"
@@ -10,27 +11,6 @@
 #include <string>
 
 namespace e2e {
-
-// Commands of the main window, by their numbers.
-namespace command {
-inline constexpr int new_book = 1002;
-inline constexpr int open_book = 1003;
-inline constexpr int save = 1004;
-inline constexpr int save_as = 1005;
-inline constexpr int save_changes = 1006;
-inline constexpr int ask_and_save = 1007;
-inline constexpr int reload = 1008;
-inline constexpr int backup = 1009;
-inline constexpr int next_page = 1010;
-inline constexpr int previous_page = 1011;
-inline constexpr int first_page = 1012;
-inline constexpr int last_page = 1013;
-inline constexpr int quit = 1040;
-inline constexpr int delete_page = 1064;
-inline constexpr int add_page_at_end = 2528;
-inline constexpr int add_page_here = 2530;
-inline constexpr int first_history_entry = 10000;
-} // namespace command
 
 inline constexpr DWORD failed_exit_code = 0xFFFFFFFF; // -1
 inline constexpr auto closing_words = L"\r\nアプリケーションを終了します．";
