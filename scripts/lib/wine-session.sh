@@ -90,14 +90,15 @@ poll() {
     done
 }
 
+# In sessions of their own, so that Ctrl+C reaches the script, which closes them in order.
 start_screen() {
     session_dir=$(mktemp -d "$wine_home/session.XXXXXX")
-    Xvfb -displayfd 3 -screen 0 $screen_size -nolisten tcp 3>"$session_dir/display" >"$session_dir/xvfb.log" 2>&1 &
+    setsid Xvfb -displayfd 3 -screen 0 $screen_size -nolisten tcp 3>"$session_dir/display" >"$session_dir/xvfb.log" 2>&1 &
     screen_pid=$!
     poll 20 test -s "$session_dir/display" || die "no virtual screen: $(cat "$session_dir/xvfb.log")"
     DISPLAY=:$(tr -d '[:space:]' <"$session_dir/display")
     export DISPLAY
-    openbox >"$session_dir/openbox.log" 2>&1 &
+    setsid openbox >"$session_dir/openbox.log" 2>&1 &
     manager_pid=$!
     poll 20 wmctrl -m || die "no window manager on the virtual screen"
 }
@@ -121,7 +122,7 @@ hold_server() {
     unlock_holders
     wineserver -p 2>/dev/null || true
     # The first program starts Wine's services, which keep its output open: let them keep none that a reader waits on.
-    timeout 60 wine cmd /c exit </dev/null >/dev/null 2>&1 || true
+    setsid -w timeout 60 wine cmd /c exit </dev/null >/dev/null 2>&1 || true
 }
 
 has_holders() {
