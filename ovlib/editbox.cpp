@@ -6,7 +6,7 @@
 #include <span>
 #include <stdexcept>
 
-#include "platform/file.hpp"
+#include "read_all.hpp"
 
 namespace ovlib {
 
@@ -252,7 +252,7 @@ try {
     if (size == 0 || size > largest_file || size % 2 != 0)
         return false;
     std::wstring content(static_cast<std::size_t>(size / 2), L'\0');
-    const std::size_t got = file.read(std::as_writable_bytes(std::span(content)));
+    const std::size_t got = read_all(file, std::as_writable_bytes(std::span(content)));
     if (got == 0)
         return false;
     content.resize(got / 2); // the file may have shrunk meanwhile

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "platform/file.hpp"
+#include "read_all.hpp"
 
 namespace ovlib {
 
@@ -38,11 +38,14 @@ bool GDIPMemory::assign(std::span<const std::byte> bytes)
     if (handle_ != nullptr || bytes.empty())
         return false;
     handle_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-    const GlobalMemoryLock lock(handle_);
-    if (lock.data() == nullptr)
-        return false;
-    std::memcpy(lock.data(), bytes.data(), bytes.size());
-    return true;
+    GlobalMemoryLock lock(handle_);
+    const bool locked = lock.data() != nullptr;
+    if (locked)
+        std::memcpy(lock.data(), bytes.data(), bytes.size());
+    lock.release();
+    if (!locked)
+        free();
+    return locked;
 }
 
 bool GDIPMemory::read_file(const std::wstring& path)
@@ -56,7 +59,7 @@ bool GDIPMemory::read_file(const std::wstring& path)
     handle_ = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<std::size_t>(size));
     GlobalMemoryLock lock(handle_);
     const bool read =
-        lock.data() != nullptr && file.read(std::span(lock.data(), static_cast<std::size_t>(size))) != 0;
+        lock.data() != nullptr && read_all(file, std::span(lock.data(), static_cast<std::size_t>(size))) != 0;
     lock.release();
     if (!read)
         free();

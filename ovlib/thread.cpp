@@ -67,10 +67,13 @@ void Thread::stop()
     record_.reset();
 }
 
+// As in a standard thread, what run throws ends the process.
 unsigned __stdcall Thread::enter(void* self) noexcept
-{
+try {
     static_cast<Thread*>(self)->run();
     return 0;
+} catch (...) {
+    std::terminate();
 }
 
 } // namespace ovlib

@@ -1,13 +1,16 @@
 #include "wnd_proc.hpp"
 
 #include <commctrl.h>
+#include <exception>
 
 #include "ovlib/gui/syscontrol.hpp"
 
 namespace ovlib {
 
+// Both procedures end the process by hand. noexcept alone lets an exception pass on this target: a call that
+// stands right before the epilogue makes the system's unwinder take the frame for one that is already left.
 LRESULT CALLBACK WndProc::window(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) noexcept
-{
+try {
     WndMessage record{ hwnd, message, wparam, lparam, 0 };
     if (message == WM_CREATE)
         return on_create(record);
@@ -22,11 +25,13 @@ LRESULT CALLBACK WndProc::window(HWND hwnd, UINT message, WPARAM wparam, LPARAM 
     default:
         return on_other(*wnd, record);
     }
+} catch (...) {
+    std::terminate();
 }
 
 LRESULT CALLBACK WndProc::subclass(
     HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR) noexcept
-{
+try {
     Wnd* wnd = Wnd::from_handle(hwnd);
     if (wnd == nullptr)
         return 0;
@@ -44,6 +49,8 @@ LRESULT CALLBACK WndProc::subclass(
         }
     }
     return result;
+} catch (...) {
+    std::terminate();
 }
 
 LRESULT WndProc::on_create(WndMessage& message)

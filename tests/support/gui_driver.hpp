@@ -1,0 +1,67 @@
+// Answers a modal box or dialog of this process from a second thread, as a user would.
+#pragma once
+#include <functional>
+#include <string>
+#include <thread>
+#include <windows.h>
+
+#include "tests/support/gui_pump.hpp"
+
+namespace gui {
+
+inline std::wstring text_of(HWND hwnd)
+{
+    std::wstring text(static_cast<std::size_t>(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(
+        SendMessageW(hwnd, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    return text;
+}
+
+// The visible dialog of a thread; null for none.
+inline HWND dialog_of(DWORD thread)
+{
+    HWND found = nullptr;
+    EnumThreadWindows(
+        thread,
+        [](HWND hwnd, LPARAM result) -> BOOL {
+            wchar_t name[16] = {};
+            GetClassNameW(hwnd, name, 16);
+            if (std::wstring(name) != L"#32770" || !IsWindowVisible(hwnd))
+                return TRUE;
+            *reinterpret_cast<HWND*>(result) = hwnd;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+// Waits for the next dialog of the thread that built this object and hands it to `act`, which must end it.
+// Join it by letting it go out of scope, after the call that shows the dialog.
+class DialogDriver {
+public:
+    explicit DialogDriver(std::function<void(HWND)> act)
+        : worker_([this, act = std::move(act), thread = GetCurrentThreadId()] {
+            met_ = poll_until([&] { return dialog_of(thread) != nullptr; });
+            if (met_)
+                act(dialog_of(thread));
+        })
+    {
+    }
+    DialogDriver(const DialogDriver&) = delete;
+    DialogDriver& operator=(const DialogDriver&) = delete;
+    ~DialogDriver() { finish(); }
+
+    // True when there was a dialog.
+    bool finish()
+    {
+        if (worker_.joinable())
+            worker_.join();
+        return met_;
+    }
+
+private:
+    bool met_ = false;
+    std::thread worker_;
+};
+
+} // namespace gui

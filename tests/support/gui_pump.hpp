@@ -1,0 +1,61 @@
+// Message pumping for tests that own their windows: poll for a state with a deadline, never sleep for luck.
+#pragma once
+#include <chrono>
+#include <windows.h>
+
+namespace gui {
+
+inline constexpr std::chrono::seconds patience{ 15 };
+
+// Serves what is waiting. WM_QUIT is dropped.
+inline void pump()
+{
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+// Serves messages until `state` holds; false when it never did.
+template <class State> bool pump_until(State state)
+{
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    for (;;) {
+        pump();
+        if (state())
+            return true;
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    }
+}
+
+// Polls without serving messages: for worker threads.
+template <class State> bool poll_until(State state)
+{
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (!state()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        Sleep(5);
+    }
+    return true;
+}
+
+// True when WM_QUIT waits in the queue; it is taken out, its exit code given.
+inline bool take_quit(int* exit_code = nullptr)
+{
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            if (exit_code != nullptr)
+                *exit_code = static_cast<int>(message.wParam);
+            return true;
+        }
+        DispatchMessageW(&message);
+    }
+    return false;
+}
+
+} // namespace gui
