@@ -1,9 +1,9 @@
 // The numbers by which user actions and notifications reach the main window, each named once.
 #pragma once
 
-namespace app {
+namespace app::command {
 
-enum Command : int {
+enum Id : int {
     show_book_menu = 1001,
     new_book = 1002,
     open_book = 1003,
@@ -86,6 +86,7 @@ enum Command : int {
     sort_files_ascending = 2541,
     sort_files_descending = 2542,
     search_moved_file = 2543,
+    link_file = 2544,
     show_viewer = 2546,
     open_file = 2547,
     show_file_in_folder = 2548,
@@ -115,4 +116,4 @@ enum Command : int {
 // What an edit control says when its text changed.
 inline constexpr int edit_changed = 768;
 
-} // namespace app
+} // namespace app::command

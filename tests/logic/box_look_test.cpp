@@ -1,6 +1,5 @@
-// Colours, fonts and scrolling of a page's boxes.
+// Colours and fonts of a page's boxes.
 #include "look/box_look.hpp"
-#include "look/box_scroll.hpp"
 #include "look/shared_fonts.hpp"
 #include <gtest/gtest.h>
 #include <limits>
@@ -82,17 +81,6 @@ TEST(BoxFont, AlwaysEndsItsName)
     const book::LogFont ended = look::with_ended_name(font);
     EXPECT_EQ(std::u16string(ended.face_name.data()).size(), 31u);
     EXPECT_EQ(font.face_name.back(), u'字');
-}
-
-TEST(BoxScroll, TakesAMessageAsFarAsItCarriesThePosition)
-{
-    using look::ScrollWay;
-    EXPECT_EQ(look::scroll_way(0), ScrollWay::none);
-    EXPECT_EQ(look::scroll_way(-1), ScrollWay::none);
-    EXPECT_EQ(look::scroll_way(1), ScrollWay::thumb);
-    EXPECT_EQ(look::scroll_way(0x7FFF), ScrollWay::thumb);
-    EXPECT_EQ(look::scroll_way(0x8000), ScrollWay::lines);
-    EXPECT_EQ(look::scroll_way(std::numeric_limits<std::int32_t>::max()), ScrollWay::lines);
 }
 
 TEST(SharedFonts, FollowTheirTable)

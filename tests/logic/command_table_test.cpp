@@ -10,7 +10,7 @@ using Entry = app::CommandEntry<char>;
 
 constexpr std::array table{
     Entry{ 1002, 'n' },
-    Entry{ { 1045, 1047 }, 'e', app::only_code(app::edit_changed) },
+    Entry{ { 1045, 1047 }, 'e', app::only_code(app::command::edit_changed) },
     Entry{ 3000, 's', app::any_code },
     Entry{ { 10000, 14999 }, 'h' },
 };
@@ -25,7 +25,7 @@ TEST(CommandTable, FindsAnIdentifierWithCodeZeroOnly)
 {
     EXPECT_EQ(found(1002, 0), 'n');
     EXPECT_EQ(found(1002, 1), '-');
-    EXPECT_EQ(found(1002, app::edit_changed), '-');
+    EXPECT_EQ(found(1002, app::command::edit_changed), '-');
 }
 
 TEST(CommandTable, FindsEveryIdentifierOfARangeAndNoneBeside)

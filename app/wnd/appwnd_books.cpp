@@ -1,0 +1,159 @@
+// New, open, load, save, save as and backup.
+#include "app/last_book.hpp"
+#include "app/page_commands.hpp"
+#include "app/settings.hpp"
+#include "app/titles.hpp"
+#include "app/wnd/appwnd.hpp"
+#include "app/wnd/data_root.hpp"
+#include "book/my_exception.hpp"
+#include "look/theme.hpp"
+#include "platform/file.hpp"
+
+namespace app {
+
+bool AppWnd::save_book(SaveCode code)
+{
+    if (is_gone() || current_index(book_) == book::npos)
+        return false;
+    const bool changed = has_edits();
+    book_.refresh_counts();
+    store_scroll();
+    SaveStep step = save_step(code, changed, is_busy());
+    if (step == SaveStep::ask)
+        step = show_message(save_question, BoxStyle::question) == answer_yes ? SaveStep::write
+                                                                             : SaveStep::give_up;
+    if (step == SaveStep::give_up)
+        mark_clean();
+    if (step != SaveStep::write)
+        return false;
+    if (changed)
+        take_edits_back();
+    return write_book();
+}
+
+bool AppWnd::write_book()
+{
+    if (!book_.save_to(book_file(book_.path))) {
+        tell_save_failure();
+        return false;
+    }
+    remember_book();
+    mark_clean();
+    return true;
+}
+
+void AppWnd::tell_save_failure()
+{
+    const DWORD attributes = GetFileAttributesW(book_file(book_.path).c_str());
+    show_message(save_failure_text(book_.path, attributes), BoxStyle::warning);
+}
+
+bool AppWnd::new_book()
+{
+    save_book(SaveCode::always);
+    const std::wstring path = choose_book_path(L"Book の新規作成", L"");
+    if (path.empty() || is_gone())
+        return false;
+    const std::int32_t old_theme = look::palette().current_theme;
+    look::load_theme(look::theme_standard); // the first page takes standard colours
+    if (start_new_book(path)) {
+        take_book_settings(path);
+        remember_book();
+        return true;
+    }
+    show_message(L"Book の作成に失敗", BoxStyle::warning);
+    look::load_theme(old_theme);
+    // The Book was replaced all the same: what the boxes hold belongs to none.
+    commands_.merge(refresh::full);
+    return false;
+}
+
+bool AppWnd::start_new_book(const std::wstring& path)
+{
+    book_.clear();
+    forget_shown_page();
+    book_.new_page(0);
+    book_.path = path;
+    return book_.save_to(book_file(path));
+}
+
+bool AppWnd::open_book(std::wstring& path)
+{
+    if (path.empty())
+        path = ask_for_book();
+    if (path.empty() || is_gone())
+        return false;
+    save_book(SaveCode::always);
+    return load_book(path);
+}
+
+// The path is the caller's own copy: it may have been the Book's, which loading clears, or an entry of the
+// history, which forgetting erases.
+bool AppWnd::load_book(std::wstring path)
+{
+    set_current_directory(L"");
+    if (!platform::exists(book_file(path))) {
+        show_message(L"ファイル [" + path + L"] が見つかりませんでした．", BoxStyle::warning);
+        forget_book(path);
+        return false;
+    }
+    std::wstring error;
+    const bool loaded = book_.load(path, error, [this](const std::wstring& question) {
+        return show_message(question, BoxStyle::warning_question) == answer_yes;
+    });
+    forget_shown_page();
+    if (!loaded) {
+        forget_book(path);
+        throw MyException(error, fatal_code);
+    }
+    take_book_settings(path);
+    remember_book();
+    if (settings().auto_backup && !backup_book(nullptr))
+        show_message(L"バックアップファイルの作成に失敗\r\n" + book_.path, BoxStyle::warning);
+    return true;
+}
+
+void AppWnd::open_last_book()
+{
+    const LastBookSteps steps{ [this](std::wstring path) { return open_book(path); },
+        [this] { return new_book(); }, [this] { history_.remove_first(); } };
+    if (!app::open_last_book(history_.entries(), steps))
+        throw MyException(L"Book を開けませんでした", fatal_code);
+}
+
+void AppWnd::save_book_as()
+{
+    const std::wstring old_path = book_.path;
+    const std::wstring path = choose_book_path(L"Book に名前を付けて保存する", old_path);
+    commands_.merge(refresh::full);
+    if (path.empty() || book_.path != old_path)
+        return;
+    book_.path = path;
+    if (save_book(SaveCode::always))
+        remember_book();
+    else
+        book_.path = old_path;
+}
+
+void AppWnd::remember_book()
+{
+    history_.add(book_.path);
+}
+
+void AppWnd::forget_book(const std::wstring& path)
+{
+    history_.remove(path);
+}
+
+// A Book whose settings cannot be applied must not be the first one that the next start tries.
+void AppWnd::take_book_settings(const std::wstring& path)
+{
+    try {
+        apply_book_settings();
+    } catch (...) {
+        forget_book(path);
+        throw;
+    }
+}
+
+} // namespace app

@@ -1,0 +1,89 @@
+// Where the children stand, and the boundary between the boxes.
+#include "app/wnd/appwnd.hpp"
+
+namespace app {
+
+namespace {
+
+RECT to_rect(const Rect& rect)
+{
+    return { rect.left, rect.top, rect.right, rect.bottom };
+}
+
+} // namespace
+
+void AppWnd::lay_out()
+{
+    const SIZE client = client_size();
+    layout_ = main_layout({ client.cx, client.cy });
+    place_boxes();
+    for (look::MyBox* box : boxes())
+        box->show(true);
+}
+
+void AppWnd::place_boxes()
+{
+    q_box_.set_rect(to_rect(layout_.boxes.first), false);
+    a_box_.set_rect(to_rect(layout_.boxes.second), false);
+    d_box_.set_rect(to_rect(layout_.boxes.third), false);
+}
+
+int AppWnd::set_divider(int y)
+{
+    layout_.boxes = with_divider(layout_.boxes, y);
+    place_boxes();
+    for (const look::MyBox* box : boxes())
+        RedrawWindow(box->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_FRAME);
+    for (const BoxGap gap : { BoxGap::upper, BoxGap::lower }) {
+        const RECT rect = to_rect(gap_rect(layout_.boxes, gap));
+        InvalidateRect(hwnd(), &rect, TRUE);
+    }
+    return layout_.boxes.first.bottom;
+}
+
+// The background moves the window; over a gap the window sees the mouse itself.
+bool AppWnd::on_hit_test(ovlib::WndMessage& message)
+{
+    message.result = default_proc(message);
+    if (message.result != HTCLIENT)
+        return true;
+    const POINT cursor = cursor_pos();
+    if (gap_under({ cursor.x, cursor.y }) == BoxGap::none)
+        message.result = HTCAPTION;
+    return true;
+}
+
+bool AppWnd::on_press(Point point)
+{
+    dragged_gap_ = gap_under(point);
+    if (dragged_gap_ == BoxGap::none)
+        return false;
+    SetCapture(hwnd());
+    return true;
+}
+
+bool AppWnd::on_mouse_move(Point point)
+{
+    const bool over_gap = dragged_gap_ != BoxGap::none || gap_under(point) != BoxGap::none;
+    SetCursor(LoadCursorW(nullptr, over_gap ? IDC_SIZENS : IDC_ARROW));
+    if (dragged_gap_ != BoxGap::none)
+        book_.header.divider = set_divider(dragged_divider(dragged_gap_, point.y));
+    return true;
+}
+
+bool AppWnd::on_release()
+{
+    // Giving the capture back sends a message that comes here again.
+    if (dragged_gap_ == BoxGap::none)
+        return false;
+    dragged_gap_ = BoxGap::none;
+    ReleaseCapture();
+    return false;
+}
+
+BoxGap AppWnd::gap_under(Point point) const
+{
+    return gap_at(layout_.boxes, point);
+}
+
+} // namespace app

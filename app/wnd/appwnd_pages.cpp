@@ -1,0 +1,191 @@
+// The current page in the boxes, and the way of edits back.
+#include "app/command_ids.hpp"
+#include "app/page_commands.hpp"
+#include "app/titles.hpp"
+#include "app/wnd/appwnd.hpp"
+#include "book/text.hpp"
+#include "look/wnd/fonts.hpp"
+#include "platform/process_log.hpp"
+
+namespace app {
+
+namespace {
+
+constexpr int tab_stop = 4; // dialog units
+
+} // namespace
+
+void AppWnd::apply_book_settings()
+{
+    book_.header.theme = apply_theme(book_.header.theme);
+    book_.rebuild_order();
+    if (book_.header.divider == 0)
+        book_.header.divider = first_divider(layout_.boxes);
+    book_.header.divider = set_divider(book_.header.divider);
+    set_box_fonts();
+    step_page(0);
+    send_command(command::request_refresh, 0, refresh::full);
+    update_title();
+}
+
+void AppWnd::set_box_fonts()
+{
+    for (std::size_t box = 0; box < book::box_count; ++box) {
+        HFONT const font = look::make_box_font(book_.header.fonts[box]);
+        boxes()[box]->take_font(font);
+        if (!font)
+            ovlib::WinApp::process_log()
+                << L"ログフォントの設定に失敗: Box" << std::to_wstring(box) << L"\r\n";
+    }
+}
+
+void AppWnd::refresh_views(RefreshMask& pending)
+{
+    book_.refresh_counts();
+    serve_refresh(pending, [this](View view) { serve_view(view); });
+}
+
+// The other views join with their windows.
+void AppWnd::serve_view(View view)
+{
+    switch (view) {
+    case View::page:
+        return show_page(book_.current_page());
+    case View::box_state:
+        return refresh_box_state();
+    default:
+        return;
+    }
+}
+
+void AppWnd::refresh_box_state()
+{
+    // Without a page nothing may be typed: no page could take it.
+    const bool read_only = is_busy() || !book_.current_page();
+    if (read_only != q_box_.is_read_only()) {
+        for (look::MyBox* box : boxes())
+            box->set_read_only(read_only);
+    }
+    const bool wrap = book_.header.wrap_text != 0;
+    if (wrap == q_box_.is_wrapped())
+        return;
+    q_box_.set_wrap(wrap);
+    d_box_.set_wrap(wrap);
+    // The new controls stand at their first line, and the next save would store that.
+    if (const book::Page* page = shown_page())
+        restore_scroll(*page);
+    step_page(0);
+}
+
+void AppWnd::show_page(const book::Page* page)
+{
+    if (!page || has_edits())
+        return;
+    for (look::MyBox* box : boxes())
+        box->set_redraw(false);
+    q_box_.set_tab_stops(tab_stop);
+    d_box_.set_tab_stops(tab_stop);
+    for (std::size_t box = 0; box < book::box_count; ++box)
+        boxes()[box]->set_text(page->text[box]);
+    restore_scroll(*page);
+    for (look::MyBox* box : boxes()) {
+        box->set_redraw(true);
+        RedrawWindow(box->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_FRAME);
+    }
+    shown_index_ = static_cast<std::size_t>(page - book_.pages.data());
+    mark_clean();
+}
+
+void AppWnd::restore_scroll(const book::Page& page)
+{
+    q_box_.scroll_v_to(page.scroll_first);
+    d_box_.scroll_v_to(page.scroll_third);
+}
+
+void AppWnd::store_scroll()
+{
+    if (book::Page* page = shown_page()) {
+        page->scroll_first = q_box_.scroll_v_pos();
+        page->scroll_third = d_box_.scroll_v_pos();
+    }
+}
+
+void AppWnd::mark_clean()
+{
+    for (look::MyBox* box : boxes())
+        box->set_modified(false);
+    edited_mark_ = false;
+    update_title();
+}
+
+void AppWnd::update_title(const std::wstring& extra)
+{
+    set_text(title_text(book_.path, { has_edits(), book_.needs_update }, extra));
+}
+
+book::Page* AppWnd::step_page(int direction)
+{
+    return book_.find(direction, search_query());
+}
+
+book::SearchQuery AppWnd::search_query() const
+{
+    book::SearchQuery query;
+    query.track_marks = book_.header.track_marks != 0;
+    query.track_tabs = book_.header.track_tabs != 0;
+    return query;
+}
+
+bool AppWnd::has_edits() const
+{
+    for (const look::MyBox* box : boxes()) {
+        if (box->is_modified())
+            return true;
+    }
+    return false;
+}
+
+void AppWnd::take_edits_back()
+{
+    book::Page* page = shown_page();
+    if (!page)
+        return;
+    BoxEdits edits;
+    for (std::size_t box = 0; box < book::box_count; ++box) {
+        if (boxes()[box]->is_modified())
+            edits[box] = boxes()[box]->text();
+    }
+    take_back(std::move(edits), *page);
+    renew_stamp(page->stamp, book::current_time_text());
+}
+
+// Has the page taken back before something else is shown. False when the action is to be given up.
+bool AppWnd::leave_page()
+{
+    const bool had_edits = has_edits();
+    save_book(SaveCode::ask);
+    if (is_gone())
+        return false;
+    const Leave decision = leave_decision(has_edits(), book_.current_page() != nullptr);
+    if (decision == Leave::stay)
+        return false;
+    if (decision == Leave::drop_edits_and_go_on)
+        mark_clean();
+    // Edits that were given up still stand in the boxes.
+    if (had_edits)
+        commands_.merge(refresh::full);
+    return true;
+}
+
+book::Page* AppWnd::shown_page()
+{
+    return shown_index_ < book_.pages.size() ? &book_.pages[shown_index_] : nullptr;
+}
+
+void AppWnd::forget_shown_page()
+{
+    shown_index_ = book::npos;
+    mark_clean();
+}
+
+} // namespace app

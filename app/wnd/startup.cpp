@@ -1,0 +1,135 @@
+#include "app/wnd/startup.hpp"
+#include "app/failures.hpp"
+#include "app/folders.hpp"
+#include "app/titles.hpp"
+#include "app/wnd/app_bitmaps.hpp"
+#include "app/wnd/appwnd.hpp"
+#include "app/wnd/data_root.hpp"
+#include "ovlib/gui/gdip.hpp"
+#include "ovlib/system_error.hpp"
+#include "ovlib/win_app.hpp"
+#include "platform/process_log.hpp"
+#include <commctrl.h>
+#include <memory>
+#include <new>
+#include <ole2.h>
+
+namespace app {
+
+namespace {
+
+constexpr int failed = -1;
+
+void tell(const wchar_t* text, BoxStyle style)
+{
+    MessageBoxW(nullptr, text, program_name, static_cast<UINT>(style));
+}
+
+// The guard against a second run. Held for the life of the process.
+class OneInstance {
+public:
+    OneInstance()
+        : mutex_(
+            CreateMutexW(nullptr, TRUE, L"a1b2c3d4e5f647a89b0cd1e2f3a4b5c69fa72d38b5c1440eacdf81e76b03a1cf"))
+    {
+        if (mutex_ && GetLastError() == ERROR_ALREADY_EXISTS)
+            let_go();
+    }
+    ~OneInstance() { let_go(); }
+    OneInstance(const OneInstance&) = delete;
+    OneInstance& operator=(const OneInstance&) = delete;
+
+    bool is_ours() const { return mutex_ != nullptr; }
+
+private:
+    void let_go()
+    {
+        if (!mutex_)
+            return;
+        ReleaseMutex(mutex_);
+        CloseHandle(mutex_);
+        mutex_ = nullptr;
+    }
+
+    HANDLE mutex_;
+};
+
+class OleSession {
+public:
+    OleSession()
+        : is_ready_(SUCCEEDED(OleInitialize(nullptr)))
+    {
+    }
+    ~OleSession()
+    {
+        if (is_ready_)
+            OleUninitialize();
+    }
+    OleSession(const OleSession&) = delete;
+    OleSession& operator=(const OleSession&) = delete;
+
+    bool is_ready() const { return is_ready_; }
+
+private:
+    bool is_ready_;
+};
+
+void start_common_controls()
+{
+    const INITCOMMONCONTROLSEX request{ sizeof request, ICC_WIN95_CLASSES };
+    InitCommonControlsEx(&request);
+}
+
+int run_window()
+{
+    const std::unique_ptr<AppWnd> window{ new (std::nothrow) AppWnd };
+    if (!window) {
+        tell(L"Error: リソースの割り当てに失敗", BoxStyle::error);
+        return failed;
+    }
+    if (!window->create(program_name)) {
+        tell(L"Error: ウィンドウの作成に失敗", BoxStyle::error);
+        return failed;
+    }
+    window->message_loop();
+    free_app_bitmaps();
+    ovlib::WinApp::process_log().flush();
+    return 0;
+}
+
+int run_with_libraries()
+{
+    start_common_controls();
+    const OleSession ole;
+    if (!ole.is_ready()) {
+        tell(L"Error: COM & OLE の初期化に失敗", BoxStyle::error);
+        return failed;
+    }
+    const ovlib::GDIPSession gdip;
+    ovlib::fill_image_extensions();
+    if (!gdip.is_ready()) {
+        tell(L"Error: GDI+ の初期化に失敗", BoxStyle::error);
+        return failed;
+    }
+    return run_window();
+}
+
+} // namespace
+
+int run_application()
+{
+    const OneInstance instance;
+    if (!instance.is_ours()) {
+        tell(L"This application is already running.", BoxStyle::warning);
+        return failed;
+    }
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_UNAWARE_GDISCALED);
+    ovlib::WinApp::process_log().set_error_text(&ovlib::system_error_text);
+    hold_data_root();
+    set_current_directory(L"");
+    init_folders(ovlib::WinApp::data_root);
+    load_app_bitmaps();
+    return run_with_libraries();
+}
+
+} // namespace app
