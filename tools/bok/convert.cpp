@@ -1,0 +1,76 @@
+#include "book/text.hpp"
+#include "platform/text.hpp"
+#include "tools/bok/commands.hpp"
+#include "tools/bok/input.hpp"
+#include "tools/bok/save.hpp"
+#include "tools/bok/utf8.hpp"
+#include <algorithm>
+#include <istream>
+#include <ostream>
+
+namespace bok {
+
+namespace {
+
+// Only a person at a terminal can say yes.
+bool ask(Streams& streams, const std::string& question)
+{
+    if (!streams.in_is_terminal || !streams.err_is_terminal)
+        return false;
+    streams.err << question << " [y/N] " << std::flush;
+    std::string answer;
+    std::getline(streams.in, answer);
+    return answer.starts_with('y') || answer.starts_with('Y');
+}
+
+std::string question_for(Consent consent, const std::string& path)
+{
+    return printable(std::string_view(path))
+        + (consent == Consent::older_format
+                ? ": the older format, or no Book at all. Read it as the older format?"
+                : ": the BookHeader is damaged. Go on with default settings?");
+}
+
+// The program cannot work with a page that lacks a time: it gets the present one, twice when the creation is
+// lost too.
+void mend_stamp(book::Page& page, std::size_t index, Streams& streams)
+{
+    if (page.stamp.size() >= 2 * book::time_length)
+        return;
+    const std::wstring now = book::current_time_text();
+    const std::wstring mended =
+        page.stamp.size() < book::time_length ? now + now : page.stamp.substr(0, book::time_length) + now;
+    streams.err << "page index " << index << ": stamp \"" << printable(std::wstring_view(page.stamp))
+                << "\" becomes \"" << printable(std::wstring_view(mended)) << "\"\n";
+    page.stamp = mended;
+}
+
+} // namespace
+
+int run_convert(const Options& options, Streams& streams)
+{
+    const std::string path = options.operand(0);
+    bool was_declined = false;
+    const auto consent = [&](Consent about) {
+        const bool agreed = options.has("--yes") || ask(streams, question_for(about, path));
+        was_declined = !agreed;
+        return agreed;
+    };
+    const auto open = [&] {
+        try {
+            return open_any_book(path, streams, consent);
+        } catch (const Problem&) {
+            if (!was_declined)
+                throw;
+            throw Problem(
+                printable(std::string_view(path)) + ": not converted; --yes goes on without a question");
+        }
+    };
+    book::Book book = open();
+    for (std::size_t i = 0; i < book.pages.size(); ++i)
+        mend_stamp(book.pages[i], i, streams);
+    save_book(book, options.value("-o"));
+    return exit_done;
+}
+
+} // namespace bok

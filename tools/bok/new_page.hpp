@@ -1,0 +1,11 @@
+// Pages that come from outside and say nothing of their look.
+#pragma once
+#include "book/book_header.hpp"
+#include "book/page.hpp"
+
+namespace bok {
+
+// An empty page in the colours of the header's theme, stamped now.
+book::Page new_page(const book::BookHeader& header);
+
+} // namespace bok

@@ -1,0 +1,14 @@
+#include "tools/bok/console.hpp"
+#include <unistd.h>
+
+namespace bok {
+
+bool is_terminal(StandardStream stream)
+{
+    return isatty(static_cast<int>(stream)) == 1;
+}
+
+ConsoleSetup::ConsoleSetup() = default;
+ConsoleSetup::~ConsoleSetup() = default;
+
+} // namespace bok

@@ -1,0 +1,32 @@
+#include "tools/bok/console.hpp"
+#include <cstdio>
+#include <fcntl.h>
+#include <initializer_list>
+#include <io.h>
+#include <windows.h>
+
+namespace bok {
+
+// A console, not only a character device, which NUL is too.
+bool is_terminal(StandardStream stream)
+{
+    constexpr DWORD names[] = { STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE };
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(names[static_cast<int>(stream)]), &mode) != 0;
+}
+
+ConsoleSetup::ConsoleSetup()
+    : old_code_page_(GetConsoleOutputCP())
+{
+    for (std::FILE* stream : { stdin, stdout, stderr })
+        _setmode(_fileno(stream), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+}
+
+ConsoleSetup::~ConsoleSetup()
+{
+    if (old_code_page_ != 0)
+        SetConsoleOutputCP(old_code_page_);
+}
+
+} // namespace bok
