@@ -18,7 +18,7 @@ protected:
     }
     void write(const std::wstring& text)
     {
-        program().click_on(box(app::box_1));
+        program().click_on(box(app::command::box_1));
         type_text(text);
         expect_soon(L"手帖 *", [&] { return title(); });
     }
@@ -36,7 +36,7 @@ TEST_F(BookCommands, SaveAsWritesAnotherFileAndGoesOnWithIt)
     const fs::path file = open_numbered_book(1);
     const std::string before = file_bytes(file);
     write(L"あ");
-    main_window().post_command(app::save_book_as);
+    main_window().post_command(app::command::save_book_as);
     const FileDialog dialog = program().wait_for_file_dialog();
     EXPECT_EQ(dialog.caption(), L"Book に名前を付けて保存する");
     EXPECT_EQ(dialog.file_name(), L"手帖.bok");
@@ -53,7 +53,7 @@ TEST_F(BookCommands, SaveAsOverAFileThatCannotBeWrittenKeepsTheOldName)
     const auto other = root().add_book(L"ほか.bok", { make_page(L"ほか") });
     const ReadOnly protection(other);
     SetFileAttributesW(other.c_str(), FILE_ATTRIBUTE_NORMAL);
-    choose(app::save_book_as, L"Book に名前を付けて保存する", other);
+    choose(app::command::save_book_as, L"Book に名前を付けて保存する", other);
     // The dialog's own question whether to overwrite.
     program().wait_for_box().answer(IDYES);
     answer_box(L"Error: Book の保存に失敗\r\n" + other.wstring(), Icon::warning, IDOK);
@@ -65,7 +65,7 @@ TEST_F(BookCommands, ANewBookIsMadeAfterTheOldOneIsSaved)
 {
     const fs::path file = open_numbered_book(2);
     write(L"あ");
-    choose(app::new_book, L"Book の新規作成", in_root(L"白紙"));
+    choose(app::command::new_book, L"Book の新規作成", in_root(L"白紙"));
     expect_soon(L"白紙", [&] { return title(); });
     expect_page(L"");
     EXPECT_EQ(box1_of(file), L"あ一\r\n");
@@ -78,7 +78,7 @@ TEST_F(BookCommands, OpeningAnotherBookSavesTheOneBefore)
     const auto other = root().add_book(L"ほか.bok", { make_page(L"ほか") });
     const fs::path file = open_numbered_book(1);
     write(L"あ");
-    choose(app::open_book, L"Book を開く", other);
+    choose(app::command::open_book, L"Book を開く", other);
     expect_page(L"ほか");
     EXPECT_EQ(title(), L"ほか");
     EXPECT_EQ(box1_of(file), L"あ一\r\n");
@@ -88,10 +88,10 @@ TEST_F(BookCommands, OpeningAnotherBookSavesTheOneBefore)
 TEST_F(BookCommands, OpeningTheOpenBookSavesItAndShowsItAgain)
 {
     const fs::path file = open_numbered_book(3);
-    main_window().send_command(app::next_page);
+    main_window().send_command(app::command::next_page);
     expect_page(L"二");
     write(L"あ");
-    choose(app::open_book, L"Book を開く", file);
+    choose(app::command::open_book, L"Book を開く", file);
     expect_soon(L"手帖", [&] { return title(); });
     expect_page(L"あ二");
     EXPECT_EQ(root().history(), std::vector{ file.wstring() });
@@ -103,7 +103,7 @@ TEST_F(BookCommands, AMissingBookOfTheHistoryLeavesTheOpenOneUntouched)
     const fs::path missing = in_root(L"消えた.bok");
     root().write_history({ file.wstring(), missing.wstring() });
     start().wait_for_window();
-    main_window().post_command(app::first_history_entry + 1);
+    main_window().post_command(app::command::first_history_entry + 1);
     answer_box(L"ファイル [" + missing.wstring() + L"] が見つかりませんでした．", Icon::warning, IDOK);
     expect_page(L"一");
     EXPECT_EQ(title(), L"手帖");
@@ -115,7 +115,7 @@ TEST_F(BookCommands, AnUnreadableBookOpenedByCommandEndsTheProgram)
     const fs::path file = open_numbered_book(1);
     const fs::path broken = in_root(L"壊れた.bok");
     write_bytes(broken, "");
-    choose(app::open_book, L"Book を開く", broken);
+    choose(app::command::open_book, L"Book を開く", broken);
     answer_box(L"BookHeader のロードに失敗\r\n" + broken.wstring() + closing_words, Icon::error, IDOK);
     EXPECT_EQ(program().exit_code(), 0u);
     EXPECT_EQ(root().history(), std::vector{ file.wstring() });
@@ -127,7 +127,7 @@ TEST_F(BookCommands, ReloadShowsWhatTheFileHolds)
 {
     const fs::path file = open_numbered_book(1);
     write(L"あ");
-    main_window().send_command(app::restore_book);
+    main_window().send_command(app::command::restore_book);
     expect_page(L"一");
     EXPECT_EQ(title(), L"手帖");
     EXPECT_EQ(box1_of(file), L"一\r\n");
@@ -137,19 +137,19 @@ TEST_F(BookCommands, ABackupIsACopyOfTheFileAndTheSecondOneAsks)
 {
     const fs::path file = open_numbered_book(1);
     const fs::path copy = in_root(L"book_backup") / L"手帖.bok";
-    main_window().post_command(app::backup_book);
+    main_window().post_command(app::command::backup_book);
     answer_box(L"バックアップしました:\r\n" + copy.wstring(), Icon::none, IDOK);
     EXPECT_EQ(file_bytes(copy), file_bytes(file));
     make_old(copy);
     const auto overwrite = L"手帖.bok はすでにバックアップフォルダに存在します．上書きしますか？";
-    main_window().post_command(app::backup_book);
+    main_window().post_command(app::command::backup_book);
     answer_box(overwrite, Icon::question, IDNO);
     main_window().send(WM_NULL);
     EXPECT_FALSE(program().has_dialog());
     EXPECT_TRUE(is_old(copy));
     write(L"あ");
-    main_window().send_command(app::save_if_changed);
-    main_window().post_command(app::backup_book);
+    main_window().send_command(app::command::save_if_changed);
+    main_window().post_command(app::command::backup_book);
     answer_box(overwrite, Icon::question, IDYES);
     answer_box(L"バックアップしました:\r\n" + copy.wstring(), Icon::none, IDOK);
     EXPECT_EQ(box1_of(copy), L"あ一\r\n");
@@ -168,13 +168,13 @@ TEST_F(BookCommands, WithTheSettingOnEachLoadMakesABackupInSilence)
 TEST_F(BookCommands, APageIsAddedAtTheEndOrAtTheCurrentPlaceAndSavedAtOnce)
 {
     const fs::path file = open_numbered_book(2);
-    main_window().send_command(app::add_page_at_end);
+    main_window().send_command(app::command::add_page_at_end);
     expect_page(L"");
     ASSERT_EQ(load_book(file).pages.size(), 3u);
     EXPECT_EQ(box1_of(file, 2), L"");
-    main_window().send_command(app::first_page);
+    main_window().send_command(app::command::first_page);
     expect_page(L"一");
-    main_window().send_command(app::add_page_here);
+    main_window().send_command(app::command::add_page_here);
     expect_page(L"");
     ASSERT_EQ(load_book(file).pages.size(), 4u);
     EXPECT_EQ(box1_of(file, 0), L"");
@@ -184,16 +184,16 @@ TEST_F(BookCommands, APageIsAddedAtTheEndOrAtTheCurrentPlaceAndSavedAtOnce)
 TEST_F(BookCommands, DeletingAPageAsksWithItsNumber)
 {
     const fs::path file = open_numbered_book(2);
-    main_window().send_command(app::last_page);
+    main_window().send_command(app::command::last_page);
     const auto question = L"このページを削除しますか？\r\n[ p.2 ]";
-    main_window().post_command(app::delete_page);
+    main_window().post_command(app::command::delete_page);
     answer_box(question, Icon::question, IDNO);
     expect_page(L"二");
-    main_window().post_command(app::delete_page);
+    main_window().post_command(app::command::delete_page);
     answer_box(question, Icon::question, IDYES);
     expect_page(L"一");
     ASSERT_EQ(load_book(file).pages.size(), 1u);
-    main_window().post_command(app::delete_page);
+    main_window().post_command(app::command::delete_page);
     answer_box(L"このページを削除しますか？\r\n[ p.1 ]", Icon::question, IDYES);
     expect_page(L"");
     close();

@@ -82,7 +82,7 @@ void EndToEnd::expect_fatal_start(const std::wstring& message, const Where& wher
 void EndToEnd::expect_page(const std::wstring& box1, const Where& where) const
 {
     expect_soon(
-        as_loaded(box1), [&] { return box(app::box_1).text(); }, where);
+        as_loaded(box1), [&] { return box(app::command::box_1).text(); }, where);
 }
 
 std::wstring as_loaded(const std::wstring& text)

@@ -12,7 +12,7 @@ protected:
     fs::path edit_a_book()
     {
         const fs::path file = open_numbered_book(2);
-        program().click_on(box(app::box_1));
+        program().click_on(box(app::command::box_1));
         type_text(L"あ");
         expect_soon(L"手帖 *", [&] { return title(); });
         return file;
@@ -48,7 +48,7 @@ TEST_F(Ending, AltF4SavesTheEditWithoutAQuestion)
 TEST_F(Ending, TheQuitCommandClosesTheWindow)
 {
     const fs::path file = edit_a_book();
-    main_window().post_command(app::close_program);
+    main_window().post_command(app::command::close_program);
     expect_saved_without_a_question(file);
 }
 

@@ -64,8 +64,8 @@ TEST_F(Reading, ADamagedHeaderAnsweredYesOpensTheBookWithDefaults)
     answer_box(damaged_question(file), Icon::warning, IDYES);
     program().wait_for_window();
     expect_page(L"一");
-    EXPECT_EQ(box(app::box_2).text(), L"見出し");
-    main_window().send_command(app::next_page);
+    EXPECT_EQ(box(app::command::box_2).text(), L"見出し");
+    main_window().send_command(app::command::next_page);
     expect_page(L"二");
     close();
     const book::Book book = load_book(file);
@@ -88,7 +88,7 @@ TEST_F(Reading, AnOlderFormatAnsweredYesBecomesTheCurrentOneAtTheNextSave)
     program().wait_for_window();
     expect_page(L"一");
     EXPECT_EQ(utf16_text(file_bytes(file)), older_book());
-    main_window().send_command(app::save_always);
+    main_window().send_command(app::command::save_always);
     EXPECT_EQ(file_bytes(file).substr(0, 8), std::string("\3\0\3\0\r\0\n\0", 8));
     const book::Book book = load_book(file);
     ASSERT_EQ(book.pages.size(), 2u);
@@ -160,7 +160,7 @@ TEST_F(Reading, HostileNumbersInAHeaderAndAPageStillShowThePage)
     page.back_color.fill(0xFE000000);
     open(root().add_book(L"手帖.bok", { page }, header));
     expect_page(L"一");
-    EXPECT_EQ(box(app::box_3).text(), L"三\r\n");
+    EXPECT_EQ(box(app::command::box_3).text(), L"三\r\n");
     close();
 }
 
@@ -169,9 +169,9 @@ TEST_F(Reading, APositionPastTheEndShowsNoPageUntilTheUserMoves)
     book::BookHeader header;
     header.position = UINT64_MAX;
     open(root().add_book(L"手帖.bok", { make_page(L"一"), make_page(L"二") }, header));
-    EXPECT_EQ(box(app::box_1).text(), L"");
-    EXPECT_TRUE(box(app::box_1).is_read_only());
-    main_window().send_command(app::last_page);
+    EXPECT_EQ(box(app::command::box_1).text(), L"");
+    EXPECT_TRUE(box(app::command::box_1).is_read_only());
+    main_window().send_command(app::command::last_page);
     expect_page(L"二");
-    EXPECT_FALSE(box(app::box_1).is_read_only());
+    EXPECT_FALSE(box(app::command::box_1).is_read_only());
 }

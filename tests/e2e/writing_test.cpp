@@ -40,13 +40,13 @@ TEST_F(Writing, TheFirstTypedCharacterPutsAStarIntoTheTitle)
 {
     open_numbered_book(2);
     EXPECT_EQ(title(), L"手帖");
-    program().click_on(box(app::box_1));
+    program().click_on(box(app::command::box_1));
     EXPECT_EQ(title(), L"手帖");
     type_text(L"あ");
     expect_title(L"手帖 *");
-    EXPECT_EQ(box(app::box_1).text(), L"あ一\r\n");
+    EXPECT_EQ(box(app::command::box_1).text(), L"あ一\r\n");
     type_text(L"い");
-    expect_soon(L"あい一\r\n", [&] { return box(app::box_1).text(); });
+    expect_soon(L"あい一\r\n", [&] { return box(app::command::box_1).text(); });
     EXPECT_EQ(title(), L"手帖 *");
 }
 
@@ -55,12 +55,12 @@ TEST_F(Writing, CtrlSSavesJapaneseTextTypedIntoEachBox)
     const fs::path file = open_numbered_book(2);
     const std::wstring typed = L"日本語、" + yoshi() + L"野家。";
     const std::wstring before = book::current_time_text();
-    write_at_end(app::box_1, typed);
-    write_at_end(app::box_2, L"見出し" + yoshi());
-    write_at_end(app::box_3, L"本文");
+    write_at_end(app::command::box_1, typed);
+    write_at_end(app::command::box_2, L"見出し" + yoshi());
+    write_at_end(app::command::box_3, L"本文");
     press(VK_RETURN);
     type_text(L"二行目");
-    expect_soon(L"本文\r\n二行目", [&] { return box(app::box_3).text(); });
+    expect_soon(L"本文\r\n二行目", [&] { return box(app::command::box_3).text(); });
     make_old(file);
 
     chord({ VK_CONTROL, 'S' });
@@ -85,7 +85,7 @@ TEST_F(Writing, CtrlSSavesJapaneseTextTypedIntoEachBox)
 TEST_F(Writing, CtrlSWithNothingChangedWritesNothing)
 {
     const fs::path file = open_numbered_book(2);
-    program().click_on(box(app::box_1));
+    program().click_on(box(app::command::box_1));
     make_old(file);
     const std::string before = file_bytes(file);
     chord({ VK_CONTROL, 'S' });
@@ -102,7 +102,7 @@ TEST_F(Writing, CtrlSWithNothingChangedWritesNothing)
 TEST_F(Writing, CtrlSWorksInEveryBoxAndKeepsTheFocusThere)
 {
     const fs::path file = open_numbered_book(1);
-    for (const int id : { app::box_1, app::box_2, app::box_3 }) {
+    for (const int id : { app::command::box_1, app::command::box_2, app::command::box_3 }) {
         write_at_end(id, L"字");
         expect_title(L"手帖 *");
         make_old(file);
@@ -117,7 +117,7 @@ TEST_F(Writing, TheSaveCommandWritesAnUnchangedBookToo)
 {
     const fs::path file = open_numbered_book(1);
     make_old(file);
-    main_window().send_command(app::save_always);
+    main_window().send_command(app::command::save_always);
     EXPECT_FALSE(is_old(file));
     EXPECT_EQ(load_book(file).pages[0].stamp, old_stamp);
 }
@@ -125,9 +125,9 @@ TEST_F(Writing, TheSaveCommandWritesAnUnchangedBookToo)
 TEST_F(Writing, LeavingAChangedPageAndAnsweringYesWritesIt)
 {
     const fs::path file = open_numbered_book(2);
-    write_at_end(app::box_1, L"追記");
+    write_at_end(app::command::box_1, L"追記");
     expect_title(L"手帖 *");
-    main_window().post_command(app::next_page);
+    main_window().post_command(app::command::next_page);
 
     const MessageDialog asked = program().wait_for_box();
     EXPECT_EQ(asked.text(), question);
@@ -143,22 +143,22 @@ TEST_F(Writing, LeavingAChangedPageAndAnsweringYesWritesIt)
     EXPECT_EQ(title(), L"手帖");
     EXPECT_EQ(stored_box1(file), L"一\r\n追記\r\n");
     EXPECT_NE(load_book(file).pages[0].stamp, old_stamp);
-    main_window().send_command(app::previous_page);
-    EXPECT_EQ(box(app::box_1).text().substr(0, 5), L"一\r\n追記");
+    main_window().send_command(app::command::previous_page);
+    EXPECT_EQ(box(app::command::box_1).text().substr(0, 5), L"一\r\n追記");
 }
 
 TEST_F(Writing, LeavingAChangedPageAndAnsweringNoGivesTheEditUp)
 {
     const fs::path file = open_numbered_book(2);
     make_old(file);
-    write_at_end(app::box_1, L"追記");
+    write_at_end(app::command::box_1, L"追記");
     expect_title(L"手帖 *");
-    main_window().post_command(app::next_page);
+    main_window().post_command(app::command::next_page);
     answer_box(question, Icon::question, IDNO);
     expect_page(L"二");
     EXPECT_EQ(title(), L"手帖");
     EXPECT_TRUE(is_old(file));
-    main_window().send_command(app::previous_page);
+    main_window().send_command(app::command::previous_page);
     expect_page(L"一");
     close();
     EXPECT_EQ(stored_box1(file), L"一\r\n");
@@ -168,11 +168,11 @@ TEST_F(Writing, SavingTrimsTheSecondBoxAndDropsTheDividerOfTheFile)
 {
     const fs::path file = open_numbered_book(1);
     const std::wstring divided = L"前\x3後";
-    for (const int id : { app::box_1, app::box_2, app::box_3 }) {
+    for (const int id : { app::command::box_1, app::command::box_2, app::command::box_3 }) {
         box(id).select(0, static_cast<std::size_t>(-1));
         box(id).send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>((L" \x3000" + divided + L" \t").c_str()));
     }
-    main_window().send_command(app::save_if_changed);
+    main_window().send_command(app::command::save_if_changed);
     const book::Page page = load_book(file).pages.at(0);
     EXPECT_EQ(page.text[0], L" \x3000前後\r\n");
     EXPECT_EQ(page.text[1], L"前後");
@@ -188,7 +188,7 @@ TEST_F(Writing, TypingGoesOnInAPageOfManyCharacters)
         text += L"\r\n" + line;
     const fs::path file = root().add_book(L"手帖.bok", { make_page(text, L"", text) });
     open(file);
-    for (const int id : { app::box_1, app::box_3 }) {
+    for (const int id : { app::command::box_1, app::command::box_3 }) {
         ASSERT_EQ(box(id).text(), text + L"\r\n");
         write_at_end(id, L"続き");
         expect_soon(text + L"\r\n続き", [&] { return box(id).text(); });
@@ -202,38 +202,38 @@ TEST_F(Writing, TypingGoesOnInAPageOfManyCharacters)
 TEST_F(Writing, ADoubleClickSelectsNoWord)
 {
     open(root().add_book(L"手帖.bok", { make_page(L"wordwordwordwordwordwordwordword") }));
-    const RECT rect = box(app::box_1).rect();
+    const RECT rect = box(app::command::box_1).rect();
     const POINT on_the_text{ rect.left + 40, rect.top + 12 };
-    program().click_on(box(app::box_1));
+    program().click_on(box(app::command::box_1));
     double_click(on_the_text);
     type_text(L"+");
-    expect_soon(35u, [&] { return box(app::box_1).text().size(); });
-    EXPECT_NE(box(app::box_1).text().find(L'+'), 0u);
+    expect_soon(35u, [&] { return box(app::command::box_1).text().size(); });
+    EXPECT_NE(box(app::command::box_1).text().find(L'+'), 0u);
 }
 
 TEST_F(Writing, TabGoesFromBoxToBoxAndShiftTabWritesATab)
 {
     open_numbered_book(1);
-    program().click_on(box(app::box_1));
-    for (const int id : { app::box_2, app::box_3 }) {
+    program().click_on(box(app::command::box_1));
+    for (const int id : { app::command::box_2, app::command::box_3 }) {
         press(VK_TAB);
         expect_soon(id, [&] { return GetDlgCtrlID(program().focus().handle()); });
     }
-    EXPECT_EQ(box(app::box_1).text(), L"一\r\n");
-    EXPECT_EQ(box(app::box_2).text(), L"");
+    EXPECT_EQ(box(app::command::box_1).text(), L"一\r\n");
+    EXPECT_EQ(box(app::command::box_2).text(), L"");
     EXPECT_EQ(title(), L"手帖");
     chord({ VK_SHIFT, VK_TAB });
-    expect_soon(L"\t", [&] { return box(app::box_3).text(); });
-    EXPECT_EQ(program().focus(), box(app::box_3));
+    expect_soon(L"\t", [&] { return box(app::command::box_3).text(); });
+    EXPECT_EQ(program().focus(), box(app::command::box_3));
 }
 
 TEST_F(Writing, ACopiedTextIsPastedWithItsPairsWhole)
 {
     open_numbered_book(1);
-    write_at_end(app::box_1, yoshi() + L"野家");
+    write_at_end(app::command::box_1, yoshi() + L"野家");
     chord({ VK_CONTROL, 'A' });
     chord({ VK_CONTROL, 'C' });
-    program().click_on(box(app::box_3));
+    program().click_on(box(app::command::box_3));
     chord({ VK_CONTROL, 'V' });
-    expect_soon(L"一\r\n" + yoshi() + L"野家", [&] { return box(app::box_3).text(); });
+    expect_soon(L"一\r\n" + yoshi() + L"野家", [&] { return box(app::command::box_3).text(); });
 }
