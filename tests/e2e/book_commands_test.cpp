@@ -61,6 +61,27 @@ TEST_F(BookCommands, SaveAsOverAFileThatCannotBeWrittenKeepsTheOldName)
     EXPECT_EQ(root().history(), std::vector{ file.wstring() });
 }
 
+// A dialog leaves the current folder wherever the user looked last.
+TEST_F(BookCommands, ARelativePathStaysInTheDataRootWhereverADialogWent)
+{
+    fs::create_directories(in_root(L"ほか"));
+    const auto other = root().add_book(L"ほか\\書けない.bok", { make_page(L"ほか") });
+    const auto file = root().add_book(L"手帖.bok", { make_page(L"一") });
+    open(L"手帖.bok");
+    {
+        const ReadOnly protection(other);
+        SetFileAttributesW(other.c_str(), FILE_ATTRIBUTE_NORMAL);
+        choose(app::save_book_as, L"Book に名前を付けて保存する", other);
+        program().wait_for_box().answer(IDYES);
+        answer_box(L"Error: Book の保存に失敗\r\n" + other.wstring(), Icon::warning, IDOK);
+    }
+    write(L"あ");
+    main_window().send_command(app::save_if_changed);
+    EXPECT_EQ(box1_of(file), L"あ一\r\n");
+    EXPECT_FALSE(fs::exists(in_root(L"ほか") / L"手帖.bok"));
+    EXPECT_EQ(title(), L"手帖");
+}
+
 TEST_F(BookCommands, ANewBookIsMadeAfterTheOldOneIsSaved)
 {
     const fs::path file = open_numbered_book(2);

@@ -175,3 +175,24 @@ TEST_F(Reading, APositionPastTheEndShowsNoPageUntilTheUserMoves)
     expect_page(L"二");
     EXPECT_FALSE(box(app::command::box_1).is_read_only());
 }
+
+// Otherwise every start would fail on the same first entry.
+TEST_F(Reading, ABookThatCannotBePutInOrderEndsTheProgramAndIsForgotten)
+{
+    book::BookHeader header;
+    header.order_mode = static_cast<std::int32_t>(book::OrderMode::sorted);
+    header.sort_key = static_cast<std::int32_t>(book::SortKey::modified);
+    auto page = make_page(L"一");
+    page.stamp = L"2001";
+    const auto bad = root().add_book(L"短い.bok", { page, make_page(L"二") }, header);
+    const auto good = root().add_book(L"よい.bok", { make_page(L"一") });
+    root().write_history({ bad.wstring(), good.wstring() });
+    start();
+    const MessageDialog told = program().wait_for_box();
+    EXPECT_TRUE(told.text().ends_with(closing_words));
+    EXPECT_EQ(told.icon(), Icon::error);
+    told.answer(IDOK);
+    answer_box(L"Error: ウィンドウの作成に失敗", Icon::error, IDOK);
+    EXPECT_EQ(program().exit_code(), failed_exit_code);
+    EXPECT_EQ(root().history(), std::vector{ good.wstring() });
+}

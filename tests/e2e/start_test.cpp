@@ -160,6 +160,21 @@ TEST_F(Start, AsksForANewBookWhenEveryBookOfTheHistoryIsMissing)
     EXPECT_EQ(root().history(), std::vector{ (root().folder() / L"丙.bok").wstring() });
 }
 
+TEST_F(Start, ANewBookThatCannotBeWrittenEndsTheProgram)
+{
+    const fs::path taken = root().add_book(L"手帖.bok", { make_page(L"一") });
+    const std::string before = file_bytes(taken);
+    const ReadOnly protection(taken);
+    SetFileAttributesW(taken.c_str(), FILE_ATTRIBUTE_NORMAL);
+    start();
+    program().wait_for_file_dialog().choose(taken.wstring());
+    // The dialog's own question whether to overwrite.
+    program().wait_for_box().answer(IDYES);
+    answer_box(L"Book の作成に失敗", Icon::warning, IDOK);
+    expect_fatal_start(L"Book を開けませんでした");
+    EXPECT_EQ(file_bytes(taken), before);
+}
+
 TEST_F(Start, AHistoryOfNothingButAByteOrderMarkAsksOnceForANewBook)
 {
     write_bytes(root().history_file(), utf16_bytes(L"\xFEFF\r\n"));

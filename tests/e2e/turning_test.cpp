@@ -129,6 +129,22 @@ TEST_F(Turning, APlaceBeyondThirtyTwoThousandLinesComesBackToo)
     EXPECT_EQ(load_book(file).pages[0].scroll_first, 35000);
 }
 
+TEST_F(Turning, TheScrollPlacesOfAWrappedBookComeBackAndAreKept)
+{
+    book::BookHeader header;
+    header.wrap_text = 1;
+    auto page = make_page(many_lines(300), L"", many_lines(300));
+    page.scroll_first = 120;
+    page.scroll_third = 70;
+    const fs::path file = root().add_book(L"手帖.bok", { page }, header);
+    open(file);
+    EXPECT_EQ(box(app::box_1).first_visible_line(), 120u);
+    EXPECT_EQ(box(app::box_3).first_visible_line(), 70u);
+    close();
+    EXPECT_EQ(load_book(file).pages[0].scroll_first, 120);
+    EXPECT_EQ(load_book(file).pages[0].scroll_third, 70);
+}
+
 TEST_F(Turning, APlaceBeyondTheEndOfTheTextIsHarmless)
 {
     auto page = make_page(L"一\r\n二\r\n三");

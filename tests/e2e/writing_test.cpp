@@ -227,6 +227,29 @@ TEST_F(Writing, TabGoesFromBoxToBoxAndShiftTabWritesATab)
     EXPECT_EQ(program().focus(), box(app::command::box_3));
 }
 
+// Wrapping makes the edit controls anew: they have to work as the first ones did.
+TEST_F(Writing, TheBoxesOfAWrappedBookTypeTabAndSave)
+{
+    book::BookHeader header;
+    header.wrap_text = 1;
+    const fs::path file = root().add_book(L"手帖.bok", { make_page(L"一", L"", L"三") }, header);
+    open(file);
+    EXPECT_EQ(box(app::box_1).style() & (WS_HSCROLL | ES_AUTOHSCROLL), 0);
+    EXPECT_EQ(title(), L"手帖");
+    program().click_on(box(app::box_1));
+    for (const int id : { app::box_2, app::box_3 }) {
+        press(VK_TAB);
+        expect_soon(id, [&] { return GetDlgCtrlID(program().focus().handle()); });
+    }
+    const std::wstring typed(200, L'字');
+    type_text(typed);
+    expect_soon(typed + L"三\r\n", [&] { return box(app::box_3).text(); });
+    expect_title(L"手帖 *");
+    chord({ VK_CONTROL, 'S' });
+    expect_title(L"手帖");
+    EXPECT_EQ(load_book(file).pages[0].text[2], typed + L"三\r\n");
+}
+
 TEST_F(Writing, ACopiedTextIsPastedWithItsPairsWhole)
 {
     open_numbered_book(1);
