@@ -71,12 +71,12 @@ TEST_F(BookCommands, ARelativePathStaysInTheDataRootWhereverADialogWent)
     {
         const ReadOnly protection(other);
         SetFileAttributesW(other.c_str(), FILE_ATTRIBUTE_NORMAL);
-        choose(app::save_book_as, L"Book に名前を付けて保存する", other);
+        choose(app::command::save_book_as, L"Book に名前を付けて保存する", other);
         program().wait_for_box().answer(IDYES);
         answer_box(L"Error: Book の保存に失敗\r\n" + other.wstring(), Icon::warning, IDOK);
     }
     write(L"あ");
-    main_window().send_command(app::save_if_changed);
+    main_window().send_command(app::command::save_if_changed);
     EXPECT_EQ(box1_of(file), L"あ一\r\n");
     EXPECT_FALSE(fs::exists(in_root(L"ほか") / L"手帖.bok"));
     EXPECT_EQ(title(), L"手帖");

@@ -138,8 +138,8 @@ TEST_F(Turning, TheScrollPlacesOfAWrappedBookComeBackAndAreKept)
     page.scroll_third = 70;
     const fs::path file = root().add_book(L"手帖.bok", { page }, header);
     open(file);
-    EXPECT_EQ(box(app::box_1).first_visible_line(), 120u);
-    EXPECT_EQ(box(app::box_3).first_visible_line(), 70u);
+    EXPECT_EQ(box(app::command::box_1).first_visible_line(), 120u);
+    EXPECT_EQ(box(app::command::box_3).first_visible_line(), 70u);
     close();
     EXPECT_EQ(load_book(file).pages[0].scroll_first, 120);
     EXPECT_EQ(load_book(file).pages[0].scroll_third, 70);

@@ -41,24 +41,30 @@ protected:
 TEST_F(Walk, CommandsWithoutAnObjectAreHarmless)
 {
     const fs::path file = open_numbered_book(9);
-    const int commands[] = { app::save_always, app::save_book_as, app::save_if_changed,
-        app::save_after_question, app::restore_book, app::backup_book, app::next_page, app::previous_page,
-        app::first_page, app::last_page, app::toggle_mark, app::toggle_mark_tracking,
-        app::toggle_tab_tracking, app::toggle_random_order, app::reverse_order, app::toggle_sorted_order,
-        app::search_selection, app::toggle_all_terms, app::toggle_ignore_case, app::toggle_file_list_search,
-        app::clear_search, app::about, app::request_refresh, app::go_to_tab, app::renew_edited_mark,
-        app::choose_result, app::delete_page, app::set_accepting_input, app::repaint_box, app::set_box_font,
-        app::toggle_tab, app::remove_tab, app::add_page_at_end, app::add_page_here, app::first_file,
-        app::next_file, app::move_file_down, app::sort_files_ascending, app::accelerator_save,
-        app::first_interpolation_command, app::first_theme + 3, app::apply_theme_to_pages };
+    const int commands[] = { app::command::save_always, app::command::save_book_as,
+        app::command::save_if_changed, app::command::save_after_question, app::command::restore_book,
+        app::command::backup_book, app::command::next_page, app::command::previous_page,
+        app::command::first_page, app::command::last_page, app::command::toggle_mark,
+        app::command::toggle_mark_tracking, app::command::toggle_tab_tracking,
+        app::command::toggle_random_order, app::command::reverse_order, app::command::toggle_sorted_order,
+        app::command::search_selection, app::command::toggle_all_terms, app::command::toggle_ignore_case,
+        app::command::toggle_file_list_search, app::command::clear_search, app::command::about,
+        app::command::request_refresh, app::command::go_to_tab, app::command::renew_edited_mark,
+        app::command::choose_result, app::command::delete_page, app::command::set_accepting_input,
+        app::command::repaint_box, app::command::set_box_font, app::command::toggle_tab,
+        app::command::remove_tab, app::command::add_page_at_end, app::command::add_page_here,
+        app::command::first_file, app::command::next_file, app::command::move_file_down,
+        app::command::sort_files_ascending, app::command::accelerator_save,
+        app::command::first_interpolation_command, app::command::first_theme + 3,
+        app::command::apply_theme_to_pages };
     std::mt19937 random(20240229);
     for (int step = 0; step < 300; ++step) {
         if (step % 7 == 0) {
-            const Window edited = box(app::box_1 + static_cast<int>(random() % 3));
+            const Window edited = box(app::command::box_1 + static_cast<int>(random() % 3));
             edited.send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"字"));
         }
         const bool is_accepting = random() % 4 != 0;
-        main_window().send_command(app::set_accepting_input, is_accepting);
+        main_window().send_command(app::command::set_accepting_input, is_accepting);
         walk(commands[random() % std::size(commands)], 0);
     }
     close();

@@ -234,16 +234,16 @@ TEST_F(Writing, TheBoxesOfAWrappedBookTypeTabAndSave)
     header.wrap_text = 1;
     const fs::path file = root().add_book(L"手帖.bok", { make_page(L"一", L"", L"三") }, header);
     open(file);
-    EXPECT_EQ(box(app::box_1).style() & (WS_HSCROLL | ES_AUTOHSCROLL), 0);
+    EXPECT_EQ(box(app::command::box_1).style() & (WS_HSCROLL | ES_AUTOHSCROLL), 0);
     EXPECT_EQ(title(), L"手帖");
-    program().click_on(box(app::box_1));
-    for (const int id : { app::box_2, app::box_3 }) {
+    program().click_on(box(app::command::box_1));
+    for (const int id : { app::command::box_2, app::command::box_3 }) {
         press(VK_TAB);
         expect_soon(id, [&] { return GetDlgCtrlID(program().focus().handle()); });
     }
     const std::wstring typed(200, L'字');
     type_text(typed);
-    expect_soon(typed + L"三\r\n", [&] { return box(app::box_3).text(); });
+    expect_soon(typed + L"三\r\n", [&] { return box(app::command::box_3).text(); });
     expect_title(L"手帖 *");
     chord({ VK_CONTROL, 'S' });
     expect_title(L"手帖");
