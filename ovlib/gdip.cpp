@@ -33,14 +33,18 @@ Gdiplus::GpStatus add_corners(Gdiplus::GpPath* path, const RECT& rect, float dx,
 
 } // namespace
 
+int GDIPSession::running_ = 0;
+
 GDIPSession::GDIPSession()
 {
     Gdiplus::GdiplusStartupInput input;
     status_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr);
+    running_ += is_ready() ? 1 : 0;
 }
 
 GDIPSession::~GDIPSession()
 {
+    running_ -= is_ready() ? 1 : 0;
     Gdiplus::GdiplusShutdown(token_);
 }
 
@@ -58,7 +62,7 @@ void fill_image_extensions()
 {
     UINT count = 0;
     UINT size = 0;
-    if (GdipGetImageDecodersSize(&count, &size) != Gdiplus::Ok || size == 0)
+    if (!GDIPSession::is_running() || GdipGetImageDecodersSize(&count, &size) != Gdiplus::Ok || size == 0)
         return;
     std::vector<std::max_align_t> memory(size / sizeof(std::max_align_t) + 1);
     auto* const decoders = reinterpret_cast<Gdiplus::ImageCodecInfo*>(memory.data());

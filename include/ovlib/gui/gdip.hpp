@@ -17,10 +17,13 @@ public:
     GDIPSession& operator=(const GDIPSession&) = delete;
     ~GDIPSession();
     bool is_ready() const { return status_ == Gdiplus::Ok; }
+    // True while some session is ready.
+    static bool is_running() { return running_ != 0; }
 
 private:
     ULONG_PTR token_ = 0;
     Gdiplus::GpStatus status_;
+    static int running_;
 };
 
 // Extensions of the pictures that GDI+ can read, such as ".BMP". Empty until filled.

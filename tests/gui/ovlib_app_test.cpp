@@ -1,0 +1,92 @@
+// What the process was started with, and ini files.
+#include <gtest/gtest.h>
+
+#include "ovlib/ini_data.hpp"
+#include "ovlib/win_app.hpp"
+#include "tests/support/gui_folder.hpp"
+
+namespace {
+
+using ovlib::IniData;
+using ovlib::WinApp::parent_path;
+
+TEST(WinApp, TheParentPathEndsBeforeTheLastSeparators)
+{
+    EXPECT_EQ(parent_path(L"C:\\Apps\\Pagewick\\pagewick.exe"), L"C:\\Apps\\Pagewick");
+    EXPECT_EQ(parent_path(L"C:/Apps/pagewick.exe"), L"C:/Apps");
+    EXPECT_EQ(parent_path(L"C:\\Apps\\\\//pagewick.exe"), L"C:\\Apps");
+    EXPECT_EQ(parent_path(L"folder\\pagewick.exe"), L"folder");
+    EXPECT_EQ(parent_path(L"C:\\Apps\\"), L"C:\\Apps");
+}
+
+TEST(WinApp, ARootIsNeverCutInto)
+{
+    EXPECT_EQ(parent_path(L"C:\\pagewick.exe"), L"C:\\");
+    EXPECT_EQ(parent_path(L"C:\\\\pagewick.exe"), L"C:\\\\");
+    EXPECT_EQ(parent_path(L"C:\\"), L"C:\\");
+    EXPECT_EQ(parent_path(L"\\pagewick.exe"), L"\\");
+    EXPECT_EQ(parent_path(L"C:pagewick.exe"), L"C:");
+    EXPECT_EQ(parent_path(L"\\\\server\\share\\pagewick.exe"), L"\\\\server\\share");
+    EXPECT_EQ(parent_path(L"\\\\server\\pagewick.exe"), L"\\\\server\\");
+}
+
+TEST(WinApp, ABareNameHasNoParent)
+{
+    EXPECT_EQ(parent_path(L"pagewick.exe"), L"");
+    EXPECT_EQ(parent_path(L""), L"");
+}
+
+TEST(WinApp, IsInitializedFromTheEntryAndTheCommandLine)
+{
+    using namespace ovlib;
+    const HINSTANCE module = GetModuleHandleW(nullptr);
+    WinApp::initialize(module, SW_SHOWMINNOACTIVE);
+    EXPECT_EQ(WinApp::instance, module);
+    EXPECT_EQ(WinApp::show_command, SW_SHOWMINNOACTIVE);
+    ASSERT_FALSE(WinApp::arguments.empty());
+    EXPECT_EQ(WinApp::program_path, WinApp::arguments.front());
+    EXPECT_EQ(WinApp::data_root, parent_path(WinApp::program_path));
+    EXPECT_EQ(WinApp::program_path.substr(WinApp::program_path.size() - 13), L"gui_tests.exe");
+    WinApp::initialize(nullptr, SW_SHOWNORMAL);
+}
+
+class Ini : public testing::Test {
+protected:
+    gui::TempFolder folder;
+};
+
+TEST_F(Ini, AMissingFileGivesTheDefaults)
+{
+    const IniData ini(folder.file(L"none.ini"));
+    EXPECT_EQ(ini.read_int(L"COMMON", L"INTERPOLATION", 5005), 5005);
+    EXPECT_EQ(ini.read_string(L"COMMON", L"VIEWDATA"), L"");
+}
+
+TEST_F(Ini, WhatIsWrittenIsReadAgain)
+{
+    const IniData ini(folder.file(L"設定.ini"));
+    EXPECT_TRUE(ini.write_string(L"COMMON", L"ICHAT", L"7"));
+    EXPECT_TRUE(ini.write_string(L"COMMON", L"VIEWDATA", L"1 2 3 4 2100"));
+    EXPECT_TRUE(ini.write_string(L"OTHER", L"ICHAT", L"8"));
+    EXPECT_EQ(ini.read_int(L"COMMON", L"ICHAT", 0), 7);
+    EXPECT_EQ(ini.read_int(L"OTHER", L"ICHAT", 0), 8);
+    EXPECT_EQ(ini.read_string(L"COMMON", L"VIEWDATA"), L"1 2 3 4 2100");
+    EXPECT_TRUE(ini.write_string(L"COMMON", L"ICHAT", L"-3"));
+    EXPECT_EQ(IniData(folder.file(L"設定.ini")).read_int(L"COMMON", L"ICHAT", 0), -3);
+}
+
+TEST_F(Ini, ALongTextIsCutAtTheBuffersEnd)
+{
+    const IniData ini(folder.file(L"long.ini"));
+    ASSERT_TRUE(ini.write_string(L"COMMON", L"VIEWDATA", std::wstring(9'000, L'1')));
+    EXPECT_EQ(ini.read_string(L"COMMON", L"VIEWDATA"), std::wstring(8'191, L'1'));
+}
+
+TEST_F(Ini, AFileThatCannotBeWrittenIsNoError)
+{
+    const IniData ini(folder.file(L"no such folder\\a.ini"));
+    EXPECT_FALSE(ini.write_string(L"COMMON", L"ICHAT", L"7"));
+    EXPECT_EQ(ini.read_int(L"COMMON", L"ICHAT", 4), 4);
+}
+
+} // namespace

@@ -1,0 +1,270 @@
+// The three message loops.
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "ovlib/event.hpp"
+#include "tests/support/gui_pump.hpp"
+#include "tests/support/gui_window.hpp"
+
+namespace {
+
+using gui::PlainSub;
+using gui::TopWnd;
+using ovlib::WndMessage;
+
+class LoopWnd : public TopWnd {
+public:
+    void dispatch(MSG& message) override
+    {
+        dispatched.push_back(message.message);
+        TopWnd::dispatch(message);
+    }
+    void on_wait_signalled(HANDLE handle) override
+    {
+        signalled = handle;
+        quit_waits_in_handler = PeekMessageW(&peeked, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
+    }
+    void on_wait_failed(HANDLE handle, std::uint32_t code) override
+    {
+        failed = handle;
+        failure = code;
+    }
+    std::ptrdiff_t passed(std::uint32_t message) const
+    {
+        return std::count(dispatched.begin(), dispatched.end(), message);
+    }
+
+    std::vector<std::uint32_t> dispatched;
+    HANDLE signalled = nullptr;
+    HANDLE failed = nullptr;
+    std::uint32_t failure = 0;
+    bool quit_waits_in_handler = false;
+    MSG peeked{};
+};
+
+class Loops : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        gui::take_quit();
+        ASSERT_TRUE(top.create(L"loops"));
+        gui::pump();
+        top.dispatched.clear();
+    }
+    void TearDown() override
+    {
+        top.destroy();
+        gui::take_quit();
+    }
+
+    LoopWnd top;
+};
+
+TEST_F(Loops, TheMessageLoopDispatchesUntilQuitAndReturnsItsCode)
+{
+    top.post(WM_APP, 0, 0);
+    top.post(WM_APP, 0, 0);
+    PostQuitMessage(17);
+    EXPECT_EQ(top.message_loop(), 17);
+    EXPECT_EQ(top.passed(WM_APP), 2);
+}
+
+TEST_F(Loops, ClosingAPlainBaseWindowEndsTheMessageLoop)
+{
+    gui::Watched<ovlib::BaseWnd> wnd;
+    ASSERT_TRUE(wnd.create(L""));
+    wnd.post(WM_CLOSE, 0, 0);
+    EXPECT_EQ(wnd.message_loop(), 0);
+    EXPECT_EQ(wnd.hwnd(), nullptr);
+}
+
+TEST_F(Loops, WaitRefusesANullHandle)
+{
+    EXPECT_FALSE(top.wait(nullptr));
+    EXPECT_EQ(top.signalled, nullptr);
+    EXPECT_EQ(top.failed, nullptr);
+}
+
+TEST_F(Loops, WaitTellsOfAHandleThatIsSignalledAlready)
+{
+    ovlib::Event event(ovlib::Event::Reset::manual, true);
+    EXPECT_TRUE(top.wait(event.handle()));
+    EXPECT_EQ(top.signalled, event.handle());
+}
+
+TEST_F(Loops, WaitServesMessagesUntilTheHandleIsSignalled)
+{
+    ovlib::Event event(ovlib::Event::Reset::manual);
+    int served = 0;
+    top.answer = [&](WndMessage& message) {
+        if (message.message == WM_APP && ++served == 3)
+            event.set();
+        return message.message == WM_APP;
+    };
+    std::thread worker([&, hwnd = top.hwnd()] {
+        for (int i = 0; i < 3; ++i) {
+            PostMessageW(hwnd, WM_APP, 0, 0);
+            Sleep(1);
+        }
+    });
+    EXPECT_TRUE(top.wait(event.handle()));
+    worker.join();
+    EXPECT_EQ(served, 3);
+    EXPECT_EQ(top.passed(WM_APP), 3) << "through the window's own dispatch";
+    EXPECT_EQ(top.failed, nullptr);
+}
+
+TEST_F(Loops, WaitTellsOfFailureAndItsValue)
+{
+    ovlib::Event event;
+    HANDLE copy = nullptr;
+    DuplicateHandle(
+        GetCurrentProcess(), event.handle(), GetCurrentProcess(), &copy, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    CloseHandle(copy);
+    EXPECT_FALSE(top.wait(copy));
+    EXPECT_EQ(top.failed, copy);
+    EXPECT_EQ(top.failure, static_cast<std::uint32_t>(WAIT_FAILED));
+}
+
+TEST_F(Loops, WaitGivesBackTheQuitThatItMet)
+{
+    ovlib::Event event(ovlib::Event::Reset::manual);
+    top.answer = [&](WndMessage& message) {
+        if (message.message == WM_TIMER)
+            event.set();
+        return false;
+    };
+    PostQuitMessage(23);
+    SetTimer(top.hwnd(), 1, 10, nullptr); // timers come after a quit
+    EXPECT_TRUE(top.wait(event.handle())) << "the wait goes on after the quit";
+    KillTimer(top.hwnd(), 1);
+    EXPECT_FALSE(top.quit_waits_in_handler) << "a box of the handler would not show over a waiting quit";
+    EXPECT_EQ(top.passed(WM_QUIT), 0);
+    EXPECT_EQ(top.message_loop(), 23);
+}
+
+class ModalRun : public Loops {
+protected:
+    void SetUp() override
+    {
+        Loops::SetUp();
+        ASSERT_TRUE(sub.create(L"modal"));
+        sub.show_cmd(SW_SHOW);
+        gui::pump();
+        top.dispatched.clear();
+    }
+
+    PlainSub sub{ &top, 5 };
+};
+
+TEST_F(ModalRun, DisablesItsParentUntilItsWindowIsGone)
+{
+    bool enabled_inside = true;
+    bool running_inside = false;
+    sub.answer = [&](WndMessage& message) {
+        if (message.message == WM_APP) {
+            enabled_inside = top.is_enabled();
+            running_inside = sub.is_running();
+            sub.run(); // refused: it runs
+            sub.post(WM_CLOSE, 0, 0);
+        }
+        return false;
+    };
+    sub.post(WM_APP, 0, 0);
+    sub.run();
+    EXPECT_FALSE(enabled_inside);
+    EXPECT_TRUE(running_inside);
+    EXPECT_FALSE(sub.is_running());
+    EXPECT_EQ(sub.hwnd(), nullptr);
+    EXPECT_TRUE(top.is_enabled());
+    EXPECT_TRUE(gui::pump_until([&] { return GetForegroundWindow() == top.hwnd(); }));
+}
+
+TEST_F(ModalRun, CanRunAgain)
+{
+    for (int round = 0; round < 3; ++round) {
+        if (sub.hwnd() == nullptr) {
+            ASSERT_TRUE(sub.create(L"again"));
+        }
+        sub.post(WM_CLOSE, 0, 0);
+        sub.run();
+        EXPECT_EQ(sub.hwnd(), nullptr);
+        EXPECT_TRUE(top.is_enabled());
+    }
+}
+
+TEST_F(ModalRun, DispatchesThroughItsParent)
+{
+    sub.post(WM_APP, 0, 0);
+    sub.post(WM_CLOSE, 0, 0);
+    sub.run();
+    EXPECT_EQ(top.passed(WM_APP), 1) << "the parent's accelerators see the message";
+}
+
+TEST_F(ModalRun, DropsMessagesWithoutAWindow)
+{
+    PostThreadMessageW(GetCurrentThreadId(), WM_APP + 1, 0, 0);
+    sub.post(WM_CLOSE, 0, 0);
+    sub.run();
+    EXPECT_EQ(top.passed(WM_APP + 1), 0);
+}
+
+TEST_F(ModalRun, LeavesOnQuitWithoutPostingItAgain)
+{
+    PostQuitMessage(3);
+    sub.run();
+    EXPECT_TRUE(top.is_enabled());
+    EXPECT_NE(sub.hwnd(), nullptr);
+    EXPECT_FALSE(gui::take_quit());
+    sub.post(WM_CLOSE, 0, 0);
+    sub.run();
+    EXPECT_EQ(sub.hwnd(), nullptr) << "a run that was left may be taken up again";
+}
+
+TEST_F(ModalRun, WithoutAParentOrAWindowDoesNotRun)
+{
+    PlainSub orphan(nullptr, 1);
+    ASSERT_TRUE(orphan.create(L""));
+    orphan.run();
+    EXPECT_FALSE(orphan.is_running());
+    orphan.destroy();
+    PlainSub uncreated(&top, 2);
+    uncreated.run();
+    EXPECT_TRUE(top.is_enabled());
+}
+
+TEST_F(ModalRun, OutlivesTheObjectDeletedInsideIt)
+{
+    auto* mortal = new PlainSub(&top, 6);
+    ASSERT_TRUE(mortal->create(L""));
+    mortal->answer = [mortal](WndMessage& message) {
+        if (message.message == WM_APP) {
+            mortal->destroy();
+            delete mortal;
+        }
+        return false;
+    };
+    mortal->post(WM_APP, 0, 0);
+    mortal->run();
+    EXPECT_TRUE(top.is_enabled());
+}
+
+TEST_F(ModalRun, OutlivesItsParentDestroyedInsideIt)
+{
+    LoopWnd parent;
+    ASSERT_TRUE(parent.create(L""));
+    PlainSub child(&parent, 7);
+    ASSERT_TRUE(child.create(L""));
+    parent.answer = [&](WndMessage& message) {
+        if (message.message == WM_APP)
+            parent.destroy();
+        return false;
+    };
+    parent.post(WM_APP, 0, 0);
+    child.run();
+    EXPECT_FALSE(child.is_running());
+    EXPECT_EQ(child.hwnd(), nullptr);
+    EXPECT_EQ(parent.hwnd(), nullptr);
+}
+
+} // namespace
