@@ -16,12 +16,6 @@ protected:
         EXPECT_EQ(dialog.caption(), caption);
         dialog.choose(file.wstring());
     }
-    void write(const std::wstring& text)
-    {
-        program().click_on(box(app::command::box_1));
-        type_text(text);
-        expect_soon(L"手帖 *", [&] { return title(); });
-    }
     fs::path in_root(const std::wstring& name) const { return root().folder() / name; }
     static std::wstring box1_of(const fs::path& file, std::size_t page = 0)
     {
@@ -35,7 +29,7 @@ TEST_F(BookCommands, SaveAsWritesAnotherFileAndGoesOnWithIt)
 {
     const fs::path file = open_numbered_book(1);
     const std::string before = file_bytes(file);
-    write(L"あ");
+    write_first(L"あ");
     main_window().post_command(app::command::save_book_as);
     const FileDialog dialog = program().wait_for_file_dialog();
     EXPECT_EQ(dialog.caption(), L"Book に名前を付けて保存する");
@@ -75,7 +69,7 @@ TEST_F(BookCommands, ARelativePathStaysInTheDataRootWhereverADialogWent)
         program().wait_for_box().answer(IDYES);
         answer_box(L"Error: Book の保存に失敗\r\n" + other.wstring(), Icon::warning, IDOK);
     }
-    write(L"あ");
+    write_first(L"あ");
     main_window().send_command(app::command::save_if_changed);
     EXPECT_EQ(box1_of(file), L"あ一\r\n");
     EXPECT_FALSE(fs::exists(in_root(L"ほか") / L"手帖.bok"));
@@ -85,7 +79,7 @@ TEST_F(BookCommands, ARelativePathStaysInTheDataRootWhereverADialogWent)
 TEST_F(BookCommands, ANewBookIsMadeAfterTheOldOneIsSaved)
 {
     const fs::path file = open_numbered_book(2);
-    write(L"あ");
+    write_first(L"あ");
     choose(app::command::new_book, L"Book の新規作成", in_root(L"白紙"));
     expect_soon(L"白紙", [&] { return title(); });
     expect_page(L"");
@@ -98,7 +92,7 @@ TEST_F(BookCommands, OpeningAnotherBookSavesTheOneBefore)
 {
     const auto other = root().add_book(L"ほか.bok", { make_page(L"ほか") });
     const fs::path file = open_numbered_book(1);
-    write(L"あ");
+    write_first(L"あ");
     choose(app::command::open_book, L"Book を開く", other);
     expect_page(L"ほか");
     EXPECT_EQ(title(), L"ほか");
@@ -111,7 +105,7 @@ TEST_F(BookCommands, OpeningTheOpenBookSavesItAndShowsItAgain)
     const fs::path file = open_numbered_book(3);
     main_window().send_command(app::command::next_page);
     expect_page(L"二");
-    write(L"あ");
+    write_first(L"あ");
     choose(app::command::open_book, L"Book を開く", file);
     expect_soon(L"手帖", [&] { return title(); });
     expect_page(L"あ二");
@@ -147,7 +141,7 @@ TEST_F(BookCommands, AnUnreadableBookOpenedByCommandEndsTheProgram)
 TEST_F(BookCommands, ReloadShowsWhatTheFileHolds)
 {
     const fs::path file = open_numbered_book(1);
-    write(L"あ");
+    write_first(L"あ");
     main_window().send_command(app::command::restore_book);
     expect_page(L"一");
     EXPECT_EQ(title(), L"手帖");
@@ -168,7 +162,7 @@ TEST_F(BookCommands, ABackupIsACopyOfTheFileAndTheSecondOneAsks)
     main_window().send(WM_NULL);
     EXPECT_FALSE(program().has_dialog());
     EXPECT_TRUE(is_old(copy));
-    write(L"あ");
+    write_first(L"あ");
     main_window().send_command(app::command::save_if_changed);
     main_window().post_command(app::command::backup_book);
     answer_box(overwrite, Icon::question, IDYES);

@@ -81,6 +81,19 @@ void chord(std::initializer_list<WORD> keys)
     send(inputs);
 }
 
+HeldKey::HeldKey(WORD key)
+    : key_(key)
+{
+    Inputs inputs{ key_input(key_, 0, 0) };
+    send(inputs);
+}
+
+HeldKey::~HeldKey()
+{
+    INPUT input = key_input(key_, 0, KEYEVENTF_KEYUP);
+    SendInput(1, &input, sizeof(input));
+}
+
 void move_mouse(POINT screen)
 {
     Inputs inputs{ position_input(screen) };

@@ -13,6 +13,19 @@ void press(WORD key);
 // Presses the keys in order and releases them backwards, e.g. chord({VK_CONTROL, 'S'}).
 void chord(std::initializer_list<WORD> keys);
 
+// Holds a key down while it lives. A program that asks how a key stands now, rather than when a message was
+// made, sees nothing of a chord sent in one go.
+class HeldKey {
+public:
+    explicit HeldKey(WORD key);
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+    ~HeldKey();
+
+private:
+    WORD key_;
+};
+
 void move_mouse(POINT screen);
 void click(POINT screen);
 // Two clicks in one go, well within the system's time for a double click.

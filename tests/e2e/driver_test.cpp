@@ -52,6 +52,15 @@ std::filesystem::path EndToEnd::open_numbered_book(std::size_t page_count)
     return file;
 }
 
+void EndToEnd::write_first(const std::wstring& text, const Where& where)
+{
+    program().click_on(box(app::command::box_1));
+    chord({ VK_CONTROL, VK_HOME });
+    type_text(text);
+    expect_soon(
+        L"手帖 *", [&] { return title(); }, where);
+}
+
 void EndToEnd::close()
 {
     main_window().post(WM_CLOSE);
@@ -82,7 +91,14 @@ void EndToEnd::expect_fatal_start(const std::wstring& message, const Where& wher
 void EndToEnd::expect_page(const std::wstring& box1, const Where& where) const
 {
     expect_soon(
-        as_loaded(box1), [&] { return box(app::command::box_1).text(); }, where);
+        box1,
+        [&] {
+            std::wstring text = box(app::command::box_1).text();
+            if (text.ends_with(L"\r\n"))
+                text.erase(text.size() - 2);
+            return text;
+        },
+        where);
 }
 
 std::wstring as_loaded(const std::wstring& text)

@@ -53,6 +53,8 @@ protected:
     Window open(const std::filesystem::path& book);
     // A Book named 手帖.bok with that many pages, "一" "二" ... in box 1, opened.
     std::filesystem::path open_numbered_book(std::size_t page_count);
+    // Types at the start of box 1 and waits for the star in the title of that Book.
+    void write_first(const std::wstring& text, const Where& where = Where::current());
     // Closes the window as its user does and expects a good end.
     void close();
 
@@ -61,6 +63,8 @@ protected:
     // The two boxes that end a program that could not open its Book.
     void expect_fatal_start(const std::wstring& message, const Where& where = Where::current());
 
+    // Waits for a page with this text in box 1. The last line break is no matter: a page just loaded has one,
+    // a page just saved has none.
     void expect_page(const std::wstring& box1, const Where& where = Where::current()) const;
 
 private:

@@ -12,9 +12,7 @@ protected:
     fs::path edit_a_book()
     {
         const fs::path file = open_numbered_book(2);
-        program().click_on(box(app::command::box_1));
-        type_text(L"あ");
-        expect_soon(L"手帖 *", [&] { return title(); });
+        write_first(L"あ");
         return file;
     }
     void expect_saved_without_a_question(const fs::path& file)

@@ -14,12 +14,6 @@ protected:
     {
         return L"Error: Book の保存に失敗\r\n" + file.wstring() + L"\r\n\r\nこのファイルは読取り専用";
     }
-    void write(const std::wstring& text)
-    {
-        program().click_on(box(app::command::box_1));
-        type_text(text);
-        expect_soon(L"手帖 *", [&] { return title(); });
-    }
     void expect_failure(const fs::path& file)
     {
         const MessageDialog failure = program().wait_for_box();
@@ -35,7 +29,7 @@ TEST_F(FailingSave, CtrlSTellsThatTheFileIsReadOnlyAndKeepsTheEdit)
     const fs::path file = open_numbered_book(2);
     const std::string before = file_bytes(file);
     const ReadOnly protection(file);
-    write(L"あ");
+    write_first(L"あ");
     chord({ VK_CONTROL, 'S' });
     expect_failure(file);
     EXPECT_EQ(title(), L"手帖 *");
@@ -57,7 +51,7 @@ TEST_F(FailingSave, TheStepIsGivenUpAndTheNextOneAsksAgain)
     const fs::path file = open_numbered_book(3);
     {
         const ReadOnly protection(file);
-        write(L"あ");
+        write_first(L"あ");
         for (const int step : { app::command::next_page, app::command::last_page }) {
             main_window().post_command(step);
             answer_box(question, Icon::question, IDYES);
@@ -80,7 +74,7 @@ TEST_F(FailingSave, AfterANoTheStepIsMade)
 {
     const fs::path file = open_numbered_book(2);
     const ReadOnly protection(file);
-    write(L"あ");
+    write_first(L"あ");
     main_window().post_command(app::command::next_page);
     answer_box(question, Icon::question, IDNO);
     expect_page(L"二");
@@ -92,7 +86,7 @@ TEST_F(FailingSave, ANewPageIsNotMadeFromTheTextThatCouldNotBeSaved)
     const fs::path file = open_numbered_book(2);
     {
         const ReadOnly protection(file);
-        write(L"あ");
+        write_first(L"あ");
         main_window().post_command(app::command::add_page_at_end);
         answer_box(question, Icon::question, IDYES);
         expect_failure(file);
@@ -110,7 +104,7 @@ TEST_F(FailingSave, AtTheEndTheFailureShowsOverAHiddenWindowAndTheProgramStillEn
     const fs::path file = open_numbered_book(1);
     const std::string before = file_bytes(file);
     const ReadOnly protection(file);
-    write(L"あ");
+    write_first(L"あ");
     main_window().post(WM_CLOSE);
     const MessageDialog failure = program().wait_for_box();
     EXPECT_EQ(failure.text(), failure_text(file));
@@ -131,7 +125,7 @@ TEST_F(FailingSave, AnotherBookNeverReceivesTheUnsavedTextOfTheOneBefore)
     root().write_history({ file.wstring(), other.wstring() });
     start().wait_for_window();
     const ReadOnly protection(file);
-    write(L"あ");
+    write_first(L"あ");
     main_window().post_command(app::command::first_history_entry + 1);
     expect_failure(file);
     expect_page(L"ほか");

@@ -42,8 +42,7 @@ TEST_F(Writing, TheFirstTypedCharacterPutsAStarIntoTheTitle)
     EXPECT_EQ(title(), L"手帖");
     program().click_on(box(app::command::box_1));
     EXPECT_EQ(title(), L"手帖");
-    type_text(L"あ");
-    expect_title(L"手帖 *");
+    write_first(L"あ");
     EXPECT_EQ(box(app::command::box_1).text(), L"あ一\r\n");
     type_text(L"い");
     expect_soon(L"あい一\r\n", [&] { return box(app::command::box_1).text(); });
@@ -222,8 +221,11 @@ TEST_F(Writing, TabGoesFromBoxToBoxAndShiftTabWritesATab)
     EXPECT_EQ(box(app::command::box_1).text(), L"一\r\n");
     EXPECT_EQ(box(app::command::box_2).text(), L"");
     EXPECT_EQ(title(), L"手帖");
-    chord({ VK_SHIFT, VK_TAB });
-    expect_soon(L"\t", [&] { return box(app::command::box_3).text(); });
+    {
+        const HeldKey shift(VK_SHIFT);
+        press(VK_TAB);
+        expect_soon(L"\t", [&] { return box(app::command::box_3).text(); });
+    }
     EXPECT_EQ(program().focus(), box(app::command::box_3));
 }
 
