@@ -58,7 +58,7 @@ TEST_F(Walk, CommandsWithoutAnObjectAreHarmless)
         app::command::first_interpolation_command, app::command::first_theme + 3,
         app::command::apply_theme_to_pages };
     std::mt19937 random(20240229);
-    for (int step = 0; step < 300; ++step) {
+    for (int step = 0; step < 200; ++step) {
         if (step % 7 == 0) {
             const Window edited = box(app::command::box_1 + static_cast<int>(random() % 3));
             edited.send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"字"));
