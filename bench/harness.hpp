@@ -57,10 +57,10 @@ private:
 };
 
 // Keeps the compiler from dropping the work that made `value`.
-inline const volatile void* volatile kept = nullptr;
+inline volatile unsigned char kept = 0;
 template <typename Value> void keep(const Value& value)
 {
-    kept = &value;
+    kept = *reinterpret_cast<const volatile unsigned char*>(&value);
 }
 
 struct Suite {

@@ -1,4 +1,5 @@
 #include "book/query.hpp"
+#include "book/text.hpp"
 #include "platform/text.hpp"
 
 namespace book {
@@ -78,6 +79,14 @@ void split_terms(std::wstring_view text, std::vector<std::wstring>& terms)
         }
     }
     end_token();
+}
+
+std::vector<std::wstring> query_terms(std::wstring text)
+{
+    remove_separator(text);
+    std::vector<std::wstring> terms;
+    split_terms(text, terms);
+    return terms;
 }
 
 std::wstring condition_text(const SearchQuery& query)

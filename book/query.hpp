@@ -11,6 +11,9 @@ namespace book {
 // double quotes keeps its blanks; an unclosed quote is an ordinary character.
 void split_terms(std::wstring_view text, std::vector<std::wstring>& terms);
 
+// The terms of a search box's text, without separators of the file.
+std::vector<std::wstring> query_terms(std::wstring text);
+
 // The condition in words, as the banner and the status bar show it; empty when every page matches.
 std::wstring condition_text(const SearchQuery& query);
 

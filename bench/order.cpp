@@ -1,0 +1,58 @@
+// Sorting the big Book by each key, and shuffling it.
+#include "bench/harness.hpp"
+#include "platform/collation.hpp"
+#include <algorithm>
+#include <numeric>
+
+namespace bench {
+
+namespace {
+
+constexpr int slow_rounds = 3;
+
+Work rebuilding(book::Book& book, book::OrderMode mode, book::SortKey key)
+{
+    return [&book, mode, key] {
+        book.header.order_mode = static_cast<std::int32_t>(mode);
+        book.header.sort_key = static_cast<std::int32_t>(key);
+        book.rebuild_order();
+    };
+}
+
+// The plain way: one call of the system a comparison.
+Work sorting_by_comparisons(const book::Book& book, std::size_t box)
+{
+    return [&book, box] {
+        std::vector<std::uint64_t> order(book.pages.size());
+        std::iota(order.begin(), order.end(), std::uint64_t{ 0 });
+        std::sort(order.begin(), order.end(), [&](std::uint64_t a, std::uint64_t b) {
+            return platform::compare_linguistic(book.pages[a].text[box], book.pages[b].text[box])
+                == platform::Ordering::less;
+        });
+        keep(order);
+    };
+}
+
+} // namespace
+
+void run_order(Bench& bench)
+{
+    using book::OrderMode;
+    using book::SortKey;
+    book::Book& book = bench.big_book();
+    const book::BookHeader header = book.header;
+    bench.run({ "shuffle", rebuilding(book, OrderMode::random, SortKey::box1), "", nullptr, 0, 1 });
+    for (std::size_t box = 0; box < book::box_count; ++box) {
+        const auto key =
+            static_cast<SortKey>(static_cast<std::int32_t>(SortKey::box1) + static_cast<int>(box));
+        bench.run({ "sort by box " + std::to_string(box + 1), rebuilding(book, OrderMode::sorted, key),
+            "one comparison call a compare", sorting_by_comparisons(book, box), 1.0 / 3, 0, slow_rounds });
+    }
+    bench.run({ "sort by creation time", rebuilding(book, OrderMode::sorted, SortKey::created) });
+    bench.run({ "sort by modification time", rebuilding(book, OrderMode::sorted, SortKey::modified) });
+    bench.run({ "sort by size", rebuilding(book, OrderMode::sorted, SortKey::size) });
+    book.header = header;
+    book.rebuild_order();
+}
+
+} // namespace bench

@@ -1,0 +1,134 @@
+// Fast search against searching in the plainest words, on texts made to be hard for it.
+#include "book/book.hpp"
+#include "book/query_matcher.hpp"
+#include "tests/support/naive_search.hpp"
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+// Few different units, so that terms occur; their low bytes and folded forms meet in many ways.
+constexpr wchar_t units[] = { L'a', L'A', L'k', L'K', 0x212A, 0x6B6B, 0x4B6B, L'j', 0x0100, 0x0101, 0xD842,
+    0xD83D, 0xDFB7, 0xDE00, 0xDE20, 0, L' ', 0x3042, 0x30A2, 0xFF21, 0xFF41 };
+
+class RandomTexts {
+public:
+    explicit RandomTexts(unsigned seed)
+        : generator_(seed)
+    {
+    }
+
+    std::size_t below(std::size_t limit) { return generator_() % limit; }
+    bool coin() { return below(2) == 1; }
+
+    std::wstring text(std::size_t longest)
+    {
+        // A narrower choice makes long agreements.
+        const std::size_t first = below(std::size(units));
+        const std::size_t span = 1 + below(std::size(units));
+        std::wstring made(below(longest + 1), L'\0');
+        for (wchar_t& unit : made)
+            unit = units[(first + below(span)) % std::size(units)];
+        return made;
+    }
+
+    std::wstring term_for(const std::wstring& text)
+    {
+        if (text.empty() || below(4) == 0)
+            return this->text(4);
+        const std::size_t start = below(text.size());
+        return text.substr(start, 1 + below(below(4) == 0 ? 120 : 6));
+    }
+
+private:
+    std::mt19937 generator_;
+};
+
+TEST(SearchOracle, FindsTheSamePlacesAsPlainSearch)
+{
+    RandomTexts random(1);
+    for (int round = 0; round < 20000; ++round) {
+        const std::wstring text = random.text(round % 50 == 0 ? 2500 : 90);
+        const std::wstring term = random.term_for(text);
+        const std::size_t start = random.below(text.size() + 2);
+        for (const bool ignore_case : { false, true }) {
+            std::size_t expected = start;
+            const bool found = naive::find(text, term, expected, ignore_case);
+            std::size_t pos = start;
+            ASSERT_EQ(
+                ignore_case ? book::find_folded(text, term, pos) : book::find_exact(text, term, pos), found)
+                << testing::PrintToString(text) << testing::PrintToString(term) << start;
+            ASSERT_EQ(pos, expected) << testing::PrintToString(text) << testing::PrintToString(term) << start;
+        }
+    }
+}
+
+TEST(SearchOracle, MatchesPagesWithTheSameHitsAsPlainSearch)
+{
+    RandomTexts random(2);
+    for (int round = 0; round < 10000; ++round) {
+        book::Page page;
+        for (std::wstring& text : page.text)
+            text = random.text(60);
+        for (std::size_t i = random.below(3); i > 0; --i)
+            page.files.push_back(random.text(20));
+        page.mark = random.coin();
+        page.tab_number = random.below(2);
+        page.selected = static_cast<book::PageSelection>(random.below(3));
+        book::SearchQuery query;
+        for (std::size_t i = random.below(6); i > 0; --i)
+            query.terms.push_back(random.term_for(page.text[random.below(3)]));
+        query.selected_only = random.below(10) == 0;
+        query.track_marks = random.below(4) == 0;
+        query.track_tabs = random.below(4) == 0;
+        query.all_terms = random.coin();
+        query.ignore_case = random.coin();
+        query.in_file_list = random.coin();
+
+        std::vector<book::SearchHit> expected;
+        const bool matches = naive::match_page(page, query, expected);
+        std::vector<book::SearchHit> hits{ { L"left over", 1, 2, 3 } };
+        ASSERT_EQ(book::match_page(page, query, hits), matches) << round;
+        ASSERT_EQ(hits, expected) << round;
+        ASSERT_EQ(book::QueryMatcher(query).matches(page), matches) << round;
+    }
+}
+
+// Long enough that blocks of pages are searched side by side.
+TEST(SearchOracle, StopsAtTheSamePageAsAWalkInEveryOrderAndDirection)
+{
+    constexpr std::size_t page_count = 9000;
+    RandomTexts random(3);
+    book::Book book;
+    book.pages.resize(page_count);
+    for (book::Page& page : book.pages)
+        page.text[1] = L"common";
+    for (const std::size_t rare : { 5, 2047, 2048, 2049, 2050, 4608, 7000, 8999 })
+        book.pages[rare].text[2] = L"rare";
+    book::SearchQuery query;
+    query.terms = { L"rare" };
+    for (const std::int32_t mode : { 2700, -2700, 2702, -2702 }) {
+        book.header.order_mode = mode;
+        book.rebuild_order();
+        for (int round = 0; round < 60; ++round) {
+            const int direction = random.coin() ? 1 : -1;
+            const std::uint64_t start = round == 0 ? 0
+                : round == 1                       ? page_count - 1
+                                                   : random.below(page_count);
+            std::uint64_t expected = start;
+            for (std::uint64_t at = start + static_cast<std::uint64_t>(direction); at < page_count;
+                 at += static_cast<std::uint64_t>(direction))
+                if (book.pages[book.position_to_index(at)].text[2] == L"rare") {
+                    expected = at;
+                    break;
+                }
+            book.header.position = start;
+            const book::Page* page = book.find(direction, query);
+            ASSERT_EQ(book.header.position, expected) << mode << ' ' << start << ' ' << direction;
+            ASSERT_EQ(page, &book.pages[book.position_to_index(expected)]);
+            ASSERT_EQ(book.hits.size(), page->text[2] == L"rare" ? 1u : 0u);
+        }
+    }
+}
+
+} // namespace
