@@ -26,8 +26,8 @@ int run_check(const Options& options, Streams& streams)
     const Inspection inspection =
         inspect(source, size, write, [&](std::uint64_t done) { progress.show(done, size); });
     if (inspection.findings == 0) {
-        sink->text() += "nothing is wrong: " + std::to_string(inspection.pages) + " pages, "
-            + std::to_string(inspection.tabs) + " tabs, " + std::to_string(inspection.marks) + " marks\n";
+        sink->text() += "nothing is wrong: pages " + std::to_string(inspection.pages) + ", tabs "
+            + std::to_string(inspection.tabs) + ", marks " + std::to_string(inspection.marks) + '\n';
     }
     sink->finish();
     if (inspection.findings == 0)

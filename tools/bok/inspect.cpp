@@ -94,6 +94,7 @@ private:
     void take_single(FileText line);
     void take_file(FileText line);
     void take_numbers(FileText line);
+    void inspect_hidden_separator(FileText line);
     void inspect_tokens(FileText line);
     void inspect_stamp(const std::wstring& stamp);
     void end_field();
@@ -233,7 +234,11 @@ void Inspector::take_text(FileText line)
     if (!is_first || line.front() != static_cast<FileUnit>(book::byte_order_mark))
         return;
     line.remove_prefix(1);
-    if (result_.header != book::HeaderStatus::older_format)
+    if (result_.header != book::HeaderStatus::older_format && line.starts_with(separator_unit))
+        tell_page(line_,
+            "U+0003 behind U+FEFF at the beginning of box 1: once saved the Book is broken here; `bok "
+            "convert` removes it");
+    else if (result_.header != book::HeaderStatus::older_format)
         tell_page(line_, "U+FEFF at the beginning of box 1 is dropped");
     else if (line.starts_with(separator_unit))
         tell_page(
@@ -244,6 +249,7 @@ void Inspector::take_single(FileText line)
 {
     if (is_blank_line(line))
         return;
+    inspect_hidden_separator(line);
     if (++lines_ == 2)
         tell_page(line_, std::string(field_names[field_]) + " has more than one line: only the last stays");
 }
@@ -255,12 +261,23 @@ void Inspector::take_file(FileText line)
         return;
     }
     ++lines_;
+    inspect_hidden_separator(line);
     page_.files.emplace_back();
     page_.current_file = page_.files.size() - 1;
 }
 
+// Loading takes the white space before it away, and the next save writes what ends a field.
+void Inspector::inspect_hidden_separator(FileText line)
+{
+    if (book::trimmed(line, book::TrimMode::left).starts_with(separator_unit))
+        tell_page(line_,
+            "U+0003 behind white space in " + std::string(field_names[field_])
+                + ": once saved the Book is broken here; `bok convert` removes it");
+}
+
 void Inspector::take_numbers(FileText line)
 {
+    inspect_hidden_separator(line);
     if (++lines_ == 2)
         tell_page(line_, "more than one line of numbers: the last one counts");
     if (book::read_numbers(line, page_)) {

@@ -189,26 +189,6 @@ void read_header(JsonReader& json, book::BookHeader& header)
     });
 }
 
-std::string place_of(const PageFlaw& flaw)
-{
-    switch (flaw.field) {
-    case PageField::box1:
-        return "text[0]";
-    case PageField::box2:
-        return "text[1]";
-    case PageField::box3:
-        return "text[2]";
-    case PageField::files:
-        return "files[" + std::to_string(flaw.entry) + "]";
-    case PageField::folder:
-        return "reference_folder";
-    case PageField::stamp:
-        return "stamp";
-    default:
-        return "current_file";
-    }
-}
-
 void read_page(JsonReader& json, book::Page& page)
 {
     bool is_verbatim = false;
@@ -224,7 +204,7 @@ void read_page(JsonReader& json, book::Page& page)
         return member.found();
     });
     if (const auto flaw = is_verbatim ? check_verbatim_page(page) : tidy_page(page, LineEnds::unify))
-        json.fail(place_of(*flaw) + " " + flaw->reason, place);
+        json.fail(name_of(*flaw) + " " + flaw->reason, place);
 }
 
 void read_pages(JsonReader& json, book::Book& book, Progress& progress, std::size_t size)

@@ -152,6 +152,26 @@ bool is_tidy_box(std::wstring_view text)
 
 } // namespace
 
+std::string name_of(const PageFlaw& flaw)
+{
+    switch (flaw.field) {
+    case PageField::box1:
+        return "text[0]";
+    case PageField::box2:
+        return "text[1]";
+    case PageField::box3:
+        return "text[2]";
+    case PageField::files:
+        return "files[" + std::to_string(flaw.entry) + "]";
+    case PageField::folder:
+        return "reference_folder";
+    case PageField::stamp:
+        return "stamp";
+    default:
+        return "current_file";
+    }
+}
+
 std::optional<PageFlaw> tidy_page(book::Page& page, LineEnds line_ends)
 {
     for (std::size_t box = 0; box < book::box_count; ++box) {

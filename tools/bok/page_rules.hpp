@@ -15,6 +15,9 @@ struct PageFlaw {
     std::string reason; // English, one line
 };
 
+// "text[0]", "files[3]" and so on.
+std::string name_of(const PageFlaw& flaw);
+
 enum class LineEnds { unify, keep };
 
 // Brings a page into the form that the program's own boxes would give it: box 2, the folder and the file
