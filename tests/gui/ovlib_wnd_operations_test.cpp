@@ -139,16 +139,35 @@ TEST_F(WndOperations, ShowsAndHides)
     EXPECT_FALSE(top.is_visible());
 }
 
-TEST_F(WndOperations, MinimizesMaximizesAndRestores)
+TEST_F(WndOperations, MinimizesMaximizesAndRestoresAsItsMenuDoes)
 {
-    top.maximize();
-    EXPECT_TRUE(gui::pump_until([&] { return top.is_maximized(); }));
-    top.restore();
-    EXPECT_TRUE(gui::pump_until([&] { return !top.is_maximized(); }));
+    std::vector<std::uint64_t> asked;
+    top.answer = [&](WndMessage& message) {
+        if (message.message == WM_SYSCOMMAND)
+            asked.push_back(message.wparam);
+        return message.message == WM_SYSCOMMAND;
+    };
     top.minimize();
-    EXPECT_TRUE(gui::pump_until([&] { return top.is_minimized(); }));
+    top.maximize();
     top.restore();
-    EXPECT_TRUE(gui::pump_until([&] { return !top.is_minimized(); }));
+    EXPECT_EQ(asked, (std::vector<std::uint64_t>{ SC_MINIMIZE, SC_MAXIMIZE, SC_RESTORE }));
+}
+
+// A child, because a window manager has its own say about a top window.
+TEST_F(WndOperations, KnowsWhetherItIsMinimizedOrMaximized)
+{
+    PlainChild child(&top, 1);
+    ASSERT_TRUE(child.create(L""));
+    EXPECT_FALSE(child.is_minimized() || child.is_maximized());
+    child.maximize();
+    EXPECT_TRUE(child.is_maximized());
+    EXPECT_FALSE(child.is_minimized());
+    child.restore();
+    EXPECT_FALSE(child.is_maximized());
+    child.minimize();
+    EXPECT_TRUE(child.is_minimized());
+    child.restore();
+    EXPECT_FALSE(child.is_minimized());
 }
 
 TEST_F(WndOperations, TopmostComesAndGoes)
