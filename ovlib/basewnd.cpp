@@ -50,8 +50,10 @@ void BaseWnd::destroy()
 {
     WndWatch alive(this);
     DestroyWindow(hwnd_);
-    if (alive)
-        hwnd_ = nullptr;
+    if (!alive)
+        return;
+    forget_dead_children();
+    hwnd_ = nullptr;
 }
 
 void BaseWnd::on_destroyed(WndMessage& message)

@@ -14,9 +14,11 @@ constexpr std::uint64_t largest_block = 0xFFFFFFFF;
 constexpr PROPID frame_delay = 0x5100;
 constexpr UINT default_delay = 100; // milliseconds
 
+// A file keeps a delay in 16 bits; the system may spread the highest of them as a sign.
 UINT milliseconds(LONG hundredths)
 {
-    return hundredths == 0 ? default_delay : static_cast<UINT>(hundredths) * 10;
+    const UINT delay = LOWORD(hundredths);
+    return delay == 0 ? default_delay : delay * 10;
 }
 
 } // namespace

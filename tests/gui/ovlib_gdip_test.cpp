@@ -225,12 +225,12 @@ TEST_F(Gdip, AnImageIsCopiedIntoAnEmptyOne)
 TEST_F(Gdip, AGifHasFramesWithDelaysInMilliseconds)
 {
     GDIPMemory memory;
-    const std::array delays{ 5, 0, 300, 12 };
+    const std::array delays{ 5, 0, 300, 65535 };
     ASSERT_TRUE(memory.assign(bytes_of(gui::gif_file(delays))));
     GDIPGif gif;
     ASSERT_TRUE(gif.load(memory));
     EXPECT_EQ(gif.frame_count(), 4u);
-    EXPECT_EQ(gif.delays(), (std::vector<UINT>{ 50, 100, 3000, 120 }));
+    EXPECT_EQ(gif.delays(), (std::vector<UINT>{ 50, 100, 3000, 655'350 }));
     EXPECT_FALSE(gif.load(memory));
     EXPECT_EQ(gif.frame_count(), 4u);
     gif.clear();

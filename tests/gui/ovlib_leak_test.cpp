@@ -3,6 +3,9 @@
 // more.
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#include <psapi.h>
 
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/gui/text_stream.hpp"
@@ -160,16 +163,31 @@ TEST_F(Leaks, TextWithUnderlines)
     expect_handles_to_spare();
 }
 
+// What GDI+ makes is memory.
+std::size_t memory_in_use()
+{
+    PROCESS_MEMORY_COUNTERS counters{};
+    EXPECT_TRUE(GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters));
+    return counters.PagefileUsage;
+}
+
 TEST_F(Leaks, RoundedRectangles)
 {
     const ovlib::GDIPSession session;
     ovlib::BackBuffer buffer;
     ASSERT_TRUE(buffer.create(20, 20));
-    for (int i = 0; i < many / 2; ++i) {
-        ovlib::GDIP gdip(buffer.dc().handle());
-        gdip.round_rect({ 0, 0, 8, 8 }, 2.0f, 2.0f, rgb(0, 0, 0), 1.0f, rgb(9, 9, 9));
-        ASSERT_EQ(gdip.status(), Gdiplus::Ok) << "after " << i;
-    }
+    const auto draw = [&](int rounds) {
+        for (int i = 0; i < rounds; ++i) {
+            ovlib::GDIP gdip(buffer.dc().handle());
+            gdip.round_rect({ 0, 0, 8, 8 }, 2.0f, 2.0f, rgb(0, 0, 0), 1.0f, rgb(9, 9, 9));
+            ASSERT_EQ(gdip.status(), Gdiplus::Ok) << "after " << i;
+        }
+    };
+    draw(many / 10);
+    const std::size_t before = memory_in_use();
+    draw(many / 2);
+    const std::size_t after = memory_in_use();
+    EXPECT_LT(after, before + 32u * many / 2) << "32 bytes a round are less than any object of GDI+";
     expect_handles_to_spare();
 }
 

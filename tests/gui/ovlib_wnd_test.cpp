@@ -367,6 +367,21 @@ TEST(Wnd, LosesItsHandleWithItsParentAndCanBeCreatedAgain)
     }
 }
 
+TEST(Wnd, LosesItsHandleWithAControlThatIsItsParent)
+{
+    TopWnd top;
+    Edit outer(&top, 1);
+    Edit inner(&outer, 2);
+    ASSERT_TRUE(top.create(L""));
+    for (const bool subclassed : { false, true }) {
+        ASSERT_TRUE(outer.create(L"") && inner.create(L""));
+        outer.set_subclassed(subclassed);
+        outer.destroy();
+        EXPECT_EQ(inner.hwnd(), nullptr);
+    }
+    top.destroy();
+}
+
 TEST(Wnd, DestroysItsChildrenFromTheLastAndCountsThem)
 {
     TopWnd top;

@@ -72,7 +72,7 @@ public:
     }
     ObjectSelection(const ObjectSelection&) = delete;
     ObjectSelection& operator=(const ObjectSelection&) = delete;
-    ~ObjectSelection() { release(); }
+    virtual ~ObjectSelection() { release(); }
     // Selects the old object back, once.
     void release();
 

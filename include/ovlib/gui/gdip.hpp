@@ -36,6 +36,7 @@ void append_extensions(const std::wstring& patterns, std::vector<std::wstring>& 
 // Alpha 255, red and blue exchanged.
 Gdiplus::ARGB to_argb(Color color);
 
+// Let it end before GDI goes on drawing on the same device context.
 class GDIP {
 public:
     explicit GDIP(HDC hdc);

@@ -112,6 +112,8 @@ public:
 protected:
     explicit Wnd(Wnd* parent);
 
+    // Controls of the system die with their parent without a message to the library.
+    void forget_dead_children();
     bool is_window() const { return hwnd_ != nullptr && IsWindow(hwnd_) != FALSE; }
 
     Wnd* parent_ = nullptr;
@@ -121,9 +123,6 @@ protected:
 private:
     friend class WndWatch;
     friend struct WndProc;
-
-    // Controls of the system die with their parent without a message to the library.
-    void forget_dead_children();
 
     Wnd* prev_ = nullptr;
     Wnd* next_ = nullptr;
