@@ -81,11 +81,18 @@ void chord(std::initializer_list<WORD> keys)
     send(inputs);
 }
 
+// A window that the pointer has just entered takes over the state of the real keyboard, where nothing is
+// pressed, and Wine repeats what it told of a key for 50 ms: the key is down when it has stayed so for
+// longer.
 HeldKey::HeldKey(WORD key)
     : key_(key)
 {
-    Inputs inputs{ key_input(key_, 0, 0) };
-    send(inputs);
+    require("a key stays down", [&] {
+        Inputs inputs{ key_input(key_, 0, 0) };
+        send(inputs);
+        std::this_thread::sleep_for(milliseconds{ 60 });
+        return GetAsyncKeyState(key_) < 0;
+    });
 }
 
 HeldKey::~HeldKey()

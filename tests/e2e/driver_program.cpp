@@ -113,7 +113,10 @@ std::optional<Window> Program::find_dialog(bool (*fits)(Window)) const
 MessageDialog Program::wait_for_box() const
 {
     std::optional<Window> found;
-    await("a message box shows", [&] { return (found = find_dialog(MessageDialog::is_one)).has_value(); });
+    await("a message box shows and takes keys", [&] {
+        found = find_dialog(MessageDialog::is_one);
+        return found && gui_state().hwndActive == found->handle();
+    });
     return MessageDialog(*found);
 }
 
@@ -129,12 +132,17 @@ bool Program::has_dialog() const
     return find_dialog(MessageDialog::is_one) || find_dialog(FileDialog::is_one);
 }
 
-Window Program::focus() const
+GUITHREADINFO Program::gui_state() const
 {
     GUITHREADINFO info{};
     info.cbSize = sizeof(info);
     GetGUIThreadInfo(process_.dwThreadId, &info);
-    return Window(info.hwndFocus);
+    return info;
+}
+
+Window Program::focus() const
+{
+    return Window(gui_state().hwndFocus);
 }
 
 void Program::click_on(Window control) const

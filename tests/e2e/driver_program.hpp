@@ -41,6 +41,7 @@ public:
     void click_on(Window control) const;
 
 private:
+    GUITHREADINFO gui_state() const;
     std::optional<Window> find_dialog(bool (*fits)(Window)) const;
     // Waits for `holds`, and gives up at once when the program has ended.
     template <class Predicate> void await(const std::string& what, Predicate holds) const;

@@ -55,7 +55,7 @@ std::filesystem::path EndToEnd::open_numbered_book(std::size_t page_count)
 void EndToEnd::write_first(const std::wstring& text, const Where& where)
 {
     program().click_on(box(app::command::box_1));
-    chord({ VK_CONTROL, VK_HOME });
+    box(app::command::box_1).select(0, 0);
     type_text(text);
     expect_soon(
         L"手帖 *", [&] { return title(); }, where);

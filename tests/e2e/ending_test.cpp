@@ -50,6 +50,15 @@ TEST_F(Ending, TheQuitCommandClosesTheWindow)
     expect_saved_without_a_question(file);
 }
 
+TEST_F(Ending, ClosingWhileAQuestionIsOpenSavesTheEditAndEnds)
+{
+    const fs::path file = edit_a_book();
+    main_window().post_command(app::command::next_page);
+    program().wait_for_box();
+    main_window().post(WM_CLOSE);
+    expect_saved_without_a_question(file);
+}
+
 TEST_F(Ending, ClosingWritesTheSettings)
 {
     open_numbered_book(1);

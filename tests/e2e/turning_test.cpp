@@ -62,6 +62,26 @@ TEST_F(Turning, TheWheelOverTheWindowTurnsPages)
     expect_page(L"二");
 }
 
+TEST_F(Turning, CtrlAndTheWheelCarryThePageOverItsNeighbour)
+{
+    const fs::path file = open_numbered_book(3);
+    move_mouse(background());
+    {
+        const HeldKey ctrl(VK_CONTROL);
+        turn_wheel(background(), -1);
+        // The page stays before the eyes, so it is the neighbours that tell where it went.
+        expect_soon(1u, [&] {
+            main_window().send_command(app::command::save_always);
+            return static_cast<unsigned>(load_book(file).header.position);
+        });
+    }
+    expect_page(L"一");
+    step(app::command::previous_page);
+    expect_page(L"二");
+    step(app::command::last_page);
+    expect_page(L"三");
+}
+
 TEST_F(Turning, NothingTurnsWhileABoxIsOpen)
 {
     open_numbered_book(4);

@@ -14,7 +14,8 @@ protected:
     void write_at_end(int id, const std::wstring& text)
     {
         program().click_on(box(id));
-        chord({ VK_CONTROL, VK_END });
+        const std::size_t length = box(id).text().size();
+        box(id).select(length, length);
         type_text(text);
     }
     // The first box of the page, as its file holds it.
@@ -87,7 +88,10 @@ TEST_F(Writing, CtrlSWithNothingChangedWritesNothing)
     program().click_on(box(app::command::box_1));
     make_old(file);
     const std::string before = file_bytes(file);
-    chord({ VK_CONTROL, 'S' });
+    {
+        const HeldKey ctrl(VK_CONTROL);
+        press('S');
+    }
     // Keys are served in their order: when this one shows, the one before it has done its work.
     type_text(L"あ");
     expect_title(L"手帖 *");
