@@ -27,11 +27,8 @@ public:
         pos_ += count;
         return count;
     }
-    void restart() override
-    {
-        pos_ = 0;
-        next_size_ = 0;
-    }
+    // The sizes go on.
+    void restart() override { pos_ = 0; }
     std::uint64_t size() override { return bytes_.size(); }
 
     int reads = 0;
