@@ -5,7 +5,7 @@ namespace book {
 
 namespace {
 
-constexpr std::size_t buffer_units = 0x80000; // a mebibyte
+constexpr std::size_t buffer_units = 0x20000; // 256 KiB
 
 } // namespace
 
@@ -34,18 +34,21 @@ void LineWriter::append_line(std::wstring_view text)
 void LineWriter::flush()
 {
     if (count_ > 0)
-        sink_.write(std::as_bytes(std::span(buffer_.data(), count_)));
+        sink_.write(std::as_bytes(std::span(buffer_.get(), count_)));
     count_ = 0;
 }
 
 // Room for `count` units, which are written when the buffer is full or flushed.
 FileUnit* LineWriter::claim(std::size_t count)
 {
-    if (count > buffer_.size() - count_) {
+    if (count > capacity_ - count_) {
         flush();
-        buffer_.resize(std::max(buffer_units, count));
+        if (count > capacity_) {
+            capacity_ = std::max(buffer_units, count);
+            buffer_ = std::make_unique_for_overwrite<FileUnit[]>(capacity_);
+        }
     }
-    FileUnit* const place = buffer_.data() + count_;
+    FileUnit* const place = buffer_.get() + count_;
     count_ += count;
     return place;
 }

@@ -1,8 +1,8 @@
 // Writes wide text files: little-endian UTF-16, gathered so that a file takes few calls of the system.
 #pragma once
 #include "book/line_reader.hpp"
+#include <memory>
 #include <string_view>
-#include <vector>
 
 namespace book {
 
@@ -24,7 +24,8 @@ private:
     FileUnit* claim(std::size_t count);
 
     ByteSink& sink_;
-    std::vector<FileUnit> buffer_;
+    std::unique_ptr<FileUnit[]> buffer_;
+    std::size_t capacity_ = 0;
     std::size_t count_ = 0;
 };
 
