@@ -33,9 +33,10 @@ std::int64_t as_lparam(HWND hwnd)
     return static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(hwnd));
 }
 
+// The second counts for a key that was let go before its message came.
 bool is_shift_down()
 {
-    return GetAsyncKeyState(VK_SHIFT) < 0;
+    return GetAsyncKeyState(VK_SHIFT) < 0 || GetKeyState(VK_SHIFT) < 0;
 }
 
 } // namespace

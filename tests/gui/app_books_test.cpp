@@ -1,0 +1,244 @@
+// The Book as a whole: start, load, save, history, and what a failed load leaves behind.
+#include "app/failures.hpp"
+#include "book/my_exception.hpp"
+#include "tests/support/gui_app.hpp"
+
+namespace {
+
+namespace command = app::command;
+using gui::AppWindow;
+using gui::MetBox;
+
+constexpr wchar_t closing_words[] = L"\r\nアプリケーションを終了します．";
+
+class Books : public AppWindow { };
+
+TEST_F(Books, OpenAtTheirStoredPosition)
+{
+    book::Book left = book_of({ page(L"1\r\n"), page(L"2\r\n") });
+    left.header.position = 1;
+    open(left);
+    EXPECT_EQ(box_text(command::box_1), L"2\r\n");
+}
+
+TEST_F(Books, OfARelativeHistoryPathLieUnderTheDataRoot)
+{
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ L"手帖.bok" });
+    ASSERT_TRUE(create());
+    EXPECT_EQ(title(), L"手帖");
+    // A file dialog leaves the current directory wherever the user went.
+    SetCurrentDirectoryW(L"C:\\");
+    type(command::box_1, L"x");
+    command(command::save_if_changed);
+    EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
+    EXPECT_FALSE(platform::exists(L"C:\\手帖.bok"));
+    EXPECT_EQ(book().path, L"手帖.bok");
+    EXPECT_EQ(history(), std::vector<std::wstring>{ L"手帖.bok" });
+    answered(IDOK, [&] { command(command::backup_book); });
+    EXPECT_TRUE(platform::exists(file(L"book_backup\\手帖.bok")));
+}
+
+TEST_F(Books, ThatAreGoneAreNamedAndForgottenAndTheNextIsTried)
+{
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"無い.bok"), file(L"手帖.bok") });
+    const MetBox met = answered(IDOK, [&] { EXPECT_TRUE(create()); });
+    EXPECT_EQ(met.text, L"ファイル [" + file(L"無い.bok") + L"] が見つかりませんでした．");
+    EXPECT_EQ(met.caption, L"Pagewick v1.06");
+    EXPECT_EQ(history(), std::vector<std::wstring>{ file(L"手帖.bok") });
+}
+
+TEST_F(Books, AreAskedForOnAnEmptyHistoryAndTheStartFailsWithoutOne)
+{
+    const auto met = answered_all({ IDCANCEL, IDOK }, [&] { EXPECT_FALSE(create()); });
+    ASSERT_EQ(met.size(), 2u);
+    EXPECT_EQ(met[0].caption, L"Book の新規作成");
+    EXPECT_EQ(met[1].text, std::wstring(L"Book を開けませんでした") + closing_words);
+    EXPECT_FALSE(gui::take_quit());
+}
+
+// A line of a byte order mark alone once stood for ever at the front of the list.
+TEST_F(Books, AreNotAskedForEndlesslyByAHistoryOfBareMarks)
+{
+    test_support::write_text(app::history_file(app::folders()), L"\xFEFF\r\n\xFEFF\r\n");
+    const auto met = answered_all({ IDCANCEL, IDOK }, [&] { EXPECT_FALSE(create()); });
+    EXPECT_EQ(met.size(), 2u);
+}
+
+TEST_F(Books, ThatCannotBeReadEndTheStartAndAreForgotten)
+{
+    test_support::write_text(file(L"壊.bok"), L"\x3\x3\r\nzz\r\n\x3\x3\r\n");
+    set_history({ file(L"壊.bok") });
+    const auto met = answered_all({ IDNO, IDOK }, [&] { EXPECT_FALSE(create()); });
+    ASSERT_EQ(met.size(), 2u);
+    EXPECT_EQ(met[1].text, closing_words);
+    EXPECT_TRUE(history().empty());
+}
+
+TEST_F(Books, WhoseSettingsCannotBeAppliedAreForgotten)
+{
+    book::Book short_stamps = book_of({ page(L"1\r\n"), page(L"2\r\n") });
+    for (book::Page& each : short_stamps.pages)
+        each.stamp = L"2020";
+    short_stamps.header.sort_key = 3004;
+    short_stamps.header.order_mode = 2701;
+    ASSERT_TRUE(short_stamps.save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok") });
+    answered(IDOK, [&] { EXPECT_FALSE(create()); });
+    EXPECT_TRUE(history().empty());
+}
+
+TEST_F(Books, AreRestoredFromTheirFile)
+{
+    open({ page(L"1\r\n"), page(L"2\r\n") });
+    command(command::next_page);
+    command(command::save_always);
+    command(command::toggle_mark);
+    type(command::box_1, L"x");
+    command(command::restore_book);
+    EXPECT_EQ(box_text(command::box_1), L"2\r\n");
+    EXPECT_EQ(book().mark_count, 0);
+    EXPECT_EQ(title(), L"手帖");
+    EXPECT_EQ(history(), std::vector<std::wstring>{ file(L"手帖.bok") });
+}
+
+TEST_F(Books, OpenedOverAnEditThatCannotBeSavedDoNotTakeIt)
+{
+    ASSERT_TRUE(book_of({ page(L"other\r\n") }).save_to(file(L"別.bok")));
+    open({ page(L"1\r\n") });
+    auto guard = std::make_unique<gui::Unwritable>(file(L"手帖.bok"));
+    type(command::box_1, L"x");
+    // The open dialog, its answer, then the failure to save the Book before.
+    std::thread user{ [&, thread = GetCurrentThreadId()] {
+        gui::poll_until([&] { return gui::dialog_of(thread) != nullptr; });
+        HWND const dialog = gui::dialog_of(thread);
+        constexpr int file_name_combo = 1148;
+        HWND edit = GetDlgItem(dialog, file_name_combo);
+        while (HWND const inner = FindWindowExW(edit, nullptr, nullptr, nullptr))
+            edit = inner;
+        SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file(L"別.bok").c_str()));
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        gui::poll_until([&] { return !IsWindow(dialog) && gui::dialog_of(thread) != nullptr; });
+        PostMessageW(gui::dialog_of(thread), WM_COMMAND, IDOK, 0);
+    } };
+    command(command::open_book);
+    user.join();
+    guard.reset();
+    EXPECT_EQ(book().path, file(L"別.bok"));
+    EXPECT_EQ(box_text(command::box_1), L"other\r\n");
+    EXPECT_EQ(title(), L"別");
+    close();
+    EXPECT_EQ(saved(L"別.bok").pages[0].text[0], L"other\r\n");
+}
+
+TEST_F(Books, AreNotWrittenBySaveIfChangedWithoutAChange)
+{
+    open({ page(L"1\r\n") });
+    ASSERT_TRUE(DeleteFileW(file(L"手帖.bok").c_str()));
+    command(command::save_if_changed);
+    EXPECT_FALSE(platform::exists(file(L"手帖.bok")));
+    command(command::save_always);
+    EXPECT_TRUE(platform::exists(file(L"手帖.bok")));
+}
+
+TEST_F(Books, AreBackedUpAtEachLoadInSilenceWhenTheSettingsSaySo)
+{
+    test_support::write_text(app::settings_file(app::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
+    open({ page(L"1\r\n") });
+    EXPECT_TRUE(app::settings().auto_backup);
+    EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"1\r\n");
+    type(command::box_1, L"x");
+    command(command::save_always);
+    EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"1\r\n");
+    command(command::restore_book);
+    EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"x1\r\n");
+}
+
+TEST_F(Books, AreToldWhenTheBackupAtLoadFails)
+{
+    test_support::write_text(app::settings_file(app::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
+    test_support::write_text(file(L"book_backup"), L"a file where the folder should be");
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok") });
+    const MetBox met = answered(IDOK, [&] { EXPECT_TRUE(create()); });
+    EXPECT_EQ(met.text, L"バックアップファイルの作成に失敗\r\n" + file(L"手帖.bok"));
+    EXPECT_EQ(box_text(command::box_1), L"1\r\n");
+    const MetBox asked = answered(IDOK, [&] { command(command::backup_book); });
+    EXPECT_EQ(asked.text, L"Error: バックアップフォルダの作成に失敗しました．\r\n" + file(L"book_backup"));
+}
+
+TEST_F(Books, AreBackedUpOverAnOldCopyOnlyAfterAQuestion)
+{
+    open({ page(L"1\r\n") });
+    const MetBox done = answered(IDOK, [&] { command(command::backup_book); });
+    EXPECT_EQ(done.text, L"バックアップしました:\r\n" + file(L"book_backup\\手帖.bok"));
+    type(command::box_1, L"x");
+    command(command::save_if_changed);
+    const MetBox question = answered(IDNO, [&] { command(command::backup_book); });
+    EXPECT_EQ(question.text, L"手帖.bok はすでにバックアップフォルダに存在します．上書きしますか？");
+    EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"1\r\n");
+    EXPECT_EQ(answered_all({ IDYES, IDOK }, [&] { command(command::backup_book); }).size(), 2u);
+    EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"x1\r\n");
+}
+
+TEST_F(Books, AreWrittenAtTheCloseWithoutAQuestionTogetherWithTheSettings)
+{
+    open({ page(L"1\r\n") });
+    type(command::box_1, L"x");
+    app::settings().browser_zoom_percent = 70;
+    window().send(WM_CLOSE, 0, 0);
+    EXPECT_TRUE(gui::take_quit());
+    EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
+    wchar_t zoom[8] = {};
+    GetPrivateProfileStringW(
+        L"COMMON", L"BROWSERZOOMFAC", L"", zoom, 8, app::settings_file(app::folders()).c_str());
+    EXPECT_EQ(std::wstring(zoom), L"70");
+}
+
+TEST_F(Books, ThatCannotBeWrittenAtTheCloseAreToldOverAHiddenWindow)
+{
+    open({ page(L"1\r\n") });
+    const gui::Unwritable guard{ file(L"手帖.bok") };
+    bool was_visible = true;
+    const MetBox met = answered(
+        IDOK, [&] { window().send(WM_CLOSE, 0, 0); },
+        [&] {
+            was_visible = IsWindowVisible(window().hwnd()) != FALSE;
+            SendMessageW(window().hwnd(), WM_CLOSE, 0, 0); // refused: the first close goes on
+        });
+    EXPECT_EQ(met.text.find(L"Error: Book の保存に失敗"), 0u);
+    EXPECT_FALSE(was_visible);
+    EXPECT_TRUE(gui::take_quit());
+}
+
+TEST_F(Books, WithoutADatFolderRunWithDefaultsAndLeaveNoTrace)
+{
+    open({ page(L"1\r\n") });
+    RemoveDirectoryW(app::folders().dat.c_str());
+    ASSERT_TRUE(DeleteFileW(app::history_file(app::folders()).c_str()));
+    ASSERT_TRUE(RemoveDirectoryW(app::folders().dat.c_str()));
+    command(command::save_always);
+    close();
+    EXPECT_FALSE(platform::exists(app::folders().dat));
+}
+
+TEST_F(Books, AreNotTouchedAtTheEndOfALogon)
+{
+    open({ page(L"1\r\n") });
+    type(command::box_1, L"x");
+    const std::wstring log = app::end_of_logon_file(app::folders());
+    ovlib::WndMessage no_end{ window().hwnd(), WM_ENDSESSION, 0, 0, 0 };
+    EXPECT_FALSE(window().on_message(no_end));
+    EXPECT_FALSE(platform::exists(log));
+    ovlib::WndMessage end{ window().hwnd(), WM_ENDSESSION, 1, 0, 0 };
+    EXPECT_TRUE(window().on_message(end));
+    const std::wstring text = test_support::read_text(log);
+    EXPECT_EQ(
+        text.find(L"-- Pagewick --\r\nThe last modifications were saved.\r\n@ WM_ENDSESSION\r\n\r\n2"), 0u);
+    EXPECT_EQ(saved().pages[0].text[0], L"1\r\n");
+    EXPECT_TRUE(window().on_message(end));
+    EXPECT_EQ(test_support::read_text(log).size(), text.size());
+}
+
+} // namespace

@@ -1,0 +1,257 @@
+// The three text boxes of a page.
+#include "app/command_ids.hpp"
+#include "app/settings.hpp"
+#include "look/wnd/mybox.hpp"
+#include "tests/support/gui_driver.hpp"
+#include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <imm.h>
+
+namespace {
+
+namespace command = app::command;
+
+class MyBox : public testing::Test {
+protected:
+    MyBox()
+    {
+        top_.create(L"top");
+        q_.create(L"");
+        a_.create(L"");
+        d_.create(L"");
+        for (look::MyBox* box : { static_cast<look::MyBox*>(&q_), static_cast<look::MyBox*>(&a_),
+                 static_cast<look::MyBox*>(&d_) }) {
+            box->set_rect(
+                { 10, 10 + 60 * (box->control_id() - 1045), 310, 60 + 60 * (box->control_id() - 1045) },
+                false);
+            box->set_tab_order(1, static_cast<std::uint16_t>(box->control_id() - 1044));
+            box->show(true);
+        }
+        top_.seen.clear();
+    }
+    ~MyBox() override
+    {
+        top_.destroy();
+        app::settings() = {};
+    }
+
+    static DWORD style(const look::MyBox& box)
+    {
+        return static_cast<DWORD>(GetWindowLongW(box.hwnd(), GWL_STYLE));
+    }
+    // The commands that the parent got, but for notifications of the text.
+    std::vector<int> commands_during(const std::function<void()>& action)
+    {
+        std::vector<int> commands;
+        top_.answer = [&](ovlib::WndMessage& message) {
+            if (message.message == WM_COMMAND && HIWORD(message.wparam) == 0)
+                commands.push_back(LOWORD(message.wparam));
+            return false;
+        };
+        action();
+        top_.answer = nullptr;
+        return commands;
+    }
+
+    gui::TopWnd top_;
+    look::QBox q_{ &top_, 1045 };
+    look::ABox a_{ &top_, 1046 };
+    look::DBox d_{ &top_, 1047 };
+};
+
+TEST_F(MyBox, HasTheStylesOfItsClass)
+{
+    CREATESTRUCTW params{};
+    q_.create_params(params);
+    EXPECT_EQ(static_cast<DWORD>(params.style), 0x56B011C4u);
+    EXPECT_EQ(params.dwExStyle, static_cast<DWORD>(WS_EX_CLIENTEDGE));
+    d_.create_params(params);
+    EXPECT_EQ(static_cast<DWORD>(params.style), 0x56B011C4u);
+    a_.create_params(params);
+    EXPECT_EQ(static_cast<DWORD>(params.style), 0x56800180u);
+    EXPECT_EQ(params.dwExStyle, static_cast<DWORD>(WS_EX_CLIENTEDGE));
+}
+
+TEST_F(MyBox, TakesItsFrameFromTheExtendedStyleOnly)
+{
+    EXPECT_EQ(style(q_) & WS_BORDER, 0u);
+    EXPECT_NE(GetWindowLongW(q_.hwnd(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE, 0);
+}
+
+TEST_F(MyBox, IsCreatedHidden)
+{
+    look::QBox other{ &top_, 1200 };
+    ASSERT_TRUE(other.create(L""));
+    EXPECT_FALSE(other.is_visible());
+    other.destroy();
+}
+
+TEST_F(MyBox, IsSubclassedFromItsCreation)
+{
+    look::ABox other{ &top_, 1200 };
+    ASSERT_TRUE(other.create(L""));
+    EXPECT_TRUE(other.is_subclassed());
+    other.destroy();
+}
+
+TEST_F(MyBox, TakesTypingAtTheEndOfHalfAMillionCharacters)
+{
+    const std::wstring line = std::wstring(78, L'あ') + L"\r\n";
+    std::wstring text;
+    while (text.size() < 500000)
+        text += line;
+    q_.set_text(text);
+    q_.set_caret(static_cast<int>(text.size()));
+    for (const wchar_t unit : std::wstring(L"続き"))
+        q_.send(WM_CHAR, unit, 1);
+    EXPECT_EQ(q_.text(), text + L"続き");
+}
+
+TEST_F(MyBox, OfOneLineTakesLongTextsToo)
+{
+    const std::wstring text(40000, L'x');
+    a_.set_text(text);
+    a_.set_caret(40000);
+    a_.send(WM_CHAR, L'y', 1);
+    EXPECT_EQ(a_.text(), text + L'y');
+}
+
+TEST_F(MyBox, WrapLosesTheHorizontalScrollBar)
+{
+    EXPECT_TRUE(q_.set_wrap(true));
+    EXPECT_TRUE(q_.is_wrapped());
+    EXPECT_EQ(style(q_) & (WS_HSCROLL | ES_AUTOHSCROLL), 0u);
+    EXPECT_TRUE(q_.set_wrap(false));
+    EXPECT_EQ(style(q_) & (WS_HSCROLL | ES_AUTOHSCROLL), static_cast<DWORD>(WS_HSCROLL | ES_AUTOHSCROLL));
+}
+
+TEST_F(MyBox, WrapOfThePresentValueChangesNothing)
+{
+    HWND const before = q_.hwnd();
+    EXPECT_FALSE(q_.set_wrap(false));
+    EXPECT_EQ(q_.hwnd(), before);
+}
+
+TEST_F(MyBox, WrapKeepsEverythingButUndoAndSelection)
+{
+    HFONT const font = CreateFontW(-20, 0, 0, 0, 700, 0, 0, 0, 1, 0, 0, 0, 0, L"メイリオ");
+    q_.take_font(font);
+    q_.set_text(L"一行目\r\n二行目");
+    q_.set_modified(true);
+    q_.set_read_only(true);
+    q_.set_focus();
+    q_.set_selection(2, 3);
+    const int limit = q_.limit();
+    const RECT place = q_.rect();
+    HWND const before = q_.hwnd();
+
+    ASSERT_TRUE(q_.set_wrap(true));
+
+    EXPECT_NE(q_.hwnd(), before);
+    EXPECT_EQ(q_.text(), L"一行目\r\n二行目");
+    EXPECT_TRUE(q_.is_modified());
+    EXPECT_TRUE(q_.is_read_only());
+    EXPECT_EQ(q_.limit(), limit);
+    EXPECT_EQ(q_.font(), font);
+    const RECT new_place = q_.rect();
+    EXPECT_TRUE(EqualRect(&place, &new_place));
+    EXPECT_EQ(q_.tab_order(), 1u << 16 | 1u);
+    EXPECT_TRUE(q_.is_subclassed());
+    EXPECT_TRUE(q_.is_visible());
+    EXPECT_EQ(GetFocus(), q_.hwnd());
+    EXPECT_EQ(q_.caret(), 0);
+    EXPECT_FALSE(q_.can_undo());
+}
+
+TEST_F(MyBox, WrapDoesNotTakeTheFocusFromAnother)
+{
+    a_.set_focus();
+    ASSERT_TRUE(q_.set_wrap(true));
+    EXPECT_EQ(GetFocus(), a_.hwnd());
+}
+
+TEST_F(MyBox, TabGoesRoundTheThreeBoxesAlsoAfterWrapping)
+{
+    q_.set_wrap(true);
+    d_.set_wrap(true);
+    q_.set_focus();
+    for (look::MyBox* next :
+        { static_cast<look::MyBox*>(&a_), static_cast<look::MyBox*>(&d_), static_cast<look::MyBox*>(&q_) }) {
+        SendMessageW(GetFocus(), WM_CHAR, VK_TAB, 1);
+        EXPECT_EQ(GetFocus(), next->hwnd());
+    }
+    EXPECT_EQ(q_.text(), L"");
+}
+
+TEST_F(MyBox, SendsTheSaveCommandForTheAcceleratorWhateverItsCode)
+{
+    for (const WORD code : std::initializer_list<WORD>{ 0, 1 }) {
+        a_.set_focus();
+        const auto sent =
+            commands_during([&] { q_.send(WM_COMMAND, MAKEWPARAM(command::accelerator_save, code), 0); });
+        EXPECT_EQ(sent, std::vector<int>{ command::save_if_changed }) << code;
+        EXPECT_EQ(GetFocus(), q_.hwnd());
+    }
+}
+
+TEST_F(MyBox, HandsItsOwnHandleToTheCommandsOfItsParent)
+{
+    std::int64_t lparam = 0;
+    top_.answer = [&](ovlib::WndMessage& message) {
+        if (message.message == WM_COMMAND && LOWORD(message.wparam) == command::show_palette)
+            lparam = message.lparam;
+        return false;
+    };
+    q_.send(WM_COMMAND, command::box_look, 0);
+    top_.answer = nullptr;
+    EXPECT_EQ(reinterpret_cast<HWND>(lparam), q_.hwnd());
+    EXPECT_EQ(commands_during([&] { q_.send(WM_COMMAND, command::box_search, 0); }),
+        std::vector<int>{ command::show_web_menu });
+}
+
+TEST_F(MyBox, CarriesOutTheCommandsOfItsMenu)
+{
+    q_.set_text(L"abc");
+    q_.send(WM_COMMAND, command::box_select_all, 0);
+    EXPECT_EQ(q_.selected_text(), L"abc");
+    q_.send(WM_COMMAND, command::box_copy, 0);
+    q_.send(WM_COMMAND, command::box_delete, 0);
+    EXPECT_EQ(q_.text(), L"");
+    q_.send(WM_COMMAND, command::box_undo, 0);
+    EXPECT_EQ(q_.text(), L"abc");
+    q_.send(WM_COMMAND, command::box_select_all, 0);
+    q_.send(WM_COMMAND, command::box_cut, 0);
+    EXPECT_EQ(q_.text(), L"");
+    q_.send(WM_COMMAND, command::box_paste, 0);
+    q_.send(WM_COMMAND, command::box_paste, 0);
+    EXPECT_EQ(q_.text(), L"abcabc");
+}
+
+TEST_F(MyBox, ShowsNoMenuWhileReadOnly)
+{
+    q_.set_read_only(true);
+    ovlib::WndMessage message{ q_.hwnd(), WM_CONTEXTMENU, 0, -1, 0 };
+    EXPECT_TRUE(q_.on_message(message));
+}
+
+TEST_F(MyBox, OpensTheInputMethodOnFocusOnlyWhenTheSettingsSaySo)
+{
+    HIMC const context = ImmGetContext(q_.hwnd());
+    ASSERT_NE(context, nullptr);
+    ImmSetOpenStatus(context, FALSE);
+    a_.set_focus();
+    q_.set_focus();
+    EXPECT_FALSE(ImmGetOpenStatus(context));
+    app::settings().auto_imm = true;
+    a_.set_focus();
+    ImmSetOpenStatus(context, FALSE);
+    q_.set_focus();
+    EXPECT_TRUE(ImmGetOpenStatus(context));
+    app::settings().auto_imm = false;
+    a_.set_focus();
+    q_.set_focus();
+    EXPECT_TRUE(ImmGetOpenStatus(context)); // never closed
+    ImmReleaseContext(q_.hwnd(), context);
+}
+
+} // namespace
