@@ -30,6 +30,8 @@ Result measure(const Case& work, const std::map<std::string, double>& outside)
     std::vector<double> subject;
     std::vector<double> yardstick;
     for (int round = 0; round < work.rounds; ++round) {
+        if (work.prepare)
+            work.prepare();
         subject.push_back(milliseconds_of(work.subject));
         if (work.yardstick)
             yardstick.push_back(milliseconds_of(work.yardstick));

@@ -21,6 +21,7 @@ struct Case {
     double target_ratio = 0; // greatest subject / yardstick that meets the target; 0: no such target
     double target_ms = 0; // likewise for the bare time
     int rounds = 9; // the median counts
+    Work prepare = nullptr; // before every round, not measured
 };
 
 struct Result {
@@ -68,6 +69,7 @@ struct Suite {
     void (*run)(Bench&);
 };
 
+void run_load_save(Bench& bench);
 void run_search(Bench& bench);
 void run_order(Bench& bench);
 

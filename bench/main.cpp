@@ -10,6 +10,7 @@
 namespace {
 
 constexpr bench::Suite suites[] = {
+    { "load_save", bench::run_load_save },
     { "search", bench::run_search },
     { "order", bench::run_order },
 };
