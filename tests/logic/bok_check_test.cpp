@@ -86,13 +86,15 @@ TEST_F(BokCheck, FindsWhatAFieldWouldLose)
     page.folder = L"a\r\nb\r\n";
     expect_finding(header_lines() + page.text(), "the folder has more than one line");
     page = {};
-    page.box1 = L"a\x03" L"b\r\n";
+    page.box1 = L"a\x03"
+                L"b\r\n";
     expect_finding(header_lines() + page.text(), "U+0003 inside box 1");
     page = {};
     page.box3 = std::wstring(L"a\0b\r\n", 5);
     expect_finding(header_lines() + page.text(), "U+0000 inside box 3");
     page = {};
-    page.box1 = L"\xFEFF" L"a\r\n";
+    page.box1 = L"\xFEFF"
+                L"a\r\n";
     expect_finding(header_lines() + page.text(), "U+FEFF at the beginning of box 1");
     page = {};
     page.box1 = L"a\r\n\x03 lost\r\n";
@@ -102,8 +104,10 @@ TEST_F(BokCheck, FindsWhatAFieldWouldLose)
 
 TEST_F(BokCheck, FindsWhatTheNextSaveWouldBreak)
 {
-    expect_finding(header_lines() + page_with_numbers(L"").text(), "a Book saved with it can never be opened again");
-    for (std::wstring PageText::*field : { &PageText::box2, &PageText::files, &PageText::folder, &PageText::numbers }) {
+    expect_finding(
+        header_lines() + page_with_numbers(L"").text(), "a Book saved with it can never be opened again");
+    for (std::wstring PageText::*field :
+        { &PageText::box2, &PageText::files, &PageText::folder, &PageText::numbers }) {
         PageText page;
         page.*field = L" \x03" + (field == &PageText::numbers ? page.numbers : L"x\r\n");
         expect_finding(header_lines() + page.text(), "once saved the Book is broken here");
@@ -134,7 +138,8 @@ TEST_F(BokCheck, FindsNumbersThatCannotBeReadOrCount)
     };
     expect_finding(with_numbers(L"20260102030405 0 0\r\n"), "cannot be read (3 of 13 tokens)");
     expect_finding(with_numbers(L"\r\n"), "cannot be read (0 of 13 tokens)");
-    expect_finding(with_numbers(L"s 0 0 4294967296 0 0 0 0 0 0 0 0 0\r\n"), "cannot be read (13 of 13 tokens)");
+    expect_finding(
+        with_numbers(L"s 0 0 4294967296 0 0 0 0 0 0 0 0 0\r\n"), "cannot be read (13 of 13 tokens)");
     expect_finding(with_numbers(good.substr(0, good.size() - 2) + L" 7\r\n"), "more than thirteen tokens");
     expect_finding(with_numbers(good + good), "more than one line of numbers");
     expect_finding(with_numbers(L"2026010203040520260607080910 0 0 0 0 0 0 0 0 16777216 0 0 0\r\n"),
@@ -145,13 +150,15 @@ TEST_F(BokCheck, GoesOnBehindNumbersThatCannotBeRead)
 {
     PageText later;
     later.box2 = L"a\r\nb\r\n";
-    expect_finding(header_lines() + page_with_numbers(L"x\r\n").text() + later.text(), "page index 1 (line 13): box 2");
+    expect_finding(
+        header_lines() + page_with_numbers(L"x\r\n").text() + later.text(), "page index 1 (line 13): box 2");
 }
 
 TEST_F(BokCheck, FindsACurrentFilePastTheList)
 {
     const auto with_current = [](const std::wstring& files, const std::wstring& current) {
-        PageText page = page_with_numbers(L"2026010203040520260607080910 0 0 0 0 0 0 0 0 0 0 0 " + current + L"\r\n");
+        PageText page =
+            page_with_numbers(L"2026010203040520260607080910 0 0 0 0 0 0 0 0 0 0 0 " + current + L"\r\n");
         page.files = files;
         return header_lines() + page.text();
     };
@@ -188,7 +195,8 @@ TEST_F(BokCheck, FindsTheEndOfACutFile)
     PageText second;
     second.box1 = L"text\r\n";
     expect_finding(whole + L"tail", "page index 1 (line 11): lines behind the last whole page are dropped");
-    expect_finding(whole + L"text\r\n\x03\r\nti", "page index 1 (line 13): the file ends inside this page, at box 2");
+    expect_finding(
+        whole + L"text\r\n\x03\r\nti", "page index 1 (line 13): the file ends inside this page, at box 2");
     expect_finding(whole.substr(0, whole.size() - 2), "the last line has no end");
     expect_finding(header_lines() + L"text\r\n", "no whole page");
     // Every cut leaves something to tell, but for the one between two pages.
@@ -213,7 +221,8 @@ TEST_F(BokCheck, TellsOlderAndDamagedFilesApart)
     expect_finding(L"", "the file is empty");
     expect_finding(L"\x03\x03\r\n", "the three lines of the header are not whole");
     expect_finding(L"\xFEFFtext\r\n" + PageText{}.text(), "the older format");
-    expect_finding(L"\x03\x03\r\nabc\r\n\x03\x03\r\n" + PageText{}.text(), "the BookHeader in line 2 is damaged");
+    expect_finding(
+        L"\x03\x03\r\nabc\r\n\x03\x03\r\n" + PageText{}.text(), "the BookHeader in line 2 is damaged");
     expect_finding(L"\xFEFF" + PageText{}.text(), "box 1 of the first page is empty");
 }
 
@@ -226,7 +235,8 @@ TEST_F(BokCheck, FindsHeaderValuesOutsideTheirRange)
     expect_header_finding([](auto& h) { h.auto_file_search = 9; }, "auto_file_search is 9");
     expect_header_finding([](auto& h) { h.gif_autoplay = 9; }, "gif_autoplay is 9");
     expect_header_finding([](auto& h) { h.order_mode = 2703; }, "order_mode is 2703");
-    expect_header_finding([](auto& h) { h.order_mode = std::numeric_limits<std::int32_t>::min(); }, "is 2147483648");
+    expect_header_finding(
+        [](auto& h) { h.order_mode = std::numeric_limits<std::int32_t>::min(); }, "is 2147483648");
     expect_header_finding([](auto& h) { h.sort_key = 3006; }, "sort_key is 3006");
     expect_header_finding([](auto& h) { h.tab_label_box = 3999; }, "tab_label_box is 3999");
     expect_header_finding([](auto& h) { h.divider = -1; }, "divider is -1");
@@ -296,7 +306,8 @@ TEST_F(BokConvert, AsksAtATerminal)
     EXPECT_EQ(yes.code, 0) << yes.err;
     EXPECT_NE(yes.err.find("older format"), std::string::npos);
     EXPECT_NE(yes.err.find("[y/N]"), std::string::npos);
-    EXPECT_NE(convert(damaged, {}, "Yes\n", Terminal::yes).err.find("BookHeader is damaged"), std::string::npos);
+    EXPECT_NE(
+        convert(damaged, {}, "Yes\n", Terminal::yes).err.find("BookHeader is damaged"), std::string::npos);
 }
 
 TEST_F(BokConvert, TakesAnythingElseForANo)
@@ -350,7 +361,10 @@ TEST_F(BokConvert, GivesAPageWithoutAStampTheCurrentTimeTwice)
 
 TEST_F(BokConvert, KeepsACreationTimeThatIsWhole)
 {
-    EXPECT_EQ(convert(header_lines() + page_with_numbers(L"20260102030405 0 0 0 0 0 0 0 0 0 0 0 0\r\n").text()).code, 0);
+    EXPECT_EQ(
+        convert(header_lines() + page_with_numbers(L"20260102030405 0 0 0 0 0 0 0 0 0 0 0 0\r\n").text())
+            .code,
+        0);
     EXPECT_EQ(converted().pages.at(0).stamp.substr(0, 14), L"20260102030405");
     EXPECT_EQ(converted().pages.at(0).stamp.size(), 28u);
 }
@@ -361,8 +375,10 @@ TEST_F(BokConvert, RemovesTheSeparatorsThatASaveWouldBreakAt)
     page.box1 = L"\xFEFF\x03 a\x03\r\n";
     page.box2 = L" \x03title\r\n";
     page.files = L"first\r\n \x03\r\n \x03last\r\n";
-    page.folder = L"\t\x03" L"folder\r\n";
-    page.numbers = L" \x03" L"2026010203040520260607080910 0 0 0 0 0 0 0 0 0 0 0 2\r\n";
+    page.folder = L"\t\x03"
+                  L"folder\r\n";
+    page.numbers = L" \x03"
+                   L"2026010203040520260607080910 0 0 0 0 0 0 0 0 0 0 0 2\r\n";
     const Outcome outcome = convert(header_lines() + page.text() + PageText{}.text());
     EXPECT_EQ(outcome.code, 0) << outcome.err;
     const book::Book book = converted();

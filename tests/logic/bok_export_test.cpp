@@ -113,7 +113,9 @@ TEST_F(BokHtml, HoldsNoCharacterThatHtmlForbids)
     PageText page;
     page.box3 = std::wstring(L"a\0b\x1\x1B\x7F\x85\xD800 \xDC00\xFFFE\xFDD0\xDBFF\xDFFF z\r\n", 18);
     expect_part(exported("html", page),
-        ">a\xEF\xBF\xBD" "b\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD \xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD z<");
+        ">a\xEF\xBF\xBD"
+        "b\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD "
+        "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD z<");
 }
 
 TEST_F(BokHtml, ComesInDisplayOrder)
@@ -158,7 +160,8 @@ TEST_F(BokMarkdown, HasHeadingLeadBodyAndFiles)
 TEST_F(BokMarkdown, EscapesWhatWouldBeMarkup)
 {
     PageText page;
-    page.box3 = L"# a\r\n\r\n- b\r\n\r\n+ c\r\n\r\n1. d\r\n\r\n12) e\r\n\r\n> f\r\n\r\n    g\r\n\r\n\th\r\n\r\n---\r\n\r\n===\r\n\r\n"
+    page.box3 = L"# a\r\n\r\n- b\r\n\r\n+ c\r\n\r\n1. d\r\n\r\n12) e\r\n\r\n> f\r\n\r\n    "
+                L"g\r\n\r\n\th\r\n\r\n---\r\n\r\n===\r\n\r\n"
                 L"*i* _j_ `k` [l](m) <b> &amp; ~~n~~ |o| \\p 3.14 a-b\r\n";
     EXPECT_EQ(exported("markdown", page),
         "## 1　\n\n\\# a\n\n\\- b\n\n\\+ c\n\n1\\. d\n\n12\\) e\n\n\\> f\n\n&nbsp;&nbsp;&nbsp;&nbsp;g\n\n"

@@ -61,8 +61,9 @@ TEST(JsonText, TakesEveryEscape)
 
 TEST(JsonText, IsRefusedWhenItIsNone)
 {
-    for (const char* json : { "", "x", "\"", "\"a", "\"\\\"", "\"\\x\"", "\"\\u12\"", "\"\\u12g4\"", "\"\\u-123\"", "\"\\",
-             "\"\t\"", "\"\n\"", "\"\xFF\"", "\"\xED\xA0\x80\"", "\"\xC0\xAF\"", "\"a\" b", "'a'", "null" })
+    for (const char* json :
+        { "", "x", "\"", "\"a", "\"\\\"", "\"\\x\"", "\"\\u12\"", "\"\\u12g4\"", "\"\\u-123\"", "\"\\",
+            "\"\t\"", "\"\n\"", "\"\xFF\"", "\"\xED\xA0\x80\"", "\"\xC0\xAF\"", "\"a\" b", "'a'", "null" })
         EXPECT_THROW(read_string(json), JsonError) << json;
 }
 
@@ -91,7 +92,8 @@ TEST(JsonNumber, IsRefusedBeyondIt)
     EXPECT_THROW(read_number<std::int32_t>("2147483648"), JsonError);
     EXPECT_THROW(read_number<std::uint8_t>("256"), JsonError);
     EXPECT_THROW(read_number<std::uint32_t>("-1"), JsonError);
-    for (const char* json : { "1.0", "1e3", "01", "-", "+1", "0x1", "\"1\"", "", "1 2", "99999999999999999999999" })
+    for (const char* json :
+        { "1.0", "1e3", "01", "-", "+1", "0x1", "\"1\"", "", "1 2", "99999999999999999999999" })
         EXPECT_THROW(read_number<std::int32_t>(json), JsonError) << json;
 }
 
@@ -186,7 +188,8 @@ TEST_F(BokJson, KeepsEveryByteOfTheHeader)
 TEST_F(BokJson, GivesTheSameBytesForWhatNoBoxWouldHold)
 {
     PageText page;
-    page.box1 = L"\xFEFF\xFEFF" L"a\rb\nc \x03 d\r\r\n\n\x1\xD800\r\n\xDC00\r\n";
+    page.box1 = L"\xFEFF\xFEFF"
+                L"a\rb\nc \x03 d\r\r\n\n\x1\xD800\r\n\xDC00\r\n";
     page.box2 = L" x\ry\nz\x03 \xFEFF\r\n";
     page.box3 = std::wstring(L"a\0b", 3) + L"\x2028\x85\r\n";
     page.files = L"a\rb\nc\x03\r\n \x3000 d\te \r\n";
@@ -291,7 +294,8 @@ TEST_F(BokJson, MakesEveryLineBreakOfABoxCrLf)
 TEST_F(BokJson, RefusesWhatWouldBreakTheFileByItsPlace)
 {
     expect_refused(R"({"pages":[{},
- {"text":["a\u0003","",""]}]})", "line 2, column 2: pages[1]: text[0] holds U+0003");
+ {"text":["a\u0003","",""]}]})",
+        "line 2, column 2: pages[1]: text[0] holds U+0003");
     expect_refused(R"({"pages":[{"text":["","",["x","\u0003"]]}]})", "text[2] holds U+0003");
     expect_refused(R"({"pages":[{"text":["","a\u0003",""]}]})", "text[1] holds U+0003");
     expect_refused(R"({"pages":[{"text":["","a\nb",""]}]})", "text[1] holds a line break");
@@ -311,8 +315,11 @@ TEST_F(BokJson, RefusesWhatWouldBreakTheFileByItsPlace)
 
 TEST_F(BokJson, RefusesEvenAVerbatimPageThatWouldComeBackAsAnother)
 {
-    const auto verbatim = [](const std::string& members) { return R"({"pages":[{"verbatim":true,)" + members + "}]}"; };
-    expect_refused(verbatim(R"("text":["a\r\n\u0003b","",""])"), "text[0] has a line that begins with U+0003");
+    const auto verbatim = [](const std::string& members) {
+        return R"({"pages":[{"verbatim":true,)" + members + "}]}";
+    };
+    expect_refused(
+        verbatim(R"("text":["a\r\n\u0003b","",""])"), "text[0] has a line that begins with U+0003");
     expect_refused(verbatim(R"("text":["","",["\u0003"]])"), "text[2] has a line that begins with U+0003");
     expect_refused(verbatim(R"("text":[""," \u0003",""])"), "text[1] begins with U+0003");
     expect_refused(verbatim(R"("text":["","a\r\nb",""])"), "text[1] holds a line break");
@@ -347,9 +354,11 @@ TEST_F(BokJson, RefusesWhatIsNotItsForm)
     expect_refused(R"({"pages":[{"mark":2147483648}]})", "out of range");
     expect_refused(R"({"header":{"wrap_text":256},"pages":[{}]})", "out of range");
     expect_refused(R"({"header":{"fonts":[{}]},"pages":[{}]})", "needs 3 elements");
-    expect_refused(R"({"header":{"fonts":[{"face":"123456789012345678901234567890123"},{},{}]},"pages":[{}]})",
+    expect_refused(
+        R"({"header":{"fonts":[{"face":"123456789012345678901234567890123"},{},{}]},"pages":[{}]})",
         "at most 32 units");
-    expect_refused(R"({"header":{"fonts":[{"face":"12345678901234567890123456789012","face_tail":"x"},{},{}]}})",
+    expect_refused(
+        R"({"header":{"fonts":[{"face":"12345678901234567890123456789012","face_tail":"x"},{},{}]}})",
         "at most 32 units");
     expect_refused(R"({"pages":null})", "expected '['");
     expect_refused("\xEF\xBB\xBF{", "the text ends too early");

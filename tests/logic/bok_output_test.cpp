@@ -77,7 +77,8 @@ TEST_F(BokOutput, OfEveryCommandIsRefusedWithOneLine)
     const std::string table = folder.write_utf8(L"a.tsv", "a\tb\tc\t\t\n");
     for (const std::string& bad : { folder.path(L"."), folder.path(L"missing") + "/x" }) {
         for (const std::vector<std::string>& call : { std::vector<std::string>{ "convert", book, "-o", bad },
-                 { "import", table, "--from", "tsv", "-o", bad }, { "export", book, "--to", "html", "-o", bad } }) {
+                 { "import", table, "--from", "tsv", "-o", bad },
+                 { "export", book, "--to", "html", "-o", bad } }) {
             const Outcome outcome = bok(call);
             EXPECT_EQ(outcome.code, 1) << call[0];
             EXPECT_EQ(outcome.complaints(), 1) << outcome.err;

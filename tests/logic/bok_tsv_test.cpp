@@ -1,4 +1,5 @@
-// Tables in and out: what a cell means, what is refused and by which name, and that nothing is lost on the way.
+// Tables in and out: what a cell means, what is refused and by which name, and that nothing is lost on the
+// way.
 #include "book/book.hpp"
 #include "tests/support/bok_run.hpp"
 #include <gtest/gtest.h>
@@ -47,10 +48,12 @@ struct BokTsv : testing::Test {
 
 TEST_F(BokTsv, MakesAPageOfEachLine)
 {
-    const book::Book book = imported("意味\t語\t例文\tC:\\temp\\new.txt|https://a.example/\tC:\\資料\nb1\tb2\tb3\t\t\n");
+    const book::Book book =
+        imported("意味\t語\t例文\tC:\\temp\\new.txt|https://a.example/\tC:\\資料\nb1\tb2\tb3\t\t\n");
     ASSERT_EQ(book.pages.size(), 2u);
     EXPECT_EQ(book.pages[0].text, (std::array<std::wstring, 3>{ L"意味\r\n", L"語", L"例文\r\n" }));
-    EXPECT_EQ(book.pages[0].files, (std::vector<std::wstring>{ L"C:\\temp\\new.txt", L"https://a.example/" }));
+    EXPECT_EQ(
+        book.pages[0].files, (std::vector<std::wstring>{ L"C:\\temp\\new.txt", L"https://a.example/" }));
     EXPECT_EQ(book.pages[0].current_file, 0u);
     EXPECT_EQ(book.pages[0].reference_folder, L"C:\\資料");
     EXPECT_EQ(book.pages[1].files, std::vector<std::wstring>{});
@@ -72,8 +75,10 @@ TEST_F(BokTsv, GivesPagesWhatTheProgramGivesNewOnes)
 
 TEST_F(BokTsv, TakesAnyLineEndAndAByteOrderMark)
 {
-    for (const char* table : { "a\tb\tc\t\t\nd\te\tf\t\t\n", "a\tb\tc\t\t\r\nd\te\tf\t\t\r\n", "a\tb\tc\t\t\nd\te\tf\t\t",
-             "\xEF\xBB\xBF" "a\tb\tc\t\t\r\nd\te\tf\t\t" }) {
+    for (const char* table :
+        { "a\tb\tc\t\t\nd\te\tf\t\t\n", "a\tb\tc\t\t\r\nd\te\tf\t\t\r\n", "a\tb\tc\t\t\nd\te\tf\t\t",
+            "\xEF\xBB\xBF"
+            "a\tb\tc\t\t\r\nd\te\tf\t\t" }) {
         const book::Book book = imported(table);
         ASSERT_EQ(book.pages.size(), 2u);
         EXPECT_EQ(book.pages[0].text[0], L"a\r\n");
@@ -87,7 +92,8 @@ TEST_F(BokTsv, ReadsTheEscapesOfTheBoxes)
     const book::Page& page = book.pages.at(0);
     EXPECT_EQ(page.text[0], L"one\r\ntwo\r\n\r\nfour\r\n");
     EXPECT_EQ(page.text[1], L"\\n A");
-    EXPECT_EQ(page.text[2], (std::wstring{ L'\t', wchar_t{ 0xD83D }, wchar_t{ 0xDE00 }, wchar_t{ 0xD800 } } + L"|\r\n"));
+    EXPECT_EQ(page.text[2],
+        (std::wstring{ L'\t', wchar_t{ 0xD83D }, wchar_t{ 0xDE00 }, wchar_t{ 0xD800 } } + L"|\r\n"));
 }
 
 TEST_F(BokTsv, TakesABackslashInAPathAsItStands)
@@ -142,16 +148,21 @@ TEST_F(BokTsv, RefusesBlankEntries)
 
 TEST_F(BokTsv, RefusesBytesThatAreNoUtf8)
 {
-    for (const char* bytes : { "\xFF", "\xC3", "\xC0\x80", "\xE3\x81", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80",
-             "\xF0\x9F\x98", "\xE0\x80\x80" })
-        expect_refused("a\tb\tc" + std::string(bytes) + "\t\t\n", "line 1, column 3 (box 3): holds bytes that are not UTF-8");
+    for (const char* bytes : { "\xFF", "\xC3", "\xC0\x80", "\xE3\x81", "\xED\xA0\x80", "\xF4\x90\x80\x80",
+             "\x80", "\xF0\x9F\x98", "\xE0\x80\x80" })
+        expect_refused("a\tb\tc" + std::string(bytes) + "\t\t\n",
+            "line 1, column 3 (box 3): holds bytes that are not UTF-8");
     expect_refused("a\tb\tc\t\xFE\t\n", "column 4 (files): holds bytes that are not UTF-8");
-    expect_refused(std::string_view("\xFF\xFE" "a\0", 4), "UTF-16");
+    expect_refused(std::string_view("\xFF\xFE"
+                                    "a\0",
+                       4),
+        "UTF-16");
 }
 
 TEST_F(BokTsv, RefusesEscapesThatMeanNothing)
 {
-    for (const char* cell : { "\\", "\\x", "\\u", "\\u{", "\\u{}", "\\u{110000}", "\\u{g}", "\\u{0000041}", "C:\\Users" })
+    for (const char* cell :
+        { "\\", "\\x", "\\u", "\\u{", "\\u{}", "\\u{110000}", "\\u{g}", "\\u{0000041}", "C:\\Users" })
         expect_refused("a\t" + std::string(cell) + "\tc\t\t\n", "column 2 (box 2): an unknown escape");
     expect_refused("a\tb\tc\tC:\\u{x}\t\n", "column 4 (files): \\u{...}");
 }

@@ -16,7 +16,7 @@ public:
     ~ConsoleSetup();
 
 private:
-    unsigned old_code_page_ = 0;
+    [[maybe_unused]] unsigned old_code_page_ = 0; // of a Windows console
 };
 
 } // namespace bok

@@ -3,6 +3,7 @@
 #include "tools/bok/streams.hpp"
 #include "tools/bok/utf8.hpp"
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 
 namespace bok {
@@ -21,7 +22,7 @@ std::wstring_view first_line(std::wstring_view text)
 
 std::string title_of(const book::Page& page)
 {
-    for (const std::size_t box : std::initializer_list<std::size_t>{ 1, 0, 2 }) {
+    for (const std::size_t box : std::array<std::size_t, 3>{ 1, 0, 2 }) {
         if (const std::wstring_view line = first_line(page.text[box]); !line.empty())
             return printable(line, title_length);
     }

@@ -1,4 +1,7 @@
 #include "tools/bok/utf8.hpp"
+#include <algorithm>
+#include <array>
+#include <utility>
 
 namespace bok {
 
@@ -40,6 +43,27 @@ std::pair<std::uint32_t, std::size_t> decode(std::string_view bytes, std::size_t
     return { point, lead.length };
 }
 
+bool begins_unit(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0u) != 0x80u;
+}
+
+bool begins_pair(char byte)
+{
+    return static_cast<unsigned char>(byte) >= 0xF0u;
+}
+
+// Writes one or two units and answers the place behind them.
+wchar_t* put_utf16(std::uint32_t point, wchar_t* unit)
+{
+    if (point >= 0x10000) {
+        *unit++ = static_cast<wchar_t>(0xD800 + ((point - 0x10000) >> 10));
+        point = 0xDC00 + (point & 0x3FF);
+    }
+    *unit++ = static_cast<wchar_t>(point);
+    return unit;
+}
+
 bool is_control(std::uint32_t point)
 {
     return point < 0x20 || (point >= 0x7F && point < 0xA0) || point == 0x2028 || point == 0x2029
@@ -50,28 +74,28 @@ bool is_control(std::uint32_t point)
 
 void append_utf16(std::uint32_t point, std::wstring& text)
 {
-    if (point >= 0x10000) {
-        text.push_back(static_cast<wchar_t>(0xD800 + ((point - 0x10000) >> 10)));
-        text.push_back(static_cast<wchar_t>(0xDC00 + (point & 0x3FF)));
-    } else {
-        text.push_back(static_cast<wchar_t>(point));
-    }
+    std::array<wchar_t, 2> units{};
+    text.append(units.data(), put_utf16(point, units.data()));
 }
 
 std::optional<std::size_t> append_utf16(std::string_view bytes, std::wstring& text)
 {
-    text.reserve(text.size() + bytes.size() / 2);
+    // Exactly the room that sound UTF-8 needs: a Book keeps these strings.
+    const std::size_t start = text.size();
+    text.resize(start + static_cast<std::size_t>(std::ranges::count_if(bytes, begins_unit))
+        + static_cast<std::size_t>(std::ranges::count_if(bytes, begins_pair)));
+    wchar_t* unit = text.data() + start;
     for (std::size_t at = 0; at < bytes.size();) {
         const auto byte = static_cast<unsigned char>(bytes[at]);
         if (byte < 0x80) {
-            text.push_back(static_cast<wchar_t>(byte));
+            *unit++ = static_cast<wchar_t>(byte);
             ++at;
             continue;
         }
         const auto [point, length] = decode(bytes, at);
         if (length == 0)
             return at;
-        append_utf16(point, text);
+        unit = put_utf16(point, unit);
         at += length;
     }
     return std::nullopt;
@@ -79,24 +103,17 @@ std::optional<std::size_t> append_utf16(std::string_view bytes, std::wstring& te
 
 void append_utf8(std::uint32_t point, std::string& bytes)
 {
-    const auto put = [&](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
     if (is_surrogate_point(point))
         point = replacement_character;
-    if (point < 0x80) {
-        put(point);
-    } else if (point < 0x800) {
-        put(0xC0 | point >> 6);
-        put(0x80 | (point & 0x3F));
-    } else if (point < 0x10000) {
-        put(0xE0 | point >> 12);
-        put(0x80 | (point >> 6 & 0x3F));
-        put(0x80 | (point & 0x3F));
-    } else {
-        put(0xF0 | point >> 18);
-        put(0x80 | (point >> 12 & 0x3F));
-        put(0x80 | (point >> 6 & 0x3F));
-        put(0x80 | (point & 0x3F));
-    }
+    const auto tail = [point](int shift) { return static_cast<char>(0x80 | (point >> shift & 0x3F)); };
+    if (point < 0x80)
+        bytes.push_back(static_cast<char>(point));
+    else if (point < 0x800)
+        bytes.append({ static_cast<char>(0xC0 | point >> 6), tail(0) });
+    else if (point < 0x10000)
+        bytes.append({ static_cast<char>(0xE0 | point >> 12), tail(6), tail(0) });
+    else
+        bytes.append({ static_cast<char>(0xF0 | point >> 18), tail(12), tail(6), tail(0) });
 }
 
 void append_utf8(std::wstring_view text, std::string& bytes)
