@@ -11,14 +11,15 @@ namespace {
 
 class Walk : public EndToEnd {
 protected:
-    // Refuses what is asked, so that nothing new is chosen or deleted.
+    // Refuses what is asked, so that nothing new is chosen or deleted. A dialog may go away while it is
+    // looked at.
     void dismiss_dialogs()
     {
         for (const Window window : top_windows(program().process_id())) {
             if (FileDialog::is_one(window))
-                window.post_command(IDCANCEL);
+                PostMessageW(window.handle(), WM_COMMAND, IDCANCEL, 0);
             else if (MessageDialog::is_one(window))
-                window.post_command(GetDlgItem(window.handle(), IDNO) ? IDNO : IDOK);
+                PostMessageW(window.handle(), WM_COMMAND, GetDlgItem(window.handle(), IDNO) ? IDNO : IDOK, 0);
         }
     }
     // Sends a command and dismisses what it opens, until it is done.
