@@ -221,6 +221,7 @@ void write_book(Book& book, ByteSink& sink)
     writer.flush();
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): clear() may erase what a reference would name
 bool Book::load(std::wstring file, std::wstring& error, const AskUser& ask_user)
 {
     clear();

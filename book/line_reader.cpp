@@ -42,9 +42,8 @@ const FileUnit* find_unit(const FileUnit* first, const FileUnit* last, FileUnit 
 
 void append_units(std::wstring& text, FileText units)
 {
-    if constexpr (sizeof(FileUnit) == sizeof(wchar_t))
-        text.append(units.begin(), units.end());
-    else if (text.empty()) // one pass; appending would go by way of a temporary
+    // One pass where units are widened: appending would go by way of a temporary.
+    if (sizeof(FileUnit) != sizeof(wchar_t) && text.empty())
         text = std::wstring(units.begin(), units.end());
     else
         text.append(units.begin(), units.end());

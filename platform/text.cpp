@@ -122,8 +122,8 @@ std::string to_utf8(std::wstring_view text)
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t point = static_cast<std::uint16_t>(text[i]);
         if (is_high_surrogate(text[i]) && i + 1 < text.size() && is_low_surrogate(text[i + 1])) {
-            const auto low = static_cast<std::uint16_t>(text[++i]);
-            point = first_beyond_plane + ((point & 0x3FF) << 10 | (low & 0x3FFu));
+            const auto low = static_cast<char32_t>(text[++i]);
+            point = first_beyond_plane + ((point & 0x3FF) << 10 | (low & 0x3FF));
         }
         append_utf8(bytes, point);
     }
