@@ -1,10 +1,9 @@
 #include "book/page_order.hpp"
-#include "platform/collation.hpp"
+#include "book/sorted_order.hpp"
 #include <algorithm>
 #include <limits>
 #include <numeric>
 #include <random>
-#include <stdexcept>
 
 namespace book {
 
@@ -48,64 +47,6 @@ Order shuffled_order(std::size_t count, std::uint32_t seed)
     for (std::size_t k = 1; k < count; ++k)
         std::swap(order[k], order[draw_below(k + 1, generator)]);
     return order;
-}
-
-std::size_t data_units(const Page& page)
-{
-    std::size_t units = page.reference_folder.size();
-    for (const std::wstring& text : page.text)
-        units += text.size();
-    for (const std::wstring& file : page.files)
-        units += file.size();
-    return units;
-}
-
-template <typename Key> Order sorted_by(const std::vector<Page>& pages, Key key)
-{
-    Order order = stored_order(pages.size());
-    std::stable_sort(order.begin(), order.end(),
-        [&](std::uint64_t a, std::uint64_t b) { return key(pages[a]) < key(pages[b]); });
-    return order;
-}
-
-Order sorted_by_text(const std::vector<Page>& pages, std::size_t box)
-{
-    Order order = stored_order(pages.size());
-    std::stable_sort(order.begin(), order.end(), [&](std::uint64_t a, std::uint64_t b) {
-        return platform::compare_linguistic(pages[a].text[box], pages[b].text[box])
-            == platform::Ordering::less;
-    });
-    return order;
-}
-
-std::wstring_view creation_time(const Page& page)
-{
-    return std::wstring_view(page.stamp).substr(0, time_length);
-}
-
-std::wstring_view modification_time(const Page& page)
-{
-    return std::wstring_view(page.stamp).substr(time_length);
-}
-
-Order sorted_order(const std::vector<Page>& pages, std::int32_t sort_key)
-{
-    switch (static_cast<SortKey>(sort_key)) {
-    case SortKey::box1:
-        return sorted_by_text(pages, 0);
-    case SortKey::box2:
-        return sorted_by_text(pages, 1);
-    case SortKey::box3:
-        return sorted_by_text(pages, 2);
-    case SortKey::created:
-        return sorted_by(pages, creation_time);
-    case SortKey::modified:
-        return sorted_by(pages, modification_time);
-    case SortKey::size:
-        return sorted_by(pages, data_units);
-    }
-    // Any other key orders nothing.
-    return stored_order(pages.size());
 }
 
 void set_mode(BookHeader& header, OrderMode mode)

@@ -1,12 +1,19 @@
 // The user's linguistic order of texts.
 #pragma once
-#include <string_view>
+#include <cstdint>
+#include <span>
+#include <string>
 
 namespace platform {
 
 enum class Ordering { less, equal, greater, unknown };
 
 // Both texts count up to their first U+0000. `unknown` when the system cannot compare them.
-Ordering compare_linguistic(std::wstring_view left, std::wstring_view right);
+Ordering compare_linguistic(const std::wstring& left, const std::wstring& right);
+
+// Fills `bytes` with the beginning of the text's place in that order, and with zeros behind its end. Where
+// the bytes of two texts first differ, the texts are ordered as the bytes are; texts with equal bytes may
+// still differ. Looks only at as much of the text as it takes. False when the system cannot tell.
+bool fill_order_bytes(const std::wstring& text, std::span<std::uint8_t> bytes);
 
 } // namespace platform

@@ -1,12 +1,20 @@
 #include "platform/collation.hpp"
+#include "platform/collation_prefix.hpp"
 #include "platform/text.hpp"
+#include <algorithm>
 #include <cwchar>
 #include <locale.h>
-#include <string>
+#include <vector>
 
 namespace platform {
 
 namespace {
+
+// A plain unit has two primary weights at most.
+constexpr std::size_t most_weights_of_a_unit = 2;
+constexpr std::size_t margin = plain_units_before_cut * most_weights_of_a_unit;
+// Ends the primary weights where there are others; every weight is higher.
+constexpr wchar_t end_of_level = 1;
 
 // The environment may name a locale that is not installed.
 locale_t users_collation()
@@ -17,6 +25,14 @@ locale_t users_collation()
         return users ? users : newlocale(parts, "C", locale_t{});
     }();
     return locale;
+}
+
+bool has_surrogates(std::wstring_view text)
+{
+    unsigned found = 0;
+    for (const wchar_t unit : text)
+        found |= is_surrogate(unit);
+    return found != 0;
 }
 
 // The C library compares code points: pairs are joined, and a lone surrogate, which is none, is replaced.
@@ -30,20 +46,103 @@ std::wstring code_points(std::wstring_view text)
         else if (is_high_surrogate(text[i]) && i + 1 < text.size() && is_low_surrogate(text[i + 1])) {
             points += static_cast<wchar_t>(0x10000 + ((text[i] - 0xD800) << 10) + (text[i + 1] - 0xDC00));
             ++i;
-        } else
+        } else {
             points += wchar_t{ 0xFFFD };
+        }
     }
     return points;
 }
 
+bool make_sort_key(std::wstring_view text, std::vector<wchar_t>& key)
+{
+    const std::wstring points = code_points(text);
+    key.resize(std::max<std::size_t>(key.capacity(), 256));
+    std::size_t length = wcsxfrm_l(key.data(), points.c_str(), key.size(), users_collation());
+    if (length >= key.size()) {
+        key.resize(length + 1);
+        length = wcsxfrm_l(key.data(), points.c_str(), key.size(), users_collation());
+    }
+    if (length >= key.size())
+        return false;
+    key.resize(length);
+    return true;
+}
+
+// Few bytes for low numbers, and in the same order as the numbers: the form of UTF-8, up to 31 bits.
+class ByteWriter {
+public:
+    explicit ByteWriter(std::span<std::uint8_t> bytes)
+        : bytes_(bytes)
+    {
+    }
+
+    void write(std::uint32_t number)
+    {
+        if (number < 0x80) {
+            put(number);
+            return;
+        }
+        unsigned following = 1;
+        while (following < 5 && number >> (5 * following + 6) != 0)
+            ++following;
+        put((0xFFu << (7 - following) & 0xFF) | number >> 6 * following);
+        while (following-- > 0)
+            put(0x80 | (number >> 6 * following & 0x3F));
+    }
+    bool is_full() const { return bytes_.empty(); }
+    void fill_with_zeros() { std::fill(bytes_.begin(), bytes_.end(), std::uint8_t{ 0 }); }
+
+private:
+    void put(std::uint32_t byte)
+    {
+        if (bytes_.empty())
+            return;
+        bytes_.front() = static_cast<std::uint8_t>(byte);
+        bytes_ = bytes_.subspan(1);
+    }
+
+    std::span<std::uint8_t> bytes_;
+};
+
+// False when the weights end before the bytes do.
+bool write_weights(std::span<const wchar_t> weights, ByteWriter& writer)
+{
+    for (const wchar_t weight : weights)
+        writer.write(static_cast<std::uint32_t>(weight));
+    return writer.is_full();
+}
+
 } // namespace
 
-Ordering compare_linguistic(std::wstring_view left, std::wstring_view right)
+Ordering compare_linguistic(const std::wstring& left, const std::wstring& right)
 {
-    const int result = wcscoll_l(code_points(left).c_str(), code_points(right).c_str(), users_collation());
+    const bool as_they_are = !has_surrogates(left) && !has_surrogates(right);
+    const int result = as_they_are
+        ? wcscoll_l(left.c_str(), right.c_str(), users_collation())
+        : wcscoll_l(code_points(left).c_str(), code_points(right).c_str(), users_collation());
     if (result == 0)
         return Ordering::equal;
     return result < 0 ? Ordering::less : Ordering::greater;
+}
+
+bool fill_order_bytes(const std::wstring& text, std::span<std::uint8_t> bytes)
+{
+    static thread_local std::vector<wchar_t> key;
+    for (std::size_t length = bytes.size() / 2 + margin;; length *= 2) {
+        const CollationPrefix prefix = collation_prefix(text, length);
+        if (!make_sort_key(prefix.text, key))
+            return false;
+        auto weights = std::span<const wchar_t>(key.begin(), std::find(key.begin(), key.end(), end_of_level));
+        if (!prefix.is_whole)
+            weights = weights.first(weights.size() - std::min(margin, weights.size()));
+        ByteWriter writer(bytes);
+        const bool is_full = write_weights(weights, writer);
+        if (!is_full && !prefix.is_whole)
+            continue;
+        writer.write(end_of_level);
+        writer.fill_with_zeros();
+        return true;
+    }
 }
 
 } // namespace platform

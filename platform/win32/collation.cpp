@@ -1,37 +1,68 @@
 #include "platform/collation.hpp"
+#include "platform/collation_prefix.hpp"
+#include <algorithm>
 #include <limits>
+#include <vector>
 #include <windows.h>
 
 namespace platform {
 
 namespace {
 
-std::wstring_view up_to_zero(std::wstring_view text)
-{
-    return text.substr(0, text.find(L'\0'));
-}
+// A plain unit has a primary weight of two bytes, or of four where the locale's own order leaves it out.
+constexpr std::size_t most_bytes_of_a_weight = 4;
+constexpr std::size_t usual_bytes_of_a_weight = 2;
+constexpr std::size_t margin = plain_units_before_cut * most_bytes_of_a_weight;
+constexpr std::uint8_t end_of_level = 1;
 
 bool has_countable_length(std::wstring_view text)
 {
     return text.size() <= static_cast<std::size_t>(std::numeric_limits<int>::max());
 }
 
-// The system refuses a null pointer even for no characters.
-const wchar_t* characters(std::wstring_view text)
+// The system's key: the primary weights of the whole text come first, then finer differences.
+bool make_sort_key(std::wstring_view text, std::vector<std::uint8_t>& key)
 {
-    return text.empty() ? L"" : text.data();
+    if (text.empty()) { // the system refuses it
+        key.assign(1, end_of_level);
+        return true;
+    }
+    if (!has_countable_length(text))
+        return false;
+    const auto map = [&](wchar_t* target, int size) {
+        return LCMapStringEx(LOCALE_NAME_USER_DEFAULT, LCMAP_SORTKEY, text.data(),
+            static_cast<int>(text.size()), target, size, nullptr, nullptr, 0);
+    };
+    key.resize(std::max<std::size_t>(key.capacity(), 256));
+    int length = map(reinterpret_cast<wchar_t*>(key.data()), static_cast<int>(key.size()));
+    if (length == 0 && GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
+        key.resize(static_cast<std::size_t>(std::max(map(nullptr, 0), 0)));
+        length = map(reinterpret_cast<wchar_t*>(key.data()), static_cast<int>(key.size()));
+    }
+    key.resize(static_cast<std::size_t>(std::max(length, 0)));
+    return length > 0;
+}
+
+struct PrimaryWeights {
+    std::size_t length = 0; // bytes before the first that ends the level
+    bool is_sound = false;
+};
+
+// Ligatures that hold a mark of their own get zeros in Wine's keys, which its comparison passes over.
+PrimaryWeights primary_weights(std::span<const std::uint8_t> key)
+{
+    const auto end = std::find(key.begin(), key.end(), end_of_level);
+    const bool zero_follows = key.end() - end > 2 && end[1] == 0;
+    const bool is_sound = !zero_follows && std::find(key.begin(), end, std::uint8_t{ 0 }) == end;
+    return { static_cast<std::size_t>(end - key.begin()), is_sound };
 }
 
 } // namespace
 
-Ordering compare_linguistic(std::wstring_view left, std::wstring_view right)
+Ordering compare_linguistic(const std::wstring& left, const std::wstring& right)
 {
-    left = up_to_zero(left);
-    right = up_to_zero(right);
-    if (!has_countable_length(left) || !has_countable_length(right))
-        return Ordering::unknown;
-    switch (CompareStringEx(LOCALE_NAME_USER_DEFAULT, 0, characters(left), static_cast<int>(left.size()),
-        characters(right), static_cast<int>(right.size()), nullptr, nullptr, 0)) {
+    switch (CompareStringEx(
+        LOCALE_NAME_USER_DEFAULT, 0, left.c_str(), -1, right.c_str(), -1, nullptr, nullptr, 0)) {
     case CSTR_LESS_THAN:
         return Ordering::less;
     case CSTR_EQUAL:
@@ -40,6 +71,24 @@ Ordering compare_linguistic(std::wstring_view left, std::wstring_view right)
         return Ordering::greater;
     default:
         return Ordering::unknown;
+    }
+}
+
+bool fill_order_bytes(const std::wstring& text, std::span<std::uint8_t> bytes)
+{
+    static thread_local std::vector<std::uint8_t> key;
+    for (std::size_t length = (bytes.size() + margin) / usual_bytes_of_a_weight + 1;; length *= 2) {
+        const CollationPrefix prefix = collation_prefix(text, length);
+        if (!make_sort_key(prefix.text, key))
+            return false;
+        const auto [weights, is_sound] = primary_weights(key);
+        if (!is_sound)
+            return false;
+        if (!prefix.is_whole && weights < bytes.size() + margin)
+            continue;
+        const std::size_t known = std::min(prefix.is_whole ? weights + 1 : weights, bytes.size());
+        std::fill(std::copy_n(key.begin(), known, bytes.begin()), bytes.end(), std::uint8_t{ 0 });
+        return true;
     }
 }
 

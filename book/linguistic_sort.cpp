@@ -1,0 +1,122 @@
+#include "book/linguistic_sort.hpp"
+#include "platform/collation.hpp"
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <span>
+
+namespace book {
+
+namespace {
+
+using Texts = std::vector<const std::wstring*>;
+using Indices = std::span<std::uint64_t>;
+
+// The beginning of a text's place in the order, as numbers: comparing them is all that most pairs need.
+template <std::size_t words> struct Place {
+    std::array<std::uint64_t, words> key;
+    std::uint64_t index;
+
+    friend auto operator<=>(const Place&, const Place&) = default;
+};
+
+constexpr std::size_t first_words = 2;
+constexpr std::size_t more_words = 8;
+// Fewer are ordered faster by comparing them than by looking further into them all.
+constexpr std::size_t fewest_for_more_words = 4;
+
+bool is_less(const Texts& texts, std::uint64_t a, std::uint64_t b)
+{
+    // Many pages hold the same text, and the system would read it to its end.
+    return *texts[a] != *texts[b]
+        && platform::compare_linguistic(*texts[a], *texts[b]) == platform::Ordering::less;
+}
+
+// Joins two sorted neighbours. Own loops here and below: the system may contradict itself, which those of the
+// standard library do not allow.
+void merge(const Texts& texts, Indices indices, std::size_t middle)
+{
+    const Indices right = indices.subspan(middle);
+    if (middle == 0 || right.empty() || !is_less(texts, right.front(), indices[middle - 1]))
+        return;
+    const std::vector<std::uint64_t> left(
+        indices.begin(), indices.begin() + static_cast<std::ptrdiff_t>(middle));
+    auto from_left = left.begin();
+    auto from_right = right.begin();
+    for (auto target = indices.begin(); from_left != left.end(); ++target) {
+        const bool takes_right = from_right != right.end() && is_less(texts, *from_right, *from_left);
+        *target = takes_right ? *from_right++ : *from_left++;
+    }
+}
+
+void sort_by_comparing(const Texts& texts, Indices indices)
+{
+    if (indices.size() < 2)
+        return;
+    const std::size_t middle = indices.size() / 2;
+    sort_by_comparing(texts, indices.first(middle));
+    sort_by_comparing(texts, indices.subspan(middle));
+    merge(texts, indices, middle);
+}
+
+template <std::size_t words> bool make_place(const Texts& texts, std::uint64_t index, Place<words>& place)
+{
+    std::array<std::uint8_t, words * 8> bytes;
+    if (!platform::fill_order_bytes(*texts[index], bytes))
+        return false;
+    for (std::size_t word = 0; word < words; ++word)
+        place.key[word] = std::accumulate(bytes.begin() + static_cast<std::ptrdiff_t>(word * 8),
+            bytes.begin() + static_cast<std::ptrdiff_t>(word * 8 + 8), std::uint64_t{ 0 },
+            [](std::uint64_t sum, std::uint8_t byte) { return sum << 8 | byte; });
+    place.index = index;
+    return true;
+}
+
+template <std::size_t words> void sort_by_places(const Texts& texts, Indices indices);
+
+// Those that share a place so far.
+template <std::size_t words> void sort_equals(const Texts& texts, Indices indices)
+{
+    if (words < more_words && indices.size() >= fewest_for_more_words)
+        sort_by_places<more_words>(texts, indices);
+    else
+        sort_by_comparing(texts, indices);
+}
+
+template <std::size_t words> void sort_by_places(const Texts& texts, Indices indices)
+{
+    std::vector<Place<words>> places;
+    std::vector<std::uint64_t> without_place;
+    places.reserve(indices.size());
+    for (const std::uint64_t index : indices) {
+        Place<words> place;
+        if (make_place(texts, index, place))
+            places.push_back(place);
+        else
+            without_place.push_back(index);
+    }
+    std::sort(places.begin(), places.end());
+    const auto rest = std::transform(
+        places.begin(), places.end(), indices.begin(), [](const auto& place) { return place.index; });
+    for (std::size_t begin = 0, end = 0; begin < places.size(); begin = end) {
+        while (end < places.size() && places[end].key == places[begin].key)
+            ++end;
+        sort_equals<words>(texts, indices.subspan(begin, end - begin));
+    }
+    std::copy(without_place.begin(), without_place.end(), rest);
+    sort_by_comparing(texts, indices.subspan(places.size()));
+    merge(texts, indices, places.size());
+}
+
+} // namespace
+
+std::vector<std::uint64_t> linguistic_order(const std::vector<const std::wstring*>& texts)
+{
+    std::vector<std::uint64_t> order(texts.size());
+    std::iota(order.begin(), order.end(), std::uint64_t{ 0 });
+    if (order.size() > 1)
+        sort_by_places<first_words>(texts, order);
+    return order;
+}
+
+} // namespace book
