@@ -51,7 +51,8 @@ template <class Export> std::string exported(const book::Book& book, Export expo
     return out.str();
 }
 
-// An imported Book can be saved and opened again with all its pages, and JSON gives the same bytes from there on.
+// An imported Book can be saved and opened again with all its pages, and JSON gives the same bytes from there
+// on.
 inline book::Book check_imported(book::Book& book)
 {
     const std::size_t pages = book.pages.size();

@@ -23,8 +23,9 @@ nav li{display:flex;gap:.6em;break-inside:avoid}
 nav a{color:inherit;text-decoration:none}
 nav a:hover,nav a:focus{text-decoration:underline}
 nav bdi,h2 bdi{overflow-wrap:anywhere}
-.n{flex:none;min-width:2.6em;text-align:right;font-variant-numeric:tabular-nums;opacity:.7}
-.tab{flex:none;align-self:center;width:.8em;height:.8em;border-radius:.2em;margin-left:auto}
+.n{flex:none;font-variant-numeric:tabular-nums;opacity:.7;color:inherit;text-decoration:none}
+nav .n{min-width:2em;text-align:right}
+.tab{flex:none;align-self:center;width:.8em;height:.8em;border-radius:.2em}
 .mark{flex:none}
 article{margin:2rem 0;border-radius:.5rem;overflow:hidden;box-shadow:0 1px 4px #0004}
 article>h2{display:flex;gap:.6em;margin:0;padding:.55rem 1.1rem;font-size:1.15rem;line-height:1.5;border-left:.5rem solid transparent}
@@ -117,11 +118,6 @@ std::string file_name(const std::wstring& path)
     return printable(std::wstring_view(name).substr(0, dot == 0 ? name.npos : dot));
 }
 
-void append_number(std::uint64_t position, std::string& out)
-{
-    out += "<span class=\"n\">" + std::to_string(position + 1) + "</span>";
-}
-
 void append_head(const book::Book& book, const std::string& name, std::string& out)
 {
     const look::ThemePalette colors = look::theme_colors(book.header.theme);
@@ -142,9 +138,8 @@ void append_head(const book::Book& book, const std::string& name, std::string& o
 
 void append_entry(const book::Page& page, std::uint64_t position, std::string& out)
 {
-    out += "<li>";
-    append_number(position, out);
-    out += "<a href=\"#p" + std::to_string(position + 1) + "\"><bdi>";
+    out += "<li><span class=\"n\">" + std::to_string(position + 1) + "</span><a href=\"#p"
+        + std::to_string(position + 1) + "\"><bdi>";
     const std::string title = title_of(page);
     append_escaped_utf8(title.empty() ? "（無題）" : title, out);
     out += "</bdi></a>";
@@ -207,8 +202,7 @@ void append_page(const book::Page& page, std::uint64_t position, std::string& ou
     if (page.tab_number != 0)
         out += ";border-left-color:" + css_color(look::Color{ page.tab_color });
     out += "\">";
-    append_number(position, out);
-    out += "<bdi>";
+    out += "<a class=\"n\" href=\"#contents\" title=\"目次へ\">" + std::to_string(position + 1) + "</a><bdi>";
     append_escaped(lines_of(page.text[1]), out);
     out += "</bdi>";
     if (page.mark != 0)
@@ -232,7 +226,7 @@ void export_html(const book::Book& book, Sink& sink, Progress& progress)
             progress.show(position, book.pages.size());
         }
     };
-    sink.text() += "<nav>\n<h2>目次</h2>\n<ol>\n";
+    sink.text() += "<nav id=\"contents\">\n<h2>目次</h2>\n<ol>\n";
     for_each_page(append_entry);
     sink.text() += "</ol>\n</nav>\n<main>\n";
     for_each_page(append_page);
