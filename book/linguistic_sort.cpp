@@ -17,7 +17,10 @@ template <std::size_t words> struct Place {
     std::array<std::uint64_t, words> key;
     std::uint64_t index;
 
-    friend auto operator<=>(const Place&, const Place&) = default;
+    bool operator<(const Place& other) const
+    {
+        return key != other.key ? key < other.key : index < other.index;
+    }
 };
 
 constexpr std::size_t first_words = 2;

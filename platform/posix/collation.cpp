@@ -3,7 +3,7 @@
 #include "platform/text.hpp"
 #include <algorithm>
 #include <cwchar>
-#include <locale.h>
+#include <clocale>
 #include <vector>
 
 namespace platform {
