@@ -7,16 +7,9 @@ enum class StandardStream { in, out, err };
 
 bool is_terminal(StandardStream stream);
 
-// Bytes pass unchanged and a terminal takes them as UTF-8 while this lives.
-class ConsoleSetup {
-public:
-    ConsoleSetup();
-    ConsoleSetup(const ConsoleSetup&) = delete;
-    ConsoleSetup& operator=(const ConsoleSetup&) = delete;
-    ~ConsoleSetup();
-
-private:
-    [[maybe_unused]] unsigned old_code_page_ = 0; // of a Windows console
-};
+// From here on bytes pass unchanged and a terminal takes them as UTF-8. Answers what restore_console wants
+// back, for a console outlives the programs that write to it.
+unsigned prepare_console();
+void restore_console(unsigned code_page);
 
 } // namespace bok

@@ -9,12 +9,14 @@ namespace {
 
 int run_on_console(const std::vector<std::string>& arguments)
 {
-    const bok::ConsoleSetup console;
+    const unsigned code_page = bok::prepare_console();
     std::ios::sync_with_stdio(false);
     bok::Streams streams{ std::cin, std::cout, std::cerr, bok::is_terminal(bok::StandardStream::in),
         bok::is_terminal(bok::StandardStream::out), bok::is_terminal(bok::StandardStream::err) };
     const int code = bok::run(arguments, streams);
-    return std::cout.flush() ? code : bok::exit_problem;
+    const bool is_written = static_cast<bool>(std::cout.flush());
+    bok::restore_console(code_page);
+    return is_written ? code : bok::exit_problem;
 }
 
 // Nothing may leave the entry: where it did, there would be no line to read and no code to trust.

@@ -54,7 +54,8 @@ Escape braced_escape(std::wstring_view rest)
     if (!rest.starts_with(L"u{"))
         return {};
     const std::size_t end = rest.find(L'}');
-    if (end == rest.npos || end > 8)
+    constexpr std::size_t last_place = 2 + 6; // behind six digits; no brace at all is farther
+    if (end > last_place)
         return {};
     const std::string digits = printable(rest.substr(2, end - 2));
     std::uint32_t point = 0;

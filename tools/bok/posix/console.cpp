@@ -8,11 +8,11 @@ bool is_terminal(StandardStream stream)
     return isatty(static_cast<int>(stream)) == 1;
 }
 
-ConsoleSetup::ConsoleSetup()
+unsigned prepare_console()
 {
-    static_cast<void>(old_code_page_); // terminals here have none
+    return 0;
 }
 
-ConsoleSetup::~ConsoleSetup() = default;
+void restore_console(unsigned) { }
 
 } // namespace bok

@@ -15,18 +15,19 @@ bool is_terminal(StandardStream stream)
     return GetConsoleMode(GetStdHandle(names[static_cast<int>(stream)]), &mode) != 0;
 }
 
-ConsoleSetup::ConsoleSetup()
-    : old_code_page_(GetConsoleOutputCP())
+unsigned prepare_console()
 {
     for (std::FILE* stream : { stdin, stdout, stderr })
         _setmode(_fileno(stream), _O_BINARY);
+    const unsigned old_code_page = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
+    return old_code_page;
 }
 
-ConsoleSetup::~ConsoleSetup()
+void restore_console(unsigned code_page)
 {
-    if (old_code_page_ != 0)
-        SetConsoleOutputCP(old_code_page_);
+    if (code_page != 0)
+        SetConsoleOutputCP(code_page);
 }
 
 } // namespace bok
