@@ -289,6 +289,7 @@ TEST_F(BokJson, MakesEveryLineBreakOfABoxCrLf)
     const book::Book book = imported(R"({"pages":[{"text":["a\nb\rc\r\nd\n\r\n","t","\n\ne"]}]})");
     EXPECT_EQ(book.pages.at(0).text[0], L"a\r\nb\r\nc\r\nd\r\n");
     EXPECT_EQ(book.pages.at(0).text[2], L"\r\n\r\ne\r\n");
+    EXPECT_EQ(imported(R"({"pages":[{"text":["a\rb","",""]}]})").pages.at(0).text[0], L"a\r\nb\r\n");
 }
 
 TEST_F(BokJson, RefusesWhatWouldBreakTheFileByItsPlace)
