@@ -90,17 +90,42 @@ poll() {
     done
 }
 
-# In sessions of their own, so that Ctrl+C reaches the script, which closes them in order.
-start_screen() {
-    session_dir=$(mktemp -d "$wine_home/session.XXXXXX")
+# Server and manager run in sessions of their own, so that Ctrl+C reaches the script, which closes them in order.
+start_server() {
+    : >"$session_dir/display"
     setsid Xvfb -displayfd 3 -screen 0 $screen_size -nolisten tcp 3>"$session_dir/display" >"$session_dir/xvfb.log" 2>&1 &
     screen_pid=$!
-    poll 20 test -s "$session_dir/display" || die "no virtual screen: $(cat "$session_dir/xvfb.log")"
+    poll 20 test -s "$session_dir/display" || return 1
     DISPLAY=:$(tr -d '[:space:]' <"$session_dir/display")
     export DISPLAY
+}
+
+start_manager() {
     setsid openbox >"$session_dir/openbox.log" 2>&1 &
     manager_pid=$!
-    poll 20 wmctrl -m || die "no window manager on the virtual screen"
+}
+
+# A number that another server is just giving back may refuse the first call: then the manager has ended and is
+# started again.
+has_manager() {
+    wmctrl -m && return 0
+    kill -0 "$manager_pid" || start_manager
+    return 1
+}
+
+stop_screen() {
+    [ -z "${manager_pid:-}" ] || kill "$manager_pid" 2>/dev/null || true
+    [ -z "${screen_pid:-}" ] || kill "$screen_pid" 2>/dev/null || true
+}
+
+start_screen() {
+    session_dir=$(mktemp -d "$wine_home/session.XXXXXX")
+    local attempt
+    for attempt in 1 2 3; do
+        if start_server && start_manager && poll 20 has_manager; then return 0; fi
+        stop_screen
+    done
+    die "no virtual screen with a window manager after $attempt attempts: $(cat "$session_dir"/*.log)"
 }
 
 # Coming and leaving exclude each other: a session that leaves must not stop the server under one that has just come.
@@ -145,8 +170,7 @@ release_server() {
 
 close_session() {
     release_server
-    [ -z "${manager_pid:-}" ] || kill "$manager_pid" 2>/dev/null || true
-    [ -z "${screen_pid:-}" ] || kill "$screen_pid" 2>/dev/null || true
+    stop_screen
     [ -z "${session_dir:-}" ] || rm -rf "$session_dir"
 }
 
