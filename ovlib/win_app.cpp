@@ -2,41 +2,13 @@
 
 #include <shellapi.h>
 
+#include "platform/path_text.hpp"
+
 namespace ovlib::WinApp {
-
-namespace {
-
-bool is_separator(wchar_t unit)
-{
-    return unit == L'\\' || unit == L'/';
-}
-
-// The length of `C:` or `\\server`, without the separators that follow.
-std::size_t root_name_length(std::wstring_view path)
-{
-    if (path.size() >= 2 && path[1] == L':')
-        return 2;
-    if (path.size() < 3 || !is_separator(path[0]) || !is_separator(path[1]) || is_separator(path[2]))
-        return 0;
-    std::size_t end = 2;
-    while (end < path.size() && !is_separator(path[end]))
-        ++end;
-    return end;
-}
-
-} // namespace
 
 std::wstring parent_path(std::wstring_view path)
 {
-    std::size_t root = root_name_length(path);
-    while (root < path.size() && is_separator(path[root]))
-        ++root;
-    std::size_t end = path.size();
-    while (end > root && !is_separator(path[end - 1]))
-        --end;
-    while (end > root && is_separator(path[end - 1]))
-        --end;
-    return std::wstring(path.substr(0, end));
+    return platform::parent_path(path);
 }
 
 void initialize(HINSTANCE module, int show)

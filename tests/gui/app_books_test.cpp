@@ -28,11 +28,12 @@ TEST_F(Books, OfARelativeHistoryPathLieUnderTheDataRoot)
     ASSERT_TRUE(create());
     EXPECT_EQ(title(), L"手帖");
     // A file dialog leaves the current directory wherever the user went.
-    SetCurrentDirectoryW(L"C:\\");
+    ASSERT_TRUE(platform::create_folder(file(L"elsewhere")));
+    ASSERT_TRUE(SetCurrentDirectoryW(file(L"elsewhere").c_str()));
     type(command::box_1, L"x");
     command(command::save_if_changed);
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
-    EXPECT_FALSE(platform::exists(L"C:\\手帖.bok"));
+    EXPECT_FALSE(platform::exists(file(L"elsewhere\\手帖.bok")));
     EXPECT_EQ(book().path, L"手帖.bok");
     EXPECT_EQ(history(), std::vector<std::wstring>{ L"手帖.bok" });
     answered(IDOK, [&] { command(command::backup_book); });
