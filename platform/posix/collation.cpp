@@ -2,8 +2,8 @@
 #include "platform/collation_prefix.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
-#include <cwchar>
 #include <clocale>
+#include <cwchar>
 #include <vector>
 
 namespace platform {
