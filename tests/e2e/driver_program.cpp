@@ -147,8 +147,13 @@ Window Program::focus() const
 
 void Program::click_on(Window control) const
 {
-    click(control.center());
-    require("a click gives the focus", [&] { return focus() == control; });
+    // A press that comes while the window manager still places the window reaches nobody.
+    constexpr milliseconds retry{ 1000 };
+    const auto clicked = [&] {
+        click(control.center());
+        return wait_until([&] { return focus() == control; }, retry);
+    };
+    require("a click gives the focus", clicked);
 }
 
 } // namespace e2e

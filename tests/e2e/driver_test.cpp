@@ -56,7 +56,10 @@ void EndToEnd::write_first(const std::wstring& text, const Where& where)
 {
     program().click_on(box(app::command::box_1));
     box(app::command::box_1).select(0, 0);
+    const std::wstring expected = text + box(app::command::box_1).text();
     type_text(text);
+    expect_soon(
+        expected, [&] { return box(app::command::box_1).text(); }, where);
     expect_soon(
         L"手帖 *", [&] { return title(); }, where);
 }

@@ -14,9 +14,10 @@ protected:
     void write_at_end(int id, const std::wstring& text)
     {
         program().click_on(box(id));
-        const std::size_t length = box(id).text().size();
-        box(id).select(length, length);
+        const std::wstring before = box(id).text();
+        box(id).select(before.size(), before.size());
         type_text(text);
+        expect_soon(before + text, [&] { return box(id).text(); });
     }
     // The first box of the page, as its file holds it.
     static std::wstring stored_box1(const fs::path& file, std::size_t page = 0)
