@@ -100,7 +100,7 @@ void NearestMatch::search_blocks()
 {
     for (;;) {
         const std::uint64_t begin = next_block_.fetch_add(block_pages);
-        if (begin > last_distance_ || begin > nearest_)
+        if (begin > last_distance_ || nearest_ != none)
             return;
         const std::uint64_t found = first_match(begin, std::min(begin + block_pages, last_distance_ + 1));
         std::uint64_t nearest = nearest_;

@@ -131,4 +131,43 @@ TEST(SearchOracle, StopsAtTheSamePageAsAWalkInEveryOrderAndDirection)
     }
 }
 
+book::SearchQuery query_for(const std::wstring& term)
+{
+    book::SearchQuery query;
+    query.terms = { term };
+    return query;
+}
+
+TEST(SearchOracle, PassesOverNoPageWhereBlocksMeet)
+{
+    for (const std::size_t rare :
+        { 2047, 2048, 2049, 2050, 2559, 2560, 2561, 2562, 3071, 3072, 3073, 3074, 3999 }) {
+        book::Book book;
+        book.pages.resize(4000);
+        book.pages[rare].text[1] = L"rare";
+        EXPECT_EQ(book.find(1, query_for(L"rare")), &book.pages[rare]);
+        book.header.order_mode = -2700;
+        book.header.position = 0;
+        EXPECT_EQ(book.find(1, query_for(L"rare")), &book.pages[rare]);
+    }
+}
+
+// The nearer one lies deep in its block, so that another thread has the farther one sooner.
+TEST(SearchOracle, StopsAtTheNearerOfTwoPagesThatAreFoundAtOneTime)
+{
+    book::Book book;
+    book.pages.resize(3200);
+    for (book::Page& page : book.pages)
+        page.text[2].assign(1000, L'x');
+    book.pages[2555].text[0] = L"rare";
+    for (const std::size_t farther : { 2562, 2800, 3070 }) {
+        book.pages[farther].text[0] = L"rare";
+        for (int round = 0; round < 30; ++round) {
+            book.header.position = 0;
+            ASSERT_EQ(book.find(1, query_for(L"rare")), &book.pages[2555]);
+        }
+        book.pages[farther].text[0].clear();
+    }
+}
+
 } // namespace

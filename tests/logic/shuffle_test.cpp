@@ -67,7 +67,19 @@ TEST(Shuffle, FollowsTheRuleForManySeeds)
 {
     for (std::uint32_t seed = 0; seed < 50; ++seed)
         EXPECT_EQ(shuffled(3000, seed * 0x9E3779B9u), shuffled_by_the_rule(3000, seed * 0x9E3779B9u));
-    EXPECT_EQ(shuffled(book::page_limit, 0xFFFFFFFF), shuffled_by_the_rule(book::page_limit, 0xFFFFFFFF));
+}
+
+// In a full Book a draw is refused now and then.
+TEST(Shuffle, FollowsTheRuleWhereDrawsAreRefused)
+{
+    for (std::uint32_t seed = 0xFFFFFFF8; seed != 0; ++seed)
+        EXPECT_EQ(shuffled(book::page_limit, seed), shuffled_by_the_rule(book::page_limit, seed));
+}
+
+// Where n divides the range of a draw even its last numbers are taken. This seed draws one of them.
+TEST(Shuffle, RefusesNoDrawWhereTheRangeIsDividedEvenly)
+{
+    EXPECT_EQ(shuffled(32768, 6585), shuffled_by_the_rule(32768, 6585));
 }
 
 TEST(Shuffle, IsAPermutation)
