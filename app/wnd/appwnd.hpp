@@ -112,6 +112,7 @@ private:
     bool start_new_book(const std::wstring& path);
     bool open_book(std::wstring& path);
     bool load_book(std::wstring path);
+    bool read_book(const std::wstring& path, std::wstring& error);
     void open_last_book();
     void save_book_as();
     bool backup_book(std::wstring* result);
@@ -165,6 +166,7 @@ private:
     // position says meanwhile. book::npos when that page is no more.
     std::size_t shown_index_ = book::npos;
     bool edited_mark_ = false; // the title shows that a box was edited
+    bool is_loading_ = false; // the Book is neither the old nor the new one: commands must wait
     bool is_closing_ = false; // from false to true once: no background work starts any more
 };
 

@@ -98,9 +98,7 @@ bool AppWnd::load_book(std::wstring path)
         return false;
     }
     std::wstring error;
-    const bool loaded = book_.load(path, error, [this](const std::wstring& question) {
-        return show_message(question, BoxStyle::warning_question) == answer_yes;
-    });
+    const bool loaded = read_book(path, error);
     forget_shown_page();
     if (!loaded) {
         forget_book(path);
@@ -111,6 +109,16 @@ bool AppWnd::load_book(std::wstring path)
     if (settings().auto_backup && !backup_book(nullptr))
         show_message(L"バックアップファイルの作成に失敗\r\n" + book_.path, BoxStyle::warning);
     return true;
+}
+
+bool AppWnd::read_book(const std::wstring& path, std::wstring& error)
+{
+    is_loading_ = true;
+    const bool loaded = book_.load(path, error, [this](const std::wstring& question) {
+        return show_message(question, BoxStyle::warning_question) == answer_yes;
+    });
+    is_loading_ = false;
+    return loaded;
 }
 
 void AppWnd::open_last_book()

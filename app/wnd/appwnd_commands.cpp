@@ -50,6 +50,8 @@ struct AppWnd::CommandTable {
 bool AppWnd::on_command(const ovlib::WndMessage& message)
 {
     const CommandInput input{ LOWORD(message.wparam), HIWORD(message.wparam), message.lparam };
+    if (is_loading_)
+        return true;
     commands_.run([this, &input] {
         if (const auto* handler = CommandTable::find(input))
             (this->**handler)(input);

@@ -1,5 +1,6 @@
 // Where the children stand, and the boundary between the boxes.
 #include "app/wnd/appwnd.hpp"
+#include <windowsx.h>
 
 namespace app {
 
@@ -47,8 +48,10 @@ bool AppWnd::on_hit_test(ovlib::WndMessage& message)
     message.result = default_proc(message);
     if (message.result != HTCLIENT)
         return true;
-    const POINT cursor = cursor_pos();
-    if (gap_under({ cursor.x, cursor.y }) == BoxGap::none)
+    const auto lparam = static_cast<LPARAM>(message.lparam);
+    POINT point{ GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
+    ScreenToClient(hwnd(), &point);
+    if (gap_under({ point.x, point.y }) == BoxGap::none)
         message.result = HTCAPTION;
     return true;
 }

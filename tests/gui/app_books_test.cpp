@@ -133,6 +133,44 @@ TEST_F(Books, OpenedOverAnEditThatCannotBeSavedDoNotTakeIt)
     EXPECT_EQ(saved(L"別.bok").pages[0].text[0], L"other\r\n");
 }
 
+TEST_F(Books, OfTheOlderFormatTakeNoCommandWhileTheQuestionStands)
+{
+    const std::wstring end = L"20200102030405"
+                             L"20200102030405 0 0 0 1 1 1 0 0 0 0 0 0\r\n\x3\r\n";
+    test_support::write_text(file(L"旧.bok"),
+        L"\xFEFF"
+        L"古い\r\n\x3\r\n\x3\r\n\x3\r\n\x3\r\n\x3\r\n"
+            + end);
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok"), file(L"旧.bok") });
+    ASSERT_TRUE(create());
+    const MetBox met = answered(
+        IDYES, [&] { command(command::first_history_entry + 1); },
+        [&] {
+            for (const int id : { command::add_page_at_end, command::save_always, command::restore_book })
+                SendMessageW(window().hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0);
+        });
+    EXPECT_EQ(met.text.find(file(L"旧.bok") + L"\r\nこの Book は古いフォーマットです．"), 0u);
+    EXPECT_EQ(book().pages.size(), 1u);
+    EXPECT_EQ(box_text(command::box_1), L"古い\r\n");
+    command(command::save_always);
+    EXPECT_EQ(saved(L"旧.bok").pages[0].text[0], L"古い\r\n");
+}
+
+TEST_F(Books, MayBeClosedWhileTheirQuestionStands)
+{
+    test_support::write_text(file(L"壊.bok"), L"\x3\x3\r\nzz\r\n\x3\x3\r\n");
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok"), file(L"壊.bok") });
+    ASSERT_TRUE(create());
+    answered(
+        IDYES, [&] { command(command::first_history_entry + 1); },
+        [&] { SendMessageW(window().hwnd(), WM_CLOSE, 0, 0); });
+    EXPECT_EQ(window().hwnd(), nullptr);
+    EXPECT_EQ(saved().pages[0].text[0], L"1\r\n");
+    EXPECT_EQ(test_support::read_text(file(L"壊.bok")), L"\x3\x3\r\nzz\r\n\x3\x3\r\n");
+}
+
 TEST_F(Books, AreNotWrittenBySaveIfChangedWithoutAChange)
 {
     open({ page(L"1\r\n") });
