@@ -149,11 +149,17 @@ void Program::click_on(Window control) const
 {
     // A press that comes while the window manager still places the window reaches nobody.
     constexpr milliseconds retry{ 1000 };
-    const auto clicked = [&] {
-        click(control.center());
-        return wait_until([&] { return focus() == control; }, retry);
+    const auto has_focus = [&] {
+        // A control holds the mouse until it has seen the button go up.
+        const GUITHREADINFO state = gui_state();
+        return state.hwndFocus == control.handle() && !state.hwndCapture;
     };
-    require("a click gives the focus", clicked);
+    require("a click gives the focus", [&] {
+        if (has_focus())
+            return true;
+        click(control.center());
+        return wait_until(has_focus, retry);
+    });
 }
 
 } // namespace e2e

@@ -37,7 +37,7 @@ public:
 
     // The control that the keyboard goes to.
     Window focus() const;
-    // Gives the keyboard to the main window's control by clicking on it.
+    // Gives the keyboard to the main window's control by a click, unless it has it.
     void click_on(Window control) const;
 
 private:
