@@ -73,6 +73,21 @@ TEST_F(Reading, ADamagedHeaderAnsweredYesOpensTheBookWithDefaults)
     EXPECT_EQ(book.header.version, book::format_version);
 }
 
+TEST_F(Reading, CommandsThatArriveDuringTheQuestionDoNothing)
+{
+    const fs::path file = start_with(damaged_book());
+    const MessageDialog asked = program().wait_for_box();
+    for (const int id : { app::command::add_page_at_end, app::command::save_always,
+             app::command::restore_book, app::command::last_page })
+        main_window().post_command(id);
+    asked.answer(IDYES);
+    program().wait_for_window();
+    expect_page(L"一");
+    EXPECT_EQ(utf16_text(file_bytes(file)), damaged_book());
+    close();
+    EXPECT_EQ(load_book(file).pages.size(), 2u);
+}
+
 TEST_F(Reading, ADamagedHeaderAnsweredNoEndsTheProgramWithNothingButTheClosingWords)
 {
     const fs::path file = start_with(damaged_book());
