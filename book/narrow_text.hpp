@@ -20,8 +20,8 @@ struct Probe {
     using Block = std::array<std::uint8_t, 16>;
 
     std::size_t offset = 0;
-    alignas(16) Block mask{}; // one value all over
-    alignas(16) Block value{};
+    Block mask{}; // one value all over
+    Block value{};
 };
 
 class NarrowText {
