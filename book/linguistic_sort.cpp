@@ -4,6 +4,7 @@
 #include <array>
 #include <numeric>
 #include <span>
+#include <string_view>
 
 namespace book {
 
@@ -26,7 +27,10 @@ template <std::size_t words> struct Place {
 constexpr std::size_t first_words = 2;
 constexpr std::size_t more_words = 8;
 // Fewer are ordered faster by comparing them than by looking further into them all.
-constexpr std::size_t fewest_for_more_words = 4;
+constexpr std::size_t fewest_for_more_places = 4;
+// Texts may be made so that every level tells but one of them from the rest.
+constexpr int deepest_level = 16;
+constexpr std::size_t everything = static_cast<std::size_t>(-1);
 
 bool is_less(const Texts& texts, std::uint64_t a, std::uint64_t b)
 {
@@ -62,10 +66,29 @@ void sort_by_comparing(const Texts& texts, Indices indices)
     merge(texts, indices, middle);
 }
 
-template <std::size_t words> bool make_place(const Texts& texts, std::uint64_t index, Place<words>& place)
+// How far the texts are alike, unit by unit; all of them when they are equal.
+std::size_t common_length(const Texts& texts, Indices indices)
+{
+    const std::wstring_view first = *texts[indices.front()];
+    std::size_t common = first.size();
+    bool are_equal = true;
+    for (const std::uint64_t index : indices) {
+        const std::wstring_view text = *texts[index];
+        are_equal = are_equal && text == first;
+        const std::size_t limit = std::min(common, text.size());
+        common = static_cast<std::size_t>(
+            std::mismatch(first.begin(), first.begin() + static_cast<std::ptrdiff_t>(limit), text.begin())
+                .first
+            - first.begin());
+    }
+    return are_equal ? everything : common;
+}
+
+template <std::size_t words>
+bool make_place(const Texts& texts, std::uint64_t index, std::size_t start, Place<words>& place)
 {
     std::array<std::uint8_t, words * 8> bytes;
-    if (!platform::fill_order_bytes(*texts[index], bytes))
+    if (!platform::fill_order_bytes(std::wstring_view(*texts[index]).substr(start), bytes))
         return false;
     for (std::size_t word = 0; word < words; ++word)
         place.key[word] = std::accumulate(bytes.begin() + static_cast<std::ptrdiff_t>(word * 8),
@@ -75,25 +98,22 @@ template <std::size_t words> bool make_place(const Texts& texts, std::uint64_t i
     return true;
 }
 
-template <std::size_t words> void sort_by_places(const Texts& texts, Indices indices);
+// What the places of texts are taken from: `start` is behind units that all of them share.
+struct Level {
+    std::size_t start = 0;
+    int depth = 0;
+};
 
-// Those that share a place so far.
-template <std::size_t words> void sort_equals(const Texts& texts, Indices indices)
-{
-    if (words < more_words && indices.size() >= fewest_for_more_words)
-        sort_by_places<more_words>(texts, indices);
-    else
-        sort_by_comparing(texts, indices);
-}
+void sort_equals(const Texts& texts, Indices indices, Level level);
 
-template <std::size_t words> void sort_by_places(const Texts& texts, Indices indices)
+template <std::size_t words> void sort_by_places(const Texts& texts, Indices indices, Level level)
 {
     std::vector<Place<words>> places;
     std::vector<std::uint64_t> without_place;
     places.reserve(indices.size());
     for (const std::uint64_t index : indices) {
         Place<words> place;
-        if (make_place(texts, index, place))
+        if (make_place(texts, index, level.start, place))
             places.push_back(place);
         else
             without_place.push_back(index);
@@ -104,11 +124,27 @@ template <std::size_t words> void sort_by_places(const Texts& texts, Indices ind
     for (std::size_t begin = 0, end = 0; begin < places.size(); begin = end) {
         while (end < places.size() && places[end].key == places[begin].key)
             ++end;
-        sort_equals<words>(texts, indices.subspan(begin, end - begin));
+        sort_equals(texts, indices.subspan(begin, end - begin), level);
     }
     std::copy(without_place.begin(), without_place.end(), rest);
     sort_by_comparing(texts, indices.subspan(places.size()));
     merge(texts, indices, places.size());
+}
+
+// Texts that share a place are looked at behind what they share, if that leads any further.
+void sort_equals(const Texts& texts, Indices indices, Level level)
+{
+    if (indices.size() < fewest_for_more_places || level.depth == deepest_level)
+        return sort_by_comparing(texts, indices);
+    const std::size_t common = common_length(texts, indices);
+    const std::wstring& first = *texts[indices.front()];
+    if (common == everything || first.find(L'\0') < common)
+        return;
+    const Level next{ platform::order_bytes_start(first, common), level.depth + 1 };
+    if (next.start > level.start || level.depth == 0)
+        sort_by_places<more_words>(texts, indices, next);
+    else
+        sort_by_comparing(texts, indices);
 }
 
 } // namespace
@@ -118,7 +154,7 @@ std::vector<std::uint64_t> linguistic_order(const std::vector<const std::wstring
     std::vector<std::uint64_t> order(texts.size());
     std::iota(order.begin(), order.end(), std::uint64_t{ 0 });
     if (order.size() > 1)
-        sort_by_places<first_words>(texts, order);
+        sort_by_places<first_words>(texts, order, {});
     return order;
 }
 

@@ -101,4 +101,10 @@ std::wstring condition_text(const SearchQuery& query)
     return text;
 }
 
+std::wstring failed_search_text(const SearchQuery& query)
+{
+    const std::wstring condition = condition_text(query);
+    return condition.empty() ? condition : L"一致条件: " + condition;
+}
+
 } // namespace book

@@ -17,4 +17,7 @@ std::vector<std::wstring> query_terms(std::wstring text);
 // The condition in words, as the banner and the status bar show it; empty when every page matches.
 std::wstring condition_text(const SearchQuery& query);
 
+// What the banner says when a search found no other page; empty when there was no condition to tell.
+std::wstring failed_search_text(const SearchQuery& query);
+
 } // namespace book

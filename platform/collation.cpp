@@ -1,4 +1,6 @@
+#include "platform/collation.hpp"
 #include "platform/collation_prefix.hpp"
+#include <algorithm>
 
 namespace platform {
 
@@ -20,13 +22,24 @@ CollationPrefix collation_prefix(std::wstring_view text, std::size_t length)
 {
     std::size_t plain = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (i >= length && plain >= plain_units_before_cut)
+        if (i >= length && plain >= plain_units_at_cut)
             return { text.substr(0, i), false };
         if (text[i] == 0)
             return { text.substr(0, i), true };
         plain = is_plain(text[i]) ? plain + 1 : 0;
     }
     return { text, true };
+}
+
+std::size_t order_bytes_start(std::wstring_view text, std::size_t common)
+{
+    std::size_t plain = 0;
+    for (std::size_t i = std::min(common, text.size()); i > 0; --i) {
+        plain = is_plain(text[i - 1]) ? plain + 1 : 0;
+        if (plain == plain_units_at_cut)
+            return i - 1;
+    }
+    return 0;
 }
 
 } // namespace platform

@@ -12,7 +12,7 @@ namespace {
 
 // A plain unit has two primary weights at most.
 constexpr std::size_t most_weights_of_a_unit = 2;
-constexpr std::size_t margin = plain_units_before_cut * most_weights_of_a_unit;
+constexpr std::size_t margin = plain_units_at_cut * most_weights_of_a_unit;
 // Ends the primary weights where there are others; every weight is higher.
 constexpr wchar_t end_of_level = 1;
 
@@ -125,7 +125,7 @@ Ordering compare_linguistic(const std::wstring& left, const std::wstring& right)
     return result < 0 ? Ordering::less : Ordering::greater;
 }
 
-bool fill_order_bytes(const std::wstring& text, std::span<std::uint8_t> bytes)
+bool fill_order_bytes(std::wstring_view text, std::span<std::uint8_t> bytes)
 {
     static thread_local std::vector<wchar_t> key;
     for (std::size_t length = bytes.size() / 2 + margin;; length *= 2) {

@@ -12,7 +12,7 @@ namespace {
 // A plain unit has a primary weight of two bytes, or of four where the locale's own order leaves it out.
 constexpr std::size_t most_bytes_of_a_weight = 4;
 constexpr std::size_t usual_bytes_of_a_weight = 2;
-constexpr std::size_t margin = plain_units_before_cut * most_bytes_of_a_weight;
+constexpr std::size_t margin = plain_units_at_cut * most_bytes_of_a_weight;
 constexpr std::uint8_t end_of_level = 1;
 
 bool has_countable_length(std::wstring_view text)
@@ -74,7 +74,7 @@ Ordering compare_linguistic(const std::wstring& left, const std::wstring& right)
     }
 }
 
-bool fill_order_bytes(const std::wstring& text, std::span<std::uint8_t> bytes)
+bool fill_order_bytes(std::wstring_view text, std::span<std::uint8_t> bytes)
 {
     static thread_local std::vector<std::uint8_t> key;
     for (std::size_t length = (bytes.size() + margin) / usual_bytes_of_a_weight + 1;; length *= 2) {

@@ -229,6 +229,54 @@ TEST(LinguisticOrder, TellsTextsApartThatBeginAlikeForLong)
     expect_the_order_of_comparing(texts);
 }
 
+// A heading that all pages have, whatever stands where it ends and where the texts part.
+TEST(LinguisticOrder, LooksBehindWhatTextsShare)
+{
+    for (const Script& script : scripts) {
+        SCOPED_TRACE(script.name);
+        RandomTexts random(script, 3);
+        for (int round = 0; round < 20; ++round) {
+            const std::wstring heading =
+                random.text(40) + L"日付：　場所：　" + random.text(round % 2 ? 3 : 0);
+            std::vector<std::wstring> texts;
+            for (int i = 0; i < 60; ++i)
+                texts.push_back(heading + random.text(4) + heading + random.text(6));
+            expect_the_order_of_comparing(texts);
+        }
+    }
+}
+
+TEST(LinguisticOrder, CountsTextsWithTheirFirstNullAmongWhatTheyShareAsEqual)
+{
+    std::vector<std::wstring> texts;
+    for (int i = 0; i < 20; ++i)
+        texts.push_back(std::wstring(L"同じ\0", 3) + std::to_wstring(i));
+    texts.push_back(L"同");
+    EXPECT_EQ(linguistic_order_of(texts).front(), 20u);
+    expect_the_order_of_comparing(texts);
+}
+
+// Every level tells one text from the rest.
+TEST(LinguisticOrder, IsSafeForTextsThatBranchAgainAndAgain)
+{
+    std::vector<std::wstring> texts;
+    for (std::size_t i = 0; i < 400; ++i)
+        texts.push_back(std::wstring(i * 37 % 400 * 40, L'あ') + L"い");
+    expect_the_order_of_comparing(texts);
+}
+
+TEST(OrderBytesStart, LeavesPlainUnitsBeforeTheDifference)
+{
+    const std::wstring text = std::wstring(20, L'あ') + L"\u3099\u3099" + std::wstring(10, L'亜');
+    EXPECT_EQ(platform::order_bytes_start(text, 20), 12u);
+    EXPECT_EQ(platform::order_bytes_start(text, 22), 12u);
+    EXPECT_EQ(platform::order_bytes_start(text, 29), 12u);
+    EXPECT_EQ(platform::order_bytes_start(text, 30), 22u);
+    EXPECT_EQ(platform::order_bytes_start(text, 99), 24u);
+    EXPECT_EQ(platform::order_bytes_start(text, 7), 0u);
+    EXPECT_EQ(platform::order_bytes_start(L"", 0), 0u);
+}
+
 TEST(LinguisticOrder, OfNothingIsEmptyAndOfEqualTextsSomePermutation)
 {
     EXPECT_EQ(linguistic_order_of({}), Order{});

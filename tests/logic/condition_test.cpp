@@ -88,4 +88,10 @@ TEST(ConditionText, CountsAPairAsOneCharacterAndNeverCutsIt)
         condition_text(query_for({ emoji.substr(1) + term })), emoji.substr(1) + term.substr(0, 62) + L"...");
 }
 
+TEST(FailedSearchText, TellsTheConditionWhenThereIsOne)
+{
+    EXPECT_EQ(book::failed_search_text(query_for({ L"猫", L"犬" })), L"一致条件: <猫 | 犬>");
+    EXPECT_EQ(book::failed_search_text({}), L"");
+}
+
 } // namespace
