@@ -168,6 +168,18 @@ TEST_F(BokCheck, FindsACurrentFilePastTheList)
     EXPECT_EQ(check(with_current(L"", L"0")).code, 0);
 }
 
+// A stream needs no blank before a sign.
+TEST_F(BokCheck, CountsNumbersThatRunTogether)
+{
+    const std::wstring stamp = L"2026010203040520260607080910";
+    const auto with_numbers = [&](const std::wstring& numbers) {
+        return header_lines() + page_with_numbers(stamp + numbers + L"\r\n").text();
+    };
+    EXPECT_EQ(check(with_numbers(L" 0 0 0 0 0 0+0 0 0 0 0 0")).code, 0);
+    expect_finding(with_numbers(L" 0 0 0 0 0 0 0 0 0 0 0+5"), "current_file +5 is past the end");
+    expect_finding(with_numbers(L" 0 0 0 0 0 0 0 0 0 0 0 0-1"), "more than thirteen tokens");
+}
+
 TEST_F(BokCheck, FindsTabsBeyondTheLimit)
 {
     std::wstring text = header_lines();

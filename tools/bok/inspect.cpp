@@ -1,10 +1,10 @@
 #include "tools/bok/inspect.hpp"
 #include "book/page_numbers.hpp"
 #include "book/text.hpp"
-#include "tools/bok/options.hpp"
 #include "tools/bok/utf8.hpp"
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 
 namespace bok {
@@ -53,18 +53,39 @@ std::string quoted(std::wstring_view text)
     return '"' + printable(text, shown) + '"';
 }
 
-// The tokens of a numbers line.
+bool divides_tokens(FileUnit unit)
+{
+    return unit == ' ' || (unit >= '\t' && unit <= '\r');
+}
+
+// The tokens of a numbers line, as a stream takes them: behind the stamp a sign begins a number even where no
+// blank stands before it.
 std::vector<FileText> tokens_of(FileText line)
 {
-    const auto is_divider = [](FileUnit unit) { return unit == ' ' || (unit >= '\t' && unit <= '\r'); };
     std::vector<FileText> tokens;
     for (auto at = line.begin(); at != line.end();) {
-        const auto start = std::find_if_not(at, line.end(), is_divider);
-        at = std::find_if(start, line.end(), is_divider);
-        if (start != at)
-            tokens.emplace_back(start, at);
+        const auto start = std::find_if_not(at, line.end(), divides_tokens);
+        if (start == line.end())
+            break;
+        const bool is_number = !tokens.empty();
+        at = std::find_if(start + 1, line.end(), [is_number](FileUnit unit) {
+            return divides_tokens(unit) || (is_number && (unit == '+' || unit == '-'));
+        });
+        tokens.emplace_back(start, at);
     }
     return tokens;
+}
+
+// A number as a stream reads it into an unsigned one: up to the first unit that is no digit, and a minus
+// wraps.
+std::uint64_t unsigned_value(FileText token)
+{
+    const std::string digits = printable(wide(token));
+    const std::size_t start = digits.find_first_not_of("+-");
+    std::uint64_t value = 0;
+    if (start != digits.npos)
+        std::from_chars(digits.data() + start, digits.data() + digits.size(), value);
+    return digits.starts_with('-') ? 0 - value : value;
 }
 
 class Inspector {
@@ -297,10 +318,11 @@ void Inspector::inspect_tokens(FileText line)
     const std::vector<FileText> tokens = tokens_of(line);
     if (tokens.size() > token_count)
         tell_page(line_, "more than thirteen tokens in the line of numbers: the rest is dropped");
-    const std::string current_file = printable(wide(tokens[token_count - 1]));
-    if (parse_number(current_file).value_or(page_.current_file) != page_.current_file)
+    const FileText current_file = tokens[std::min(tokens.size(), token_count) - 1];
+    if (unsigned_value(current_file) != page_.current_file)
         tell_page(line_,
-            "current_file " + current_file + " is past the end of the file list: the last entry is taken");
+            "current_file " + printable(wide(current_file))
+                + " is past the end of the file list: the last entry is taken");
     const std::array<std::uint32_t, 7> colors{ page_.tab_color, page_.back_color[0], page_.back_color[1],
         page_.back_color[2], page_.text_color[0], page_.text_color[1], page_.text_color[2] };
     static_assert(last_color_token - first_color_token + 1 == colors.size());
