@@ -11,7 +11,7 @@ die() { say "$(basename "$0"): $*"; exit 1; }
 packages=(
     ca-certificates cmake ninja-build g++ g++-mingw-w64-x86-64-posix
     clang clang-format clang-tidy libclang-rt-14-dev
-    googletest nlohmann-json3-dev libcli11-dev unicode-data
+    googletest unicode-data
     wine wine64 fonts-wine xvfb openbox xdotool wmctrl x11-utils imagemagick xclip
     fonts-noto-cjk fonts-ipafont fonts-dejavu-core locales
     edict ripgrep python3 libc-bin git
