@@ -101,6 +101,7 @@ private:
     void on_theme(const CommandInput& input);
     void on_theme_to_pages(const CommandInput& input);
     void on_history_entry(const CommandInput& input);
+    void change_order(int id);
     void swap_page(int direction);
     void end_book_command(bool loaded);
 
@@ -166,6 +167,7 @@ private:
     // position says meanwhile. book::npos when that page is no more.
     std::size_t shown_index_ = book::npos;
     bool edited_mark_ = false; // the title shows that a box was edited
+    bool is_unusable_ = false; // the Book's settings could not be applied: it stays out of the history
     bool is_loading_ = false; // the Book is neither the old nor the new one: commands must wait
     bool is_closing_ = false; // from false to true once: no background work starts any more
 };

@@ -1,4 +1,5 @@
 // New, open, load, save, save as and backup.
+#include "app/command_ids.hpp"
 #include "app/last_book.hpp"
 #include "app/page_commands.hpp"
 #include "app/settings.hpp"
@@ -145,7 +146,8 @@ void AppWnd::save_book_as()
 
 void AppWnd::remember_book()
 {
-    history_.add(book_.path);
+    if (!is_unusable_)
+        history_.add(book_.path);
 }
 
 void AppWnd::forget_book(const std::wstring& path)
@@ -157,11 +159,61 @@ void AppWnd::forget_book(const std::wstring& path)
 void AppWnd::take_book_settings(const std::wstring& path)
 {
     try {
+        is_unusable_ = false;
         apply_book_settings();
     } catch (...) {
+        is_unusable_ = true;
         forget_book(path);
         throw;
     }
+}
+
+void AppWnd::end_book_command(bool loaded)
+{
+    commands_.merge(loaded ? refresh::full : refresh::controls);
+}
+
+void AppWnd::on_new_book(const CommandInput&)
+{
+    end_book_command(new_book());
+}
+
+void AppWnd::on_open_book(const CommandInput&)
+{
+    std::wstring path;
+    end_book_command(open_book(path));
+}
+
+void AppWnd::on_history_entry(const CommandInput& input)
+{
+    const auto place = static_cast<std::size_t>(input.id - command::first_history_entry);
+    std::wstring path = place < history_.entries().size() ? history_.entries()[place] : std::wstring{};
+    end_book_command(open_book(path));
+}
+
+void AppWnd::on_save(const CommandInput& input)
+{
+    if (save_book(static_cast<SaveCode>(input.id)))
+        commands_.merge(refresh::full_but_page);
+}
+
+void AppWnd::on_save_as(const CommandInput&)
+{
+    save_book_as();
+}
+
+void AppWnd::on_restore(const CommandInput&)
+{
+    load_book(book_.path);
+    commands_.merge(refresh::full);
+}
+
+void AppWnd::on_backup(const CommandInput&)
+{
+    std::wstring result;
+    backup_book(&result);
+    if (!result.empty())
+        show_message(result, BoxStyle::plain);
 }
 
 } // namespace app

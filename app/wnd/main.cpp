@@ -1,4 +1,6 @@
 // The entry of the program.
+#include "app/failures.hpp"
+#include "app/titles.hpp"
 #include "app/wnd/startup.hpp"
 #include "ovlib/win_app.hpp"
 #include <windows.h>
@@ -6,5 +8,12 @@
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t*, int show_command)
 {
     ovlib::WinApp::initialize(instance, show_command);
-    return app::run_application();
+    try {
+        return app::run_application();
+    } catch (...) {
+        // Caught so that every scope on the way here has been left in order.
+        const auto notice = app::failure_notice(std::current_exception(), app::FailedAt::creation);
+        MessageBoxW(nullptr, notice.text.c_str(), app::program_name, static_cast<UINT>(notice.style));
+        return -1;
+    }
 }

@@ -90,6 +90,22 @@ TEST_F(Books, WhoseSettingsCannotBeAppliedAreForgotten)
     EXPECT_TRUE(history().empty());
 }
 
+TEST_F(Books, WhoseSettingsCannotBeAppliedStayForgottenWhenACommandOpenedThem)
+{
+    book::Book short_stamps = book_of({ page(L"1\r\n"), page(L"2\r\n") });
+    for (book::Page& each : short_stamps.pages)
+        each.stamp = L"2020";
+    short_stamps.header.sort_key = 3004;
+    short_stamps.header.order_mode = 2701;
+    ASSERT_TRUE(short_stamps.save_to(file(L"短.bok")));
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok"), file(L"短.bok") });
+    ASSERT_TRUE(create());
+    answered(IDOK, [&] { command(command::first_history_entry + 1); });
+    EXPECT_EQ(window().hwnd(), nullptr);
+    EXPECT_EQ(history(), std::vector<std::wstring>{ file(L"手帖.bok") });
+}
+
 TEST_F(Books, AreRestoredFromTheirFile)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
@@ -169,6 +185,26 @@ TEST_F(Books, MayBeClosedWhileTheirQuestionStands)
     EXPECT_EQ(window().hwnd(), nullptr);
     EXPECT_EQ(saved().pages[0].text[0], L"1\r\n");
     EXPECT_EQ(test_support::read_text(file(L"壊.bok")), L"\x3\x3\r\nzz\r\n\x3\x3\r\n");
+}
+
+// A failed load ends the program, and its end saves what the Book holds by then.
+TEST_F(Books, ThatBreakOffAreWrittenBackAsFarAsTheyWereRead)
+{
+    ASSERT_TRUE(book_of({ page(L"a\r\n"), page(L"b\r\n") }).save_to(file(L"半.bok")));
+    const std::wstring whole = test_support::read_text(file(L"半.bok"));
+    const std::size_t second_stamp = whole.rfind(L"2020010203040520200102030405");
+    test_support::write_text(file(L"半.bok"), whole.substr(0, second_stamp) + L"stamp only\r\n\x3\r\n");
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok"), file(L"半.bok") });
+    ASSERT_TRUE(create());
+    type(command::box_1, L"x");
+    const MetBox met = answered(IDOK, [&] { command(command::first_history_entry + 1); });
+    EXPECT_EQ(met.text, L"認識できないフォーマットを検出\r\n" + file(L"半.bok") + closing_words);
+    EXPECT_EQ(window().hwnd(), nullptr);
+    EXPECT_TRUE(gui::take_quit());
+    EXPECT_EQ(saved(L"半.bok").pages.size(), 1u);
+    EXPECT_EQ(saved(L"半.bok").pages[0].text[0], L"a\r\n");
+    EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
 }
 
 TEST_F(Books, AreNotWrittenBySaveIfChangedWithoutAChange)

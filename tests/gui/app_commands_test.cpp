@@ -333,6 +333,7 @@ TEST_F(Commands, EndTheProgramAfterAStandardException)
     EXPECT_EQ(window().hwnd(), nullptr);
     EXPECT_TRUE(gui::take_quit());
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
+    EXPECT_EQ(saved().header.order_mode, 2700); // the order that failed is not stored
 }
 
 TEST_F(Commands, WriteTheBookAlsoWhenTheRefreshRaises)
