@@ -99,6 +99,17 @@ Icon closest_icon(const Canvas& seen, int size)
     return Icon::none;
 }
 
+Window picture_of(Window box)
+{
+    for (HWND child = GetWindow(box.handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        const Window picture(child);
+        if ((GetWindowLongW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON && picture.class_name() == L"Static"
+            && picture.send(STM_GETICON))
+            return picture;
+    }
+    return {};
+}
+
 } // namespace
 
 void save_screenshot(const std::filesystem::path& file)
@@ -120,13 +131,11 @@ void save_screenshot(const std::filesystem::path& file)
 // Which picture it is cannot be asked across processes, so it is looked at.
 Icon icon_on_screen(Window box)
 {
+    // A box that was found while it is being built gets its picture last.
+    constexpr milliseconds building{ 1000 };
     Window picture;
-    for (HWND child = GetWindow(box.handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-        if ((GetWindowLongW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON
-            && Window(child).class_name() == L"Static")
-            picture = Window(child);
-    }
-    if (!picture.exists() || !picture.send(STM_GETICON))
+    const auto has_picture = [&] { return (picture = picture_of(box)).exists(); };
+    if (!wait_until(has_picture, building))
         return Icon::none;
     const RECT place = picture.rect();
     const int size = place.right - place.left;
