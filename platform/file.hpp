@@ -35,7 +35,8 @@ public:
 
 private:
     explicit File(std::intptr_t handle) noexcept;
-    std::intptr_t handle_ = -1;
+    static constexpr std::intptr_t no_handle = -1;
+    std::intptr_t handle_ = no_handle; // the system's own
 };
 
 // True for anything that stands at `path`, a folder included.

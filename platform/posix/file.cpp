@@ -11,7 +11,6 @@ namespace platform {
 
 namespace {
 
-constexpr std::intptr_t no_handle = -1;
 constexpr mode_t file_mode = 0666;
 constexpr mode_t folder_mode = 0777;
 
@@ -37,30 +36,6 @@ int open_path(const std::wstring& path, int flags)
 
 } // namespace
 
-File::File(std::intptr_t handle) noexcept
-    : handle_(handle)
-{
-}
-
-File::File(File&& other) noexcept
-    : handle_(std::exchange(other.handle_, no_handle))
-{
-}
-
-File& File::operator=(File&& other) noexcept
-{
-    if (this != &other) {
-        close();
-        handle_ = std::exchange(other.handle_, no_handle);
-    }
-    return *this;
-}
-
-File::~File()
-{
-    close();
-}
-
 File File::open_read(const std::wstring& path)
 {
     File file(open_path(path, O_RDONLY));
@@ -79,11 +54,6 @@ File File::create(const std::wstring& path)
 File File::open_over(const std::wstring& path)
 {
     return File(open_path(path, O_WRONLY | O_CREAT));
-}
-
-bool File::is_open() const
-{
-    return handle_ != no_handle;
 }
 
 std::size_t File::read(std::span<std::byte> target)

@@ -9,7 +9,6 @@ namespace {
 
 constexpr DWORD share_everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::size_t largest_transfer = 0x40000000; // one call counts its bytes in 32 bits
-constexpr std::intptr_t no_handle = -1;
 
 HANDLE system_handle(std::intptr_t handle)
 {
@@ -29,30 +28,6 @@ DWORD attributes_of(const std::wstring& path)
 
 } // namespace
 
-File::File(std::intptr_t handle) noexcept
-    : handle_(handle)
-{
-}
-
-File::File(File&& other) noexcept
-    : handle_(std::exchange(other.handle_, no_handle))
-{
-}
-
-File& File::operator=(File&& other) noexcept
-{
-    if (this != &other) {
-        close();
-        handle_ = std::exchange(other.handle_, no_handle);
-    }
-    return *this;
-}
-
-File::~File()
-{
-    close();
-}
-
 File File::open_read(const std::wstring& path)
 {
     return File(open_path(path, GENERIC_READ, OPEN_EXISTING));
@@ -66,11 +41,6 @@ File File::create(const std::wstring& path)
 File File::open_over(const std::wstring& path)
 {
     return File(open_path(path, GENERIC_WRITE, OPEN_ALWAYS));
-}
-
-bool File::is_open() const
-{
-    return handle_ != no_handle;
 }
 
 std::size_t File::read(std::span<std::byte> target)
