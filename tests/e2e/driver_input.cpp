@@ -117,10 +117,17 @@ void double_click(POINT screen)
     send_clicks(screen, 2);
 }
 
+// What the X server tells late of an earlier move may carry the pointer back, and the wheel to a control
+// there: it turns when the pointer has stayed.
 void turn_wheel(POINT screen, int notches)
 {
-    Inputs inputs{ position_input(screen),
-        mouse_input(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)) };
+    require("the pointer stays", [&] {
+        move_mouse(screen);
+        std::this_thread::sleep_for(milliseconds{ 120 });
+        POINT now{};
+        return GetCursorPos(&now) && now.x == screen.x && now.y == screen.y;
+    });
+    Inputs inputs{ mouse_input(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)) };
     send(inputs);
 }
 
