@@ -3,6 +3,7 @@
 #   windows of a subsystem   {app,book,media,web,look}/wnd/     may include everything
 #   window library           include/ovlib/, ovlib/             no header of a subsystem
 #   logic                    {app,book,media,web,look}/         no wnd/ header, no ovlib, no system header
+#   controls                 controls/                          itself and platform
 #   platform                 platform/                          itself only; win32/ may include the system
 set(subsystem "(app|book|media|web|look)")
 set(system_header "windows|windowsx|winuser|wingdi|commctrl|commdlg|objbase|ole2|shlobj|shlwapi|gdiplus|imm|dwmapi")
@@ -22,7 +23,7 @@ endfunction()
 file(GLOB_RECURSE files RELATIVE "${SOURCE_DIR}"
     "${SOURCE_DIR}/app/*.[ch]pp" "${SOURCE_DIR}/book/*.[ch]pp" "${SOURCE_DIR}/media/*.[ch]pp"
     "${SOURCE_DIR}/web/*.[ch]pp" "${SOURCE_DIR}/look/*.[ch]pp" "${SOURCE_DIR}/platform/*.[ch]pp"
-    "${SOURCE_DIR}/ovlib/*.[ch]pp" "${SOURCE_DIR}/include/*.[ch]pp" "${SOURCE_DIR}/tools/*.[ch]pp"
+    "${SOURCE_DIR}/controls/*.[ch]pp" "${SOURCE_DIR}/ovlib/*.[ch]pp" "${SOURCE_DIR}/include/*.[ch]pp" "${SOURCE_DIR}/tools/*.[ch]pp"
     "${SOURCE_DIR}/tests/logic/*.[ch]pp" "${SOURCE_DIR}/tests/fuzz/*.[ch]pp")
 foreach(file IN LISTS files)
     if(file MATCHES "^${subsystem}/wnd/")
@@ -37,8 +38,11 @@ foreach(file IN LISTS files)
     endif()
     forbid("${file}" "[<\"]ovlib/" "logic knows no window library")
     forbid("${file}" "[<\"]${subsystem}/wnd/" "logic knows no window")
+    if(file MATCHES "^controls/")
+        forbid("${file}" "[<\"]${subsystem}/" "the arithmetic of controls knows no subsystem")
+    endif()
     if(file MATCHES "^platform/")
-        forbid("${file}" "[<\"]${subsystem}/" "platform knows no logic")
+        forbid("${file}" "[<\"](controls|app|book|media|web|look)/" "platform knows no logic")
     endif()
 endforeach()
 if(violations)

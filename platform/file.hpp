@@ -43,6 +43,17 @@ private:
 bool exists(const std::wstring& path);
 bool is_folder(const std::wstring& path);
 bool is_regular_file(const std::wstring& path);
+
+// What stands at a path. A link of the file system stands for itself, not for what it leads to: it is neither
+// a file nor a folder.
+enum class PathKind { nothing, regular_file, folder, other };
+PathKind path_kind(const std::wstring& path);
+// 0 for a folder and for what cannot be asked.
+std::uint64_t file_size(const std::wstring& path);
+// Counted from the current directory. Nothing is asked of what stands there; empty when the system cannot
+// tell.
+std::wstring absolute_path(const std::wstring& path);
+
 bool create_folder(const std::wstring& path);
 bool remove_file(const std::wstring& path);
 // Puts `from` in the place of `to`, replacing it in one step.

@@ -84,6 +84,11 @@ std::wstring_view path_stem(std::wstring_view path)
     return name.substr(0, point);
 }
 
+std::wstring_view path_extension(std::wstring_view path)
+{
+    return file_name(path).substr(path_stem(path).size());
+}
+
 std::wstring resolve_path(std::wstring_view root, const std::wstring& path)
 {
     if (path.empty() || root.empty() || starts_with_server(path))

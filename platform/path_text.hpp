@@ -17,6 +17,8 @@ std::wstring parent_path(std::wstring_view path);
 std::wstring_view file_name(std::wstring_view path);
 // The file name without its last extension. A leading point begins no extension.
 std::wstring_view path_stem(std::wstring_view path);
+// What the stem leaves of the file name, with its point.
+std::wstring_view path_extension(std::wstring_view path);
 
 // `path` as it is meant: a relative one counts from `root`, whatever the current directory is. An empty one
 // stays empty.

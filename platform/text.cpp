@@ -1,4 +1,5 @@
 #include "platform/text.hpp"
+#include <algorithm>
 
 namespace platform {
 
@@ -137,6 +138,11 @@ std::wstring from_utf8(std::string_view bytes)
     for (std::size_t pos = 0; pos < bytes.size();)
         append_utf16(text, take_point(bytes, pos));
     return text;
+}
+
+bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right)
+{
+    return std::ranges::equal(left, right, {}, to_lower, to_lower);
 }
 
 } // namespace platform

@@ -31,6 +31,8 @@ bool is_white_space(wchar_t unit);
 // invariant locale on Windows, from Unicode's simple lower-case mapping elsewhere.
 const UnitTable& lower_case_table();
 wchar_t to_lower(wchar_t unit);
+// False at once for different lengths; otherwise compares lower-cased code units.
+bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right);
 
 // UTF-8 both ways. A lone surrogate travels as its three-byte form, so that no text is lost; other malformed
 // bytes become U+FFFD.

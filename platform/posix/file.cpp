@@ -3,7 +3,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -113,6 +115,31 @@ bool is_regular_file(const std::wstring& path)
 {
     struct stat status { };
     return status_of(path, status) && S_ISREG(status.st_mode);
+}
+
+PathKind path_kind(const std::wstring& path)
+{
+    struct stat status { };
+    if (::lstat(to_utf8(path).c_str(), &status) != 0)
+        return PathKind::nothing;
+    if (S_ISDIR(status.st_mode))
+        return PathKind::folder;
+    return S_ISREG(status.st_mode) ? PathKind::regular_file : PathKind::other;
+}
+
+std::uint64_t file_size(const std::wstring& path)
+{
+    struct stat status { };
+    return status_of(path, status) && !S_ISDIR(status.st_mode) ? static_cast<std::uint64_t>(status.st_size)
+                                                               : 0;
+}
+
+std::wstring absolute_path(const std::wstring& path)
+{
+    std::error_code failed;
+    const std::filesystem::path native{ to_utf8(path) };
+    const std::filesystem::path full = std::filesystem::absolute(native, failed);
+    return failed ? std::wstring{} : from_utf8(full.lexically_normal().native());
 }
 
 bool create_folder(const std::wstring& path)

@@ -1,4 +1,6 @@
 #include "platform/file.hpp"
+#include "platform/path_attributes.hpp"
+#include "platform/path_text.hpp"
 #include <algorithm>
 #include <utility>
 #include <windows.h>
@@ -24,6 +26,19 @@ std::intptr_t open_path(const std::wstring& path, DWORD access, DWORD dispositio
 DWORD attributes_of(const std::wstring& path)
 {
     return GetFileAttributesW(path.c_str());
+}
+
+// Found by its name as a search finds it, so that the link itself is asked. 0 when that cannot be told.
+DWORD reparse_tag(std::wstring path)
+{
+    while (path.size() > 1 && is_separator(path.back()))
+        path.pop_back();
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return 0;
+    FindClose(search);
+    return found.dwReserved0;
 }
 
 } // namespace
@@ -96,6 +111,37 @@ bool is_regular_file(const std::wstring& path)
 {
     const DWORD attributes = attributes_of(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+PathKind path_kind(const std::wstring& path)
+{
+    const DWORD attributes = attributes_of(path);
+    const bool has_tag = attributes != no_attributes && (attributes & reparse_attribute) != 0;
+    return kind_of_attributes(attributes, has_tag ? reparse_tag(path) : 0);
+}
+
+std::uint64_t file_size(const std::wstring& path)
+{
+    WIN32_FILE_ATTRIBUTE_DATA facts{};
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &facts)
+        || (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return 0;
+    return std::uint64_t{ facts.nFileSizeHigh } << 32 | facts.nFileSizeLow;
+}
+
+std::wstring absolute_path(const std::wstring& path)
+{
+    std::wstring full;
+    // Another thread may move the current directory between the two calls; then the size told is taken anew.
+    for (DWORD size = MAX_PATH; size > full.size();) {
+        full.resize(size);
+        size = GetFullPathNameW(path.c_str(), size, full.data(), nullptr);
+        if (size < full.size()) {
+            full.resize(size);
+            return full;
+        }
+    }
+    return {};
 }
 
 bool create_folder(const std::wstring& path)

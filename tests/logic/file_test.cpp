@@ -154,4 +154,37 @@ TEST_F(Files, StandInFoldersThatCanBeMadeOnce)
     EXPECT_TRUE(File::create(inner + L"/x").is_open());
 }
 
+TEST_F(Files, AreToldFromFoldersAndFromNothing)
+{
+    using platform::PathKind;
+    test_support::write_bytes(file, bytes("x"));
+    EXPECT_EQ(platform::path_kind(file), PathKind::regular_file);
+    EXPECT_EQ(platform::path_kind(folder.path()), PathKind::folder);
+    EXPECT_EQ(platform::path_kind(folder.path() + L"/"), PathKind::folder);
+    EXPECT_EQ(platform::path_kind(folder.file(L"none")), PathKind::nothing);
+    EXPECT_EQ(platform::path_kind(folder.file(L"none") + L"/none"), PathKind::nothing);
+    EXPECT_EQ(platform::path_kind(L""), PathKind::nothing);
+    EXPECT_EQ(platform::path_kind(L"http://x.invalid/a"), PathKind::nothing);
+}
+
+TEST_F(Files, TellTheirSizeUnopened)
+{
+    test_support::write_bytes(file, bytes("12345"));
+    EXPECT_EQ(platform::file_size(file), 5u);
+    EXPECT_EQ(platform::file_size(folder.path()), 0u);
+    EXPECT_EQ(platform::file_size(folder.file(L"none")), 0u);
+}
+
+TEST(AbsolutePath, CountsFromTheCurrentDirectory)
+{
+    const std::wstring full = platform::absolute_path(L"日記.txt");
+    EXPECT_GT(full.size(), std::wstring{ L"日記.txt" }.size());
+    EXPECT_TRUE(full.ends_with(L"日記.txt"));
+    EXPECT_EQ(platform::absolute_path(full), full);
+    EXPECT_EQ(platform::absolute_path(L""), L"");
+    const std::wstring deep = full + std::wstring(300, L'x');
+    EXPECT_EQ(platform::absolute_path(deep), deep);
+    EXPECT_EQ(platform::absolute_path(L"a/../日記.txt"), full);
+}
+
 } // namespace

@@ -6,6 +6,7 @@ namespace {
 
 using platform::file_name;
 using platform::parent_path;
+using platform::path_extension;
 using platform::path_stem;
 using platform::resolve_path;
 
@@ -63,6 +64,16 @@ TEST(PathStem, KeepsANameThatBeginsWithItsOnlyPoint)
 {
     EXPECT_EQ(path_stem(L"C:\\.bok"), L".bok");
     EXPECT_EQ(path_stem(L".."), L"..");
+}
+
+TEST(PathExtension, IsWhatTheStemLeaves)
+{
+    EXPECT_EQ(path_extension(L"C:\\v1.2\\a.b.PNG"), L".PNG");
+    EXPECT_EQ(path_extension(L"C:\\v1.2\\note"), L"");
+    EXPECT_EQ(path_extension(L"note."), L".");
+    EXPECT_EQ(path_extension(L"a/.profile"), L"");
+    EXPECT_EQ(path_extension(L".."), L"");
+    EXPECT_EQ(path_extension(L""), L"");
 }
 
 TEST(ResolvePath, CountsARelativePathFromTheRoot)

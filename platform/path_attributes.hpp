@@ -1,0 +1,26 @@
+// What Windows tells of a path, made out.
+#pragma once
+#include "platform/file.hpp"
+#include <cstdint>
+
+namespace platform {
+
+inline constexpr std::uint32_t no_attributes = 0xFFFFFFFF; // whatever the reason
+inline constexpr std::uint32_t folder_attribute = 0x10;
+inline constexpr std::uint32_t reparse_attribute = 0x400;
+inline constexpr std::uint32_t symbolic_link_tag = 0xA000000C;
+inline constexpr std::uint32_t mount_point_tag = 0xA0000003;
+
+// The tag counts only with its attribute. Files that a storage service or a compressor keeps behind a tag of
+// its own are files.
+constexpr PathKind kind_of_attributes(std::uint32_t attributes, std::uint32_t reparse_tag)
+{
+    if (attributes == no_attributes)
+        return PathKind::nothing;
+    const bool is_link = reparse_tag == symbolic_link_tag || reparse_tag == mount_point_tag;
+    if ((attributes & reparse_attribute) != 0 && is_link)
+        return PathKind::other;
+    return (attributes & folder_attribute) != 0 ? PathKind::folder : PathKind::regular_file;
+}
+
+} // namespace platform
