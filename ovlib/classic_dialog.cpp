@@ -15,23 +15,6 @@ const wchar_t* or_null(const std::wstring& text)
 
 } // namespace
 
-std::vector<std::wstring> chosen_paths(const wchar_t* buffer, bool multiple)
-{
-    const std::wstring first = buffer;
-    if (first.empty())
-        return {};
-    std::vector<std::wstring> paths;
-    // A root such as `C:\` brings its own separator.
-    const std::wstring prefix = first.back() == L'\\' ? first : first + L"\\";
-    for (const wchar_t* name = buffer + first.size() + 1; multiple && *name != L'\0';) {
-        paths.push_back(prefix + name);
-        name += paths.back().size() - prefix.size() + 1;
-    }
-    if (paths.empty())
-        paths.push_back(first);
-    return paths;
-}
-
 FileDialog::FileDialog(const Wnd* owner)
     : owner_(owner)
 {
@@ -41,9 +24,7 @@ FileDialog::~FileDialog() = default;
 
 void FileDialog::set_filters(const std::vector<FileFilter>& filters)
 {
-    filters_.clear();
-    for (const FileFilter& filter : filters)
-        filters_ += filter.name + L'\0' + filter.pattern + L'\0';
+    filters_ = filter_text(filters);
 }
 
 std::wstring FileDialog::result() const
@@ -79,7 +60,7 @@ void FileDialog::fill_record()
 
 void FileDialog::read_results()
 {
-    results_ = chosen_paths(buffer_.data(), (record_.Flags & OFN_ALLOWMULTISELECT) != 0);
+    results_ = chosen_paths({ buffer_.data(), buffer_.size() }, (record_.Flags & OFN_ALLOWMULTISELECT) != 0);
 }
 
 FileOpenDialog::FileOpenDialog(const Wnd* owner)

@@ -77,4 +77,10 @@ HBRUSH solid_brush(Color color)
     return CreateSolidBrush(color.value);
 }
 
+HBITMAP load_bitmap(const std::wstring& path)
+{
+    return static_cast<HBITMAP>(
+        LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
+}
+
 } // namespace ovlib::GDI

@@ -113,6 +113,31 @@ void GDIP::round_rect(
     GdipDeletePath(path);
 }
 
+void GDIP::rectangle(const RECT& rect, Color border, Color fill)
+{
+    const INT width = rect.right - rect.left;
+    const INT height = rect.bottom - rect.top;
+    Gdiplus::GpSolidFill* brush = nullptr;
+    status_ = GdipCreateSolidFill(to_argb(fill), &brush);
+    if (status_ == Gdiplus::Ok)
+        status_ = GdipFillRectangleI(graphics_, brush, rect.left, rect.top, width, height);
+    Gdiplus::GpPen* pen = nullptr;
+    if (status_ == Gdiplus::Ok)
+        status_ = GdipCreatePen1(to_argb(border), 1.0f, Gdiplus::UnitWorld, &pen);
+    if (status_ == Gdiplus::Ok)
+        status_ = GdipDrawRectangleI(graphics_, pen, rect.left, rect.top, width, height);
+    GdipDeletePen(pen);
+    GdipDeleteBrush(brush);
+}
+
+void GDIP::draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source)
+{
+    const INT width = source.right - source.left;
+    const INT height = source.bottom - source.top;
+    status_ = GdipDrawImageRectRectI(graphics_, image, at.x, at.y, width, height, source.left, source.top,
+        width, height, Gdiplus::UnitPixel, nullptr, nullptr, nullptr);
+}
+
 void GDIP::fill_and_draw(Gdiplus::GpPath* path, Color border, float border_width, Color fill)
 {
     Gdiplus::GpSolidFill* brush = nullptr;

@@ -2,8 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "ovlib/gui/classic_dialog.hpp"
-#include "tests/support/gui_driver.hpp"
+#include "tests/support/gui_file_dialog.hpp"
 #include "tests/support/gui_folder.hpp"
+#include "tests/support/gui_log.hpp"
 #include "tests/support/gui_window.hpp"
 
 namespace {
@@ -11,27 +12,11 @@ namespace {
 using ovlib::classic::FileOpenDialog;
 using ovlib::classic::FileSaveDialog;
 
-constexpr int file_name_field = 1148;
-
-// The edit inside the combo box that holds the name.
-HWND name_edit(HWND dialog)
-{
-    HWND field = GetDlgItem(dialog, file_name_field);
-    while (HWND inner = field != nullptr ? GetWindow(field, GW_CHILD) : nullptr)
-        field = inner;
-    return field;
-}
+using gui::cancel_dialog;
 
 void answer(HWND dialog, const std::wstring& name)
 {
-    ASSERT_TRUE(gui::poll_until([&] { return name_edit(dialog) != nullptr; }));
-    SendMessageW(name_edit(dialog), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-}
-
-void cancel(HWND dialog)
-{
-    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_TRUE(gui::answer_with_name(dialog, name));
 }
 
 class ClassicDialog : public testing::Test {
@@ -50,6 +35,7 @@ protected:
 
     gui::TopWnd top;
     gui::TempFolder folder;
+    gui::LogEar log;
 };
 
 TEST_F(ClassicDialog, OpensOneFile)
@@ -85,11 +71,12 @@ TEST_F(ClassicDialog, CancelGivesNothing)
         gui::DialogDriver driver([](HWND box) { answer(box, L"a.bok"); });
         ASSERT_TRUE(dialog.show());
     }
-    gui::DialogDriver driver(cancel);
+    gui::DialogDriver driver(cancel_dialog);
     EXPECT_FALSE(dialog.show());
     EXPECT_TRUE(driver.finish());
     EXPECT_TRUE(dialog.results().empty()) << "nothing is left of the time before";
     EXPECT_EQ(dialog.result(), L"");
+    EXPECT_EQ(log.heard(), L"");
 }
 
 TEST_F(ClassicDialog, OpensSeveralFilesByTheirFullPaths)
@@ -128,8 +115,9 @@ TEST_F(ClassicDialog, SavesWithTheDefaultExtension)
     dialog.set_file_name(L"提案.bok");
     std::wstring proposed;
     gui::DialogDriver driver([&](HWND box) {
-        gui::poll_until([&] { return name_edit(box) != nullptr && !gui::text_of(name_edit(box)).empty(); });
-        proposed = gui::text_of(name_edit(box));
+        gui::poll_until(
+            [&] { return gui::name_field(box) != nullptr && !gui::text_of(gui::name_field(box)).empty(); });
+        proposed = gui::text_of(gui::name_field(box));
         answer(box, L"新しい");
     });
     ASSERT_TRUE(dialog.show());
@@ -144,21 +132,9 @@ TEST_F(ClassicDialog, AFileNameThatDoesNotFitIsCutAndHarmless)
     dialog.set_options(OFN_EXPLORER);
     dialog.set_folder(folder.path());
     dialog.set_file_name(std::wstring(5'000, L'n'));
-    gui::DialogDriver driver(cancel);
+    gui::DialogDriver driver(cancel_dialog);
     EXPECT_FALSE(dialog.show());
     EXPECT_TRUE(driver.finish());
-}
-
-TEST(ChosenPaths, AreReadFromTheBuffer)
-{
-    using ovlib::classic::chosen_paths;
-    using Paths = std::vector<std::wstring>;
-    EXPECT_EQ(chosen_paths(L"C:\\a\\b.bok\0", false), Paths{ L"C:\\a\\b.bok" });
-    EXPECT_EQ(chosen_paths(L"C:\\a\\b.bok\0", true), Paths{ L"C:\\a\\b.bok" });
-    EXPECT_EQ(chosen_paths(L"C:\\a\0one\0two\0", true), (Paths{ L"C:\\a\\one", L"C:\\a\\two" }));
-    EXPECT_EQ(chosen_paths(L"C:\\\0one\0two\0", true), (Paths{ L"C:\\one", L"C:\\two" }));
-    EXPECT_EQ(chosen_paths(L"C:\\a\0ignored\0", false), Paths{ L"C:\\a" });
-    EXPECT_EQ(chosen_paths(L"\0", true), Paths{});
 }
 
 } // namespace

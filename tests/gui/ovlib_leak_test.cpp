@@ -1,95 +1,31 @@
-// Nothing drawn or rebuilt may cost a handle for good. Counts are not told everywhere, but what the system
-// can give is limited: with nearly all of it taken, whatever keeps even one handle a round soon finds no
-// more.
-#include <algorithm>
+// Nothing drawn or rebuilt may cost a handle for good.
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <psapi.h>
-
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/gui/text_stream.hpp"
+#include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
-#include "tests/support/gui_window.hpp"
 
 namespace {
 
 using gui::Edit;
+using gui::expect_handles_to_spare;
+using gui::memory_in_use;
 using gui::PlainChild;
 using gui::PlainSub;
 using gui::TopWnd;
 using ovlib::ObjectSelection;
 using ovlib::rgb;
 
-constexpr int room = 2'000; // left free
+constexpr int room = gui::crowd_room;
 constexpr int many = 10 * room;
-
-// Takes all GDI handles that the system will give but `room`.
-class GdiCrowd {
-public:
-    GdiCrowd()
-    {
-        while (const HBRUSH brush = ovlib::GDI::solid_brush(rgb(1, 1, 1)))
-            held_.emplace_back(brush);
-        held_.resize(held_.size() - std::min<std::size_t>(held_.size(), room));
-    }
-
-private:
-    std::vector<ovlib::GDI::Brush> held_;
-};
-
-// The same for windows, which share their numbers with menus.
-class UserCrowd {
-public:
-    UserCrowd()
-    {
-        while (const HMENU menu = CreateMenu())
-            held_.push_back(menu);
-        for (int i = 0; i < room / 4 && !held_.empty(); ++i)
-            let_one_go();
-    }
-    UserCrowd(const UserCrowd&) = delete;
-    UserCrowd& operator=(const UserCrowd&) = delete;
-    ~UserCrowd()
-    {
-        while (!held_.empty())
-            let_one_go();
-    }
-
-private:
-    void let_one_go()
-    {
-        DestroyMenu(held_.back());
-        held_.pop_back();
-    }
-    std::vector<HMENU> held_;
-};
 
 class Leaks : public testing::Test {
 protected:
-    GdiCrowd crowd;
+    gui::GdiCrowd crowd;
 };
-
-// One of each kind can still be made, many times over.
-void expect_handles_to_spare()
-{
-    std::vector<ovlib::GDI::Object> made;
-    for (int i = 0; i < room / 10; ++i) {
-        const HGDIOBJ fresh[] = { ovlib::GDI::solid_pen(1, rgb(1, 2, 3)),
-            ovlib::GDI::solid_brush(rgb(1, 2, 3)), CreateBitmap(4, 4, 1, 1, nullptr),
-            CreateFontW(-12, 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0, L"Arial"), CreateRectRgn(0, 0, 1, 1) };
-        for (const HGDIOBJ handle : fresh) {
-            ASSERT_NE(handle, nullptr) << "after " << i;
-            made.emplace_back().attach(handle, ovlib::GDI::Ownership::owned);
-        }
-    }
-    const ovlib::MemDC dc;
-    EXPECT_TRUE(dc);
-    TopWnd wnd;
-    EXPECT_TRUE(wnd.create(L""));
-    wnd.destroy();
-}
 
 TEST_F(Leaks, ACrowdLeavesRoomThatRunsOut)
 {
@@ -161,14 +97,6 @@ TEST_F(Leaks, TextWithUnderlines)
         stream << L"a";
     }
     expect_handles_to_spare();
-}
-
-// What GDI+ makes is memory.
-std::size_t memory_in_use()
-{
-    PROCESS_MEMORY_COUNTERS counters{};
-    EXPECT_TRUE(GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters));
-    return counters.PagefileUsage;
 }
 
 TEST_F(Leaks, RoundedRectangles)
@@ -253,7 +181,7 @@ TEST_F(Leaks, WindowsPaintedAgainAndAgain)
 
 TEST_F(Leaks, WindowsRebuiltWithTheirChildren)
 {
-    const UserCrowd windows_taken;
+    const gui::UserCrowd windows_taken;
     TopWnd top;
     ASSERT_TRUE(top.create(L"rebuilt"));
     PlainSub sub(&top, 1);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "ovlib/gui/check_box.hpp"
 #include "ovlib/gui/dc.hpp"
 #include "ovlib/gui/editbox.hpp"
 #include "ovlib/gui/gdip_image.hpp"
@@ -161,6 +162,18 @@ TEST(Slots, OfEditBoxStandInTheirOrder)
         slot(&E::save_file),
     };
     expect_consecutive(slots, slot(&SysControl::is_subclassed) + 1);
+}
+
+TEST(Slots, OfDrawnButtonsStandInTheirOrder)
+{
+    using B = CustomButton;
+    using C = CustomCheckBox;
+    expect_consecutive({ slot(&B::set_bitmap), slot(&B::draw_item), slot(&B::draw_background),
+                           slot(&B::draw_focus), slot(&B::draw_text), slot(&B::draw_frame) },
+        slot(&SysControl::is_subclassed) + 1);
+    expect_consecutive({ slot(&C::draw_box), slot(&C::fit_to_text), slot(&C::set_checked), slot(&C::toggle),
+                           slot(&C::is_checked) },
+        slot(&B::draw_frame) + 1);
 }
 
 TEST(Slots, OfDrawingFollowTheDestructor)

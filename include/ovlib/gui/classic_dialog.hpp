@@ -7,16 +7,15 @@
 
 #include <commdlg.h>
 
+#include "controls/file_dialog_text.hpp"
+
 namespace ovlib {
 
 class Wnd;
 
 namespace classic {
 
-struct FileFilter {
-    std::wstring name; // "Book Files"
-    std::wstring pattern; // "*.bok"
-};
+using ovlib::FileFilter;
 
 // Set it up, show it, read the results. Texts and options stay for the next time it is shown.
 class FileDialog {
@@ -35,7 +34,7 @@ public:
     void set_file_name(const std::wstring& name) { file_name_ = name; }
     // Without its dot; the system adds it to a name that has none.
     void set_default_extension(const std::wstring& extension) { extension_ = extension; }
-    // OFN_ flags.
+    // OFN_ flags. With OFN_ALLOWMULTISELECT goes OFN_EXPLORER: the oldest dialog lists names another way.
     DWORD options() const { return record_.Flags; }
     void set_options(DWORD flags) { record_.Flags = flags; }
 
@@ -77,10 +76,6 @@ public:
     explicit FileSaveDialog(const Wnd* owner);
     bool show() override;
 };
-
-// The paths in the buffer of a dialog that has been answered: one full path, or with `multiple` a folder and
-// then names, each ended by a null, the last by two.
-std::vector<std::wstring> chosen_paths(const wchar_t* buffer, bool multiple);
 
 } // namespace classic
 } // namespace ovlib

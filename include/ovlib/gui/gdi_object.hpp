@@ -1,6 +1,7 @@
 // Handles of GDI objects with their ownership.
 #pragma once
 #include <cstdint>
+#include <string>
 #include <utility>
 #include <windows.h>
 
@@ -69,5 +70,7 @@ public:
 // Each call makes a new object for the caller to own.
 HPEN solid_pen(int width, Color color);
 HBRUSH solid_brush(Color color);
+// From a bitmap file, with readable pixels; null when it cannot be read.
+HBITMAP load_bitmap(const std::wstring& path);
 
 } // namespace ovlib::GDI

@@ -50,6 +50,10 @@ public:
     // Radii wider than half the rectangle draw nothing.
     void round_rect(
         const RECT& rect, float radius_x, float radius_y, Color border, float border_width, Color fill);
+    // The border is one pixel wide and lies on the right and bottom edges too: outside `rect`.
+    void rectangle(const RECT& rect, Color border, Color fill);
+    // The part `source` of a picture in its natural size.
+    void draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source);
 
 private:
     void fill_and_draw(Gdiplus::GpPath* path, Color border, float border_width, Color fill);

@@ -1,0 +1,81 @@
+// Buttons of the system, and those that are drawn by their own class.
+#pragma once
+#include "controls/button_layout.hpp"
+#include "ovlib/gui/back_buffer.hpp"
+#include "ovlib/gui/owner_drawn.hpp"
+#include "ovlib/gui/syscontrol.hpp"
+
+namespace ovlib {
+
+class Button : public SysControl {
+public:
+    std::wstring class_info(WNDCLASSEXW& info) override;
+
+protected:
+    Button(Wnd* parent, int control_id);
+};
+
+// Painted from its back buffer when the parent routes WM_DRAWITEM to it: background, frame and focus reach
+// the screen in one copy, the text is drawn over them. Subclassed from its creation, so that the system
+// paints no background of its own before that.
+class CustomButton : public Button, public OwnerDrawn {
+public:
+    void on_created() override;
+    void create_params(CREATESTRUCTW& params) override;
+    bool on_message(WndMessage& message) override;
+
+    virtual void set_bitmap(HBITMAP bitmap);
+    // The item's rectangle begins at the origin. False when there is no memory for the back buffer.
+    bool draw_item(const DRAWITEMSTRUCT& item) override;
+    // These draw into the back buffer.
+    virtual void draw_background() = 0;
+    virtual void draw_focus() = 0;
+    // Onto the item's own device context, which is clipped to the item and has its own state again
+    // afterwards.
+    virtual void draw_text() = 0;
+    virtual void draw_frame() = 0;
+
+    const BackBuffer& buffer() const { return buffer_; }
+
+protected:
+    CustomButton(Wnd* parent, int control_id);
+
+    // Of the item being served; the four drawing operations may ask.
+    const DRAWITEMSTRUCT& item() const { return *item_; }
+    ButtonState state() const;
+    platform::Rect area() const;
+    // The control's text, asked for once a paint.
+    const std::wstring& label() const { return label_; }
+    // The control's font, or the one that a device context has where the control has none.
+    HFONT label_font(const DC& dc) const;
+    BackBuffer& canvas() { return buffer_; }
+
+    // Has the control painted at once, when there is one.
+    void repaint();
+
+private:
+    bool fit_buffer(SIZE size);
+    void paint();
+
+    const DRAWITEMSTRUCT* item_ = nullptr;
+    BackBuffer buffer_;
+    std::wstring label_;
+    HFONT font_ = nullptr;
+};
+
+// In the system's colours.
+class CustomPushButton : public CustomButton {
+public:
+    CustomPushButton(Wnd* parent, int control_id);
+
+    void draw_background() override;
+    void draw_focus() override;
+    void draw_text() override;
+    void draw_frame() override;
+
+protected:
+    // The label, centred, as the state wants it. An empty one draws nothing.
+    void draw_label(Color color, Color shadow);
+};
+
+} // namespace ovlib

@@ -1,0 +1,30 @@
+// Places of the portable half, as the system takes them.
+#pragma once
+#include <windows.h>
+
+#include "platform/geometry.hpp"
+
+namespace ovlib {
+
+constexpr RECT to_rect(const platform::Rect& rect)
+{
+    return { rect.left, rect.top, rect.right, rect.bottom };
+}
+
+constexpr platform::Rect from_rect(const RECT& rect)
+{
+    return { static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
+        static_cast<int>(rect.bottom) };
+}
+
+constexpr platform::Point to_point(const POINT& point)
+{
+    return { static_cast<int>(point.x), static_cast<int>(point.y) };
+}
+
+constexpr platform::Size to_size(const SIZE& size)
+{
+    return { static_cast<int>(size.cx), static_cast<int>(size.cy) };
+}
+
+} // namespace ovlib

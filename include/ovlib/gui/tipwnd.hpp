@@ -1,0 +1,53 @@
+// A small window with a text that follows the mouse and never takes the focus.
+#pragma once
+#include "ovlib/gui/back_buffer.hpp"
+#include "ovlib/gui/subwnd.hpp"
+
+namespace ovlib {
+
+struct TipColors {
+    Color text;
+    Color back;
+    Color frame;
+
+    friend bool operator==(const TipColors&, const TipColors&) = default;
+};
+
+class TipWnd : public SubWnd {
+public:
+    explicit TipWnd(Wnd* parent, int control_id = 0);
+
+    bool on_message(WndMessage& message) override;
+    void create_params(CREATESTRUCTW& params) override;
+
+    using SubWnd::show;
+    // A tip is shown with its text only.
+    void show(bool visible) override;
+    // Shows `text`, which may have several lines, with the tip's corner at `position` on the screen. An empty
+    // text hides the tip. Fonts come by set_font and are borrowed.
+    void show(const std::wstring& text, POINT position);
+
+    // For the next show.
+    void set_colors(const TipColors& colors) { colors_ = colors; }
+    // A tip of fixed place may pass the right edge of its parent's window.
+    void set_fixed_place(bool fixed) { fixed_place_ = fixed; }
+
+    // What is on the screen; empty while the tip is hidden.
+    const std::wstring& shown_text() const { return text_; }
+    const BackBuffer& buffer() const { return buffer_; }
+
+private:
+    void hide();
+    bool fit_buffer(SIZE size);
+    void draw();
+    bool on_paint();
+    SIZE measure() const;
+
+    std::wstring text_;
+    GDI::Font font_;
+    TipColors colors_{ rgb(0, 0, 0), rgb(255, 255, 255), rgb(0, 0, 0) };
+    BackBuffer buffer_;
+    bool fixed_place_ = false;
+};
+
+} // namespace ovlib

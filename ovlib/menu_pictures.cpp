@@ -1,0 +1,73 @@
+#include "ovlib/gui/menu_pictures.hpp"
+
+#include <utility>
+
+#include "controls/menu_rows.hpp"
+#include "ovlib/gui/dc.hpp"
+
+namespace ovlib {
+
+namespace {
+
+void blend(HDC target, const platform::Rect& place, HBITMAP picture, std::uint8_t opacity)
+{
+    constexpr WORD bits_with_alpha = 32;
+    BITMAP facts{};
+    if (GetObjectW(picture, sizeof facts, &facts) == 0)
+        return;
+    const BYTE format = facts.bmBitsPixel == bits_with_alpha ? AC_SRC_ALPHA : 0;
+    const MemDC source(target);
+    const ObjectSelection selection(source, picture);
+    AlphaBlend(target, place.left, place.top, place.width(), place.height(), source.handle(), 0, 0,
+        facts.bmWidth, facts.bmHeight, BLENDFUNCTION{ AC_SRC_OVER, 0, opacity, format });
+}
+
+} // namespace
+
+MenuPictures::MenuPictures(Find find)
+    : find_(std::move(find))
+{
+}
+
+bool MenuPictures::has(int id) const
+{
+    return find_ && find_(id) != nullptr;
+}
+
+// A menu sends 0 where a control sends its id.
+bool MenuPictures::on_message(WndMessage& message) const
+{
+    bool handled = false;
+    if (message.message == WM_MEASUREITEM && message.wparam == 0)
+        handled = on_measure(*reinterpret_cast<MEASUREITEMSTRUCT*>(message.lparam));
+    else if (message.message == WM_DRAWITEM && message.wparam == 0)
+        handled = on_draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(message.lparam));
+    if (handled)
+        message.result = TRUE;
+    return handled;
+}
+
+bool MenuPictures::on_measure(MEASUREITEMSTRUCT& item) const
+{
+    if (item.CtlType != ODT_MENU)
+        return false;
+    item.itemWidth = menu_picture_size.width;
+    item.itemHeight = menu_picture_size.height;
+    return true;
+}
+
+bool MenuPictures::on_draw(const DRAWITEMSTRUCT& item) const
+{
+    if (item.CtlType != ODT_MENU)
+        return false;
+    HBITMAP const picture = find_ ? find_(static_cast<int>(item.itemID)) : nullptr;
+    if (picture == nullptr)
+        return true;
+    const RECT& room = item.rcItem;
+    const bool is_greyed = (item.itemState & (ODS_GRAYED | ODS_DISABLED)) != 0;
+    blend(item.hDC, menu_picture_rect({ room.left, room.top, room.right, room.bottom }), picture,
+        menu_picture_opacity(is_greyed));
+    return true;
+}
+
+} // namespace ovlib

@@ -1,0 +1,170 @@
+// Uses a popup menu of this process from a second thread, as a user would: with keys and with the mouse.
+#pragma once
+#include "tests/support/gui_input.hpp"
+#include "tests/support/gui_pump.hpp"
+#include <functional>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+#include <windows.h>
+
+namespace gui {
+
+// The popup menus that a thread shows, outermost first.
+inline std::vector<HWND> popups_of(DWORD thread)
+{
+    std::vector<HWND> found;
+    EnumThreadWindows(
+        thread,
+        [](HWND hwnd, LPARAM result) -> BOOL {
+            wchar_t name[16] = {};
+            GetClassNameW(hwnd, name, 16);
+            auto& popups = *reinterpret_cast<std::vector<HWND>*>(result);
+            if (std::wstring_view(name) == L"#32768" && IsWindowVisible(hwnd))
+                popups.insert(popups.begin(), hwnd);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+// A popup on the screen. Items are counted from 0, separators included.
+class ShownMenu {
+public:
+    ShownMenu(DWORD thread, std::size_t depth)
+        : thread_(thread)
+        , depth_(depth)
+    {
+    }
+
+    HWND hwnd() const
+    {
+        const auto popups = popups_of(thread_);
+        return popups.size() > depth_ ? popups[depth_] : nullptr;
+    }
+    HMENU menu() const
+    {
+        constexpr UINT get_menu = 0x1E1; // MN_GETHMENU
+        return reinterpret_cast<HMENU>(SendMessageW(hwnd(), get_menu, 0, 0));
+    }
+    bool is_open() const { return hwnd() != nullptr; }
+    bool wait() const
+    {
+        return poll_until([&] { return is_open(); });
+    }
+    // The popup that opens from an item of this one.
+    ShownMenu inner() const { return { thread_, depth_ + 1 }; }
+
+    RECT item_rect(int item) const
+    {
+        RECT rect{};
+        GetMenuItemRect(nullptr, menu(), static_cast<UINT>(item), &rect);
+        return rect;
+    }
+    bool is_highlighted(int item) const { return (state(item) & MF_HILITE) != 0; }
+    bool is_grey(int item) const { return (state(item) & (MF_GRAYED | MF_DISABLED)) != 0; }
+    bool is_checked(int item) const { return (state(item) & MF_CHECKED) != 0; }
+    UINT state(int item) const { return GetMenuState(menu(), static_cast<UINT>(item), MF_BYPOSITION); }
+    std::wstring text(int item) const
+    {
+        wchar_t buffer[256] = {};
+        GetMenuStringW(menu(), static_cast<UINT>(item), buffer, 256, MF_BYPOSITION);
+        return buffer;
+    }
+
+    void point_at(int item, int aside = 0) const
+    {
+        const RECT rect = item_rect(item);
+        SetCursorPos((rect.left + rect.right) / 2 + aside, (rect.top + rect.bottom) / 2);
+    }
+    // Moves until the menu follows: one that is just opening does not see the first of it.
+    bool point_at_until_highlighted(int item) const
+    {
+        int moves = 0;
+        return poll_until([&] {
+            if (!is_highlighted(item))
+                point_at(item, ++moves % 2);
+            return is_highlighted(item);
+        });
+    }
+    void click(int item) const
+    {
+        point_at_until_highlighted(item);
+        press_button(MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP);
+    }
+    // Down with the arrow key until the item is highlighted.
+    bool step_to(int item) const
+    {
+        const int count = GetMenuItemCount(menu());
+        for (int presses = 0; presses <= count && !is_highlighted(item); ++presses) {
+            const int before = highlighted();
+            press_key(VK_DOWN);
+            poll_until([&] { return highlighted() != before; });
+        }
+        return is_highlighted(item);
+    }
+    int highlighted() const
+    {
+        for (int i = GetMenuItemCount(menu()) - 1; i >= 0; --i) {
+            if (is_highlighted(i))
+                return i;
+        }
+        return -1;
+    }
+    void choose(int item) const
+    {
+        step_to(item);
+        press_key(VK_RETURN);
+    }
+    bool wait_closed() const
+    {
+        return poll_until([&] { return !is_open(); });
+    }
+    // Leaves all popups, however deep.
+    void leave() const
+    {
+        while (!popups_of(thread_).empty()) {
+            const auto before = popups_of(thread_).size();
+            press_key(VK_ESCAPE);
+            poll_until([&] { return popups_of(thread_).size() < before; });
+        }
+    }
+
+private:
+    DWORD thread_;
+    std::size_t depth_;
+};
+
+// Waits for the next popup menu of the thread that built this object and hands it to `act`. What `act` leaves
+// open is closed.
+class MenuDriver {
+public:
+    explicit MenuDriver(std::function<void(const ShownMenu&)> act)
+        : worker_([this, act = std::move(act), thread = GetCurrentThreadId()] {
+            const ShownMenu menu{ thread, 0 };
+            met_ = menu.wait();
+            if (met_)
+                act(menu);
+            menu.leave();
+        })
+    {
+    }
+    MenuDriver(const MenuDriver&) = delete;
+    MenuDriver& operator=(const MenuDriver&) = delete;
+    ~MenuDriver() { finish(); }
+
+    // True when there was a menu.
+    bool finish()
+    {
+        if (worker_.joinable())
+            worker_.join();
+        return met_;
+    }
+
+private:
+    bool met_ = false;
+    std::thread worker_;
+};
+
+} // namespace gui
