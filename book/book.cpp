@@ -81,14 +81,36 @@ bool Book::remove_page_at(std::uint64_t position)
 
 void Book::recount()
 {
-    tab_count = 0;
+    constexpr auto limit = static_cast<std::size_t>(tab_limit);
+    tab_indices.clear();
     mark_count = 0;
-    for (Page& page : pages) {
-        if (page.tab_number != 0)
-            page.tab_number = tab_count < tab_limit ? static_cast<std::uint64_t>(++tab_count) : 0;
+    for (std::size_t index = 0; index < pages.size(); ++index) {
+        Page& page = pages[index];
+        if (page.tab_number != 0) {
+            const bool has_room = tab_indices.size() < limit;
+            if (has_room)
+                tab_indices.push_back(index);
+            page.tab_number = has_room ? tab_indices.size() : 0;
+        }
         if (page.mark != 0)
             ++mark_count;
     }
+    tab_count = static_cast<std::int32_t>(tab_indices.size());
+}
+
+// Pages may have come, gone or changed since the recount, so what the list says is only believed when it is
+// right.
+Page* Book::page_of_tab(std::uint64_t number)
+{
+    if (number == 0)
+        return nullptr;
+    if (number <= tab_indices.size()) {
+        const std::size_t index = tab_indices[static_cast<std::size_t>(number - 1)];
+        if (index < pages.size() && pages[index].tab_number == number)
+            return &pages[index];
+    }
+    const auto found = std::ranges::find(pages, number, &Page::tab_number);
+    return found == pages.end() ? nullptr : &*found;
 }
 
 void Book::refresh_counts()

@@ -57,6 +57,9 @@ public:
 
     // Renumbers tabs and counts tabs and marks. Tabs beyond the limit are dropped.
     void recount();
+    // The first stored page with this tab number; null for none and for 0. Right after a recount it costs
+    // nothing.
+    Page* page_of_tab(std::uint64_t number);
     // When needs_update is set: clears it, drops the hits, recounts and rebuilds the order.
     void refresh_counts();
     // Throws std::out_of_range for a stamp of fewer than 14 characters under the key `modified`.
@@ -77,6 +80,7 @@ public:
         order; // stored indices in display order before reversal; empty for the stored order
     std::uint64_t file_size = 0; // bytes, after the last load or save
     std::int32_t tab_count = 0;
+    std::vector<std::size_t> tab_indices; // of the pages with tabs, in stored order, at the last recount
     std::int32_t mark_count = 0;
     bool needs_update = false; // pages came or went, or the sort key changed
     std::vector<SearchHit> hits;

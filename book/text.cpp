@@ -60,11 +60,6 @@ void remove_separator(std::wstring& text)
     std::erase(text, separator);
 }
 
-bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right)
-{
-    return std::ranges::equal(left, right, {}, platform::to_lower, platform::to_lower);
-}
-
 std::wstring time_text(const platform::LocalTime& time)
 {
     std::wstring text;

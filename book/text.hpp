@@ -1,6 +1,7 @@
 // Small operations on the text of pages.
 #pragma once
 #include "platform/clock.hpp"
+#include "platform/text.hpp"
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -21,8 +22,7 @@ std::u16string_view trimmed(std::u16string_view text, TrimMode mode);
 // Erases every U+0003.
 void remove_separator(std::wstring& text);
 
-// False at once for different lengths; otherwise compares lower-cased code units.
-bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right);
+using platform::same_text_ignoring_case;
 
 // Year, month, day, hour, minute, second as 14 digits.
 std::wstring time_text(const platform::LocalTime& time);

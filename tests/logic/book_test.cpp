@@ -305,6 +305,46 @@ TEST(BookRecount, DropsTheTabsBeyondTheLimitButNoMarks)
         EXPECT_EQ(book.pages[i].tab_number, i < 256 ? i + 1 : 0);
 }
 
+TEST(BookTabs, AreFoundByTheirNumber)
+{
+    Book book = book_of({ L"a", L"b", L"c", L"d" });
+    book.pages[1].tab_number = 40;
+    book.pages[3].tab_number = 1;
+    book.recount();
+    EXPECT_EQ(book.tab_indices, (std::vector<std::size_t>{ 1, 3 }));
+    EXPECT_EQ(book.page_of_tab(1), &book.pages[1]);
+    EXPECT_EQ(book.page_of_tab(2), &book.pages[3]);
+    EXPECT_EQ(book.page_of_tab(3), nullptr);
+    EXPECT_EQ(book.page_of_tab(0), nullptr);
+}
+
+TEST(BookTabs, AreFoundAlsoWhenPagesMovedSinceTheRecount)
+{
+    Book book = book_of({ L"a", L"b", L"c", L"d" });
+    book.pages[1].tab_number = 1;
+    book.pages[3].tab_number = 1;
+    book.recount();
+    book.pages.erase(book.pages.begin());
+    EXPECT_EQ(book.page_of_tab(1), &book.pages[0]);
+    EXPECT_EQ(book.page_of_tab(2), &book.pages[2]);
+    book.pages.pop_back();
+    EXPECT_EQ(book.page_of_tab(2), nullptr);
+    book.pages[1].tab_number = 77;
+    EXPECT_EQ(book.page_of_tab(77), &book.pages[1]);
+}
+
+TEST(BookTabs, KeepNoIndexOfADroppedTab)
+{
+    Book book;
+    book.pages.resize(300);
+    for (Page& page : book.pages)
+        page.tab_number = 1;
+    book.recount();
+    EXPECT_EQ(book.tab_indices.size(), 256u);
+    EXPECT_EQ(book.page_of_tab(256), &book.pages[255]);
+    EXPECT_EQ(book.page_of_tab(257), nullptr);
+}
+
 TEST(BookRefreshCounts, DoesNothingUnlessAsked)
 {
     Book book = book_of({ L"b", L"a" });

@@ -88,6 +88,24 @@ TEST(ConditionText, CountsAPairAsOneCharacterAndNeverCutsIt)
         condition_text(query_for({ emoji.substr(1) + term })), emoji.substr(1) + term.substr(0, 62) + L"...");
 }
 
+TEST(ConditionText, DoesNotCutTwentyEmoji)
+{
+    const std::wstring emoji{ wchar_t{ 0xD83D }, wchar_t{ 0xDE00 } };
+    std::wstring term;
+    for (int i = 0; i < 20; ++i)
+        term += emoji;
+    EXPECT_EQ(condition_text(query_for({ term })), term); // 40 units
+}
+
+// The brackets are put round what is left of the joined text.
+TEST(ConditionText, DoesNotCountTheBrackets)
+{
+    const std::wstring term(29, L'a');
+    EXPECT_EQ(condition_text(query_for({ term })), term);
+    EXPECT_EQ(condition_text(query_for({ term.substr(0, 28), L"b" })), L"<" + term.substr(0, 28) + L" | b>");
+    EXPECT_EQ(condition_text(query_for({ term, L"b" })), L"<" + term + L" | ...>");
+}
+
 TEST(FailedSearchText, TellsTheConditionWhenThereIsOne)
 {
     EXPECT_EQ(book::failed_search_text(query_for({ L"猫", L"犬" })), L"一致条件: <猫 | 犬>");
