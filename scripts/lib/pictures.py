@@ -1,0 +1,91 @@
+"""Renders res/svg into the pictures that the program loads, checks the committed ones, or shows all on one sheet.
+
+The folder decides what an SVG becomes:
+  menu/    a BMP of 32 bits, premultiplied
+  button/  a PNG, normal at the left, disabled at the right
+  key/     a BMP of 24 bits with a transparent colour, which the SVG itself bears
+  icon/    an image of app/wnd/pagewick.ico
+"""
+import pathlib
+import subprocess
+import sys
+
+import pictures_sheet
+from pictures_raster import bmp, ico, png, premultiplied, read_png
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+RES = ROOT / "res"
+ICON = ROOT / "app/wnd/pagewick.ico"
+SHEET = ROOT / "docs/images/pictures.png"
+DISABLED_ALPHA = 0.4
+
+
+def render(svg):
+    style = RES / "svg/style.css"
+    run = subprocess.run(["rsvg-convert", "--stylesheet", style, svg], check=True, capture_output=True)
+    return read_png(run.stdout)
+
+
+def rendered(folder):
+    return {svg.stem: render(svg) for svg in sorted((RES / "svg" / folder).glob("*.svg"))}
+
+
+def disabled(r, g, b, a):
+    grey = (299 * r + 587 * g + 114 * b + 500) // 1000
+    return grey, grey, grey, round(a * DISABLED_ALPHA)
+
+
+def sheet_of_states(picture):
+    return picture.beside(picture.mapped(disabled))
+
+
+def all_pictures():
+    return {folder: rendered(folder) for folder in ("menu", "button", "key", "icon")}
+
+
+def files_of(pictures):
+    """What must stand where, as bytes."""
+    files = {RES / f"{name}.bmp": bmp(picture.mapped(premultiplied), 32) for name, picture in pictures["menu"].items()}
+    files |= {RES / f"{name}.png": png(sheet_of_states(picture)) for name, picture in pictures["button"].items()}
+    files |= {RES / f"{name}.bmp": bmp(picture, 24) for name, picture in pictures["key"].items()}
+    files[ICON] = ico(sorted(pictures["icon"].values(), key=lambda picture: picture.width))
+    return files
+
+
+def committed():
+    return {*RES.glob("*.bmp"), *RES.glob("*.png"), ICON}
+
+
+def write(files):
+    for path in committed() - files.keys():
+        path.unlink(missing_ok=True)
+    for path, data in files.items():
+        path.write_bytes(data)
+    print(f"{len(files)} files written")
+
+
+def check(files):
+    """Names every file that is not what its SVG gives; 0 when there is none."""
+    different = [path for path, data in files.items() if not path.exists() or path.read_bytes() != data]
+    orphans = sorted(committed() - files.keys())
+    for path in different:
+        print(f"not what its SVG gives: {path.relative_to(ROOT)}")
+    for path in orphans:
+        print(f"without an SVG: {path.relative_to(ROOT)}")
+    print(f"{len(files) - len(different)} of {len(files)} files are what their SVGs give")
+    return 1 if different or orphans else 0
+
+
+def main(mode):
+    pictures = all_pictures()
+    if mode == "--check":
+        return check(files_of(pictures))
+    if mode == "--sheet":
+        SHEET.write_bytes(pictures_sheet.rendered(pictures, disabled, ROOT / "look/theme.cpp"))
+    else:
+        write(files_of(pictures))
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1] if len(sys.argv) > 1 else ""))
