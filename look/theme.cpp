@@ -1,4 +1,5 @@
 #include "look/theme.hpp"
+#include "media/drawing_lock.hpp"
 #include <array>
 
 namespace look {
@@ -93,8 +94,10 @@ ThemePalette theme_colors(std::int32_t identifier)
 
 std::int32_t load_theme(std::int32_t identifier)
 {
-    loaded = theme_colors(identifier);
-    return loaded.current_theme;
+    const ThemePalette colors = theme_colors(identifier);
+    const std::scoped_lock hold{ media::drawing_lock() };
+    loaded = colors;
+    return colors.current_theme;
 }
 
 } // namespace look

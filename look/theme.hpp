@@ -24,7 +24,8 @@ struct ThemePalette {
     Color viewer_text, viewer_error, viewer_back, reserved_1, bar_view, reserved_2;
 };
 
-// The palette that windows read. Written by load_theme only.
+// The palette that windows read. Written by load_theme only, under the drawing lock of media: another thread
+// than that of the windows reads it while it holds that lock.
 const ThemePalette& palette();
 
 // The colours of a theme, without loading them. Any identifier outside 6000 to 6006 gives the standard table.

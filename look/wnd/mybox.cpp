@@ -1,9 +1,10 @@
 #include "look/wnd/mybox.hpp"
 #include "app/command_ids.hpp"
 #include "app/command_table.hpp"
-#include "app/settings.hpp"
+#include "look/box_menu.hpp"
+#include "look/wnd/input_method.hpp"
+#include "look/wnd/keys.hpp"
 #include <array>
-#include <imm.h>
 
 namespace look {
 
@@ -33,17 +34,12 @@ std::int64_t as_lparam(HWND hwnd)
     return static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(hwnd));
 }
 
-// The second counts for a key that was let go before its message came.
-bool is_shift_down()
-{
-    return GetAsyncKeyState(VK_SHIFT) < 0 || GetKeyState(VK_SHIFT) < 0;
-}
-
 } // namespace
 
 MyBox::MyBox(ovlib::Wnd* parent, int control_id)
     : EditBox(parent, control_id)
 {
+    menu_.add_rows(box_menu());
 }
 
 bool MyBox::create(const std::wstring& title)
@@ -87,7 +83,28 @@ bool MyBox::on_message(ovlib::WndMessage& message)
 // A read-only box has no menu, not even the system's.
 bool MyBox::on_context_menu()
 {
-    return is_read_only();
+    if (is_read_only())
+        return true;
+    set_focus();
+    const BoxMenuState state = menu_state();
+    for (const ovlib::MenuRow& row : box_menu()) {
+        if (row.kind == ovlib::MenuKind::item)
+            menu_.enable(row.id, is_box_item_enabled(row.id, state));
+    }
+    menu_.show(*this, 0);
+    return true;
+}
+
+BoxMenuState MyBox::menu_state() const
+{
+    const ovlib::Wnd* const palette = from_control_id(command::palette_window);
+    return {
+        .has_selection = has_selection(),
+        .has_text = text_length() != 0,
+        .can_undo = can_undo(),
+        .can_paste = can_paste(),
+        .is_palette_visible = palette != nullptr && palette->is_visible(),
+    };
 }
 
 // The notification code is not looked at: an accelerator sends 1 where a menu sends 0.
@@ -105,12 +122,54 @@ bool MyBox::on_command(int id)
         parent()->send_command(command::show_palette, 0, as_lparam(hwnd()));
         return true;
     case command::accelerator_save:
-        parent()->send_command(command::save_if_changed, 0, as_lparam(hwnd()));
-        set_focus();
+        on_save();
         return true;
     default:
         return false;
     }
+}
+
+// What the save shows may end with the window.
+void MyBox::on_save()
+{
+    const ovlib::WndWatch alive(this);
+    parent()->send_command(command::save_if_changed, 0, as_lparam(hwnd()));
+    if (alive)
+        set_focus();
+}
+
+// Destroying the control moves the focus, so what it had is asked for before.
+MyBox::Kept MyBox::kept() const
+{
+    return {
+        .is_modified = is_modified(),
+        .has_focus = focus() == hwnd(),
+        .is_read_only = is_read_only(),
+        .is_subclassed = is_subclassed(),
+        .limit = limit(),
+        .text = text(),
+        .tab_order = tab_order(),
+        .place = rect(),
+    };
+}
+
+// The limit comes before the text: the control's own one would cut it.
+void MyBox::restore(const Kept& kept)
+{
+    set_font(font_.handle());
+    set_tab_stops(tab_stop);
+    set_limit(kept.limit);
+    set_text(kept.text);
+    set_read_only(kept.is_read_only);
+    set_modified(kept.is_modified);
+    set_rect(kept.place, false);
+    set_tab_order(
+        static_cast<std::uint16_t>(kept.tab_order >> 16), static_cast<std::uint16_t>(kept.tab_order));
+    if (is_subclassed() != kept.is_subclassed)
+        set_subclassed(kept.is_subclassed);
+    if (kept.has_focus)
+        set_focus();
+    show(true);
 }
 
 bool MyBox::set_wrap(bool wrap)
@@ -118,27 +177,11 @@ bool MyBox::set_wrap(bool wrap)
     if (wrap == wrap_)
         return false;
     wrap_ = wrap;
-    const bool was_modified = is_modified();
-    const bool had_focus = focus() == hwnd();
-    const bool was_read_only = is_read_only();
-    const int old_limit = limit();
-    const std::wstring old_text = text();
-    const std::uint32_t order = tab_order();
-    const RECT place = rect();
+    const Kept before = kept();
     destroy();
     if (!create(L""))
         return false;
-    set_font(font_.handle());
-    set_tab_stops(tab_stop);
-    set_limit(old_limit);
-    set_text(old_text);
-    set_read_only(was_read_only);
-    set_modified(was_modified);
-    set_rect(place, false);
-    set_tab_order(static_cast<std::uint16_t>(order >> 16), static_cast<std::uint16_t>(order));
-    if (had_focus)
-        set_focus();
-    show(true);
+    restore(before);
     return true;
 }
 
@@ -181,18 +224,6 @@ void DBox::create_params(CREATESTRUCTW& params)
     MyBox::create_params(params);
     params.style |= many_lines;
     params.dwExStyle = WS_EX_CLIENTEDGE;
-}
-
-void open_input_method(HWND hwnd)
-{
-    if (!app::settings().auto_imm)
-        return;
-    HIMC const context = ImmGetContext(hwnd);
-    if (!context)
-        return;
-    if (!ImmGetOpenStatus(context))
-        ImmSetOpenStatus(context, TRUE);
-    ImmReleaseContext(hwnd, context);
 }
 
 } // namespace look

@@ -1,7 +1,9 @@
 // The three text boxes of a page.
 #pragma once
+#include "look/box_menu.hpp"
 #include "ovlib/gui/editbox.hpp"
 #include "ovlib/gui/gdi_object.hpp"
+#include "ovlib/gui/menu.hpp"
 
 namespace look {
 
@@ -21,6 +23,8 @@ public:
     virtual bool set_wrap(bool wrap);
 
     bool is_wrapped() const { return wrap_; }
+    // Its items are as they were when it was last shown.
+    const ovlib::Menu& menu() const { return menu_; }
     // Sets `font` on the box and keeps it. Null for no font.
     void take_font(HFONT font);
 
@@ -28,11 +32,28 @@ protected:
     MyBox(ovlib::Wnd* parent, int control_id);
 
 private:
+    // What outlives the control.
+    struct Kept {
+        bool is_modified;
+        bool has_focus;
+        bool is_read_only;
+        bool is_subclassed;
+        int limit;
+        std::wstring text;
+        std::uint32_t tab_order;
+        RECT place;
+    };
+
+    Kept kept() const;
+    void restore(const Kept& kept);
     bool on_command(int id);
     bool on_context_menu();
+    BoxMenuState menu_state() const;
+    void on_save();
 
     ovlib::GDI::Font font_;
     bool wrap_ = false;
+    ovlib::Menu menu_;
 };
 
 // Box 1, of many lines.
@@ -55,8 +76,5 @@ public:
     DBox(ovlib::Wnd* parent, int control_id);
     void create_params(CREATESTRUCTW& params) override;
 };
-
-// Opens the input method of a control that got the focus, when the settings say so. Never closes it.
-void open_input_method(HWND hwnd);
 
 } // namespace look

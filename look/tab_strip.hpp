@@ -1,0 +1,93 @@
+// The tabs of the main window's strip: which there are, where they lie and what they look like.
+#pragma once
+#include "book/book.hpp"
+#include "controls/menu_rows.hpp"
+#include "look/theme.hpp"
+#include "platform/geometry.hpp"
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace look {
+
+// A tab as it was when the strip was last built: a copy of what the Book said.
+struct TabItem {
+    std::uint64_t number = 0; // from 1
+    platform::Rect rect;
+    Color color;
+    std::wstring caption;
+
+    friend bool operator==(const TabItem&, const TabItem&) = default;
+};
+
+struct TabItems {
+    std::vector<TabItem> items;
+    std::uint64_t current_tab = 0; // of the page at the Book's position; 0 when it has none
+};
+
+// Renumbers the tabs of the Book and lays them out in a strip of this size.
+TabItems make_tabs(book::Book& book, platform::Size strip);
+
+// From left to right. Where tabs do not fit side by side each lies over the one before.
+std::vector<platform::Rect> tab_rects(std::size_t count, platform::Size strip);
+
+// The first line of a text, at most 40 characters of it. A surrogate pair is one character.
+std::wstring tab_caption(std::wstring_view text);
+
+// The number of the topmost tab at this point; 0 for none.
+std::uint64_t tab_at(std::span<const TabItem> items, platform::Point point);
+
+// Null for a number that no item has.
+const TabItem* find_tab(std::span<const TabItem> items, std::uint64_t number);
+
+// The colours that a tab may be given, the same in every theme. Only the first have a name and a menu item.
+inline constexpr std::size_t tab_color_count = 16;
+inline constexpr std::size_t named_tab_color_count = 7;
+Color tab_color(std::size_t index);
+bool is_tab_color_command(int id);
+// The colour that a command chooses.
+Color chosen_tab_color(int id);
+
+// The popup of a tab.
+ovlib::MenuRows tab_menu();
+
+// The shape of a tab, clockwise from the left end of its top edge.
+using TabOutline = std::array<platform::Point, 6>;
+TabOutline tab_outline(const platform::Rect& tab);
+
+// A line inside the outline: along the top of a hot tab, along the right side of another. The last point is
+// not drawn.
+std::vector<platform::Point> tab_edge(const TabOutline& outline, bool is_hot);
+
+// For a caption of this height.
+platform::Rect tab_caption_rect(const platform::Rect& tab, int text_height);
+
+// A tab is hot under the mouse and when its page is shown.
+struct TabColors {
+    Color outline;
+    Color fill;
+    Color edge;
+    int edge_width = 1;
+    Color text;
+
+    friend bool operator==(const TabColors&, const TabColors&) = default;
+};
+TabColors tab_colors(Color tab, bool is_hot, const ThemePalette& palette);
+
+struct StripColors {
+    Color back;
+    Color edge; // along the bottom and the right
+
+    friend bool operator==(const StripColors&, const StripColors&) = default;
+};
+StripColors strip_colors(const ThemePalette& palette);
+
+// The frame that marks the chosen colour in its swatch.
+platform::Rect swatch_mark(platform::Size swatch);
+Color swatch_frame(Color color);
+
+} // namespace look

@@ -1,0 +1,43 @@
+#include "look/wnd/my_list_view.hpp"
+#include "look/list_header.hpp"
+#include "look/wnd/themed.hpp"
+#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/text_stream.hpp"
+
+namespace look {
+
+MyListView::MyListView(ovlib::Wnd* parent, int control_id, DWORD style)
+    : ReportListView(parent, control_id, style)
+{
+}
+
+bool MyListView::create(const std::wstring& title)
+{
+    if (!ReportListView::create(title) || !header_.create(L""))
+        return false;
+    apply_theme();
+    return true;
+}
+
+void MyListView::apply_theme()
+{
+    color_list_view(*this);
+    InvalidateRect(hwnd(), nullptr, TRUE);
+    InvalidateRect(header_.hwnd(), nullptr, TRUE);
+}
+
+void MyListView::MyHeader::draw(ovlib::BackBuffer& buffer)
+{
+    const std::vector<platform::Rect> places = cells();
+    for (const ovlib::FilledRect& fill : header_fills(palette(), { buffer.width, buffer.height }, places))
+        ovlib::fill_rect(buffer, fill.color, ovlib::to_rect(fill.rect));
+    ovlib::GDI::TextStream stream{ buffer.dc() };
+    stream.font = font();
+    stream.color = header_text_color(palette());
+    stream.back_mode = TRANSPARENT;
+    stream.flags = DT_SINGLELINE | DT_NOPREFIX | DT_VCENTER | DT_END_ELLIPSIS;
+    for (std::size_t i = 0; i < places.size(); ++i)
+        stream.draw(title_of(static_cast<int>(i)), ovlib::to_rect(header_title_rect(places[i])));
+}
+
+} // namespace look

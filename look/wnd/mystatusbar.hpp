@@ -1,0 +1,32 @@
+// The status bar of the main window.
+#pragma once
+#include "look/status_parts.hpp"
+#include "ovlib/gui/owner_drawn.hpp"
+#include "ovlib/gui/statusbar.hpp"
+
+namespace look {
+
+// The owner sends it WM_SIZE when its own size changes, routes every WM_DRAWITEM, and calls rewrite_parts
+// whenever the numbers changed.
+class MyStatusBar : public ovlib::StatusBar, public ovlib::OwnerDrawn {
+public:
+    // The Book must outlive the bar.
+    MyStatusBar(ovlib::Wnd* parent, int control_id, const book::Book* book);
+
+    bool create(const std::wstring& title) override;
+    void create_params(CREATESTRUCTW& params) override;
+    // A part that cannot be told is left with its ground alone.
+    void draw_part(int index, HDC dc, const RECT& rect) override;
+
+    // All parts paint anew.
+    void rewrite_parts();
+    // False for an item of another control.
+    bool draw_item(const DRAWITEMSTRUCT& item) override;
+
+private:
+    StatusPart part_of_book(int index) const;
+
+    const book::Book* book_;
+};
+
+} // namespace look

@@ -1,0 +1,52 @@
+// The banner over the main window that tells of a search without result. Needs no answer and goes by itself.
+#pragma once
+#include "look/banner.hpp"
+#include "ovlib/gui/back_buffer.hpp"
+#include "ovlib/gui/subwnd.hpp"
+#include "ovlib/timer.hpp"
+#include <memory>
+
+namespace look {
+
+class WarningWnd : public ovlib::SubWnd {
+public:
+    explicit WarningWnd(ovlib::Wnd* parent, int control_id = 0);
+
+    bool on_message(ovlib::WndMessage& message) override;
+    void create_params(CREATESTRUCTW& params) override;
+
+    using SubWnd::show;
+    // The banner is shown with its text only.
+    void show(bool visible) override;
+    // Fades in over the parent, stays and fades out. Line ends are taken out of the text; an empty one hides
+    // the banner at once.
+    void show(const std::wstring& text);
+    void show(const wchar_t* text) { show(std::wstring(text)); }
+
+    const BannerFade& fade() const { return fade_; }
+    const std::wstring& shown_text() const { return text_; }
+    // The picture of the whole client area.
+    void draw(const ovlib::BackBuffer& buffer) const;
+
+private:
+    struct IconDeleter {
+        void operator()(HICON icon) const { DestroyIcon(icon); }
+    };
+    using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
+
+    void on_create();
+    void on_timer();
+    bool on_paint();
+    void hide();
+    int width_of(const std::wstring& line) const;
+    void draw_panel(
+        const ovlib::BackBuffer& buffer, const BannerLayout& layout, const BannerColors& colors) const;
+
+    BannerFade fade_;
+    std::wstring text_;
+    ovlib::Timer timer_;
+    ovlib::GDI::Font font_;
+    Icon icon_;
+};
+
+} // namespace look

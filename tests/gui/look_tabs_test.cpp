@@ -1,0 +1,526 @@
+// The strip of page tabs, under the real mouse.
+#include "app/command_ids.hpp"
+#include "look/theme.hpp"
+#include "look/wnd/fonts.hpp"
+#include "look/wnd/tabwnd.hpp"
+#include "tests/support/gui_crowd.hpp"
+#include "tests/support/gui_picture.hpp"
+#include "tests/support/gui_screen_copies.hpp"
+#include "tests/support/gui_typing.hpp"
+#include <atomic>
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace command = app::command;
+using gui::MenuDriver;
+using gui::ShownMenu;
+using look::Color;
+
+constexpr Color blue{ 0xB3574A };
+constexpr Color white{ 0xFFFFFF };
+constexpr int few = 200; // handles left to be taken
+
+// Where each item stands in the popup.
+enum : int {
+    default_item,
+    line_1,
+    first_named,
+    last_named = first_named + 5,
+    line_2,
+    remove_item,
+    item_count
+};
+
+class Tabs : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(top_.create(L"top"));
+        {
+            const ovlib::ClientDC dc(top_);
+            look::make_shared_fonts(dc.handle());
+        }
+        look::load_theme(look::theme_standard);
+        ASSERT_TRUE(strip_.create(L""));
+        ASSERT_TRUE(other_.create(L""));
+        place(480);
+        top_.show(true);
+        ASSERT_TRUE(gui::bring_to_front(top_));
+        gui::point_at(gui::on_screen(top_, { 200, 300 }));
+        gui::pump();
+        top_.answer = [this](ovlib::WndMessage& message) {
+            if (message.message == WM_COMMAND && HIWORD(message.wparam) == 0)
+                sent_.push_back({ LOWORD(message.wparam), message.lparam });
+            return false;
+        };
+    }
+    void TearDown() override
+    {
+        top_.destroy();
+        look::free_shared_fonts();
+        look::load_theme(look::theme_standard);
+    }
+
+    void place(int width) { strip_.set_rect({ 2, 4, 2 + width, 28 }, true); }
+    void add_page(const wchar_t* text, bool has_tab = true, Color color = blue)
+    {
+        book::Page page;
+        page.text[0] = text;
+        page.tab_number = has_tab ? 1 : 0;
+        page.tab_color = color.value;
+        book_.pages.push_back(page);
+    }
+    // Pages "一", "二" and so on, all with tabs, the first shown.
+    void open_three()
+    {
+        for (const wchar_t* const text : { L"一", L"二", L"三" })
+            add_page(text);
+        strip_.rebuild();
+        gui::pump();
+    }
+    void paint()
+    {
+        InvalidateRect(strip_.hwnd(), nullptr, FALSE);
+        UpdateWindow(strip_.hwnd());
+    }
+    Color pixel(int x, int y)
+    {
+        paint();
+        return gui::pixel(strip_.buffer(), x, y);
+    }
+    POINT on_strip(int x) const { return gui::on_screen(strip_, { x, 12 }); }
+    // Moves to and fro, since a window system may carry out an older move late.
+    bool hover(int x)
+    {
+        int moves = 0;
+        return gui::pump_until([&] {
+            const std::uint64_t expected = look::tab_at(strip_.items(), { x, 12 });
+            if (strip_.hover_tab() == expected && moves > 0)
+                return true;
+            const POINT place = on_strip(x + ++moves % 2);
+            SetCursorPos(place.x, place.y);
+            return false;
+        });
+    }
+    void use_menu(int x, const std::function<void(const ShownMenu&)>& act)
+    {
+        std::atomic<bool> used = false;
+        MenuDriver driver([&](const ShownMenu& menu) {
+            act(menu);
+            used = true;
+        });
+        gui::right_click_at(on_strip(x));
+        ASSERT_TRUE(gui::pump_until([&] { return used.load(); }));
+        EXPECT_TRUE(driver.finish());
+        gui::pump();
+    }
+    std::vector<int> checked(int x)
+    {
+        std::vector<int> items;
+        use_menu(x, [&](const ShownMenu& menu) {
+            for (int item = 0; item < item_count; ++item) {
+                if (menu.is_checked(item))
+                    items.push_back(item);
+            }
+        });
+        return items;
+    }
+
+    using Sent = std::pair<int, std::int64_t>;
+
+    book::Book book_;
+    gui::TopWnd top_;
+    look::TabWnd strip_{ &top_, &book_ };
+    gui::Edit other_{ &top_, 7 };
+    std::vector<Sent> sent_;
+};
+
+TEST_F(Tabs, IsCreatedWithoutASize)
+{
+    look::TabWnd other{ &top_, &book_ };
+    ASSERT_TRUE(other.create(L""));
+    const RECT rect = other.rect();
+    EXPECT_EQ(rect.right - rect.left, 0);
+    EXPECT_EQ(rect.bottom - rect.top, 0);
+    other.rebuild();
+    other.destroy();
+}
+
+TEST_F(Tabs, TakesTipAndStripAwayTogether)
+{
+    HWND const tip = strip_.tip().hwnd();
+    ASSERT_TRUE(IsWindow(tip));
+    strip_.destroy();
+    EXPECT_FALSE(IsWindow(tip));
+    EXPECT_TRUE(strip_.create(L""));
+    EXPECT_TRUE(IsWindow(strip_.tip().hwnd()));
+    EXPECT_EQ(strip_.menu().count(), item_count);
+}
+
+TEST_F(Tabs, ShowsATabForEveryTabbedPage)
+{
+    add_page(L"一\r\n次の行");
+    add_page(L"なし", false);
+    add_page(L"二");
+    book_.header.position = 2;
+    strip_.rebuild();
+    ASSERT_EQ(strip_.items().size(), 2u);
+    EXPECT_EQ(strip_.items()[0].caption, L"一");
+    EXPECT_EQ(strip_.items()[1].caption, L"二");
+    EXPECT_EQ(strip_.current_tab(), 2u);
+    EXPECT_EQ(strip_.buffer().width, 480);
+    EXPECT_EQ(strip_.buffer().height, 24);
+}
+
+TEST_F(Tabs, FollowsItsSize)
+{
+    open_three();
+    place(300);
+    strip_.rebuild();
+    EXPECT_EQ(strip_.buffer().width, 300);
+    EXPECT_NEAR(strip_.items().back().rect.right, 298, 1);
+}
+
+TEST_F(Tabs, PaintsOnlyTheBackgroundWithoutTabs)
+{
+    open_three();
+    paint();
+    for (book::Page& page : book_.pages)
+        page.tab_number = 0;
+    strip_.rebuild();
+    EXPECT_TRUE(strip_.items().empty());
+    gui::pump();
+    const look::StripColors colors = look::strip_colors(look::palette());
+    const int back = gui::count_pixels(strip_.buffer(), colors.back);
+    const int edge = gui::count_pixels(strip_.buffer(), colors.edge);
+    EXPECT_EQ(back + edge, 480 * 24);
+    EXPECT_EQ(gui::pixel(strip_.buffer(), 0, 0), colors.back);
+    EXPECT_EQ(gui::pixel(strip_.buffer(), 479, 10), colors.edge);
+    EXPECT_EQ(gui::pixel(strip_.buffer(), 100, 23), colors.edge);
+}
+
+TEST_F(Tabs, PaintsTabsInTheColoursOfEveryTheme)
+{
+    open_three();
+    for (std::int32_t theme = 6000; theme <= 6005; ++theme) {
+        look::load_theme(theme);
+        // The first tab, from 0 to 159, is the current one.
+        EXPECT_EQ(pixel(80, 0), blue) << theme;
+        EXPECT_EQ(pixel(80, 1), blue.shade(50)) << theme;
+        EXPECT_EQ(pixel(80, 2), blue.shade(50)) << theme;
+        EXPECT_EQ(pixel(2, 12), look::palette().panel_back) << theme;
+        EXPECT_EQ(pixel(80, 20), look::palette().panel_back) << theme;
+        // The second one is not.
+        const int left = strip_.items()[1].rect.left;
+        const int right = strip_.items()[1].rect.right;
+        EXPECT_EQ(pixel(left + 80, 0), blue.shade(150)) << theme;
+        EXPECT_EQ(pixel(left + 80, 20), blue) << theme;
+        EXPECT_EQ(pixel(left, 12), blue.shade(150)) << theme;
+        EXPECT_EQ(pixel(right - 1, 12), blue.shade(-150)) << theme;
+        EXPECT_EQ(pixel(left, 0), look::strip_colors(look::palette()).back) << theme;
+    }
+}
+
+TEST_F(Tabs, WritesCaptionsInWhiteAndOnAHotTabInItsShade)
+{
+    open_three();
+    const auto has = [&](std::size_t tab, Color color) {
+        paint();
+        const platform::Rect& rect = strip_.items()[tab].rect;
+        for (int y = rect.top + 4; y < rect.bottom - 2; ++y) {
+            for (int x = rect.left + 3; x < rect.right - 3; ++x) {
+                if (gui::pixel(strip_.buffer(), x, y) == color)
+                    return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(has(1, white));
+    EXPECT_FALSE(has(0, white));
+    EXPECT_TRUE(has(0, blue.shade(-150)));
+    look::load_theme(look::theme_dark);
+    EXPECT_TRUE(has(0, blue.shade(150)));
+    EXPECT_FALSE(has(0, blue.shade(-150)));
+    EXPECT_TRUE(has(1, white));
+}
+
+TEST_F(Tabs, ALaterTabLiesOverAnEarlierOne)
+{
+    place(160);
+    open_three();
+    const auto& items = strip_.items();
+    const int shared = items[1].rect.left + 30;
+    ASSERT_LT(shared, items[0].rect.right);
+    EXPECT_EQ(pixel(shared, 20), blue) << "the second, not the current first";
+}
+
+TEST_F(Tabs, FollowTheMouseAndForgetIt)
+{
+    open_three();
+    ASSERT_TRUE(hover(strip_.items()[1].rect.left + 100));
+    EXPECT_EQ(strip_.hover_tab(), 2u);
+    EXPECT_EQ(pixel(strip_.items()[1].rect.left + 100, 20), look::palette().panel_back);
+    gui::point_at(gui::on_screen(top_, { 200, 300 }));
+    EXPECT_TRUE(gui::pump_until([&] { return strip_.hover_tab() == 0; }));
+    EXPECT_EQ(pixel(strip_.items()[1].rect.left + 100, 20), blue);
+}
+
+TEST_F(Tabs, TellTheWholeCaptionInATip)
+{
+    const std::wstring caption = std::wstring(39, L'長') + L'&';
+    add_page(L"一");
+    add_page(caption.c_str());
+    strip_.rebuild();
+    ASSERT_TRUE(hover(300));
+    EXPECT_TRUE(strip_.tip().is_visible());
+    EXPECT_EQ(strip_.tip().shown_text(), caption);
+    EXPECT_EQ(gui::pixel(strip_.tip().buffer(), 1, 1), blue);
+    EXPECT_EQ(gui::pixel(strip_.tip().buffer(), 0, 0), white);
+    EXPECT_EQ(strip_.tip().font(), look::shared_font(look::SharedFont::jp_9_bold));
+    RECT around{};
+    GetWindowRect(strip_.hwnd(), &around);
+    EXPECT_LE(strip_.tip().rect().right, around.right);
+    gui::point_at(gui::on_screen(top_, { 200, 300 }));
+    EXPECT_TRUE(gui::pump_until([&] { return !strip_.tip().is_visible(); }));
+}
+
+TEST_F(Tabs, PlaceTheTipBelowTheCursor)
+{
+    open_three();
+    ASSERT_TRUE(hover(20));
+    POINT cursor{};
+    GetCursorPos(&cursor);
+    const RECT rect = strip_.tip().rect();
+    EXPECT_EQ(rect.left, cursor.x + 10);
+    EXPECT_EQ(rect.top, cursor.y + GetSystemMetrics(SM_CYCURSOR) - 8);
+}
+
+TEST_F(Tabs, HideTheTipBesideTheTabs)
+{
+    add_page(L"一");
+    strip_.rebuild();
+    ASSERT_TRUE(hover(20));
+    ASSERT_TRUE(strip_.tip().is_visible());
+    ASSERT_TRUE(hover(400));
+    EXPECT_FALSE(strip_.tip().is_visible());
+}
+
+TEST_F(Tabs, KnowTheTabUnderTheMouseWhenTheyAreRebuilt)
+{
+    gui::point_at(on_strip(20));
+    open_three();
+    EXPECT_EQ(strip_.hover_tab(), 1u);
+    gui::point_at(gui::on_screen(top_, { 200, 300 }));
+    EXPECT_TRUE(gui::pump_until([&] { return strip_.hover_tab() == 0; }));
+}
+
+TEST_F(Tabs, ForgetTheMouseWithTheFocus)
+{
+    open_three();
+    strip_.set_focus();
+    ASSERT_TRUE(hover(20));
+    strip_.send(WM_KILLFOCUS, 0, 0);
+    EXPECT_EQ(strip_.hover_tab(), 0u);
+}
+
+TEST_F(Tabs, AClickOnAnotherTabAsksForItsPage)
+{
+    open_three();
+    gui::click_at(on_strip(strip_.items()[2].rect.left + 20));
+    EXPECT_TRUE(gui::pump_until([&] { return !sent_.empty(); }));
+    EXPECT_EQ(sent_, (std::vector<Sent>{ { command::go_to_tab, 3 } }));
+    EXPECT_EQ(GetFocus(), strip_.hwnd());
+}
+
+TEST_F(Tabs, AClickOnTheCurrentTabOrBesideTheTabsOnlyTakesTheFocus)
+{
+    add_page(L"一");
+    strip_.rebuild();
+    for (const int x : { 20, 400 }) {
+        other_.set_focus();
+        gui::click_at(on_strip(x));
+        EXPECT_TRUE(gui::pump_until([&] { return GetFocus() == strip_.hwnd(); }));
+    }
+    EXPECT_TRUE(sent_.empty());
+}
+
+TEST_F(Tabs, MayBeRebuiltByTheCommandThatTheySend)
+{
+    open_three();
+    top_.answer = [&](ovlib::WndMessage& message) {
+        if (message.message == WM_COMMAND && LOWORD(message.wparam) == command::go_to_tab) {
+            book_.header.position = static_cast<std::uint64_t>(message.lparam) - 1;
+            strip_.rebuild();
+        }
+        return false;
+    };
+    gui::click_at(on_strip(strip_.items()[1].rect.left + 20));
+    EXPECT_TRUE(gui::pump_until([&] { return strip_.current_tab() == 2; }));
+    EXPECT_EQ(GetFocus(), strip_.hwnd());
+}
+
+TEST_F(Tabs, PopupHasItsItemsInOrder)
+{
+    open_three();
+    const wchar_t* const texts[] = { L"(Default)", L"", L"Blue", L"Green", L"Yellow", L"Orange", L"Red",
+        L"Purple", L"", L"タブの削除" };
+    use_menu(20, [&](const ShownMenu& menu) {
+        EXPECT_EQ(GetMenuItemCount(menu.menu()), item_count);
+        for (int item = 0; item < item_count; ++item)
+            EXPECT_EQ(menu.text(item), texts[item]) << item;
+    });
+    EXPECT_EQ(GetFocus(), strip_.hwnd());
+}
+
+TEST_F(Tabs, PopupChecksTheColourOfItsTab)
+{
+    add_page(L"青");
+    add_page(L"紫", true, look::tab_color(6));
+    strip_.rebuild();
+    EXPECT_EQ(checked(20), std::vector<int>{ first_named });
+    EXPECT_EQ(checked(strip_.items()[1].rect.left + 20), std::vector<int>{ last_named });
+}
+
+TEST_F(Tabs, PopupChecksNothingForAColourOutsideTheTable)
+{
+    add_page(L"他", true, Color{ 0x123456 });
+    strip_.rebuild();
+    EXPECT_EQ(checked(20), std::vector<int>{});
+}
+
+TEST_F(Tabs, PopupKeepsTheTabUnderTheMouseHot)
+{
+    open_three();
+    ASSERT_TRUE(hover(20));
+    use_menu(20, [&](const ShownMenu&) {
+        strip_.send(WM_MOUSELEAVE, 0, 0);
+        EXPECT_EQ(strip_.hover_tab(), 1u);
+        EXPECT_FALSE(strip_.tip().is_visible());
+    });
+    EXPECT_FALSE(strip_.menu().is_showing());
+}
+
+TEST_F(Tabs, PopupPaintsTheTabInTheChosenColour)
+{
+    open_three();
+    const int second = strip_.items()[1].rect.left + 20;
+    use_menu(second, [](const ShownMenu& menu) { menu.choose(last_named); });
+    EXPECT_EQ(book_.pages[1].tab_color, look::tab_color(6).value);
+    EXPECT_EQ(strip_.items()[1].color, look::tab_color(6));
+    EXPECT_EQ(book_.pages[0].tab_color, blue.value);
+    EXPECT_TRUE(sent_.empty());
+    gui::point_at(gui::on_screen(top_, { 200, 300 }));
+    EXPECT_TRUE(gui::pump_until([&] { return strip_.hover_tab() == 0; }));
+    EXPECT_EQ(pixel(second + 60, 20), look::tab_color(6));
+}
+
+TEST_F(Tabs, PopupAsksTheParentToRemoveTheTab)
+{
+    open_three();
+    use_menu(strip_.items()[1].rect.left + 20, [](const ShownMenu& menu) { menu.choose(remove_item); });
+    EXPECT_EQ(sent_,
+        (std::vector<Sent>{ { command::remove_tab, reinterpret_cast<std::intptr_t>(&book_.pages[1]) } }));
+    EXPECT_NE(book_.pages[1].tab_number, 0u);
+}
+
+TEST_F(Tabs, ARightClickBesideTheTabsOnlyTakesTheFocus)
+{
+    add_page(L"一");
+    strip_.rebuild();
+    other_.set_focus();
+    gui::right_click_at(on_strip(400));
+    EXPECT_TRUE(gui::pump_until([&] { return GetFocus() == strip_.hwnd(); }));
+    EXPECT_TRUE(gui::popups_of(GetCurrentThreadId()).empty());
+}
+
+TEST_F(Tabs, RefuseAColourWithoutATabItIsFor)
+{
+    open_three();
+    ovlib::WndMessage message{ strip_.hwnd(), WM_COMMAND, 2301, 0, 0 };
+    EXPECT_FALSE(strip_.on_message(message));
+    use_menu(20, [](const ShownMenu&) {});
+    book_.pages[0].tab_number = 0;
+    EXPECT_FALSE(strip_.on_message(message));
+    EXPECT_EQ(book_.pages[0].tab_color, blue.value);
+}
+
+TEST_F(Tabs, TakeEveryColourNumberOnce)
+{
+    open_three();
+    for (int id = command::first_tab_color; id <= command::last_tab_color; ++id) {
+        use_menu(20, [](const ShownMenu&) {});
+        ovlib::WndMessage message{ strip_.hwnd(), WM_COMMAND, static_cast<std::uint64_t>(id), 0, 0 };
+        EXPECT_TRUE(strip_.on_message(message)) << id;
+        EXPECT_EQ(Color{ book_.pages[0].tab_color }, look::chosen_tab_color(id));
+        EXPECT_FALSE(strip_.on_message(message)) << "the popup's choice was used up";
+    }
+}
+
+TEST_F(Tabs, HaveSwatchesInTheSizeOfAMenusMark)
+{
+    const look::Swatches swatches = look::make_swatches();
+    const int width = GetSystemMetrics(SM_CXMENUCHECK);
+    const int height = GetSystemMetrics(SM_CYMENUCHECK);
+    for (std::size_t i = 0; i < swatches.size(); ++i) {
+        const ovlib::MemDC dc;
+        const auto at = [&](const ovlib::GDI::Bitmap& bitmap, int x, int y) {
+            const ovlib::ObjectSelection selected(dc, bitmap);
+            return Color{ GetPixel(dc.handle(), x, y) };
+        };
+        const look::Swatch& swatch = swatches[i];
+        const Color color = look::tab_color(i);
+        EXPECT_EQ(at(swatch.unchecked, 0, 0), look::swatch_frame(color)) << i;
+        EXPECT_EQ(at(swatch.unchecked, width - 1, height - 1), look::swatch_frame(color)) << i;
+        EXPECT_EQ(at(swatch.unchecked, 4, 4), color) << i;
+        EXPECT_EQ(at(swatch.checked, 4, 4), white) << i;
+        EXPECT_EQ(at(swatch.checked, width - 5, height - 5), white) << i;
+        EXPECT_EQ(at(swatch.checked, 3, 3), color) << i;
+        EXPECT_EQ(at(swatch.checked, 5, 5), color) << i;
+    }
+}
+
+TEST_F(Tabs, ShowTheGreatestNumberOfThem)
+{
+    for (int i = 0; i < 300; ++i)
+        add_page(L"頁");
+    strip_.rebuild();
+    EXPECT_EQ(strip_.items().size(), 256u);
+    paint();
+    ASSERT_TRUE(hover(470));
+    EXPECT_EQ(strip_.hover_tab(), 256u) << "the last one lies on top";
+}
+
+TEST_F(Tabs, ReachTheScreenInOneCopy)
+{
+    open_three();
+    EXPECT_EQ(strip_.send(WM_ERASEBKGND, 0, 0), 1);
+    const gui::ScreenCopies copies;
+    paint();
+    EXPECT_EQ(copies.count(), 1);
+}
+
+TEST_F(Tabs, CostNoHandlesToPaint)
+{
+    place(100);
+    add_page(L"一");
+    strip_.rebuild();
+    const gui::GdiCrowd crowd(few);
+    for (int i = 0; i < 15 * few; ++i)
+        paint();
+    gui::expect_handles_to_spare(few / 10);
+}
+
+TEST_F(Tabs, CostNoHandlesToRebuild)
+{
+    open_three();
+    const gui::GdiCrowd crowd(few);
+    for (int i = 0; i < 10 * few; ++i) {
+        place(100 + i % 7);
+        strip_.rebuild();
+        ASSERT_TRUE(strip_.buffer().is_created()) << "after " << i;
+    }
+    gui::expect_handles_to_spare(few / 10);
+}
+
+} // namespace

@@ -1,0 +1,78 @@
+// The context menu of a text box and the rules that grey its items.
+#include "app/command_ids.hpp"
+#include "look/box_menu.hpp"
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace command = app::command;
+using look::BoxMenuState;
+
+constexpr BoxMenuState everything{
+    .has_selection = true, .has_text = true, .can_undo = true, .can_paste = true, .is_palette_visible = false
+};
+
+// The ids of the greyed items.
+std::vector<int> greyed(const BoxMenuState& state)
+{
+    std::vector<int> ids;
+    for (const ovlib::MenuRow& row : look::box_menu()) {
+        if (row.kind == ovlib::MenuKind::item && !look::is_box_item_enabled(row.id, state))
+            ids.push_back(row.id);
+    }
+    return ids;
+}
+
+TEST(BoxMenu, HasItsItemsInOrder)
+{
+    using ovlib::menu_item;
+    using ovlib::menu_separator;
+    const ovlib::MenuRows expected{ menu_item(33006, L"検索"), menu_item(33007, L"色/フォント"),
+        menu_separator(), menu_item(33000, L"元に戻す(U)"), menu_separator(),
+        menu_item(33001, L"切り取り(T)"), menu_item(33002, L"コピー(C)"), menu_item(33003, L"貼り付け(P)"),
+        menu_item(33004, L"削除(D)"), menu_separator(), menu_item(33005, L"すべて選択(A) ") };
+    EXPECT_EQ(look::box_menu(), expected);
+}
+
+TEST(BoxMenu, GreysNothingWhenEverythingCanBeDone)
+{
+    EXPECT_EQ(greyed(everything), std::vector<int>{});
+}
+
+TEST(BoxMenu, GreysWhatNeedsASelection)
+{
+    BoxMenuState state = everything;
+    state.has_selection = false;
+    EXPECT_EQ(greyed(state),
+        (std::vector<int>{ command::box_search, command::box_cut, command::box_copy, command::box_delete }));
+}
+
+TEST(BoxMenu, GreysColoursAndFontWhileTheirWindowIsVisible)
+{
+    BoxMenuState state = everything;
+    state.is_palette_visible = true;
+    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_look });
+}
+
+TEST(BoxMenu, GreysUndoWithoutAChange)
+{
+    BoxMenuState state = everything;
+    state.can_undo = false;
+    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_undo });
+}
+
+TEST(BoxMenu, GreysPasteWithoutTextInTheClipboard)
+{
+    BoxMenuState state = everything;
+    state.can_paste = false;
+    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_paste });
+}
+
+TEST(BoxMenu, GreysSelectAllInAnEmptyBox)
+{
+    BoxMenuState state = everything;
+    state.has_text = false;
+    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_select_all });
+}
+
+} // namespace
