@@ -1,0 +1,37 @@
+#include "media/blend.hpp"
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace media {
+
+namespace {
+
+std::uint8_t blended(std::uint8_t old, std::uint8_t color, int alpha)
+{
+    return static_cast<std::uint8_t>(((old - color) * alpha + (color << 8)) >> 8);
+}
+
+} // namespace
+
+void blend_rect(const PixelRows& rows, ovlib::Color color, int alpha, const platform::Rect& rect)
+{
+    const int left = std::max(rect.left, 0);
+    const int right = std::min(rect.right, rows.width);
+    const int top = std::max(rect.top, 0);
+    const int bottom = std::min(rect.bottom, rows.height);
+    if (rows.bits == nullptr || left >= right)
+        return;
+    const std::array<std::uint8_t, 3> channels{ color.blue(), color.green(), color.red() };
+    for (int y = top; y < bottom; ++y) {
+        const std::ptrdiff_t row = std::ptrdiff_t{ rows.height - 1 - y } * rows.stride;
+        std::uint8_t* pixel = rows.bits + row + std::ptrdiff_t{ left } * 3;
+        for (int x = left; x < right; ++x)
+            for (const std::uint8_t channel : channels) {
+                *pixel = blended(*pixel, channel, alpha);
+                ++pixel;
+            }
+    }
+}
+
+} // namespace media

@@ -1,0 +1,100 @@
+#include "media/gif_walker.hpp"
+#include "media/byte_view.hpp"
+#include <algorithm>
+
+namespace media {
+
+namespace {
+
+constexpr std::uint8_t extension_block = 0x21;
+constexpr std::uint8_t image_block = 0x2C;
+constexpr std::uint8_t graphic_control = 0xF9;
+constexpr std::uint64_t screen_size = 13; // signature and logical screen
+constexpr std::uint64_t descriptor_size = 10;
+
+// Bytes of the colour table that these flags announce.
+std::uint64_t color_table_size(std::uint8_t flags)
+{
+    return (flags & 0x80) != 0 ? std::uint64_t{ 3 } << ((flags & 7) + 1) : 0;
+}
+
+class Walker {
+public:
+    explicit Walker(ByteView bytes)
+        : bytes_(bytes)
+    {
+    }
+
+    GifWalk run()
+    {
+        walk_.screen = { bytes_.number16(6, ByteOrder::little), bytes_.number16(8, ByteOrder::little) };
+        walk_.covered = walk_.screen;
+        at_ = screen_size + color_table_size(bytes_.byte(10));
+        while (step()) { }
+        return std::move(walk_);
+    }
+
+private:
+    // False at the trailer, at the end and at what is no block.
+    bool step()
+    {
+        if (bytes_.byte(at_) == extension_block)
+            return read_extension();
+        return bytes_.byte(at_) == image_block && read_image();
+    }
+
+    // The delay stands before the frame it is meant for, and ends with it.
+    bool read_extension()
+    {
+        if (bytes_.byte(at_ + 1) == graphic_control && bytes_.byte(at_ + 2) >= 4 && bytes_.has(at_ + 3, 4))
+            delay_ = bytes_.number16(at_ + 4, ByteOrder::little);
+        at_ += 2;
+        return skip_pieces();
+    }
+
+    bool read_image()
+    {
+        if (!bytes_.has(at_, descriptor_size))
+            return false;
+        const auto number = [&](std::uint64_t offset) {
+            return std::uint32_t{ bytes_.number16(at_ + offset, ByteOrder::little) };
+        };
+        walk_.covered.width = std::max(walk_.covered.width, number(1) + number(5));
+        walk_.covered.height = std::max(walk_.covered.height, number(3) + number(7));
+        walk_.delays.push_back(delay_);
+        delay_ = 0;
+        constexpr std::uint64_t code_size = 1;
+        at_ += descriptor_size + color_table_size(bytes_.byte(at_ + 9)) + code_size;
+        return skip_pieces();
+    }
+
+    // Pieces of up to 255 bytes, each after its length, up to an empty one.
+    bool skip_pieces()
+    {
+        while (at_ < bytes_.size()) {
+            const std::uint8_t length = bytes_.byte(at_);
+            at_ += 1 + std::uint64_t{ length };
+            if (length == 0)
+                return true;
+        }
+        return false;
+    }
+
+    ByteView bytes_;
+    std::uint64_t at_ = 0;
+    std::uint16_t delay_ = 0;
+    GifWalk walk_;
+};
+
+} // namespace
+
+std::optional<GifWalk> walk_gif(std::span<const std::byte> bytes)
+{
+    const ByteView view{ bytes };
+    const bool is_gif = view.begins_with("GIF87a") || view.begins_with("GIF89a");
+    if (!is_gif || !view.has(0, screen_size))
+        return std::nullopt;
+    return Walker{ view }.run();
+}
+
+} // namespace media
