@@ -35,7 +35,7 @@ enum Id : int {
     about = 1039,
     close_program = 1040,
     request_refresh = 1041,
-    go_to_tab = 1044,
+    go_to_tab = 1044, // lparam: the tab's number
     // The controls' own identifiers.
     box_1 = 1045,
     box_2 = 1046,
@@ -52,13 +52,15 @@ enum Id : int {
     delete_pages = 1063,
     delete_page = 1064,
     set_accepting_input = 1066,
+    first_tab_color = 2300, // the tab strip's own
+    last_tab_color = 2315,
     open_reference_folder = 2500,
     choose_reference_folder = 2501,
     clear_reference_folder = 2502,
     repaint_box = 2505,
     set_box_font = 2506,
     toggle_tab = 2507,
-    remove_tab = 2508,
+    remove_tab = 2508, // lparam: the book::Page, good for the time of the call
     show_book_editor = 2509,
     show_replace = 2510,
     palette_window = 2518,
@@ -113,7 +115,11 @@ enum Id : int {
     last_search_engine = 34049,
 };
 
-// What an edit control says when its text changed.
+// What an edit control says when its text changed, and a combo box when an entry was chosen.
 inline constexpr int edit_changed = 768;
+inline constexpr int combo_chosen = 1;
+
+// What a one-line field of a secondary window says when Enter was pressed in it.
+inline constexpr int input_form_enter = 33000;
 
 } // namespace app::command

@@ -12,21 +12,26 @@ void CommandRun::run(const std::function<void()>& action)
 {
     ++depth_;
     guarded(action);
-    if (depth_ == 1 && pending_ != 0)
-        refresh_views();
+    if (depth_ == 1) {
+        merge(hooks_.overdue());
+        if (pending_ != 0)
+            refresh_views();
+    }
     --depth_;
 }
 
 // At depth 1, so that a command which a view sends while it is refreshed joins this refresh: filling a box
-// sends some. What it adds behind the order's back gets a further round; views that never settle are left
-// alone.
+// sends some. What it adds behind the order's back gets a further round. The longest way to rest is that each
+// view adds the one before it; views that have not settled then never will.
 void CommandRun::refresh_views()
 {
-    constexpr int round_limit = 4;
-    for (int round = 0; pending_ != 0 && round < round_limit; ++round) {
+    constexpr std::size_t round_limit = service_order.size();
+    constexpr auto standing = static_cast<RefreshMask>(View::history_enabled);
+    for (std::size_t round = 0; pending_ != 0 && round < round_limit; ++round) {
+        const RefreshMask served = pending_ & standing;
         if (hooks_.is_gone() || !guarded([this] { hooks_.refresh(pending_); }))
             break;
-        pending_ &= ~static_cast<RefreshMask>(View::history_enabled);
+        pending_ &= ~served;
     }
     pending_ = 0;
 }

@@ -14,13 +14,15 @@ public:
         std::function<void(RefreshMask& pending)> refresh; // serves the mask, which is live
         std::function<void(const std::exception_ptr&)> report;
         std::function<bool()> is_gone; // the window ended meanwhile: nothing is left to refresh
+        std::function<RefreshMask()> overdue; // what must be refreshed, whatever the commands asked for
     };
 
     explicit CommandRun(Hooks hooks);
 
     void run(const std::function<void()>& action);
-    // Asks for a refresh of these views when the outermost action ends.
-    void merge(RefreshMask mask) { pending_ |= mask; }
+    // Asks for a refresh of these views when the outermost action ends. Bits that name no view are dropped:
+    // nothing would ever serve them.
+    void merge(RefreshMask mask) { pending_ |= mask & refresh::full; }
 
     int depth() const { return depth_; }
     RefreshMask pending() const { return pending_; }

@@ -1,22 +1,29 @@
-// A command table: which handler an identifier and its notification code belong to.
+// Tables by command number: how a row is found, and which notification codes it takes.
 #pragma once
 #include <cstddef>
+#include <limits>
 #include <span>
 
 namespace app {
 
 // Which notification codes a command acts on.
 struct CodeRule {
-    bool any = false;
-    int only = 0;
+    int first = 0;
+    int last = 0;
 
-    constexpr bool allows(int code) const { return any || code == only; }
+    constexpr bool allows(int code) const { return code >= first && code <= last; }
+    friend constexpr bool operator==(CodeRule, CodeRule) = default;
 };
 inline constexpr CodeRule plain_code{};
-inline constexpr CodeRule any_code{ true, 0 };
+inline constexpr CodeRule any_code{ 0, std::numeric_limits<int>::max() };
 constexpr CodeRule only_code(int code)
 {
-    return { false, code };
+    return { code, code };
+}
+// The code carries a number below `count`.
+constexpr CodeRule code_below(int count)
+{
+    return { 0, count - 1 };
 }
 
 struct IdRange {
@@ -33,16 +40,18 @@ struct IdRange {
     {
     }
     constexpr bool contains(int id) const { return id >= first && id <= last; }
+    constexpr bool contains(IdRange other) const { return contains(other.first) && contains(other.last); }
 };
 
+// A row that binds a handler.
 template <class Handler> struct CommandEntry {
     IdRange ids;
     Handler handler;
     CodeRule codes = plain_code;
 };
 
-// Ascending and without overlap, which a table must be to be searched.
-template <class Handler> constexpr bool is_ordered(std::span<const CommandEntry<Handler>> table)
+// Rows have a member `ids`. Ascending and without overlap, which a table must be to be searched.
+template <class Row> constexpr bool is_ordered(std::span<const Row> table)
 {
     for (std::size_t i = 0; i < table.size(); ++i) {
         if (table[i].ids.first > table[i].ids.last)
@@ -53,9 +62,8 @@ template <class Handler> constexpr bool is_ordered(std::span<const CommandEntry<
     return true;
 }
 
-// The handler for `id` with this notification code; null when there is none.
-template <class Handler>
-constexpr const Handler* find_handler(std::span<const CommandEntry<Handler>> table, int id, int code)
+// The row that `id` belongs to; null when there is none.
+template <class Row> constexpr const Row* find_row(std::span<const Row> table, int id)
 {
     std::size_t low = 0;
     std::size_t high = table.size();
@@ -66,9 +74,15 @@ constexpr const Handler* find_handler(std::span<const CommandEntry<Handler>> tab
         else
             high = middle;
     }
-    if (low == table.size() || !table[low].ids.contains(id) || !table[low].codes.allows(code))
-        return nullptr;
-    return &table[low].handler;
+    return low != table.size() && table[low].ids.contains(id) ? &table[low] : nullptr;
+}
+
+// The handler for `id` with this notification code; null when there is none.
+template <class Handler>
+constexpr const Handler* find_handler(std::span<const CommandEntry<Handler>> table, int id, int code)
+{
+    const CommandEntry<Handler>* const entry = find_row(table, id);
+    return entry && entry->codes.allows(code) ? &entry->handler : nullptr;
 }
 
 } // namespace app

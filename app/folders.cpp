@@ -34,6 +34,10 @@ std::wstring history_file(const Folders& in)
 {
     return in.dat + L"\\history.txt";
 }
+std::wstring custom_colors_file(const Folders& in)
+{
+    return in.dat + L"\\custom_colors.dat";
+}
 std::wstring end_of_logon_file(const Folders& in)
 {
     return in.data_root + L"\\pagewick_log.txt";

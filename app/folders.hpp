@@ -24,6 +24,7 @@ void init_folders(std::wstring_view data_root);
 
 std::wstring settings_file(const Folders& in);
 std::wstring history_file(const Folders& in);
+std::wstring custom_colors_file(const Folders& in);
 std::wstring end_of_logon_file(const Folders& in);
 
 } // namespace app

@@ -81,6 +81,19 @@ MainLayout main_layout(Size client)
     return at;
 }
 
+Rect checks_frame(const MainLayout& layout)
+{
+    const Rect& first = layout.mark_check;
+    const Rect& last = layout.reversed_check;
+    return { first.left - 10, first.top - 4, last.right + 4, last.bottom + 4 };
+}
+
+Point empty_pane_text(const MainLayout& layout)
+{
+    constexpr int margin = 8;
+    return { layout.file_pane.left + margin, layout.file_pane.top + margin };
+}
+
 int clamp_divider(const PageBoxes& boxes, int y)
 {
     return std::clamp(y, boxes.first.top, std::max(boxes.first.top, boxes.third.bottom - 36));

@@ -37,6 +37,13 @@ struct MainLayout {
 
 MainLayout main_layout(Size client);
 
+// The frame round the checks that belong to the page and the order, and how round its corners are.
+Rect checks_frame(const MainLayout& layout);
+inline constexpr int checks_frame_corner = 8;
+// Where the text of an empty file pane begins.
+Point empty_pane_text(const MainLayout& layout);
+inline constexpr int file_pane_corner = 11;
+
 // `y` moved into the range that the boundary under box 1 may take.
 int clamp_divider(const PageBoxes& boxes, int y);
 // The boxes with the boundary at `y`, which is clamped.

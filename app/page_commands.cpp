@@ -30,6 +30,34 @@ bool toggle_mark(book::Book& book)
     return true;
 }
 
+bool toggle_tab(book::Book& book, std::uint32_t color)
+{
+    book::Page* page = book.current_page();
+    if (!page)
+        return false;
+    page->tab_number = page->tab_number == 0 && book.tab_count < book::tab_limit ? 1 : 0;
+    page->tab_color = color;
+    book.recount();
+    return true;
+}
+
+bool remove_tab(book::Book& book, std::size_t index, std::uint32_t color)
+{
+    if (index >= book.pages.size())
+        return false;
+    book.pages[index].tab_number = 0;
+    book.pages[index].tab_color = color;
+    book.recount();
+    return true;
+}
+
+std::size_t index_of(const book::Book& book, std::uintptr_t address)
+{
+    const std::uintptr_t offset = address - reinterpret_cast<std::uintptr_t>(book.pages.data());
+    const std::size_t index = offset / sizeof(book::Page);
+    return offset % sizeof(book::Page) == 0 && index < book.pages.size() ? index : book::npos;
+}
+
 bool swap_with_neighbour(book::Book& book, int direction)
 {
     const std::size_t index = current_index(book);

@@ -3,6 +3,7 @@
 #include "book/book.hpp"
 #include "look/theme.hpp"
 #include <cstddef>
+#include <cstdint>
 
 namespace app {
 
@@ -11,6 +12,14 @@ std::size_t current_index(const book::Book& book);
 
 // The mark of the current page, counted anew. False without a page.
 bool toggle_mark(book::Book& book);
+
+// Gives the current page a tab or takes it away, and counts anew; a Book with all its tabs gives no more. The
+// page takes `color` in any case. False without a page.
+bool toggle_tab(book::Book& book, std::uint32_t color);
+// Takes the tab of the page at a stored index away. False when there is none such.
+bool remove_tab(book::Book& book, std::size_t index, std::uint32_t color);
+// The stored index of a page named by its address, which may be that of a page long gone; book::npos then.
+std::size_t index_of(const book::Book& book, std::uintptr_t address);
 
 // Lets the current page change places with the one before (-1) or after it (+1) in display order; the
 // position follows the page. False where there is no neighbour.

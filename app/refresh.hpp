@@ -1,6 +1,7 @@
 // Which views a command has touched, and in which order they are brought up to date.
 #pragma once
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace app {
@@ -29,7 +30,7 @@ inline constexpr std::array service_order{ View::page, View::file_pane, View::fi
 
 namespace refresh {
 
-inline constexpr RefreshMask full = 0xF47F; // after a change of page or Book
+inline constexpr RefreshMask full = 0xF47F; // every view: after a change of page or Book
 inline constexpr RefreshMask full_but_page = 0xF47E; // the boxes already hold what was saved
 inline constexpr RefreshMask controls = 0xF400; // a button's state changed, the page did not
 inline constexpr RefreshMask controls_and_enable = 0xF440; // an editing window was opened
@@ -40,6 +41,13 @@ inline constexpr RefreshMask file_choice_from_results = 0x6;
 inline constexpr RefreshMask folder_button = 0x2000;
 
 } // namespace refresh
+
+// What is to be refreshed when the boxes hold the page with the stored index `shown` and `current` is the
+// current one: with the wrong page in them the next edit would be saved into another page.
+constexpr RefreshMask overdue_views(std::size_t shown, std::size_t current)
+{
+    return shown == current ? 0 : refresh::full;
+}
 
 constexpr bool has_view(RefreshMask mask, View view)
 {

@@ -20,6 +20,11 @@ std::wstring message_caption(std::wstring_view book_path)
     return caption;
 }
 
+std::wstring about_text()
+{
+    return message_caption({}) + L"\r\nby the Pagewick developers";
+}
+
 std::wstring title_text(std::wstring_view book_path, TitleState state, std::wstring_view extra)
 {
     std::wstring title;

@@ -15,6 +15,9 @@ std::wstring version_text(std::uint32_t version);
 // The caption of the main window's boxes: name, version and, with a Book file, its stem.
 std::wstring message_caption(std::wstring_view book_path);
 
+// What the about box says.
+std::wstring about_text();
+
 struct TitleState {
     bool changed = false; // an edit box holds text that the page has not
     bool needs_update = false; // the display order is stale

@@ -17,19 +17,13 @@ Bitmaps& app_bitmaps()
     return bitmaps;
 }
 
-HBITMAP load_bitmap(const std::wstring& path)
-{
-    return static_cast<HBITMAP>(
-        LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
-}
-
 } // namespace
 
 void load_app_bitmaps()
 {
     for (const auto& [command, file] : bitmap_files) {
         const std::wstring path = folders().res + L"\\" + file + L".bmp";
-        app_bitmaps()[command].renew(load_bitmap(path));
+        app_bitmaps()[command].renew(ovlib::GDI::load_bitmap(path));
     }
 }
 

@@ -2,10 +2,13 @@
 #include "app/wnd/appwnd.hpp"
 #include "app/command_ids.hpp"
 #include "app/folders.hpp"
+#include "app/page_commands.hpp"
 #include "app/titles.hpp"
+#include "app/wnd/app_bitmaps.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/clock.hpp"
 #include "platform/file.hpp"
+#include <algorithm>
 #include <span>
 #include <windowsx.h>
 
@@ -34,10 +37,12 @@ AppWnd::AppWnd()
     : history_(history_file(folders()))
     , commands_({ [this](RefreshMask& pending) { refresh_views(pending); },
           [this](const std::exception_ptr& failure) { report_failure(failure); },
-          [this] { return is_gone(); } })
+          [this] { return is_gone(); },
+          [this] { return overdue_views(shown_index_, current_index(book_)); } })
     , q_box_(this, command::box_1)
     , a_box_(this, command::box_2)
     , d_box_(this, command::box_3)
+    , menu_pictures_(app_bitmap)
     , accelerators_(LoadAcceleratorsW(ovlib::WinApp::instance, MAKEINTRESOURCEW(accelerator_resource)))
 {
     book_.clear();
@@ -63,8 +68,23 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
         return on_edit_color(message);
     case WM_CTLCOLORSTATIC:
         return on_static_color(message);
+    case WM_CTLCOLORLISTBOX:
+        return on_list_color(message);
+    case WM_PAINT:
+        return on_paint();
+    case WM_MEASUREITEM:
+    case WM_DRAWITEM:
+        return on_draw_item(message);
+    case WM_HSCROLL:
+        return on_slider(message);
     case WM_NCHITTEST:
         return on_hit_test(message);
+    case WM_SETCURSOR:
+        return on_set_cursor(message);
+    case WM_NCRBUTTONDOWN:
+        return on_background_press(message);
+    case WM_NCRBUTTONUP:
+        return on_background_release(message);
     case WM_LBUTTONDOWN:
         return on_press(point_of(message));
     case WM_MOUSEMOVE:
@@ -119,7 +139,8 @@ int AppWnd::show_message(const std::wstring& text, BoxStyle style)
 
 bool AppWnd::is_busy() const
 {
-    return false;
+    const auto is_open = [](const ovlib::Wnd* window) { return window->is_visible(); };
+    return std::ranges::any_of(editing_windows_, is_open);
 }
 
 // Neither the Book nor settings nor history are written: edits since the last save end with the logon.

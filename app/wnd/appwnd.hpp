@@ -1,24 +1,33 @@
 // The main window and the controller of the application. It owns the one open Book.
 //
-// Every action enters as a number through WM_COMMAND: on_message, on_command, the table in
-// appwnd_commands.cpp, a handler. A handler changes the Book and names the views it touched; when the
-// outermost command ends they are refreshed once. Boxes of this window let messages through: after each of
-// them nothing learned before holds, and the page is to be looked up again.
+// Every action enters as a number through WM_COMMAND: on_message, on_command, the rule of the command, its
+// handler in the table of appwnd_commands.cpp. A handler changes the Book and says whether it did its work;
+// the rule names the views, and when the outermost command ends they are refreshed once. Boxes of this window
+// let messages through: after each of them nothing learned before holds, and the page is to be looked up
+// again.
 #pragma once
+#include "app/command_rules.hpp"
 #include "app/command_run.hpp"
 #include "app/failures.hpp"
 #include "app/input_gate.hpp"
 #include "app/main_layout.hpp"
 #include "app/save_rules.hpp"
+#include "app/wnd/main_controls.hpp"
 #include "book/book.hpp"
 #include "book/history_list.hpp"
+#include "book/wnd/historywnd.hpp"
+#include "controls/menu_rows.hpp"
+#include "look/tab_strip.hpp"
 #include "look/wnd/mybox.hpp"
+#include "look/wnd/warningwnd.hpp"
 #include "ovlib/gui/basewnd.hpp"
 #include "ovlib/gui/classic_dialog.hpp"
 #include "ovlib/gui/gdi_object.hpp"
+#include "ovlib/gui/menu_pictures.hpp"
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -34,10 +43,13 @@ public:
     // The one way in which this window speaks to the user. Returns the button.
     int show_message(const std::wstring& text, BoxStyle style);
 
-    // The page editor or the replace window owns the Book for now.
+    // A window that owns the Book for now is open: the page editor or the replace window.
     bool is_busy() const;
     bool is_accepting_input() const { return input_.is_open(); }
     const book::Book& book() const { return book_; }
+
+    // `window`, which lives as long as this one, owns the Book while it is visible.
+    void add_editing_window(ovlib::Wnd& window) { editing_windows_.push_back(&window); }
 
 private:
     struct CommandInput {
@@ -51,6 +63,7 @@ private:
     bool on_create(ovlib::WndMessage& message);
     bool create_view();
     bool create_boxes();
+    bool create_controls();
     void make_book_dialogs();
     bool on_close();
     void save_at_close();
@@ -61,13 +74,20 @@ private:
     bool on_erase_background(ovlib::WndMessage& message);
     bool on_edit_color(ovlib::WndMessage& message);
     bool on_static_color(ovlib::WndMessage& message);
+    bool on_list_color(ovlib::WndMessage& message);
     bool color_page_box(ovlib::WndMessage& message, std::size_t box, bool is_writable);
     std::int32_t apply_theme(std::int32_t identifier);
+
+    // Painting.
+    bool on_paint();
+    bool on_draw_item(ovlib::WndMessage& message);
 
     // Layout and the boundary between the boxes.
     void lay_out();
     void place_boxes();
     int set_divider(int y);
+    bool on_set_cursor(ovlib::WndMessage& message);
+    void show_cursor(Point point) const;
     bool on_hit_test(ovlib::WndMessage& message);
     bool on_press(Point point);
     bool on_mouse_move(Point point);
@@ -76,34 +96,69 @@ private:
 
     // Commands.
     bool on_command(const ovlib::WndMessage& message);
+    void run_command(const CommandInput& input);
+    Needs met_needs() const;
     bool on_wheel(const ovlib::WndMessage& message);
     void report_failure(const std::exception_ptr& failure);
-    void on_new_book(const CommandInput& input);
-    void on_open_book(const CommandInput& input);
-    void on_save(const CommandInput& input);
-    void on_save_as(const CommandInput& input);
-    void on_restore(const CommandInput& input);
-    void on_backup(const CommandInput& input);
-    void on_step(const CommandInput& input);
-    void on_end_page(const CommandInput& input);
-    void on_toggle_mark(const CommandInput& input);
-    void on_toggle_tracking(const CommandInput& input);
-    void on_change_order(const CommandInput& input);
-    void on_close_program(const CommandInput& input);
-    void on_request_refresh(const CommandInput& input);
-    void on_go_to_tab(const CommandInput& input);
-    void on_box_changed(const CommandInput& input);
-    void on_renew_edited_mark(const CommandInput& input);
-    void on_delete_page(const CommandInput& input);
-    void on_set_accepting_input(const CommandInput& input);
-    void on_add_page(const CommandInput& input);
-    void on_ignore(const CommandInput& input);
-    void on_theme(const CommandInput& input);
-    void on_theme_to_pages(const CommandInput& input);
-    void on_history_entry(const CommandInput& input);
+    Outcome on_new_book(const CommandInput& input);
+    Outcome on_open_book(const CommandInput& input);
+    Outcome on_save(const CommandInput& input);
+    Outcome on_save_as(const CommandInput& input);
+    Outcome on_restore(const CommandInput& input);
+    Outcome on_backup(const CommandInput& input);
+    Outcome on_step(const CommandInput& input);
+    Outcome on_end_page(const CommandInput& input);
+    Outcome on_toggle_mark(const CommandInput& input);
+    Outcome on_toggle_tracking(const CommandInput& input);
+    Outcome on_change_order(const CommandInput& input);
+    Outcome on_close_program(const CommandInput& input);
+    Outcome on_request_refresh(const CommandInput& input);
+    Outcome on_go_to_tab(const CommandInput& input);
+    Outcome on_box_changed(const CommandInput& input);
+    Outcome on_renew_edited_mark(const CommandInput& input);
+    Outcome on_delete_page(const CommandInput& input);
+    Outcome on_set_accepting_input(const CommandInput& input);
+    Outcome on_add_page(const CommandInput& input);
+    Outcome on_ignore(const CommandInput& input);
+    Outcome on_theme(const CommandInput& input);
+    Outcome on_theme_to_pages(const CommandInput& input);
+    Outcome on_history_entry(const CommandInput& input);
+    Outcome on_show_history(const CommandInput& input);
+    Outcome on_about(const CommandInput& input);
+    Outcome on_interpolation(const CommandInput& input);
+    Outcome on_repaint_box(const CommandInput& input);
+    Outcome on_toggle_tab(const CommandInput& input);
+    Outcome on_remove_tab(const CommandInput& input);
+    Outcome on_clear_folder(const CommandInput& input);
+    Outcome on_remove_file(const CommandInput& input);
+    Outcome on_remove_all_files(const CommandInput& input);
+    Outcome on_select_file(const CommandInput& input);
+    Outcome on_move_file(const CommandInput& input);
+    Outcome on_sort_files(const CommandInput& input);
     void change_order(int id);
     void swap_page(int direction);
-    void end_book_command(bool loaded);
+
+    // The controls beside the boxes.
+    void note_box_focus(int id);
+    void refresh_controls(View view);
+    void refresh_file_combo();
+    void refresh_file_pane();
+    bool on_slider(const ovlib::WndMessage& message);
+    void turn_by_slider(std::uint64_t position);
+    Outcome on_toggle_search_check(const CommandInput& input);
+    Outcome on_search_changed(const CommandInput& input);
+    Outcome on_clear_search(const CommandInput& input);
+    Outcome on_search_selection(const CommandInput& input);
+    Outcome on_file_combo(const CommandInput& input);
+
+    // Popup menus.
+    Outcome on_book_menu(const CommandInput& input);
+    Outcome on_folder_menu(const CommandInput& input);
+    Outcome on_file_menu(const CommandInput& input);
+    Outcome on_web_menu(const CommandInput& input);
+    bool on_background_press(const ovlib::WndMessage& message);
+    bool on_background_release(const ovlib::WndMessage& message);
+    void show_menu(const ovlib::MenuRows& rows, std::uint32_t flags, POINT point);
 
     // The Book as a whole.
     bool save_book(SaveCode code);
@@ -122,6 +177,7 @@ private:
     std::wstring ask_for_book();
     void remember_book();
     void forget_book(const std::wstring& path);
+    void enable_history();
     void take_book_settings(const std::wstring& path);
 
     // The current page.
@@ -146,14 +202,20 @@ private:
     std::array<look::MyBox*, book::box_count> boxes() { return { &q_box_, &a_box_, &d_box_ }; }
     std::array<const look::MyBox*, book::box_count> boxes() const { return { &q_box_, &a_box_, &d_box_ }; }
 
+    std::vector<ovlib::Wnd*> editing_windows_;
+
     book::Book book_;
     book::HistoryList history_;
     CommandRun commands_;
-    InputGate input_;
+    InputGate input_{ [this] { enable_history(); } };
+    book::HistoryWnd history_window_{ this, 0, &history_ };
 
     look::QBox q_box_;
     look::ABox a_box_;
     look::DBox d_box_;
+    MainControls controls_{ this, &book_ };
+    look::WarningWnd banner_{ this };
+    ovlib::MenuPictures menu_pictures_;
     ovlib::classic::FileOpenDialog book_open_dialog_{ this };
     ovlib::classic::FileSaveDialog book_save_dialog_{ this };
 
@@ -163,6 +225,7 @@ private:
     ovlib::GDI::Brush edit_brush_;
     HACCEL accelerators_ = nullptr;
 
+    std::uint32_t tab_color_ = look::tab_color(0).value; // of the next tab
     // The page whose text stands in the boxes, as a stored index: what is typed belongs to it, whatever the
     // position says meanwhile. book::npos when that page is no more.
     std::size_t shown_index_ = book::npos;

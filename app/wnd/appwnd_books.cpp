@@ -1,5 +1,6 @@
 // New, open, load, save, save as and backup.
 #include "app/command_ids.hpp"
+#include "app/history_rows.hpp"
 #include "app/last_book.hpp"
 #include "app/page_commands.hpp"
 #include "app/settings.hpp"
@@ -134,7 +135,6 @@ void AppWnd::save_book_as()
 {
     const std::wstring old_path = book_.path;
     const std::wstring path = choose_book_path(L"Book に名前を付けて保存する", old_path);
-    commands_.merge(refresh::full);
     if (path.empty() || book_.path != old_path)
         return;
     book_.path = path;
@@ -148,11 +148,20 @@ void AppWnd::remember_book()
 {
     if (!is_unusable_)
         history_.add(book_.path);
+    history_window_.refill();
 }
 
 void AppWnd::forget_book(const std::wstring& path)
 {
     history_.remove(path);
+    history_window_.refill();
+}
+
+// A click in it would load another Book over what is being edited, or behind a box.
+void AppWnd::enable_history()
+{
+    if (history_window_.hwnd())
+        history_window_.enable(is_history_enabled(is_busy(), is_accepting_input()));
 }
 
 // A Book whose settings cannot be applied must not be the first one that the next start tries.
@@ -168,52 +177,53 @@ void AppWnd::take_book_settings(const std::wstring& path)
     }
 }
 
-void AppWnd::end_book_command(bool loaded)
+Outcome AppWnd::on_new_book(const CommandInput&)
 {
-    commands_.merge(loaded ? refresh::full : refresh::controls);
+    return new_book() ? Outcome::done : Outcome::failed;
 }
 
-void AppWnd::on_new_book(const CommandInput&)
-{
-    end_book_command(new_book());
-}
-
-void AppWnd::on_open_book(const CommandInput&)
+Outcome AppWnd::on_open_book(const CommandInput&)
 {
     std::wstring path;
-    end_book_command(open_book(path));
+    return open_book(path) ? Outcome::done : Outcome::failed;
 }
 
-void AppWnd::on_history_entry(const CommandInput& input)
+Outcome AppWnd::on_history_entry(const CommandInput& input)
 {
     const auto place = static_cast<std::size_t>(input.id - command::first_history_entry);
     std::wstring path = place < history_.entries().size() ? history_.entries()[place] : std::wstring{};
-    end_book_command(open_book(path));
+    return open_book(path) ? Outcome::done : Outcome::failed;
 }
 
-void AppWnd::on_save(const CommandInput& input)
+Outcome AppWnd::on_show_history(const CommandInput&)
 {
-    if (save_book(static_cast<SaveCode>(input.id)))
-        commands_.merge(refresh::full_but_page);
+    history_window_.show(true);
+    return Outcome::done;
 }
 
-void AppWnd::on_save_as(const CommandInput&)
+Outcome AppWnd::on_save(const CommandInput& input)
+{
+    return save_book(static_cast<SaveCode>(input.id)) ? Outcome::done : Outcome::failed;
+}
+
+Outcome AppWnd::on_save_as(const CommandInput&)
 {
     save_book_as();
+    return Outcome::done;
 }
 
-void AppWnd::on_restore(const CommandInput&)
+Outcome AppWnd::on_restore(const CommandInput&)
 {
-    load_book(book_.path);
-    commands_.merge(refresh::full);
+    return load_book(book_.path) ? Outcome::done : Outcome::failed;
 }
 
-void AppWnd::on_backup(const CommandInput&)
+Outcome AppWnd::on_backup(const CommandInput&)
 {
     std::wstring result;
     backup_book(&result);
     if (!result.empty())
         show_message(result, BoxStyle::plain);
+    return Outcome::done;
 }
 
 } // namespace app

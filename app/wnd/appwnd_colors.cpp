@@ -1,9 +1,9 @@
-// What the main window paints by itself, and the colours of its edit controls.
+// The window's background, the colours of its edit controls, and its theme.
 #include "app/page_commands.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "look/box_look.hpp"
 #include "look/theme.hpp"
-#include <dwmapi.h>
+#include "look/wnd/themed.hpp"
 
 namespace app {
 
@@ -51,6 +51,12 @@ bool AppWnd::on_edit_color(ovlib::WndMessage& message)
     return answer_colors(message, { look::palette().list_text, look::palette().box_back }, edit_brush_);
 }
 
+// The list that drops from the file combo.
+bool AppWnd::on_list_color(ovlib::WndMessage& message)
+{
+    return answer_colors(message, { look::palette().list_text, look::palette().box_back }, edit_brush_);
+}
+
 // A read-only edit control asks with this message instead.
 bool AppWnd::on_static_color(ovlib::WndMessage& message)
 {
@@ -73,10 +79,7 @@ bool AppWnd::color_page_box(ovlib::WndMessage& message, std::size_t box, bool is
 std::int32_t AppWnd::apply_theme(std::int32_t identifier)
 {
     const std::int32_t stored = look::load_theme(identifier);
-    RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
-    constexpr DWORD caption_color_attribute = 35;
-    const COLORREF caption = look::palette().caption.value;
-    DwmSetWindowAttribute(hwnd(), caption_color_attribute, &caption, sizeof caption);
+    look::apply_theme_to_windows();
     return stored;
 }
 

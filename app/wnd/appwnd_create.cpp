@@ -34,8 +34,11 @@ bool AppWnd::create_view()
     }
     resize(main_window_size.width, main_window_size.height, false);
     center(nullptr, false);
-    if (!create_boxes())
+    if (!create_boxes() || !create_controls())
         return false;
+    if (!history_window_.create(L""))
+        return false;
+    banner_.create(L""); // without it a search that fails is silent
     lay_out();
     apply_theme(look::theme_standard);
     return true;

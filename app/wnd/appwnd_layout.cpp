@@ -1,23 +1,18 @@
 // Where the children stand, and the boundary between the boxes.
 #include "app/wnd/appwnd.hpp"
+#include "ovlib/gui/geometry.hpp"
 #include <windowsx.h>
 
 namespace app {
 
-namespace {
-
-RECT to_rect(const Rect& rect)
-{
-    return { rect.left, rect.top, rect.right, rect.bottom };
-}
-
-} // namespace
+using ovlib::to_rect;
 
 void AppWnd::lay_out()
 {
     const SIZE client = client_size();
     layout_ = main_layout({ client.cx, client.cy });
     place_boxes();
+    controls_.place(layout_);
     for (look::MyBox* box : boxes())
         box->show(true);
 }
@@ -56,6 +51,24 @@ bool AppWnd::on_hit_test(ovlib::WndMessage& message)
     return true;
 }
 
+// Before each move of the mouse: the class's arrow would flicker in between.
+bool AppWnd::on_set_cursor(ovlib::WndMessage& message)
+{
+    const bool is_over_window = reinterpret_cast<HWND>(message.wparam) == hwnd();
+    if (!is_over_window || LOWORD(message.lparam) != HTCLIENT)
+        return false;
+    const POINT at = cursor_pos();
+    show_cursor({ at.x, at.y });
+    message.result = TRUE;
+    return true;
+}
+
+void AppWnd::show_cursor(Point point) const
+{
+    const bool over_gap = dragged_gap_ != BoxGap::none || gap_under(point) != BoxGap::none;
+    SetCursor(LoadCursorW(nullptr, over_gap ? IDC_SIZENS : IDC_ARROW));
+}
+
 bool AppWnd::on_press(Point point)
 {
     dragged_gap_ = gap_under(point);
@@ -67,8 +80,7 @@ bool AppWnd::on_press(Point point)
 
 bool AppWnd::on_mouse_move(Point point)
 {
-    const bool over_gap = dragged_gap_ != BoxGap::none || gap_under(point) != BoxGap::none;
-    SetCursor(LoadCursorW(nullptr, over_gap ? IDC_SIZENS : IDC_ARROW));
+    show_cursor(point);
     if (dragged_gap_ != BoxGap::none)
         book_.header.divider = set_divider(dragged_divider(dragged_gap_, point.y));
     return true;

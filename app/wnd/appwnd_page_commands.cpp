@@ -1,55 +1,57 @@
 // Commands on pages: turning, order, marks, adding and deleting.
 #include "app/command_ids.hpp"
 #include "app/page_commands.hpp"
+#include "app/page_note.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "book/page_order.hpp"
+#include "book/query.hpp"
 
 namespace app {
 
-void AppWnd::on_step(const CommandInput& input)
+Outcome AppWnd::on_step(const CommandInput& input)
 {
-    if (!is_accepting_input() || !leave_page())
-        return;
+    if (!leave_page())
+        return Outcome::failed;
     const book::Page* from = book_.current_page();
     const book::Page* to = step_page(input.id == command::next_page ? 1 : -1);
-    if (to != from)
-        commands_.merge(refresh::full);
+    const bool has_failed = to == from;
+    banner_.show(has_failed ? book::failed_search_text(search_query()) : std::wstring{});
+    return has_failed ? Outcome::failed : Outcome::done;
 }
 
-void AppWnd::on_end_page(const CommandInput& input)
+Outcome AppWnd::on_end_page(const CommandInput& input)
 {
-    if (!is_accepting_input() || book_.pages.empty() || !leave_page())
-        return;
+    if (!leave_page())
+        return Outcome::failed;
     if (input.id == command::first_page)
         book::go_to_first(book_);
     else
         book::go_to_last(book_);
     step_page(0);
-    commands_.merge(refresh::full);
+    return Outcome::done;
 }
 
-void AppWnd::on_go_to_tab(const CommandInput& input)
+Outcome AppWnd::on_go_to_tab(const CommandInput& input)
 {
     if (!leave_page())
-        return;
+        return Outcome::failed;
     book::go_to_tab(book_, static_cast<std::uint64_t>(input.lparam));
     step_page(0);
-    commands_.merge(refresh::full);
+    return Outcome::done;
 }
 
-void AppWnd::on_toggle_mark(const CommandInput&)
+Outcome AppWnd::on_toggle_mark(const CommandInput&)
 {
-    toggle_mark(book_);
-    commands_.merge(refresh::controls);
+    return toggle_mark(book_) ? Outcome::done : Outcome::failed;
 }
 
-void AppWnd::on_toggle_tracking(const CommandInput& input)
+Outcome AppWnd::on_toggle_tracking(const CommandInput& input)
 {
     std::uint8_t& flag =
         input.id == command::toggle_mark_tracking ? book_.header.track_marks : book_.header.track_tabs;
     flag = flag == 0;
     step_page(0);
-    commands_.merge(refresh::full);
+    return Outcome::done;
 }
 
 // A mode that cannot be applied must not be saved: the Book could never be opened again.
@@ -71,45 +73,42 @@ void AppWnd::change_order(int id)
     }
 }
 
-void AppWnd::on_change_order(const CommandInput& input)
+Outcome AppWnd::on_change_order(const CommandInput& input)
 {
     if (!leave_page())
-        return;
+        return Outcome::failed;
     change_order(input.id);
     step_page(0);
-    commands_.merge(refresh::full);
+    return Outcome::done;
 }
 
-void AppWnd::on_delete_page(const CommandInput&)
+Outcome AppWnd::on_delete_page(const CommandInput&)
 {
-    const std::uint64_t position = book_.header.position;
-    const std::size_t index = current_index(book_);
-    const std::size_t count = book_.pages.size();
-    if (index == book::npos)
-        return;
-    if (show_message(book::delete_page_question(position), BoxStyle::question) != answer_yes)
-        return;
-    // Only the page that was asked about goes.
-    if (book_.header.position != position || current_index(book_) != index || book_.pages.size() != count)
-        return;
-    book_.remove_page_at(position);
+    const std::optional<PageNote> asked = note_page(book_);
+    if (!asked)
+        return Outcome::failed;
+    const int answer = show_message(book::delete_page_question(asked->position), BoxStyle::question);
+    if (answer != answer_yes || !still_stands(*asked, book_))
+        return Outcome::failed;
+    book_.remove_page_at(asked->position);
+    // What the boxes hold belongs to the page that is gone: a save must not take it into another.
     forget_shown_page();
     book_.refresh_counts();
     step_page(0);
     save_book(SaveCode::always);
-    commands_.merge(refresh::full);
+    return Outcome::done;
 }
 
-void AppWnd::on_add_page(const CommandInput& input)
+Outcome AppWnd::on_add_page(const CommandInput& input)
 {
     if (!leave_page())
-        return;
+        return Outcome::failed;
     book_.new_page(input.id == command::add_page_at_end ? book_.pages.size() : book_.header.position);
     forget_shown_page();
     book_.refresh_counts();
     step_page(0);
     save_book(SaveCode::always);
-    commands_.merge(refresh::full);
+    return Outcome::done;
 }
 
 bool AppWnd::on_wheel(const ovlib::WndMessage& message)
@@ -123,6 +122,26 @@ bool AppWnd::on_wheel(const ovlib::WndMessage& message)
     else
         send_command(forward ? command::next_page : command::previous_page, 0, 0);
     return true;
+}
+
+Outcome AppWnd::on_toggle_tab(const CommandInput&)
+{
+    return toggle_tab(book_, tab_color_) ? Outcome::done : Outcome::failed;
+}
+
+// The strip names the page by its address; the box lets pages come and go.
+Outcome AppWnd::on_remove_tab(const CommandInput& input)
+{
+    const std::size_t index = index_of(book_, static_cast<std::uintptr_t>(input.lparam));
+    if (index == book::npos)
+        return Outcome::failed;
+    const std::size_t count = book_.pages.size();
+    const book::Page asked = book_.pages[index];
+    if (show_message(L"このページのタブを削除しますか？", BoxStyle::question) != answer_yes)
+        return Outcome::failed;
+    const bool still_stands = book_.pages.size() == count && book_.pages[index].stamp == asked.stamp
+        && book_.pages[index].tab_number == asked.tab_number;
+    return still_stands && remove_tab(book_, index, tab_color_) ? Outcome::done : Outcome::failed;
 }
 
 void AppWnd::swap_page(int direction)

@@ -13,6 +13,13 @@ namespace {
 
 constexpr int tab_stop = 4; // dialog units
 
+// Scrolling draws the bars anew even when nothing moves, and most pages stand at their first line.
+void scroll_to(look::MyBox& box, int line)
+{
+    if (box.send(EM_GETFIRSTVISIBLELINE, 0, 0) != line)
+        box.scroll_v_to(line);
+}
+
 } // namespace
 
 void AppWnd::apply_book_settings()
@@ -42,10 +49,11 @@ void AppWnd::set_box_fonts()
 void AppWnd::refresh_views(RefreshMask& pending)
 {
     book_.refresh_counts();
+    // A new order may have put another page to the position.
+    pending |= overdue_views(shown_index_, current_index(book_));
     serve_refresh(pending, [this](View view) { serve_view(view); });
 }
 
-// The other views join with their windows.
 void AppWnd::serve_view(View view)
 {
     switch (view) {
@@ -53,8 +61,10 @@ void AppWnd::serve_view(View view)
         return show_page(book_.current_page());
     case View::box_state:
         return refresh_box_state();
+    case View::history_enabled:
+        return enable_history();
     default:
-        return;
+        return refresh_controls(view);
     }
 }
 
@@ -81,6 +91,7 @@ void AppWnd::show_page(const book::Page* page)
 {
     if (!page || has_edits())
         return;
+    shown_index_ = static_cast<std::size_t>(page - book_.pages.data());
     for (look::MyBox* box : boxes())
         box->set_redraw(false);
     q_box_.set_tab_stops(tab_stop);
@@ -92,14 +103,13 @@ void AppWnd::show_page(const book::Page* page)
         box->set_redraw(true);
         RedrawWindow(box->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_FRAME);
     }
-    shown_index_ = static_cast<std::size_t>(page - book_.pages.data());
     mark_clean();
 }
 
 void AppWnd::restore_scroll(const book::Page& page)
 {
-    q_box_.scroll_v_to(page.scroll_first);
-    d_box_.scroll_v_to(page.scroll_third);
+    scroll_to(q_box_, page.scroll_first);
+    scroll_to(d_box_, page.scroll_third);
 }
 
 void AppWnd::store_scroll()
@@ -120,6 +130,7 @@ void AppWnd::mark_clean()
 
 void AppWnd::update_title(const std::wstring& extra)
 {
+    controls_.show_edited(has_edits());
     set_text(title_text(book_.path, { has_edits(), book_.needs_update }, extra));
 }
 
@@ -130,7 +141,7 @@ book::Page* AppWnd::step_page(int direction)
 
 book::SearchQuery AppWnd::search_query() const
 {
-    book::SearchQuery query;
+    book::SearchQuery query = controls_.query();
     query.track_marks = book_.header.track_marks != 0;
     query.track_tabs = book_.header.track_tabs != 0;
     return query;

@@ -1,9 +1,11 @@
 // Nesting of commands: one refresh when the outermost ends, and nothing raised gets out.
 #include "app/command_run.hpp"
 #include "book/my_exception.hpp"
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -15,6 +17,7 @@ protected:
     std::vector<RefreshMask> refreshed;
     std::vector<std::string> reported;
     bool gone = false;
+    RefreshMask overdue = 0;
     std::function<void()> during_refresh = [] {};
     app::CommandRun commands{ { [this](RefreshMask& pending) {
                                    refreshed.push_back(pending);
@@ -30,7 +33,7 @@ protected:
                 reported.emplace_back("mine " + std::to_string(error.code));
             }
         },
-        [this] { return gone; } } };
+        [this] { return gone; }, [this] { return std::exchange(overdue, 0u); } } };
 };
 
 TEST_F(CommandRun, WithoutAMaskRefreshesNothing)
@@ -100,18 +103,43 @@ TEST_F(CommandRun, LetsACommandSentByTheRefreshJoinIt)
     EXPECT_EQ(refreshed, (std::vector<RefreshMask>{ 0x1, 0x10 }));
 }
 
+TEST_F(CommandRun, DropsBitsThatNoViewServes)
+{
+    commands.run([&] { commands.merge(0x80 | 0x100 | 0x200 | 0x800 | 0xFFFF0000); });
+    EXPECT_TRUE(refreshed.empty());
+    commands.run([&] { commands.merge(0xFFFFFFFF); });
+    EXPECT_EQ(refreshed, std::vector<RefreshMask>{ app::refresh::full });
+}
+
+TEST_F(CommandRun, AddsWhatIsOverdueWhenTheOutermostEnds)
+{
+    overdue = 0x1;
+    commands.run([&] {
+        commands.run([] {});
+        EXPECT_EQ(overdue, 0x1u);
+    });
+    EXPECT_EQ(refreshed, std::vector<RefreshMask>{ 0x1 });
+}
+
+TEST_F(CommandRun, AddsWhatIsOverdueAlsoAfterAFailure)
+{
+    overdue = 0x1;
+    commands.run([] { throw std::runtime_error("half done"); });
+    EXPECT_EQ(refreshed, std::vector<RefreshMask>{ 0x1 });
+}
+
 TEST_F(CommandRun, LeavesViewsThatNeverSettle)
 {
     during_refresh = [&] { commands.merge(0x10); };
     commands.run([&] { commands.merge(0x1); });
-    EXPECT_LE(refreshed.size(), 4u);
+    EXPECT_EQ(refreshed.size(), app::service_order.size());
     EXPECT_EQ(commands.pending(), 0u);
 }
 
 TEST_F(CommandRun, DoesNotTakeTheStandingHistoryBitForMoreWork)
 {
     during_refresh = [&] { commands.merge(0x40); };
-    commands.run([&] { commands.merge(0x1); });
+    commands.run([&] { commands.merge(0x41); });
     EXPECT_EQ(refreshed.size(), 1u);
 }
 
@@ -124,5 +152,66 @@ TEST_F(CommandRun, RefreshesNothingOfAWindowThatIsGone)
     EXPECT_TRUE(refreshed.empty());
     EXPECT_EQ(commands.pending(), 0u);
 }
+
+// A run over views that send commands while they are served, as filling a box does.
+class ServedView : public testing::TestWithParam<app::View> {
+protected:
+    using Views = std::vector<app::View>;
+
+    Views served;
+    std::function<void(app::View)> work = [](app::View) {};
+    app::CommandRun commands{ { [this](RefreshMask& pending) {
+                                   app::serve_refresh(pending, [this](app::View view) {
+                                       served.push_back(view);
+                                       work(view);
+                                   });
+                               },
+        [](const std::exception_ptr&) {}, [] { return false; }, [] { return RefreshMask{ 0 }; } } };
+
+    static RefreshMask bit(app::View view) { return static_cast<RefreshMask>(view); }
+    Views all() const { return { app::service_order.begin(), app::service_order.end() }; }
+};
+
+TEST_P(ServedView, MaySendCommandsThatAskForNothingAndIsServedOnce)
+{
+    work = [&](app::View view) {
+        if (view == GetParam())
+            commands.run([] {});
+    };
+    commands.run([&] { commands.merge(app::refresh::full); });
+    EXPECT_EQ(served, all());
+}
+
+TEST_P(ServedView, DoesNotStartAnotherRefreshInsideItsOwn)
+{
+    bool inside = false;
+    work = [&](app::View view) {
+        EXPECT_FALSE(inside);
+        inside = true;
+        if (view == GetParam() && served.size() <= all().size())
+            commands.run([&] { commands.merge(app::refresh::full); });
+        inside = false;
+    };
+    commands.run([&] { commands.merge(app::refresh::full); });
+    // What it asked for beside what was still to come is served in a second round, and then there is rest.
+    EXPECT_LE(served.size(), 2 * all().size());
+    EXPECT_EQ(Views(served.begin(), served.begin() + static_cast<std::ptrdiff_t>(all().size())), all());
+    EXPECT_EQ(commands.pending(), 0u);
+    EXPECT_EQ(commands.depth(), 0);
+}
+
+TEST_P(ServedView, IsNotLostWhenALaterViewAsksForIt)
+{
+    bool asked = false;
+    work = [&](app::View view) {
+        if (view == app::View::status_bar && !std::exchange(asked, true))
+            commands.run([&] { commands.merge(bit(GetParam())); });
+    };
+    commands.run([&] { commands.merge(bit(app::View::status_bar)); });
+    EXPECT_EQ(std::ranges::count(served, GetParam()), GetParam() == app::View::status_bar ? 2 : 1);
+    EXPECT_EQ(commands.pending(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Every, ServedView, testing::ValuesIn(app::service_order));
 
 } // namespace

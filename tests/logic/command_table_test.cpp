@@ -1,4 +1,4 @@
-// Finding the handler of a command by identifier and notification code.
+// Finding a row by command number, and the codes that a row takes.
 #include "app/command_ids.hpp"
 #include "app/command_table.hpp"
 #include <array>
@@ -6,65 +6,85 @@
 
 namespace {
 
-using Entry = app::CommandEntry<char>;
+using Row = app::CommandEntry<char>;
 
 constexpr std::array table{
-    Entry{ 1002, 'n' },
-    Entry{ { 1045, 1047 }, 'e', app::only_code(app::command::edit_changed) },
-    Entry{ 3000, 's', app::any_code },
-    Entry{ { 10000, 14999 }, 'h' },
+    Row{ 1002, 'n' },
+    Row{ { 1045, 1047 }, 'e', app::only_code(app::command::edit_changed) },
+    Row{ { 10000, 14999 }, 'h' },
 };
 
-char found(int id, int code)
+char found(int id)
 {
-    const char* handler = app::find_handler(std::span<const Entry>{ table }, id, code);
-    return handler ? *handler : '-';
-}
-
-TEST(CommandTable, FindsAnIdentifierWithCodeZeroOnly)
-{
-    EXPECT_EQ(found(1002, 0), 'n');
-    EXPECT_EQ(found(1002, 1), '-');
-    EXPECT_EQ(found(1002, app::command::edit_changed), '-');
+    const Row* row = app::find_row(std::span<const Row>{ table }, id);
+    return row ? row->handler : '-';
 }
 
 TEST(CommandTable, FindsEveryIdentifierOfARangeAndNoneBeside)
 {
-    EXPECT_EQ(found(10000, 0), 'h');
-    EXPECT_EQ(found(14999, 0), 'h');
-    EXPECT_EQ(found(9999, 0), '-');
-    EXPECT_EQ(found(15000, 0), '-');
+    EXPECT_EQ(found(1002), 'n');
+    EXPECT_EQ(found(1045), 'e');
+    EXPECT_EQ(found(1046), 'e');
+    EXPECT_EQ(found(10000), 'h');
+    EXPECT_EQ(found(14999), 'h');
+    for (const int id : { -1, 0, 1, 1001, 1003, 1044, 1048, 9999, 15000, 65535 })
+        EXPECT_EQ(found(id), '-') << id;
+    EXPECT_EQ(app::find_row(std::span<const Row>{}, 1002), nullptr);
 }
 
-TEST(CommandTable, TellsAnEditByItsCode)
+TEST(CommandTable, BindsAHandlerToItsCodes)
 {
-    EXPECT_EQ(found(1046, 768), 'e');
-    EXPECT_EQ(found(1046, 0), '-');
-    EXPECT_EQ(found(1046, 256), '-');
-}
-
-TEST(CommandTable, TakesAnyCodeWhereTheRuleSaysSo)
-{
-    EXPECT_EQ(found(3000, 0), 's');
-    EXPECT_EQ(found(3000, 1), 's'); // as accelerators send it
-}
-
-TEST(CommandTable, FindsNothingForUnknownIdentifiers)
-{
-    for (const int id : { -1, 0, 1, 1001, 1003, 1048, 65535 })
-        EXPECT_EQ(found(id, 0), '-') << id;
-    EXPECT_EQ(app::find_handler(std::span<const Entry>{}, 1002, 0), nullptr);
+    const auto handler = [](int id, int code) {
+        const char* found = app::find_handler(std::span<const Row>{ table }, id, code);
+        return found ? *found : '-';
+    };
+    EXPECT_EQ(handler(1002, 0), 'n');
+    EXPECT_EQ(handler(1002, 1), '-');
+    EXPECT_EQ(handler(1046, 768), 'e');
+    EXPECT_EQ(handler(1046, 0), '-');
+    EXPECT_EQ(handler(1003, 0), '-');
 }
 
 TEST(CommandTable, KnowsWhetherItCanBeSearched)
 {
-    EXPECT_TRUE(app::is_ordered(std::span<const Entry>{ table }));
-    constexpr std::array overlapping{ Entry{ { 1, 5 }, 'a' }, Entry{ { 5, 6 }, 'b' } };
-    EXPECT_FALSE(app::is_ordered(std::span<const Entry>{ overlapping }));
-    constexpr std::array falling{ Entry{ 2, 'a' }, Entry{ 1, 'b' } };
-    EXPECT_FALSE(app::is_ordered(std::span<const Entry>{ falling }));
-    constexpr std::array turned{ Entry{ { 6, 5 }, 'a' } };
-    EXPECT_FALSE(app::is_ordered(std::span<const Entry>{ turned }));
+    EXPECT_TRUE(app::is_ordered(std::span<const Row>{ table }));
+    constexpr std::array overlapping{ Row{ { 1, 5 }, 'a' }, Row{ { 5, 6 }, 'b' } };
+    EXPECT_FALSE(app::is_ordered(std::span<const Row>{ overlapping }));
+    constexpr std::array falling{ Row{ 2, 'a' }, Row{ 1, 'b' } };
+    EXPECT_FALSE(app::is_ordered(std::span<const Row>{ falling }));
+    constexpr std::array turned{ Row{ { 6, 5 }, 'a' } };
+    EXPECT_FALSE(app::is_ordered(std::span<const Row>{ turned }));
+}
+
+TEST(CodeRule, TakesZeroOnlyUnlessToldOtherwise)
+{
+    EXPECT_TRUE(app::plain_code.allows(0));
+    EXPECT_FALSE(app::plain_code.allows(1));
+    EXPECT_FALSE(app::plain_code.allows(app::command::edit_changed));
+}
+
+TEST(CodeRule, TellsANotificationByItsCode)
+{
+    constexpr app::CodeRule changed = app::only_code(app::command::edit_changed);
+    EXPECT_TRUE(changed.allows(768));
+    EXPECT_FALSE(changed.allows(0));
+    EXPECT_FALSE(changed.allows(256));
+}
+
+TEST(CodeRule, TakesANumberBelowACount)
+{
+    constexpr app::CodeRule number = app::code_below(3);
+    EXPECT_TRUE(number.allows(0));
+    EXPECT_TRUE(number.allows(2));
+    EXPECT_FALSE(number.allows(3));
+    EXPECT_FALSE(number.allows(-1));
+}
+
+TEST(CodeRule, TakesAnyCodeWhereItSaysSo)
+{
+    EXPECT_TRUE(app::any_code.allows(0));
+    EXPECT_TRUE(app::any_code.allows(1)); // as accelerators send it
+    EXPECT_TRUE(app::any_code.allows(65535));
 }
 
 } // namespace

@@ -26,6 +26,7 @@ TEST(Folders, HoldTheFilesByTheirFixedNames)
     const auto folders = app::folders_below(L"C:\\pw");
     EXPECT_EQ(app::settings_file(folders), L"C:\\pw\\dat\\pagewick.ini");
     EXPECT_EQ(app::history_file(folders), L"C:\\pw\\dat\\history.txt");
+    EXPECT_EQ(app::custom_colors_file(folders), L"C:\\pw\\dat\\custom_colors.dat");
     EXPECT_EQ(app::end_of_logon_file(folders), L"C:\\pw\\pagewick_log.txt");
 }
 

@@ -1,6 +1,7 @@
 // When the main window takes page turns.
 #include "app/input_gate.hpp"
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -37,12 +38,49 @@ TEST(InputGate, IsHeldByAnotherWindowWhateverOurBoxesDo)
     EXPECT_TRUE(gate.is_open());
 }
 
+TEST(InputGate, StaysClosedUntilTheOutermostWindowLetsGo)
+{
+    InputGate gate;
+    gate.set_held(true);
+    gate.set_held(true);
+    gate.set_held(false);
+    EXPECT_FALSE(gate.is_open());
+    gate.set_held(false);
+    EXPECT_TRUE(gate.is_open());
+}
+
+TEST(InputGate, TakesNoReleasingInAdvance)
+{
+    InputGate gate;
+    gate.set_held(false);
+    gate.set_held(true);
+    EXPECT_FALSE(gate.is_open());
+}
+
 TEST(InputGate, DoesNotOpenUnderABox)
 {
     InputGate gate;
     const InputGate::Hold box{ gate };
     gate.set_held(false);
     EXPECT_FALSE(gate.is_open());
+}
+
+TEST(InputGate, TellsWhenItOpensAndCloses)
+{
+    std::vector<bool> told;
+    app::InputGate* self = nullptr;
+    app::InputGate gate{ [&] { told.push_back(self->is_open()); } };
+    self = &gate;
+    {
+        const app::InputGate::Hold outer{ gate };
+        const app::InputGate::Hold inner{ gate };
+        gate.set_held(true);
+        gate.set_held(false);
+    }
+    gate.set_held(true);
+    gate.set_held(false);
+    gate.set_held(false);
+    EXPECT_EQ(told, (std::vector{ false, true, false, true }));
 }
 
 } // namespace

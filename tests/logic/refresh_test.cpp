@@ -29,6 +29,15 @@ TEST(RefreshMask, FullNamesEveryView)
     EXPECT_EQ(app::refresh::tabs, 33808u);
 }
 
+TEST(OverdueViews, AreAllOfThemWhenTheBoxesHoldAnotherPage)
+{
+    constexpr std::size_t none = static_cast<std::size_t>(-1);
+    EXPECT_EQ(app::overdue_views(3, 3), 0u);
+    EXPECT_EQ(app::overdue_views(none, none), 0u);
+    EXPECT_EQ(app::overdue_views(3, 4), app::refresh::full);
+    EXPECT_EQ(app::overdue_views(none, 0), app::refresh::full);
+}
+
 TEST(ServeRefresh, FollowsTheFixedOrderWhereBoxStateComesBeforeTheButtons)
 {
     RefreshMask mask = app::refresh::full;

@@ -24,6 +24,11 @@ TEST(MessageCaption, AddsTheStemOfTheBooksPath)
     EXPECT_EQ(message_caption(L"C:\\本\\日記.2024.bok"), L"Pagewick v1.06 - 日記.2024");
 }
 
+TEST(AboutText, NamesTheProgramItsVersionAndItsAuthors)
+{
+    EXPECT_EQ(app::about_text(), L"Pagewick v1.06\r\nby the Pagewick developers");
+}
+
 TEST(Title, IsTheStemOfThePath)
 {
     EXPECT_EQ(title_text(L"C:\\本\\日記.bok", {}), L"日記");

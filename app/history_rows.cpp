@@ -1,0 +1,34 @@
+#include "app/history_rows.hpp"
+#include "app/command_ids.hpp"
+#include "platform/path_text.hpp"
+
+namespace app {
+
+HistoryRow history_row(std::wstring_view path)
+{
+    const std::wstring_view name = platform::file_name(path);
+    return { std::wstring{ name }, name.size() == path.size() ? L"" : platform::parent_path(path) };
+}
+
+std::wstring history_title(std::size_t count)
+{
+    return L"履歴  [" + std::to_wstring(count) + L"件]";
+}
+
+std::optional<int> history_command(int row)
+{
+    constexpr int count = command::last_history_entry - command::first_history_entry + 1;
+    if (row < 0 || row >= count)
+        return std::nullopt;
+    return command::first_history_entry + row;
+}
+
+ovlib::Color history_text_color(ovlib::Color text, ovlib::Color back, bool enabled)
+{
+    constexpr std::uint8_t bright = 128;
+    if (enabled)
+        return text;
+    return ovlib::Color{ back.luminance() >= bright ? 0xBFBFBFu : 0x3F3F3Fu };
+}
+
+} // namespace app

@@ -1,0 +1,58 @@
+// The main window's buttons and check boxes as data. A control's identifier is the command that it sends.
+#pragma once
+#include "app/command_ids.hpp"
+#include "app/main_layout.hpp"
+#include <array>
+
+namespace app {
+
+struct ButtonRow {
+    int command = 0;
+    const wchar_t* text = L"";
+    const wchar_t* picture = L""; // a file of the program's pictures; empty for none
+    Rect MainLayout::*place = nullptr;
+};
+
+// In the order of creation. An earlier window lies on top of a later one: the page buttons come before the
+// slider, whose ends they cover.
+inline constexpr std::array button_rows{
+    ButtonRow{ command::first_page, L"", L"front.png", &MainLayout::first_page_button },
+    ButtonRow{ command::previous_page, L"", L"prev.png", &MainLayout::previous_page_button },
+    ButtonRow{ command::next_page, L"", L"next.png", &MainLayout::next_page_button },
+    ButtonRow{ command::last_page, L"", L"back.png", &MainLayout::last_page_button },
+    ButtonRow{ command::show_book_menu, L"Book", L"", &MainLayout::book_button },
+    ButtonRow{ command::save_if_changed, L"保存", L"", &MainLayout::save_button },
+    ButtonRow{ command::toggle_results, L"", L"loupe.png", &MainLayout::search_button },
+    ButtonRow{ command::clear_search, L"", L"clear.png", &MainLayout::clear_search_button },
+    ButtonRow{ command::show_folder_menu, L"資料", L"", &MainLayout::folder_button },
+    ButtonRow{ command::first_file, L"", L"topfile.png", &MainLayout::first_file_button },
+    ButtonRow{ command::last_file, L"", L"btmfile.png", &MainLayout::last_file_button },
+};
+
+enum class CheckWidth {
+    as_placed,
+    as_text, // its text is wider than its place, and nothing stands to its right
+};
+
+struct CheckRow {
+    int command = 0;
+    const wchar_t* text = L"";
+    Rect MainLayout::*place = nullptr;
+    CheckWidth width = CheckWidth::as_placed;
+};
+
+inline constexpr std::array check_rows{
+    CheckRow{ command::toggle_mark, L"マーク", &MainLayout::mark_check },
+    CheckRow{ command::toggle_mark_tracking, L"マーク追跡", &MainLayout::mark_tracking_check },
+    CheckRow{ command::toggle_tab, L"タブ", &MainLayout::tab_check },
+    CheckRow{ command::toggle_tab_tracking, L"タブ追跡", &MainLayout::tab_tracking_check },
+    CheckRow{ command::toggle_sorted_order, L"昇順", &MainLayout::sorted_check },
+    CheckRow{ command::toggle_random_order, L"ランダム", &MainLayout::random_check },
+    CheckRow{ command::reverse_order, L"逆順", &MainLayout::reversed_check },
+    CheckRow{ command::toggle_all_terms, L"AND検索", &MainLayout::all_terms_check },
+    CheckRow{ command::toggle_ignore_case, L"大文字・小文字を区別しない", &MainLayout::ignore_case_check },
+    CheckRow{ command::toggle_file_list_search, L"ファイルリストも検索", &MainLayout::file_list_search_check,
+        CheckWidth::as_text },
+};
+
+} // namespace app

@@ -1,0 +1,139 @@
+// The controls beside the boxes: when they are brought up to date, and what they do to the Book.
+#include "app/command_ids.hpp"
+#include "app/file_commands.hpp"
+#include "app/wnd/appwnd.hpp"
+#include "app/wnd/data_root.hpp"
+#include "book/page_order.hpp"
+#include "look/page_slider.hpp"
+#include "ovlib/gui/geometry.hpp"
+
+namespace app {
+
+bool AppWnd::create_controls()
+{
+    controls_.set_focus_keeper(q_box_);
+    return controls_.create();
+}
+
+// The box that had the focus last gets it back from a control that is disabled.
+void AppWnd::note_box_focus(int id)
+{
+    for (look::MyBox* box : boxes()) {
+        if (box->control_id() == id)
+            controls_.set_focus_keeper(*box);
+    }
+}
+
+void AppWnd::refresh_controls(View view)
+{
+    switch (view) {
+    case View::file_pane:
+        return refresh_file_pane();
+    case View::file_combo:
+        return refresh_file_combo();
+    case View::tabs:
+        return controls_.tabs().rebuild();
+    case View::page_buttons:
+        return controls_.show_buttons(page_buttons(book_, is_busy()));
+    case View::folder_button:
+        if (const auto has_folder = folder_button_lit(book_))
+            controls_.show_folder(*has_folder);
+        return;
+    case View::slider:
+        return controls_.slider().show_page(book_.pages.size(), book_.header.position);
+    case View::status_bar:
+        return controls_.status_bar().rewrite_parts();
+    default:
+        return;
+    }
+}
+
+void AppWnd::refresh_file_combo()
+{
+    set_current_directory(L"");
+    if (const auto files = file_combo(book_))
+        controls_.show_files(*files);
+}
+
+// The pane and the counter of its files.
+void AppWnd::refresh_file_pane()
+{
+    for (const Rect& place : { layout_.file_pane, layout_.file_counter }) {
+        const RECT rect = ovlib::to_rect(place);
+        InvalidateRect(hwnd(), &rect, TRUE);
+    }
+    UpdateWindow(hwnd());
+}
+
+bool AppWnd::on_slider(const ovlib::WndMessage& message)
+{
+    look::MySlider& slider = controls_.slider();
+    if (reinterpret_cast<HWND>(static_cast<std::intptr_t>(message.lparam)) != slider.hwnd())
+        return false;
+    const int code = LOWORD(message.wparam);
+    const std::int32_t value = slider.value;
+    switch (look::page_move(code, value, book_.header.position, book_.pages.size())) {
+    case look::PageMove::none:
+        break;
+    case look::PageMove::show_again:
+        commands_.run([this] { commands_.merge(static_cast<RefreshMask>(View::slider)); });
+        break;
+    case look::PageMove::turn:
+        commands_.run([this, value] { turn_by_slider(static_cast<std::uint64_t>(value)); });
+        break;
+    }
+    return true;
+}
+
+// A refused turn puts the slider back: with the page that stayed it must not show another one's place.
+void AppWnd::turn_by_slider(std::uint64_t position)
+{
+    const bool may_turn = !is_loading_ && is_accepting_input() && leave_page();
+    if (is_gone())
+        return;
+    if (!may_turn || !book::go_to(book_, position)) {
+        controls_.slider().refuse_move(static_cast<std::int32_t>(book_.header.position));
+        return;
+    }
+    step_page(0);
+    commands_.merge(refresh::full);
+}
+
+Outcome AppWnd::on_toggle_search_check(const CommandInput& input)
+{
+    controls_.check(input.id)->toggle();
+    step_page(0);
+    return Outcome::done;
+}
+
+Outcome AppWnd::on_search_changed(const CommandInput&)
+{
+    step_page(0);
+    return Outcome::done;
+}
+
+// The box tells of its change by itself.
+Outcome AppWnd::on_clear_search(const CommandInput&)
+{
+    controls_.search_box().set_text(L"");
+    return Outcome::done;
+}
+
+Outcome AppWnd::on_search_selection(const CommandInput&)
+{
+    for (const look::MyBox* box : boxes()) {
+        if (box->hwnd() == GetFocus() && box->has_selection())
+            controls_.search_box().set_text(box->selected_text());
+    }
+    return Outcome::done;
+}
+
+Outcome AppWnd::on_file_combo(const CommandInput&)
+{
+    book::Page* page = book_.current_page();
+    const int row = controls_.file_combo().selected();
+    const bool chosen = page && row >= 0 && select_file(*page, static_cast<std::uint64_t>(row));
+    return chosen ? Outcome::done : Outcome::failed;
+}
+
+} // namespace app

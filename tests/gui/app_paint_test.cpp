@@ -1,0 +1,123 @@
+// What the main window paints between its controls.
+#include "look/theme.hpp"
+#include "tests/support/gui_app_controls.hpp"
+#include "tests/support/gui_crowd.hpp"
+
+namespace {
+
+namespace command = app::command;
+using ovlib::Color;
+using platform::Rect;
+
+class Painted : public gui::AppControls {
+protected:
+    void show(std::initializer_list<book::Page> pages)
+    {
+        open(pages);
+        ShowWindow(window().hwnd(), SW_SHOW);
+        UpdateWindow(window().hwnd());
+        gui::pump();
+    }
+    app::MainLayout layout()
+    {
+        const SIZE client = window().client_size();
+        return app::main_layout({ client.cx, client.cy });
+    }
+    Color at(int x, int y)
+    {
+        const ovlib::ClientDC dc{ window() };
+        return Color{ GetPixel(dc.handle(), x, y) };
+    }
+    // Pixels of a part of the window that are not of this colour.
+    int count_others(const Rect& part, Color ground)
+    {
+        const ovlib::ClientDC dc{ window() };
+        int count = 0;
+        for (int y = part.top; y < part.bottom; ++y) {
+            for (int x = part.left; x < part.right; ++x)
+                count += Color{ GetPixel(dc.handle(), x, y) } == ground ? 0 : 1;
+        }
+        return count;
+    }
+    int counter_pixels()
+    {
+        const app::MainLayout place = layout();
+        const Rect line{ place.file_counter.left, place.file_counter.top, place.file_counter.left + 60,
+            place.file_counter.top + 20 };
+        return count_others(line, look::palette().panel_back);
+    }
+    int pane_text_pixels()
+    {
+        const auto [x, y] = app::empty_pane_text(layout());
+        return count_others({ x, y, x + 120, y + 20 }, look::palette().viewer_back);
+    }
+};
+
+TEST_F(Painted, AFrameRunsRoundTheSixChecks)
+{
+    show({ page(L"1\r\n") });
+    const Rect frame = app::checks_frame(layout());
+    EXPECT_EQ(frame, (Rect{ 97, 714, 291, 786 }));
+    for (const std::int32_t theme : { 6000, 6002 }) {
+        command(theme);
+        const Color line = look::palette().panel_line;
+        const Color ground = look::palette().panel_back;
+        const int middle_x = (frame.left + frame.right) / 2;
+        const int middle_y = (frame.top + frame.bottom) / 2;
+        EXPECT_EQ(at(middle_x, frame.top), line) << theme;
+        EXPECT_EQ(at(middle_x, frame.bottom - 1), line) << theme;
+        EXPECT_EQ(at(frame.left, middle_y), line) << theme;
+        EXPECT_EQ(at(frame.right - 1, middle_y), line) << theme;
+        EXPECT_EQ(at(frame.left, frame.top), ground) << "the corner is round";
+        EXPECT_EQ(at(middle_x, frame.top + 1), ground) << "the frame is hollow";
+        EXPECT_EQ(at(frame.right, middle_y), ground) << theme;
+    }
+}
+
+TEST_F(Painted, TheCounterFollowsTheFilesOfThePage)
+{
+    show({ page(L"1\r\n"), page_with_files({ L"C:\\a.txt", L"C:\\b.txt" }) });
+    EXPECT_EQ(counter_pixels(), 0);
+    command(command::next_page);
+    const int first = counter_pixels();
+    EXPECT_GT(first, 0);
+    command(command::last_file);
+    EXPECT_NE(counter_pixels(), first);
+    command(command::previous_page);
+    EXPECT_EQ(counter_pixels(), 0);
+}
+
+TEST_F(Painted, ThePaneOfAPageWithoutFilesSaysSo)
+{
+    show({ page(L"1\r\n"), page_with_files({ L"C:\\a.txt" }) });
+    EXPECT_GT(pane_text_pixels(), 0);
+    command(command::next_page);
+    EXPECT_EQ(pane_text_pixels(), 0);
+    const Rect pane = layout().file_pane;
+    EXPECT_EQ(at(pane.left, (pane.top + pane.bottom) / 2), look::palette().viewer_back);
+    EXPECT_EQ(at(pane.right - 1, pane.bottom - 40), look::palette().viewer_back);
+    EXPECT_EQ(at(pane.left, pane.top), look::palette().panel_back) << "the corner is round";
+    EXPECT_EQ(at(pane.right, pane.bottom - 40), look::palette().panel_back);
+}
+
+TEST_F(Painted, AThemeReachesPaneAndCounter)
+{
+    show({ page_with_files({ L"C:\\a.txt" }) });
+    for (const std::int32_t theme : { 6002, 6001, 6000 }) {
+        command(theme);
+        const Rect pane = layout().file_pane;
+        EXPECT_EQ(at(pane.left + 50, pane.top + 50), look::palette().viewer_back) << theme;
+        EXPECT_GT(counter_pixels(), 0) << theme;
+    }
+}
+
+TEST_F(Painted, PaintingCostsNoHandles)
+{
+    show({ page_with_files({ L"C:\\a.txt" }) });
+    const gui::GdiCrowd crowd{ 300 };
+    for (int i = 0; i < 1000; ++i)
+        RedrawWindow(window().hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_NOCHILDREN);
+    gui::expect_handles_to_spare(40);
+}
+
+} // namespace

@@ -1,0 +1,61 @@
+// The history as its window shows it.
+#include "app/history_rows.hpp"
+#include <gtest/gtest.h>
+
+namespace {
+
+using app::history_row;
+using app::HistoryRow;
+using ovlib::Color;
+
+TEST(HistoryRow, DividesThePathAtItsLastSeparator)
+{
+    EXPECT_EQ(history_row(L"C:\\本\\日記.bok"), (HistoryRow{ L"日記.bok", L"C:\\本" }));
+    EXPECT_EQ(history_row(L"C:/本/日記.bok"), (HistoryRow{ L"日記.bok", L"C:/本" }));
+    EXPECT_EQ(history_row(L"C:\\本\\\\日記.bok"), (HistoryRow{ L"日記.bok", L"C:\\本" }));
+}
+
+TEST(HistoryRow, KeepsTheRoot)
+{
+    EXPECT_EQ(history_row(L"C:\\日記.bok"), (HistoryRow{ L"日記.bok", L"C:\\" }));
+}
+
+TEST(HistoryRow, OfAPathWithoutASeparatorHasNoFolder)
+{
+    EXPECT_EQ(history_row(L"日記.bok"), (HistoryRow{ L"日記.bok", L"" }));
+}
+
+TEST(HistoryTitle, CountsTheEntries)
+{
+    EXPECT_EQ(app::history_title(0), L"履歴  [0件]");
+    EXPECT_EQ(app::history_title(1000), L"履歴  [1000件]");
+}
+
+TEST(HistoryCommand, IsSentForTheRowsOfTheRangeOnly)
+{
+    EXPECT_EQ(app::history_command(0), 10000);
+    EXPECT_EQ(app::history_command(4999), 14999);
+    EXPECT_EQ(app::history_command(-1), std::nullopt); // beside the rows
+    EXPECT_EQ(app::history_command(5000), std::nullopt);
+    EXPECT_EQ(app::history_command(5001), std::nullopt);
+}
+
+TEST(HistoryEnabled, NeedsAFreeBookAndOpenInput)
+{
+    EXPECT_TRUE(app::is_history_enabled(false, true));
+    EXPECT_FALSE(app::is_history_enabled(true, true));
+    EXPECT_FALSE(app::is_history_enabled(false, false));
+    EXPECT_FALSE(app::is_history_enabled(true, false));
+}
+
+TEST(HistoryTextColor, IsGreyWhileDisabled)
+{
+    const Color text{ 0x123456 };
+    const Color bright = ovlib::rgb(128, 128, 128);
+    const Color dark = ovlib::rgb(127, 127, 127);
+    EXPECT_EQ(app::history_text_color(text, bright, true), text);
+    EXPECT_EQ(app::history_text_color(text, bright, false), Color{ 0xBFBFBF });
+    EXPECT_EQ(app::history_text_color(text, dark, false), Color{ 0x3F3F3F });
+}
+
+} // namespace

@@ -1,0 +1,110 @@
+// The main window's buttons and checks as data.
+#include "app/command_rules.hpp"
+#include "app/main_controls.hpp"
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+#include <string_view>
+
+namespace {
+
+namespace command = app::command;
+using app::button_rows;
+using app::check_rows;
+using platform::Rect;
+
+const app::MainLayout at = app::main_layout({ 1374, 825 });
+
+std::vector<int> all_commands()
+{
+    std::vector<int> ids;
+    for (const app::ButtonRow& row : button_rows)
+        ids.push_back(row.command);
+    for (const app::CheckRow& row : check_rows)
+        ids.push_back(row.command);
+    return ids;
+}
+
+std::vector<Rect> all_places()
+{
+    std::vector<Rect> places;
+    for (const app::ButtonRow& row : button_rows)
+        places.push_back(at.*row.place);
+    for (const app::CheckRow& row : check_rows)
+        places.push_back(at.*row.place);
+    return places;
+}
+
+bool overlap(const Rect& one, const Rect& other)
+{
+    return one.left < other.right && other.left < one.right && one.top < other.bottom
+        && other.top < one.bottom;
+}
+
+TEST(MainControls, BearTheNumbersOfTheCommandsTheySend)
+{
+    const std::vector<int> ids = all_commands();
+    EXPECT_EQ(std::set<int>(ids.begin(), ids.end()).size(), ids.size());
+    for (const int id : ids)
+        EXPECT_NE(app::find_command(id, 0), nullptr) << id;
+}
+
+TEST(MainControls, StandBesideEachOther)
+{
+    const std::vector<Rect> places = all_places();
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        for (std::size_t other = i + 1; other < places.size(); ++other)
+            EXPECT_FALSE(overlap(places[i], places[other])) << i << " and " << other;
+    }
+}
+
+TEST(MainControls, HaveATextOrAPicture)
+{
+    for (const app::ButtonRow& row : button_rows)
+        EXPECT_NE(std::wstring_view(row.text).empty(), std::wstring_view(row.picture).empty()) << row.command;
+}
+
+TEST(MainControls, ShowThesePictures)
+{
+    std::map<int, std::wstring_view> pictures;
+    for (const app::ButtonRow& row : button_rows) {
+        if (*row.picture)
+            pictures[row.command] = row.picture;
+    }
+    const std::map<int, std::wstring_view> expected{ { 1012, L"front.png" }, { 1011, L"prev.png" },
+        { 1010, L"next.png" }, { 1013, L"back.png" }, { 1057, L"loupe.png" }, { 1025, L"clear.png" },
+        { 2532, L"topfile.png" }, { 2533, L"btmfile.png" } };
+    EXPECT_EQ(pictures, expected);
+}
+
+TEST(MainControls, BearTheseTexts)
+{
+    std::map<int, std::wstring_view> texts;
+    for (const app::ButtonRow& row : button_rows) {
+        if (*row.text)
+            texts[row.command] = row.text;
+    }
+    for (const app::CheckRow& row : check_rows)
+        texts[row.command] = row.text;
+    const std::map<int, std::wstring_view> expected{ { 1001, L"Book" }, { 1006, L"保存" }, { 1028, L"資料" },
+        { 1014, L"マーク" }, { 1015, L"マーク追跡" }, { 2507, L"タブ" }, { 1016, L"タブ追跡" },
+        { 1020, L"昇順" }, { 1018, L"ランダム" }, { 1019, L"逆順" }, { 1022, L"AND検索" },
+        { 1023, L"大文字・小文字を区別しない" }, { 1024, L"ファイルリストも検索" } };
+    EXPECT_EQ(texts, expected);
+}
+
+TEST(MainControls, OfTheOrderAndThePageStandInTheirFrame)
+{
+    const Rect frame = app::checks_frame(at);
+    EXPECT_EQ(frame, (Rect{ 97, 714, 291, 786 }));
+    for (const Rect& check : { at.mark_check, at.mark_tracking_check, at.tab_check, at.tab_tracking_check,
+             at.sorted_check, at.random_check, at.reversed_check }) {
+        EXPECT_GT(check.left, frame.left);
+        EXPECT_GT(check.top, frame.top);
+        EXPECT_LT(check.right, frame.right);
+        EXPECT_LT(check.bottom, frame.bottom);
+    }
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+// Whether what a question was about is still there when the answer comes.
+#include "app/page_note.hpp"
+#include <gtest/gtest.h>
+
+namespace {
+
+using app::note_entry;
+using app::note_page;
+using app::still_stands;
+
+book::Book two_pages()
+{
+    book::Book book;
+    for (const wchar_t* stamp : { L"2020010203040520200102030405", L"2021010203040520210102030405" }) {
+        book::Page page;
+        page.stamp = stamp;
+        page.files = { L"a", L"b", L"c" };
+        page.current_file = 1;
+        book.pages.push_back(page);
+    }
+    return book;
+}
+
+TEST(PageNote, StandsWhileNothingHappens)
+{
+    book::Book book = two_pages();
+    const auto note = note_page(book);
+    ASSERT_TRUE(note);
+    EXPECT_TRUE(still_stands(*note, book));
+    book.pages[0].text[0] = L"typed";
+    EXPECT_TRUE(still_stands(*note, book));
+}
+
+TEST(PageNote, FallsWithThePosition)
+{
+    book::Book book = two_pages();
+    const auto note = note_page(book);
+    book.header.position = 1;
+    EXPECT_FALSE(still_stands(*note, book));
+    book.header.position = 9;
+    EXPECT_FALSE(still_stands(*note, book));
+}
+
+TEST(PageNote, FallsWhenAnotherPageIsShownAtThePosition)
+{
+    book::Book book = two_pages();
+    const auto note = note_page(book);
+    book.header.order_mode = -2700;
+    EXPECT_FALSE(still_stands(*note, book));
+    book.header.order_mode = 2700;
+    std::swap(book.pages[0], book.pages[1]);
+    EXPECT_FALSE(still_stands(*note, book));
+}
+
+TEST(PageNote, FallsWhenPagesComeOrGo)
+{
+    book::Book book = two_pages();
+    const auto note = note_page(book);
+    book.pages.push_back(book.pages[0]);
+    EXPECT_FALSE(still_stands(*note, book));
+}
+
+TEST(PageNote, IsNoneWithoutACurrentPage)
+{
+    book::Book book = two_pages();
+    book.header.position = 2;
+    EXPECT_FALSE(note_page(book));
+    EXPECT_FALSE(note_entry(book));
+}
+
+TEST(EntryNote, FallsWithItsPageItsPlaceOrItsText)
+{
+    const book::Book before = two_pages();
+    const auto note = note_entry(before);
+    ASSERT_TRUE(note);
+    EXPECT_TRUE(still_stands(*note, before));
+
+    book::Book book = before;
+    book.header.position = 1;
+    EXPECT_FALSE(still_stands(*note, book));
+    book = before;
+    book.pages[0].current_file = 2;
+    EXPECT_FALSE(still_stands(*note, book));
+    book = before;
+    book.pages[0].files[1] = L"other";
+    EXPECT_FALSE(still_stands(*note, book));
+    book = before;
+    book.pages[0].files.clear();
+    EXPECT_FALSE(still_stands(*note, book));
+}
+
+TEST(EntryNote, StandsWhenOtherEntriesChange)
+{
+    book::Book book = two_pages();
+    const auto note = note_entry(book);
+    book.pages[0].files.push_back(L"d");
+    book.pages[0].files[0] = L"other";
+    EXPECT_TRUE(still_stands(*note, book));
+}
+
+TEST(EntryNote, IsNoneWithoutASelectedEntry)
+{
+    book::Book book = two_pages();
+    book.pages[0].current_file = 3;
+    EXPECT_FALSE(note_entry(book));
+}
+
+} // namespace
