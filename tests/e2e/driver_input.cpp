@@ -35,21 +35,23 @@ INPUT mouse_input(DWORD flags, DWORD data = 0)
 }
 
 // Absolute positions run from 0 to 65535 over the screen, whatever its size.
-INPUT position_input(POINT screen)
+INPUT input_at(POINT screen, DWORD flags = 0)
 {
     const auto scaled = [](LONG place, int extent) { return (place * 65536 + 32768) / extent; };
-    INPUT input = mouse_input(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    INPUT input = mouse_input(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | flags);
     input.mi.dx = scaled(screen.x, GetSystemMetrics(SM_CXSCREEN));
     input.mi.dy = scaled(screen.y, GetSystemMetrics(SM_CYSCREEN));
     return input;
 }
 
+// Every press says where it is: between two inputs the X server may carry the pointer back to where it was
+// before.
 void send_clicks(POINT screen, int count)
 {
-    Inputs inputs{ position_input(screen) };
+    Inputs inputs{ input_at(screen) };
     for (int i = 0; i < count; ++i) {
-        inputs.push_back(mouse_input(MOUSEEVENTF_LEFTDOWN));
-        inputs.push_back(mouse_input(MOUSEEVENTF_LEFTUP));
+        inputs.push_back(input_at(screen, MOUSEEVENTF_LEFTDOWN));
+        inputs.push_back(input_at(screen, MOUSEEVENTF_LEFTUP));
     }
     send(inputs);
 }
@@ -103,7 +105,7 @@ HeldKey::~HeldKey()
 
 void move_mouse(POINT screen)
 {
-    Inputs inputs{ position_input(screen) };
+    Inputs inputs{ input_at(screen) };
     send(inputs);
 }
 
@@ -112,9 +114,43 @@ void click(POINT screen)
     send_clicks(screen, 1);
 }
 
+void press_mouse(POINT screen)
+{
+    Inputs inputs{ input_at(screen), input_at(screen, MOUSEEVENTF_LEFTDOWN) };
+    send(inputs);
+}
+
+void release_mouse()
+{
+    Inputs inputs{ mouse_input(MOUSEEVENTF_LEFTUP) };
+    send(inputs);
+}
+
 void double_click(POINT screen)
 {
     send_clicks(screen, 2);
+}
+
+void right_click(POINT screen)
+{
+    Inputs inputs{ input_at(screen), input_at(screen, MOUSEEVENTF_RIGHTDOWN),
+        input_at(screen, MOUSEEVENTF_RIGHTUP) };
+    send(inputs);
+}
+
+void drag(POINT from, POINT to)
+{
+    constexpr int steps = 8;
+    Inputs inputs{ input_at(from), input_at(from, MOUSEEVENTF_LEFTDOWN) };
+    send(inputs);
+    for (int step = 1; step <= steps; ++step) {
+        std::this_thread::sleep_for(milliseconds{ 15 });
+        Inputs move{ input_at(
+            { from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps }) };
+        send(move);
+    }
+    Inputs release{ input_at(to, MOUSEEVENTF_LEFTUP) };
+    send(release);
 }
 
 // What the X server tells late of an earlier move may carry the pointer back, and the wheel to a control

@@ -145,6 +145,11 @@ Window Program::focus() const
     return Window(gui_state().hwndFocus);
 }
 
+bool Program::is_active(Window window) const
+{
+    return gui_state().hwndActive == window.handle() && GetForegroundWindow() == window.handle();
+}
+
 void Program::click_on(Window control) const
 {
     // A press that comes while the window manager still places the window reaches nobody.

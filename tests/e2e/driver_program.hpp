@@ -21,6 +21,7 @@ public:
     ~Program();
 
     DWORD process_id() const { return process_.dwProcessId; }
+    HANDLE process() const { return process_.hProcess; }
     bool is_running() const;
     // Waits for the end.
     DWORD exit_code() const;
@@ -37,6 +38,10 @@ public:
 
     // The control that the keyboard goes to.
     Window focus() const;
+    // Whether one of its windows has taken the mouse.
+    bool holds_mouse() const { return gui_state().hwndCapture != nullptr; }
+    // Whether that window of the program is the active one on the screen.
+    bool is_active(Window window) const;
     // Gives the keyboard to the main window's control by a click, unless it has it.
     void click_on(Window control) const;
 

@@ -49,6 +49,10 @@ public:
     }
     std::size_t size() const { return static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_); }
     std::uint32_t pixel(std::size_t i) const { return bits_[i] & 0xFFFFFFu; }
+    COLORREF color(std::size_t i) const
+    {
+        return RGB(bits_[i] >> 16 & 0xFF, bits_[i] >> 8 & 0xFF, bits_[i] & 0xFF);
+    }
     BITMAPINFOHEADER header() const
     {
         BITMAPINFOHEADER result{};
@@ -126,6 +130,21 @@ void save_screenshot(const std::filesystem::path& file)
     bytes.append(canvas.bytes());
     std::filesystem::create_directories(file.parent_path());
     write_bytes(file, bytes);
+}
+
+COLORREF color_on_screen(POINT place)
+{
+    return column_on_screen(place, 1).front();
+}
+
+std::vector<COLORREF> column_on_screen(POINT top, int height)
+{
+    Canvas canvas(1, height);
+    canvas.copy_from_screen(top.x, top.y);
+    std::vector<COLORREF> colors;
+    for (std::size_t i = canvas.size(); i-- > 0;)
+        colors.push_back(canvas.color(i));
+    return colors;
 }
 
 // Which picture it is cannot be asked across processes, so it is looked at.

@@ -1,6 +1,7 @@
 #include "driver_test.hpp"
 #include "driver_screen.hpp"
 #include "platform/text.hpp"
+#include <algorithm>
 
 namespace e2e {
 
@@ -9,7 +10,9 @@ namespace {
 std::string test_name()
 {
     const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    return std::string(info->test_suite_name()) + "." + info->name();
+    std::string name = std::string(info->test_suite_name()) + "." + info->name();
+    std::ranges::replace(name, '/', '-'); // of a test with a parameter; the name is a folder's too
+    return name;
 }
 
 } // namespace
@@ -76,6 +79,8 @@ void EndToEnd::answer_box(const std::wstring& text, Icon icon, int button, const
     const MessageDialog box = program().wait_for_box();
     EXPECT_EQ(box.text(), text);
     EXPECT_EQ(box.icon(), icon);
+    if (HasFailure())
+        save_screenshot(windows_path(PAGEWICK_ARTIFACTS) / (test_name() + "_box.bmp"));
     box.answer(button);
 }
 

@@ -1,0 +1,139 @@
+#include "driver_main_window.hpp"
+#include "app/menus.hpp"
+#include "controls/check_box.hpp"
+#include "driver_screen.hpp"
+#include "look/page_slider.hpp"
+#include "look/tab_strip.hpp"
+#include <algorithm>
+
+namespace e2e {
+
+namespace command = app::command;
+
+bool MainWindowTest::is_checked(int id) const
+{
+    constexpr int frame = 3;
+    constexpr std::uint8_t dark = 64;
+    const RECT item = box(id).rect();
+    const platform::Rect square = ovlib::check_box_rect({ item.left, item.top, item.right, item.bottom });
+    for (int x = square.left + frame; x < square.right - frame; ++x) {
+        const auto column = column_on_screen({ x, square.top + frame }, square.height() - 2 * frame);
+        if (std::ranges::any_of(
+                column, [](COLORREF color) { return ovlib::Color{ color }.luminance() < dark; }))
+            return true;
+    }
+    return false;
+}
+
+POINT MainWindowTest::on_screen(int x, int y) const
+{
+    POINT point{ x, y };
+    ClientToScreen(main_window().handle(), &point);
+    return point;
+}
+
+POINT MainWindowTest::middle(const app::Rect& rect) const
+{
+    return on_screen((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+}
+
+app::MainLayout MainWindowTest::layout() const
+{
+    RECT client{};
+    GetClientRect(main_window().handle(), &client);
+    return app::main_layout({ client.right, client.bottom });
+}
+
+POINT MainWindowTest::tab_place(std::size_t number, std::size_t count) const
+{
+    const app::Rect strip = layout().tabs;
+    const auto tabs = look::tab_rects(count, { strip.width(), strip.height() });
+    const app::Rect& tab = tabs.at(number - 1);
+    const int right = number < count ? std::min(tab.right, tabs[number].left) : tab.right;
+    return on_screen(strip.left + (tab.left + right) / 2, strip.top + tab.height() / 2);
+}
+
+POINT MainWindowTest::thumb_place(std::size_t position, std::size_t count) const
+{
+    const app::Rect slider = layout().slider;
+    constexpr int margin = 8;
+    const app::Rect track = look::page_slider_track({ margin, 0, slider.width() - margin, slider.height() });
+    const int run = track.width() - 1;
+    const int x = track.left + run * static_cast<int>(position) / static_cast<int>(count - 1);
+    return on_screen(slider.left + x, (slider.top + slider.bottom) / 2);
+}
+
+PopupMenu MainWindowTest::book_menu(bool has_edits)
+{
+    return { program(), app::book_menu(has_edits),
+        when_active([this] { click_control(command::show_book_menu); }) };
+}
+
+PopupMenu MainWindowTest::main_menu(std::int32_t order_mode)
+{
+    return { program(), app::main_menu({ .order_mode = order_mode }),
+        when_active([this] { right_click(background()); }) };
+}
+
+PopupMenu MainWindowTest::tab_menu(std::size_t number, std::size_t count)
+{
+    const POINT tab = tab_place(number, count);
+    return { program(), look::tab_menu(), when_active([tab] { right_click(tab); }) };
+}
+
+std::function<void()> MainWindowTest::when_active(std::function<void()> act)
+{
+    return [this, act = std::move(act)] {
+        require("the main window is active", [this] { return program().is_active(main_window()); });
+        act();
+    };
+}
+
+Window MainWindowTest::side_window(const std::wstring& class_name) const
+{
+    const std::vector<Window> windows = top_windows(program().process_id());
+    const auto found = std::ranges::find(windows, class_name, &Window::class_name);
+    return found == windows.end() ? Window{} : *found;
+}
+
+// The only window that takes no activation.
+Window MainWindowTest::banner() const
+{
+    const std::vector<Window> windows = top_windows(program().process_id());
+    const auto found = std::ranges::find_if(windows, [](Window window) {
+        const LONG style = GetWindowLongW(window.handle(), GWL_EXSTYLE);
+        return (style & WS_EX_NOACTIVATE) != 0 && window.class_name().starts_with(L"ovlib_");
+    });
+    return found == windows.end() ? Window{} : *found;
+}
+
+void MainWindowTest::go_to_first(const std::wstring& box1, const Where& where)
+{
+    click_control(command::first_page);
+    expect_page(box1, where);
+}
+
+std::vector<std::wstring> MainWindowTest::read_on(std::size_t page_count)
+{
+    const auto text = [this] { return box(command::box_1).text(); };
+    std::vector<std::wstring> pages{ text() };
+    while (pages.size() < page_count) {
+        click_control(command::next_page);
+        require("the next page shows", [&] { return text() != pages.back(); });
+        pages.push_back(text());
+    }
+    for (std::wstring& page : pages)
+        page.resize(std::min(page.size(), page.find(L"\r\n")));
+    return pages;
+}
+
+void MainWindowTest::retype(int id, const std::wstring& text, const Where& where)
+{
+    program().click_on(box(id));
+    box(id).select(0, static_cast<std::size_t>(-1));
+    type_text(text);
+    expect_soon(
+        text, [&] { return box(id).text(); }, where);
+}
+
+} // namespace e2e

@@ -1,0 +1,62 @@
+// What a user reaches in the main window with a mouse, by the places where it lies.
+#pragma once
+#include "app/main_layout.hpp"
+#include "driver_menu.hpp"
+#include "driver_test.hpp"
+
+namespace e2e {
+
+inline constexpr auto leave_question = L"ページの内容が変更されています．\r\nファイルに保存しますか？";
+
+class MainWindowTest : public EndToEnd {
+protected:
+    // Until the window has taken a click, the window manager may still be placing it.
+    void settle() { program().click_on(box(app::command::box_1)); }
+    void open_settled(const std::filesystem::path& book)
+    {
+        open(book);
+        settle();
+    }
+    void restart()
+    {
+        close();
+        start().wait_for_window();
+        settle();
+    }
+    void click_control(int id) { click(box(id).center()); }
+    // Told from the screen in the standard theme: a tick is dark, an empty box is light.
+    bool is_checked(int id) const;
+
+    POINT on_screen(int x, int y) const;
+    POINT middle(const app::Rect& rect) const;
+    // With the boundary where a Book without one has it.
+    app::MainLayout layout() const;
+    // Between the columns, where no control stands.
+    POINT background() const { return on_screen(687, 300); }
+    // A place of that tab of `count` which no other tab covers.
+    POINT tab_place(std::size_t number, std::size_t count) const;
+    POINT thumb_place(std::size_t position, std::size_t count) const;
+
+    // Opened by a click.
+    PopupMenu book_menu(bool has_edits);
+    PopupMenu main_menu(std::int32_t order_mode = 2700);
+    PopupMenu tab_menu(std::size_t number, std::size_t count);
+
+    // `act`, put off until the main window has the activation back from whatever had it.
+    std::function<void()> when_active(std::function<void()> act);
+
+    // A window of the program beside the main one; not `exists()` while there is none to see.
+    Window side_window(const std::wstring& class_name) const;
+    bool has_banner() const { return banner().exists(); }
+    Window banner() const;
+    Window history_window() const { return side_window(L"ovlib_historywnd[53]"); }
+
+    void go_to_first(const std::wstring& box1, const Where& where = Where::current());
+    // Box 1 of that many pages, the one in view first, turned with the button beside the slider. No two pages
+    // in a row may read the same.
+    std::vector<std::wstring> read_on(std::size_t page_count);
+    // Replaces what a box holds by typing.
+    void retype(int id, const std::wstring& text, const Where& where = Where::current());
+};
+
+} // namespace e2e

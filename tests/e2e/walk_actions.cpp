@@ -1,0 +1,542 @@
+// What a walk may do, how often, and when.
+#include "app/command_ids.hpp"
+#include "app/main_layout.hpp"
+#include "app/titles.hpp"
+#include "book/query.hpp"
+#include "look/page_slider.hpp"
+#include "look/tab_strip.hpp"
+#include "walk_walker.hpp"
+#include <array>
+#include <numeric>
+
+namespace walk {
+
+namespace {
+
+namespace command = app::command;
+using app::MainLayout;
+using platform::Rect;
+
+bool always(const Walker&)
+{
+    return true;
+}
+bool has_room(const Walker& walker)
+{
+    return walker.model.page_count() < 14; // few enough for equal pages to keep their stored order
+}
+bool has_files(const Walker& walker)
+{
+    return !const_cast<Walker&>(walker).model.current().files.empty();
+}
+// Where a page stands among others of the same time is told by nobody before its time is.
+bool may_swap(const Walker& walker)
+{
+    return !walker.model.is_sorted_by_time() || !walker.model.is_edited();
+}
+bool accepts_input(const Walker& walker)
+{
+    return walker.model.accepts_input;
+}
+bool has_unopened_file(const Walker& walker)
+{
+    return walker.model.files.size() > 1;
+}
+
+MainLayout layout_of(const Walker& walker)
+{
+    RECT client{};
+    GetClientRect(walker.main().handle(), &client);
+    return app::main_layout({ client.right, client.bottom });
+}
+
+template <int direction> void turn(Walker& walker)
+{
+    walker.model.turn(direction);
+    walker.give(direction > 0 ? command::next_page : command::previous_page);
+}
+
+template <bool last> void go_to_end(Walker& walker)
+{
+    walker.model.go_to_end(last);
+    walker.give(last ? command::last_page : command::first_page);
+}
+
+void turn_wheel(Walker& walker)
+{
+    const int direction = walker.chance(50) ? 1 : -1;
+    walker.model.turn(direction);
+    walker.send_wheel(direction, false);
+}
+
+void swap(Walker& walker)
+{
+    const int direction = walker.chance(50) ? 1 : -1;
+    walker.model.swap(direction);
+    walker.send_wheel(direction, true);
+}
+
+void slide(Walker& walker)
+{
+    const Rect place = layout_of(walker).slider;
+    ovlib::SliderModel slider;
+    slider.track = look::page_slider_track(ovlib::slider_track({ place.width(), place.height() }));
+    look::set_page_range(slider, walker.model.page_count(), walker.below(walker.model.page_count()));
+    const int x = ovlib::value_to_x(slider);
+    const std::int32_t value = ovlib::x_to_value(slider, x);
+    walker.note("to " + std::to_string(value));
+    walker.model.slide_to(static_cast<std::uint64_t>(value));
+    walker.hold_at({ place.left + x, (place.top + place.bottom) / 2 });
+}
+
+void click_tab(Walker& walker)
+{
+    const Rect strip = layout_of(walker).tabs;
+    const auto count = static_cast<std::size_t>(walker.model.tab_count());
+    const std::size_t tab = walker.below(count);
+    const auto rects = look::tab_rects(count, { strip.width(), strip.height() });
+    walker.note("tab " + std::to_string(tab + 1));
+    if (tab + 1 != walker.model.current_tab())
+        walker.model.go_to_tab(tab + 1);
+    walker.click_at({ strip.left + rects[tab].left + 3, (strip.top + strip.bottom) / 2 });
+}
+
+bool has_tabs(const Walker& walker)
+{
+    return walker.model.tab_count() > 0;
+}
+
+void go_to_tab(Walker& walker)
+{
+    const std::size_t number = walker.below(static_cast<std::size_t>(walker.model.tab_count()) + 3);
+    walker.note("tab " + std::to_string(number));
+    walker.model.go_to_tab(number);
+    walker.send(command::go_to_tab, static_cast<LPARAM>(number));
+}
+
+void write_text(Walker& walker, bool with_keys)
+{
+    const std::size_t box = walker.below(3);
+    const std::wstring text =
+        with_keys ? L"字" + std::to_wstring(walker.below(100)) : walker.some_text(box != 1);
+    const std::wstring before = walker.model.boxes[box].text;
+    const std::size_t start = walker.place_in(before, 0);
+    const std::size_t end = walker.chance(70) ? start : walker.place_in(before, start);
+    walker.model.type(box, start, end, text);
+    walker.type(box, start, end, text, with_keys);
+}
+
+void paste_text(Walker& walker)
+{
+    write_text(walker, false);
+}
+
+void type_text(Walker& walker)
+{
+    write_text(walker, true);
+}
+
+void save_always(Walker& walker)
+{
+    walker.model.save_always();
+    walker.send(command::save_always);
+}
+
+void save_if_changed(Walker& walker)
+{
+    walker.model.save_if_changed();
+    walker.give(command::save_if_changed);
+}
+
+void save_by_key(Walker& walker)
+{
+    walker.model.save_if_changed();
+    walker.press_save_key(walker.below(3));
+}
+
+void save_after_question(Walker& walker)
+{
+    walker.model.save_after_question();
+    walker.send(command::save_after_question);
+}
+
+void sort(Walker& walker)
+{
+    walker.model.change_order(Order::sorted);
+    walker.give(command::toggle_sorted_order);
+}
+
+void reverse(Walker& walker)
+{
+    walker.model.change_order(Order::reversed);
+    walker.give(command::reverse_order);
+}
+
+void shuffle(Walker& walker)
+{
+    walker.turn_random();
+}
+
+void toggle_mark(Walker& walker)
+{
+    walker.model.toggle_mark();
+    walker.give(command::toggle_mark);
+}
+
+void toggle_tab(Walker& walker)
+{
+    walker.model.toggle_tab();
+    walker.give(command::toggle_tab);
+}
+
+void track_marks(Walker& walker)
+{
+    walker.model.toggle_track(Track::marks);
+    walker.give(command::toggle_mark_tracking);
+}
+
+void track_tabs(Walker& walker)
+{
+    walker.model.toggle_track(Track::tabs);
+    walker.give(command::toggle_tab_tracking);
+}
+
+void delete_page(Walker& walker)
+{
+    walker.model.delete_page();
+    walker.send(command::delete_page);
+}
+
+void add_page(Walker& walker)
+{
+    const bool at_end = walker.chance(50);
+    walker.model.add_page(at_end);
+    walker.send(at_end ? command::add_page_at_end : command::add_page_here);
+}
+
+void clear_folder(Walker& walker)
+{
+    walker.model.clear_folder();
+    walker.send(command::clear_reference_folder);
+}
+
+void select_file(Walker& walker)
+{
+    struct Step {
+        int command;
+        int by;
+    };
+    constexpr std::array steps{ Step{ command::first_file, -99 }, Step{ command::last_file, 99 },
+        Step{ command::previous_file, -1 }, Step{ command::next_file, 1 } };
+    const Step step = steps[walker.below(steps.size())];
+    walker.model.step_file(step.by);
+    const bool has_button = step.command == command::first_file || step.command == command::last_file;
+    if (has_button)
+        walker.give(step.command);
+    else
+        walker.send(step.command);
+}
+
+void choose_file(Walker& walker)
+{
+    const std::size_t row = walker.below(walker.model.current().files.size());
+    walker.model.select_file(row);
+    walker.choose_file(row);
+}
+
+void move_file(Walker& walker)
+{
+    struct Step {
+        int command;
+        int by;
+    };
+    constexpr std::array steps{ Step{ command::move_file_to_top, -99 }, Step{ command::move_file_to_end, 99 },
+        Step{ command::move_file_up, -1 }, Step{ command::move_file_down, 1 } };
+    const Step step = steps[walker.below(steps.size())];
+    walker.model.move_file(step.by);
+    walker.send(step.command);
+}
+
+void remove_file(Walker& walker)
+{
+    walker.model.remove_file();
+    walker.send(command::remove_file);
+}
+
+void remove_all_files(Walker& walker)
+{
+    walker.model.remove_all_files();
+    walker.send(command::remove_all_files);
+}
+
+void sort_files(Walker& walker)
+{
+    const bool descending = walker.chance(50);
+    walker.model.sort_files(descending);
+    walker.send(descending ? command::sort_files_descending : command::sort_files_ascending);
+}
+
+void search(Walker& walker)
+{
+    walker.set_search(walker.chance(20) ? L"" : walker.some_text(false));
+}
+
+// The selection of the box that has the focus; a line's end does not go into the search box.
+void search_selection(Walker& walker)
+{
+    const std::size_t box = walker.below(3);
+    const std::wstring& text = walker.model.boxes[box].text;
+    const std::size_t start = walker.place_in(text, 0);
+    const std::size_t end = walker.place_in(text, start);
+    const std::wstring selected = text.substr(start, end - start);
+    if (selected.find(L'\n') != selected.npos)
+        return;
+    if (!selected.empty())
+        walker.model.search_selection(selected);
+    walker.select(box, start, end);
+    walker.send(command::search_selection);
+}
+
+void clear_search(Walker& walker)
+{
+    walker.model.search.clear();
+    walker.give(command::clear_search);
+}
+
+void toggle_check(Walker& walker)
+{
+    switch (walker.below(3)) {
+    case 0:
+        walker.model.all_terms = !walker.model.all_terms;
+        return walker.give(command::toggle_all_terms);
+    case 1:
+        walker.model.ignore_case = !walker.model.ignore_case;
+        return walker.give(command::toggle_ignore_case);
+    default:
+        walker.model.in_file_list = !walker.model.in_file_list;
+        return walker.give(command::toggle_file_list_search);
+    }
+}
+
+void refresh(Walker& walker)
+{
+    const auto mask = static_cast<std::uint32_t>(walker.below(0x10000));
+    walker.model.refresh(mask);
+    walker.send(command::request_refresh, static_cast<LPARAM>(mask));
+}
+
+void apply_theme(Walker& walker)
+{
+    const auto theme = static_cast<std::int32_t>(command::first_theme + static_cast<int>(walker.below(7)));
+    walker.model.apply_theme(theme);
+    walker.send(theme);
+}
+
+void color_all_pages(Walker& walker)
+{
+    walker.model.color_all_pages();
+    walker.send(command::apply_theme_to_pages);
+}
+
+std::wstring chosen_path(Walker& walker, bool may_be_new)
+{
+    return walker.chance(25) ? std::wstring{} : walker.some_path(may_be_new);
+}
+
+void new_book(Walker& walker)
+{
+    walker.model.new_book(chosen_path(walker, true));
+    walker.send(command::new_book);
+}
+
+void open_book(Walker& walker)
+{
+    walker.model.open_book(chosen_path(walker, false));
+    walker.send(command::open_book);
+}
+
+void save_as(Walker& walker)
+{
+    walker.model.save_as(chosen_path(walker, true));
+    walker.send(command::save_book_as);
+}
+
+void open_history(Walker& walker)
+{
+    const std::size_t place = walker.below(walker.model.history.size() + 1);
+    walker.model.open_history(place);
+    walker.send(command::first_history_entry + static_cast<int>(place));
+}
+
+void restore(Walker& walker)
+{
+    walker.model.restore();
+    walker.send(command::restore_book);
+}
+
+void back_up(Walker& walker)
+{
+    walker.model.backup();
+    walker.send(command::backup_book);
+}
+
+void about(Walker& walker)
+{
+    walker.model.about(app::about_text());
+    walker.send(command::about);
+}
+
+void hold_input(Walker& walker)
+{
+    walker.model.accepts_input = !walker.model.accepts_input;
+    walker.send(command::set_accepting_input, walker.model.accepts_input);
+}
+
+void restart(Walker& walker)
+{
+    walker.restart();
+}
+
+void remove_unopened_file(Walker& walker)
+{
+    walker.remove_unopened_file();
+}
+
+void scroll(Walker& walker)
+{
+    walker.scroll(walker.chance(50) ? 0 : 2, static_cast<int>(walker.below(40)) - 20);
+}
+
+void choose_in_book_menu(Walker& walker)
+{
+    switch (walker.below(3)) {
+    case 0:
+        walker.model.new_book(chosen_path(walker, true));
+        return walker.choose_in_book_menu(VK_HOME, 0);
+    case 1:
+        walker.model.save_as(chosen_path(walker, true));
+        return walker.choose_in_book_menu(VK_END, 2);
+    default:
+        walker.model.backup();
+        return walker.choose_in_book_menu(VK_END, 1);
+    }
+}
+
+void look_at_menu(Walker& walker)
+{
+    constexpr std::array menus{ command::show_book_menu, command::show_folder_menu, command::show_file_menu,
+        command::show_web_menu };
+    walker.look_at_menu(menus[walker.below(menus.size())]);
+}
+
+void show_history(Walker& walker)
+{
+    walker.show_history();
+}
+
+void drag_boundary(Walker& walker)
+{
+    const MainLayout layout = layout_of(walker);
+    const app::PageBoxes boxes = app::with_divider(layout.boxes, walker.model.book.header.divider);
+    const Rect gap = app::gap_rect(boxes, app::BoxGap::upper);
+    const int x = gap.left + 20;
+    const int y = 110 + static_cast<int>(walker.below(450)); // a click finds text in every box then
+    walker.note("to " + std::to_string(y));
+    walker.model.book.header.divider = app::clamp_divider(boxes, y);
+    walker.drag({ x, (gap.top + gap.bottom) / 2 }, { x, y });
+}
+
+// Numbers that mean nothing, and commands whose windows are still to come.
+void send_idle(Walker& walker)
+{
+    constexpr std::array commands{ 1, 999, 1017, 1032, 1037, 1043, 1045, 1046, 1047, 1048, 1051, 1052, 1053,
+        1057, 1058, 1026, 1065, 2500, 2501, 2503, 2505, 2506, 2508, 2509, 2510, 2511, 2519, 2522, 2523, 2524,
+        2529, 2531, 2543, 2544, 2545, 2546, 2547, 2548, 3000, 5000, 5003, 5005, 5006, 5500, 6007, 6500, 7000,
+        9999, 15000, 33000, 33999, 34000, 34049, 34050, 65535 };
+    walker.send(commands[walker.below(commands.size())]);
+}
+
+void send_code(Walker& walker)
+{
+    constexpr std::array commands{ 1002, 1004, 1010, 1014, 1018, 1064, 2502, 2507, 2526, 2528, 2536, 6002,
+        10000 };
+    walker.send(commands[walker.below(commands.size())], 0, 1 + static_cast<int>(walker.below(5)));
+}
+
+constexpr std::array actions{
+    Action{ "paste text", 120, always, paste_text },
+    Action{ "type text", 6, always, type_text },
+    Action{ "scroll", 20, always, scroll },
+    Action{ "next page", 60, always, turn<1> },
+    Action{ "previous page", 60, always, turn<-1> },
+    Action{ "first page", 15, always, go_to_end<false> },
+    Action{ "last page", 15, always, go_to_end<true> },
+    Action{ "wheel", 30, always, turn_wheel },
+    Action{ "swap", 25, may_swap, swap },
+    Action{ "slider", 8, always, slide },
+    Action{ "tab click", 6, has_tabs, click_tab },
+    Action{ "go to tab", 15, always, go_to_tab },
+    Action{ "save", 20, always, save_always },
+    Action{ "save if changed", 25, always, save_if_changed },
+    Action{ "save by key", 5, always, save_by_key },
+    Action{ "save after question", 15, always, save_after_question },
+    Action{ "sort", 15, always, sort },
+    Action{ "shuffle", 15, always, shuffle },
+    Action{ "reverse", 15, always, reverse },
+    Action{ "mark", 30, always, toggle_mark },
+    Action{ "tab", 30, always, toggle_tab },
+    Action{ "track marks", 10, always, track_marks },
+    Action{ "track tabs", 10, always, track_tabs },
+    Action{ "delete page", 25, always, delete_page },
+    Action{ "add page", 30, has_room, add_page },
+    Action{ "clear folder", 10, always, clear_folder },
+    Action{ "select file", 25, always, select_file },
+    Action{ "choose file", 15, has_files, choose_file },
+    Action{ "move file", 25, always, move_file },
+    Action{ "remove file", 8, has_files, remove_file },
+    Action{ "remove all files", 3, always, remove_all_files },
+    Action{ "sort files", 10, always, sort_files },
+    Action{ "search", 25, always, search },
+    Action{ "search selection", 4, always, search_selection },
+    Action{ "clear search", 20, always, clear_search },
+    Action{ "search check", 20, always, toggle_check },
+    Action{ "refresh", 20, always, refresh },
+    Action{ "theme", 10, always, apply_theme },
+    Action{ "colour all pages", 5, always, color_all_pages },
+    Action{ "new Book", 3, always, new_book },
+    Action{ "open Book", 5, always, open_book },
+    Action{ "save as", 3, always, save_as },
+    Action{ "history entry", 15, always, open_history },
+    Action{ "restore", 10, always, restore },
+    Action{ "back up", 6, always, back_up },
+    Action{ "about", 2, always, about },
+    Action{ "hold input", 8, accepts_input, hold_input },
+    Action{
+        "release input", 60, [](const Walker& walker) { return !walker.model.accepts_input; }, hold_input },
+    Action{ "restart", 2, always, restart },
+    Action{ "remove a file", 2, has_unopened_file, remove_unopened_file },
+    Action{ "Book menu", 3, always, choose_in_book_menu },
+    Action{ "menu left", 3, always, look_at_menu },
+    Action{ "show history", 3, always, show_history },
+    Action{ "boundary", 4, always, drag_boundary },
+    Action{ "idle command", 30, always, send_idle },
+    Action{ "code that is not taken", 10, always, send_code },
+};
+
+} // namespace
+
+const Action& choose_action(Walker& walker)
+{
+    constexpr std::size_t total = std::accumulate(actions.begin(), actions.end(), std::size_t{ 0 },
+        [](std::size_t sum, const Action& action) { return sum + action.weight; });
+    while (true) {
+        std::size_t drawn = walker.below(total);
+        const Action* action = actions.data();
+        while (drawn >= action->weight)
+            drawn -= (action++)->weight;
+        if (action->can(walker))
+            return *action;
+    }
+}
+
+} // namespace walk

@@ -1,0 +1,164 @@
+// What a user may expect of the open Book, kept beside the program while a walk drives it: plain rules on
+// plain records, with none of the program's handlers.
+#pragma once
+#include "book/book.hpp"
+#include "book/search.hpp"
+#include <array>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace walk {
+
+// Stands in a stamp for a time that only the written file can tell. Later than every time.
+inline constexpr wchar_t unknown_time[] = L"??????????????";
+
+inline constexpr unsigned no_page = 0;
+
+struct Page {
+    book::Page data;
+    unsigned id = no_page; // stays with the page wherever it goes
+};
+
+// A Book as a file holds it, or as the program does.
+struct Record {
+    book::BookHeader header;
+    std::vector<Page> pages;
+};
+
+// Where the boundary of a Book that has none yet lies.
+inline constexpr int first_divider = 112;
+
+// Without its folder.
+std::wstring name_of(const std::wstring& path);
+// The bytes of its file.
+std::string bytes_of(const Record& record);
+// As it stands in memory after its file was read.
+Record as_read(Record record);
+
+struct Box {
+    std::wstring text;
+    bool edited = false;
+};
+
+// What the program puts before its user in one step, and what it gets for an answer.
+struct Talk {
+    enum class Kind { message, file_dialog, overwrite };
+    Kind kind = Kind::message;
+    std::wstring text; // of the box; the caption of a dialog; not told of an overwrite question
+    int answer = 0; // a button
+    std::wstring path; // chosen in a dialog; empty: it is cancelled
+};
+
+enum class Track { marks, tabs };
+enum class Order { sorted, random, reversed };
+
+class Model {
+public:
+    // Answers each question of the program.
+    std::function<bool()> says_yes;
+    std::wstring backup_folder;
+
+    std::map<std::wstring, Record> files; // what every Book's file holds, by its path
+    std::map<std::wstring, Record> backups; // by file name
+    std::vector<std::wstring> history;
+
+    std::wstring path;
+    Record book;
+    std::array<Box, 3> boxes;
+    std::array<int, 2> scroll{}; // first visible lines of boxes 1 and 3, to be told before each step
+    std::int32_t theme = book::standard_theme;
+    bool accepts_input = true;
+    std::wstring search;
+    bool all_terms = false;
+    bool ignore_case = false;
+    bool in_file_list = false;
+
+    std::vector<Talk> talks; // of this step
+    void begin_step();
+
+    book::Page& current();
+    std::size_t index_at(std::uint64_t position) const;
+    std::size_t page_count() const { return book.pages.size(); }
+    std::int32_t tab_count() const;
+    std::uint64_t current_tab() { return current().tab_number; }
+    bool is_edited() const;
+    bool is_sorted() const;
+    bool is_sorted_by_time() const;
+    std::wstring title() const;
+
+    void type(std::size_t box, std::size_t start, std::size_t end, const std::wstring& text);
+
+    void save_always();
+    void save_if_changed();
+    void save_after_question();
+    void turn(int direction);
+    void go_to_end(bool last);
+    void go_to_tab(std::uint64_t number);
+    void slide_to(std::uint64_t position);
+    void swap(int direction);
+    void change_order(Order order);
+    void toggle_track(Track track);
+    void toggle_mark();
+    void toggle_tab();
+    void delete_page();
+    void add_page(bool at_end);
+    void clear_folder();
+    void refresh(std::uint32_t mask);
+    void search_selection(const std::wstring& selected) { search = selected; }
+
+    void select_file(std::size_t place);
+    void step_file(int by); // clamped
+    void move_file(int by); // clamped
+    void remove_file();
+    void remove_all_files();
+    void sort_files(bool descending);
+
+    void apply_theme(std::int32_t identifier);
+    void color_all_pages();
+
+    // An empty `chosen` cancels the dialog.
+    void new_book(const std::wstring& chosen);
+    void open_book(const std::wstring& chosen);
+    void save_as(const std::wstring& chosen);
+    void open_history(std::size_t place);
+    void restore();
+    void backup();
+    void about(const std::wstring& text);
+    // The program comes up with the first Book of its history.
+    void start();
+    void close() { save_always(); }
+
+    // A random order takes a seed that only the file can tell.
+    void take_seed(std::uint32_t seed);
+    // Takes the times that could not be foretold from a Book that this step wrote. What is wrong with them,
+    // or nothing.
+    std::string learn(const std::wstring& file, const book::Book& on_disk, const std::wstring& earliest,
+        const std::wstring& latest);
+
+private:
+    bool ask(const std::wstring& text);
+    void store_scroll();
+    void write();
+    bool leave();
+    void finish(bool shows_page);
+    void show();
+    void mark_clean();
+    void forget_shown();
+    void recount();
+    void rebuild_order();
+    void load(const std::wstring& file);
+    void remember(const std::wstring& file);
+    void insert_page(std::size_t index);
+    bool find(int direction);
+    Page* page_with(unsigned id);
+
+    std::vector<std::uint64_t> order_;
+    unsigned shown_ = no_page;
+    unsigned next_id_ = 1;
+    bool was_reordered_ = false; // in this step
+};
+
+} // namespace walk
