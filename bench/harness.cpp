@@ -9,12 +9,13 @@ namespace bench {
 
 namespace {
 
-double milliseconds_of(const Work& work)
+double milliseconds_of(const Work& work, int repeats)
 {
     using Clock = std::chrono::steady_clock;
     const Clock::time_point start = Clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+    for (int i = 0; i < repeats; ++i)
+        work();
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count() / repeats;
 }
 
 double median(std::vector<double> times)
@@ -24,22 +25,25 @@ double median(std::vector<double> times)
     return *middle;
 }
 
-Result measure(const Case& work, const std::map<std::string, double>& outside)
+Result measure(const Case& work, const Options& options)
 {
+    const auto typical = [&](const std::vector<double>& times) {
+        return options.quietest ? *std::ranges::min_element(times) : median(times);
+    };
     Result result{ work.name, 0, work.against, 0, work.target_ratio, work.target_ms };
     std::vector<double> subject;
     std::vector<double> yardstick;
     for (int round = 0; round < work.rounds; ++round) {
         if (work.prepare)
             work.prepare();
-        subject.push_back(milliseconds_of(work.subject));
+        subject.push_back(milliseconds_of(work.subject, work.repeats));
         if (work.yardstick)
-            yardstick.push_back(milliseconds_of(work.yardstick));
+            yardstick.push_back(milliseconds_of(work.yardstick, work.repeats));
     }
-    result.ms = median(subject);
+    result.ms = typical(subject);
     if (work.yardstick)
-        result.yardstick_ms = median(yardstick);
-    else if (const auto told = outside.find(work.against); told != outside.end())
+        result.yardstick_ms = typical(yardstick);
+    else if (const auto told = options.outside.find(work.against); told != options.outside.end())
         result.yardstick_ms = told->second;
     return result;
 }
@@ -74,7 +78,7 @@ void print(const Result& result, bool tab_separated)
 {
     const bool has_yardstick = result.yardstick_ms > 0;
     const char* const format = tab_separated ? "%s\t%s\t%s\t%s\t%s\t%s\t%s\n"
-                                             : "%-36s %10s ms   %-34s %10s ms  %8s  target %-12s %s\n";
+                                             : "%-42s %10s ms   %-34s %10s ms  %8s  target %-12s %s\n";
     std::printf(format, result.name.c_str(), number("%.3f", result.ms, true).c_str(),
         result.against.empty() ? "-" : result.against.c_str(),
         number("%.3f", result.yardstick_ms, has_yardstick).c_str(),
@@ -103,7 +107,7 @@ book::Book& Bench::big_book()
 
 void Bench::run(const Case& work)
 {
-    print(measure(work, options_.outside), options_.tab_separated);
+    print(measure(work, options_), options_.tab_separated);
 }
 
 } // namespace bench

@@ -22,6 +22,7 @@ struct Case {
     double target_ms = 0; // likewise for the bare time
     int rounds = 9; // the median counts
     Work prepare = nullptr; // before every round, not measured
+    int repeats = 1; // how often a round does both; times are those of one
 };
 
 struct Result {
@@ -39,6 +40,7 @@ struct Options {
     std::map<std::string, double> outside; // yardsticks measured by the caller: name and milliseconds
     std::vector<std::string> only; // suites to run; empty: all
     bool tab_separated = false;
+    bool quietest = false; // the least of the rounds counts, not the median: for a busy machine
 };
 
 class Bench {
@@ -72,5 +74,12 @@ struct Suite {
 void run_load_save(Bench& bench);
 void run_search(Bench& bench);
 void run_order(Bench& bench);
+void run_tabs(Bench& bench);
+#if defined(_WIN32)
+void run_paint(Bench& bench);
+void run_start(Bench& bench);
+void run_pages(Bench& bench);
+void run_typing(Bench& bench);
+#endif
 
 } // namespace bench

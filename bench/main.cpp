@@ -1,4 +1,4 @@
-// bench [--book FILE] [--scratch FILE] [--outside NAME=MS]… [--only SUITE]… [--tsv]
+// bench [--book FILE] [--scratch FILE] [--outside NAME=MS]… [--only SUITE]… [--tsv] [--quietest]
 #include "bench/harness.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
@@ -13,6 +13,13 @@ constexpr bench::Suite suites[] = {
     { "load_save", bench::run_load_save },
     { "search", bench::run_search },
     { "order", bench::run_order },
+    { "tabs", bench::run_tabs },
+#if defined(_WIN32)
+    { "paint", bench::run_paint },
+    { "start", bench::run_start },
+    { "pages", bench::run_pages },
+    { "typing", bench::run_typing },
+#endif
 };
 
 constexpr int usage_error = 2;
@@ -32,6 +39,10 @@ bool read_options(std::span<const std::string> arguments, bench::Options& option
         const std::string& name = arguments[i];
         if (name == "--tsv") {
             options.tab_separated = true;
+            continue;
+        }
+        if (name == "--quietest") {
+            options.quietest = true;
             continue;
         }
         if (++i == arguments.size())
@@ -55,7 +66,8 @@ int run(std::span<const std::string> arguments)
     options.scratch = L"build/big/scratch.bok";
     if (!read_options(arguments, options)) {
         std::fprintf(stderr,
-            "usage: bench [--book FILE] [--scratch FILE] [--outside NAME=MS]... [--only SUITE]... [--tsv]\n");
+            "usage: bench [--book FILE] [--scratch FILE] [--outside NAME=MS]... [--only SUITE]... [--tsv] "
+            "[--quietest]\n");
         return usage_error;
     }
     const std::vector<std::string> only = options.only;

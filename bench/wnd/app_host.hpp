@@ -1,0 +1,64 @@
+// The main window in the bench's own process, and the program in a process of its own, each on a data root of
+// its own.
+#pragma once
+#include "app/wnd/appwnd.hpp"
+#include "book/book.hpp"
+#include "ovlib/gui/gdip.hpp"
+#include "tests/support/temp_folder.hpp"
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <windows.h>
+
+namespace bench {
+
+// What the program ships, with a Book that it opens at its start.
+class DataRoot {
+public:
+    explicit DataRoot(book::Book& book);
+
+    std::wstring folder() const { return folder_.path(); }
+    std::wstring program() const { return folder_.file(L"pagewick.exe"); }
+
+private:
+    test_support::TempFolder folder_;
+};
+
+class AppHost {
+public:
+    explicit AppHost(book::Book& book);
+    AppHost(const AppHost&) = delete;
+    AppHost& operator=(const AppHost&) = delete;
+    ~AppHost();
+
+    app::AppWnd& window() { return *window_; }
+    const book::Book& book() const { return window_->book(); }
+    HWND control(int id) const { return GetDlgItem(window_->hwnd(), id); }
+    // The main window's control of this class; there is one.
+    template <class Control> Control& the() const;
+
+    // Until nothing is left to be painted.
+    void settle() const;
+    void command(int id) const;
+    // As the slider tells of a place on its track.
+    void go_to(std::size_t position) const;
+
+private:
+    std::filesystem::path old_folder_;
+    DataRoot root_;
+    ovlib::GDIPSession gdip_;
+    std::unique_ptr<app::AppWnd> window_;
+};
+
+template <class Control> Control& AppHost::the() const
+{
+    for (ovlib::Wnd* wnd = ovlib::Wnd::first(); wnd; wnd = wnd->next()) {
+        auto* const found = dynamic_cast<Control*>(wnd);
+        if (found && found->hwnd() && GetParent(found->hwnd()) == window_->hwnd())
+            return *found;
+    }
+    throw std::runtime_error("no such control");
+}
+
+} // namespace bench
