@@ -130,6 +130,19 @@ void GDIP::rectangle(const RECT& rect, Color border, Color fill)
     GdipDeleteBrush(brush);
 }
 
+void GDIP::set_interpolation(Gdiplus::InterpolationMode mode)
+{
+    status_ = GdipSetInterpolationMode(graphics_, mode);
+}
+
+void GDIP::draw_image(Gdiplus::GpImage* image, const RECT& target)
+{
+    const INT width = target.right - target.left;
+    const INT height = target.bottom - target.top;
+    if (width > 0 && height > 0)
+        status_ = GdipDrawImageRectI(graphics_, image, target.left, target.top, width, height);
+}
+
 void GDIP::draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source)
 {
     const INT width = source.right - source.left;

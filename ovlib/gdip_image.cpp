@@ -161,6 +161,11 @@ bool GDIPGif::load(const GDIPMemory& memory)
     return GDIPImage::load(memory) && read_frames();
 }
 
+bool GDIPGif::load_frames(const GDIPMemory& memory)
+{
+    return GDIPImage::load(memory) && count_frames();
+}
+
 bool GDIPGif::load(const std::wstring& path)
 {
     return GDIPImage::load(path) && read_frames();
@@ -184,14 +189,26 @@ bool GDIPGif::select_frame(UINT frame)
     return is_loaded() && GdipImageSelectActiveFrame(image(), &dimension_, frame) == Gdiplus::Ok;
 }
 
-bool GDIPGif::read_frames()
+bool GDIPGif::has_delays() const
+{
+    UINT size = 0;
+    return is_loaded() && GdipGetPropertyItemSize(image(), frame_delay, &size) == Gdiplus::Ok
+        && size >= sizeof(Gdiplus::PropertyItem);
+}
+
+bool GDIPGif::count_frames()
 {
     Gdiplus::GpStatus status = GdipImageGetFrameDimensionsList(image(), &dimension_, 1);
     if (status == Gdiplus::Ok)
         status = GdipImageGetFrameCount(image(), &dimension_, &frame_count_);
-    if (status == Gdiplus::Ok && (frame_count_ == 0 || !read_delays()))
+    if (status == Gdiplus::Ok && frame_count_ == 0)
         status = Gdiplus::PropertyNotFound;
     return keep(status);
+}
+
+bool GDIPGif::read_frames()
+{
+    return count_frames() && (read_delays() || keep(Gdiplus::PropertyNotFound));
 }
 
 bool GDIPGif::read_delays()

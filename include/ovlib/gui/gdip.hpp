@@ -52,6 +52,9 @@ public:
         const RECT& rect, float radius_x, float radius_y, Color border, float border_width, Color fill);
     // The border is one pixel wide and lies on the right and bottom edges too: outside `rect`.
     void rectangle(const RECT& rect, Color border, Color fill);
+    void set_interpolation(Gdiplus::InterpolationMode mode);
+    // Scaled to `target`; where that is empty nothing is drawn.
+    void draw_image(Gdiplus::GpImage* image, const RECT& target);
     // The part `source` of a picture in its natural size.
     void draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source);
 

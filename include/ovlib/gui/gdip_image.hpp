@@ -84,6 +84,8 @@ class GDIPGif : public GDIPImage {
 public:
     ~GDIPGif() override;
     bool load(const GDIPMemory& memory) override;
+    // Without asking for delays, which the system does not tell of every animation.
+    bool load_frames(const GDIPMemory& memory);
     bool load(const std::wstring& path) override;
     bool copy_from(const GDIPImage& image) override;
     void clear() override;
@@ -91,9 +93,12 @@ public:
     UINT frame_count() const { return frame_count_; }
     // In milliseconds, one for each frame; 100 where the file says 0.
     const std::vector<UINT>& delays() const { return delays_; }
+    // Whether the system tells of any.
+    bool has_delays() const;
     bool select_frame(UINT frame);
 
 private:
+    bool count_frames();
     bool read_frames();
     bool read_delays();
 

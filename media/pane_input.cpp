@@ -1,0 +1,45 @@
+#include "media/pane_input.hpp"
+#include "app/command_ids.hpp"
+#include <cstdlib>
+
+namespace media {
+
+namespace command = app::command;
+
+std::optional<int> wheel_command(int delta, bool with_ctrl)
+{
+    if (delta == 0)
+        return std::nullopt;
+    if (with_ctrl)
+        return delta > 0 ? command::move_file_up : command::move_file_down;
+    return delta > 0 ? command::previous_file : command::next_file;
+}
+
+DoubleClick double_click(const LoadedEntry& loaded)
+{
+    switch (loaded.state) {
+    case LoaderState::animation:
+        return DoubleClick::press;
+    case LoaderState::picture:
+    case LoaderState::thumbnail:
+        return DoubleClick::open;
+    default:
+        return loaded.path.empty() ? DoubleClick::nothing : DoubleClick::search;
+    }
+}
+
+void DragArm::press(platform::Point at)
+{
+    if (is_armed_)
+        return;
+    is_armed_ = true;
+    start_ = at;
+}
+
+bool DragArm::is_due(platform::Point at, platform::Size distance) const
+{
+    return is_armed_
+        && (std::abs(at.x - start_.x) >= distance.width || std::abs(at.y - start_.y) >= distance.height);
+}
+
+} // namespace media

@@ -1,0 +1,288 @@
+#include "media/wnd/filewnd.hpp"
+#include "app/command_ids.hpp"
+#include "app/folders.hpp"
+#include "app/settings.hpp"
+#include "app/titles.hpp"
+#include "app/wnd/data_root.hpp"
+#include "media/drawing_lock.hpp"
+#include "ovlib/gui/geometry.hpp"
+#include "platform/file.hpp"
+#include <utility>
+#include <windowsx.h>
+
+namespace media {
+
+namespace command = app::command;
+using platform::Point;
+
+namespace {
+
+// Outside the range in which the main window takes a double click for a press.
+constexpr int pane_id = 1;
+constexpr int corner = 11;
+constexpr int double_click_box = 1050; // the input box whose Enter key counts as a double click here
+constexpr auto still_running = L"GifThread is still running.";
+
+// One drag at a time in this process.
+bool is_dragging = false;
+
+// A flag that is set for the length of a scope.
+class Flagged {
+public:
+    explicit Flagged(bool& flag)
+        : flag_(flag)
+    {
+        flag_ = true;
+    }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+    ~Flagged() { flag_ = false; }
+
+private:
+    bool& flag_;
+};
+
+Point point_of(const ovlib::WndMessage& message)
+{
+    const auto lparam = static_cast<LPARAM>(message.lparam);
+    return { GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
+}
+
+platform::Size drag_distance()
+{
+    static const platform::Size distance{ GetSystemMetrics(SM_CXDRAG), GetSystemMetrics(SM_CYDRAG) };
+    return distance;
+}
+
+} // namespace
+
+FileWnd::FileWnd(ovlib::Wnd* parent, book::Book* book, const PaneShell& shell)
+    : ChildWnd(parent, pane_id)
+    , book_(book)
+    , file_drag_(shell.drag)
+    , loader_(shell.thumbnails, shell.properties)
+    , canvas_(*this, loader_)
+{
+}
+
+// A window whose creation failed never hears of its end.
+FileWnd::~FileWnd()
+{
+    gif_thread_.stop();
+}
+
+bool FileWnd::on_message(ovlib::WndMessage& message)
+{
+    switch (message.message) {
+    case WM_CREATE:
+        on_create();
+        return false;
+    case WM_DESTROY:
+        on_destroy();
+        return false;
+    case WM_PAINT:
+        return on_paint();
+    case WM_ERASEBKGND:
+        message.result = 1;
+        return true;
+    case WM_COMMAND:
+        return on_command(message);
+    case WM_LBUTTONDOWN:
+        return on_press(point_of(message));
+    case WM_LBUTTONDBLCLK:
+        return on_double_click(point_of(message));
+    case WM_RBUTTONUP:
+        parent()->send_command(command::show_file_menu, 0, reinterpret_cast<std::intptr_t>(hwnd()));
+        return true;
+    case WM_MOUSEWHEEL:
+        return on_wheel(GET_WHEEL_DELTA_WPARAM(message.wparam));
+    case WM_MOUSEMOVE:
+        return on_mouse_move(point_of(message));
+    default:
+        return false;
+    }
+}
+
+std::wstring FileWnd::class_info(WNDCLASSEXW& info)
+{
+    ChildWnd::class_info(info);
+    info.style |= CS_DBLCLKS;
+    info.hIconSm = parent()->class_small_icon();
+    return ovlib::window_class_name(L"filewnd", 1666);
+}
+
+void FileWnd::create_params(CREATESTRUCTW& params)
+{
+    ChildWnd::create_params(params);
+    params.x = params.y = params.cx = params.cy = 0;
+}
+
+void FileWnd::set_rect(const RECT& rect, bool repaint)
+{
+    ChildWnd::set_rect(rect, repaint);
+    canvas_.fit();
+    const SIZE whole = size();
+    HRGN const region = CreateRoundRectRgn(0, 0, whole.cx + 1, whole.cy + 1, corner, corner);
+    if (!SetWindowRgn(hwnd(), region, repaint))
+        DeleteObject(region);
+}
+
+void FileWnd::on_create()
+{
+    many_files_mark_.renew(ovlib::GDI::load_bitmap(app::folders().res + L"\\files.bmp"));
+}
+
+void FileWnd::on_destroy()
+{
+    gif_thread_.stop();
+    if (gif_thread_.is_held())
+        message_box(still_running, app::message_caption(book_->path), MB_ICONWARNING);
+}
+
+void FileWnd::show_selected_file()
+{
+    must_load_again_ = true;
+    if (is_loading_)
+        return;
+    const Flagged loading{ is_loading_ };
+    while (must_load_again_ && book_->current_page()) {
+        must_load_again_ = false;
+        load_and_show();
+    }
+}
+
+void FileWnd::load_and_show()
+{
+    // It holds the loader's lock.
+    gif_thread_.stop();
+    loader_.load(selected_entry());
+    // Another file is wanted, or the window went, while the shell was asked.
+    if (must_load_again_ || !is_window())
+        return;
+    lay_out_and_draw();
+    InvalidateRect(hwnd(), nullptr, TRUE);
+    UpdateWindow(hwnd());
+    if (loader_.state() == LoaderState::animation)
+        gif_thread_.play(canvas_, first_state(book_->header.gif_autoplay != 0));
+}
+
+void FileWnd::lay_out_and_draw()
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    loader_.interpolation_mode = app::interpolation_mode(app::settings().interpolation_command);
+    canvas_.layout(mode_fit, 0);
+    canvas_.draw(0, 0);
+}
+
+void FileWnd::scale_anew()
+{
+    lay_out_and_draw();
+    gif_thread_.redraw();
+    InvalidateRect(hwnd(), nullptr, TRUE);
+    UpdateWindow(hwnd());
+}
+
+// Whoever calls this repaints too.
+void FileWnd::apply_theme()
+{
+    lay_out_and_draw();
+    gif_thread_.redraw();
+}
+
+std::wstring FileWnd::selected_entry() const
+{
+    const book::Page* page = book_->current_page();
+    return page && page->current_file < page->files.size() ? page->files[page->current_file] : std::wstring{};
+}
+
+bool FileWnd::on_paint()
+{
+    const ovlib::PaintDC dc{ *this };
+    const std::scoped_lock hold{ drawing_lock() };
+    const book::Page* page = book_->current_page();
+    if (page && page->files.size() > 1)
+        draw_many_files_mark();
+    canvas_.copy_to(dc);
+    return true;
+}
+
+// Into the picture itself: the next frame of an animation takes it away, and its paint brings it back.
+void FileWnd::draw_many_files_mark()
+{
+    BITMAP mark{};
+    if (!many_files_mark_ || !canvas_.is_created()
+        || GetObjectW(many_files_mark_.handle(), sizeof mark, &mark) == 0)
+        return;
+    const ovlib::MemDC source{ canvas_.dc().handle() };
+    const ovlib::ObjectSelection selected{ source, many_files_mark_ };
+    constexpr UINT transparent = RGB(0, 0, 0);
+    TransparentBlt(canvas_.dc().handle(), canvas_.width - mark.bmWidth, 0, mark.bmWidth, mark.bmHeight,
+        source.handle(), 0, 0, mark.bmWidth, mark.bmHeight, transparent);
+}
+
+bool FileWnd::on_command(const ovlib::WndMessage& message)
+{
+    if (LOWORD(message.wparam) != double_click_box || HIWORD(message.wparam) != command::input_form_enter)
+        return false;
+    send(WM_LBUTTONDBLCLK, 0, 0);
+    return true;
+}
+
+bool FileWnd::on_press(Point at)
+{
+    gif_thread_.click(at);
+    if (file_drag_)
+        drag_.press(at);
+    return true;
+}
+
+bool FileWnd::on_double_click(Point at)
+{
+    switch (double_click(loader_.loaded())) {
+    case DoubleClick::press:
+        return on_press(at);
+    case DoubleClick::open:
+        parent()->send_command(command::open_file, 0, 0);
+        return true;
+    case DoubleClick::search:
+        parent()->send_command(command::search_moved_file, 0, 0);
+        return true;
+    default:
+        return true;
+    }
+}
+
+bool FileWnd::on_wheel(int delta)
+{
+    if (const auto wanted = wheel_command(delta, GetAsyncKeyState(VK_CONTROL) < 0))
+        parent()->send_command(*wanted, 0, 0);
+    return true;
+}
+
+bool FileWnd::on_mouse_move(Point at)
+{
+    const ovlib::WndWatch alive{ this };
+    if (book_->current_page() && drag_.is_due(at, drag_distance()))
+        drag_file();
+    if (!alive || !is_window())
+        return true;
+    TRACKMOUSEEVENT track{ sizeof track, TME_LEAVE, hwnd(), 0 };
+    TrackMouseEvent(&track);
+    return true;
+}
+
+void FileWnd::drag_file()
+{
+    app::set_current_directory(L"");
+    const std::wstring entry = selected_entry();
+    if (!platform::exists(entry))
+        return;
+    const std::wstring path = app::full_path(entry);
+    drag_.disarm();
+    if (is_dragging)
+        return;
+    const Flagged running{ is_dragging };
+    file_drag_->run(path);
+}
+
+} // namespace media

@@ -1,0 +1,83 @@
+// The pane beside the text: the selected file of the current page as a picture, an animation, a thumbnail or
+// a message.
+#pragma once
+#include "book/book.hpp"
+#include "look/wnd/themed.hpp"
+#include "media/pane_input.hpp"
+#include "media/wnd/gif_thread.hpp"
+#include "media/wnd/image_canvas.hpp"
+#include "media/wnd/image_loader.hpp"
+#include "media/wnd/shell_property_reader.hpp"
+#include "media/wnd/shell_thumbnail.hpp"
+#include "ovlib/gui/childwnd.hpp"
+#include "ovlib/gui/gdi_object.hpp"
+#include <string>
+
+namespace media {
+
+// Carries a file out of the pane with the mouse.
+class FileDrag {
+public:
+    virtual ~FileDrag() = default;
+    // Returns when the mouse has let go of it; messages are served meanwhile.
+    virtual void run(const std::wstring& path) = 0;
+};
+
+// What the pane asks of the shell. All outlive it.
+struct PaneShell {
+    ThumbnailSource& thumbnails;
+    PropertySource& properties;
+    FileDrag* drag = nullptr; // without one nothing is dragged
+};
+
+class FileWnd : public ovlib::ChildWnd, public look::Themed {
+public:
+    // The Book outlives the pane.
+    FileWnd(ovlib::Wnd* parent, book::Book* book, const PaneShell& shell);
+    ~FileWnd() override;
+
+    bool on_message(ovlib::WndMessage& message) override;
+    void set_rect(const RECT& rect, bool repaint) override;
+    std::wstring class_info(WNDCLASSEXW& info) override;
+    void create_params(CREATESTRUCTW& params) override;
+    void apply_theme() override;
+
+    // Loads on this thread and plays what is to be played. The shell may let messages through meanwhile: a
+    // call that comes then is served by the one that is running, which loads once more.
+    void show_selected_file();
+    bool is_loading() const { return is_loading_; }
+    // By the interpolation that is set now, without loading.
+    void scale_anew();
+
+    const ImageLoader& loader() const { return loader_; }
+    const ImageCanvas& canvas() const { return canvas_; }
+    const GifThread& gif_thread() const { return gif_thread_; }
+
+private:
+    void on_create();
+    void on_destroy();
+    bool on_paint();
+    bool on_command(const ovlib::WndMessage& message);
+    bool on_press(platform::Point at);
+    bool on_double_click(platform::Point at);
+    bool on_wheel(int delta);
+    bool on_mouse_move(platform::Point at);
+    void drag_file();
+    void draw_many_files_mark();
+
+    void load_and_show();
+    void lay_out_and_draw();
+    std::wstring selected_entry() const;
+
+    book::Book* book_;
+    FileDrag* file_drag_;
+    ImageLoader loader_;
+    ImageCanvas canvas_;
+    GifThread gif_thread_; // ends before what it draws with
+    DragArm drag_;
+    ovlib::GDI::Bitmap many_files_mark_;
+    bool is_loading_ = false;
+    bool must_load_again_ = false;
+};
+
+} // namespace media

@@ -1,0 +1,252 @@
+#include "media/wnd/image_canvas.hpp"
+#include "look/theme.hpp"
+#include "media/blend.hpp"
+#include "media/display_name.hpp"
+#include "media/drawing_lock.hpp"
+#include "ovlib/gui/gdip.hpp"
+#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/shicon.hpp"
+#include "ovlib/gui/text_stream.hpp"
+#include <algorithm>
+#include <commctrl.h>
+#include <shellapi.h>
+
+namespace media {
+
+using look::palette;
+using look::SharedFont;
+using ovlib::ObjectSelection;
+using ovlib::to_rect;
+using platform::Point;
+using platform::Rect;
+using platform::Size;
+
+namespace {
+
+constexpr ovlib::Color black{ 0x000000 };
+constexpr ovlib::Color white{ 0xFFFFFF };
+constexpr SharedFont label_font = SharedFont::ui_9_bold;
+constexpr SharedFont missing_font = SharedFont::ui_10_bold;
+
+Size text_size(const ovlib::DC& dc, HFONT font, const std::wstring& text)
+{
+    const ObjectSelection selected{ dc, font };
+    SIZE size{};
+    GetTextExtentPoint32W(dc.handle(), text.c_str(), static_cast<int>(text.size()), &size);
+    return ovlib::to_size(size);
+}
+
+int font_height(const ovlib::DC& dc, HFONT font)
+{
+    const ObjectSelection selected{ dc, font };
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.handle(), &metrics);
+    return static_cast<int>(metrics.tmHeight);
+}
+
+void draw_icon(const ovlib::DC& dc, const ovlib::SHIcon& icon, Point at)
+{
+    DrawIconEx(dc.handle(), at.x, at.y, icon.icon(), icon.width(), icon.height(), 0, nullptr, DI_NORMAL);
+}
+
+// The mode of stretching for the length of a scope.
+class StretchMode {
+public:
+    StretchMode(const ovlib::DC& dc, int mode)
+        : dc_(dc)
+        , previous_(SetStretchBltMode(dc.handle(), mode))
+    {
+    }
+    StretchMode(const StretchMode&) = delete;
+    StretchMode& operator=(const StretchMode&) = delete;
+    ~StretchMode() { SetStretchBltMode(dc_.handle(), previous_); }
+
+private:
+    const ovlib::DC& dc_;
+    int previous_;
+};
+
+} // namespace
+
+ImageCanvas::ImageCanvas(const ovlib::Wnd& owner, ImageLoader& loader)
+    : owner_(owner)
+    , loader_(loader)
+{
+}
+
+bool ImageCanvas::fit()
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    const SIZE client = owner_.client_size();
+    const Size wanted{ std::max<int>(client.cx, 1), std::max<int>(client.cy, 1) };
+    if (is_created() && area() == wanted)
+        return true;
+    release();
+    if (!create(wanted.width, wanted.height))
+        return false;
+    clear();
+    return true;
+}
+
+void ImageCanvas::layout(std::int32_t mode, std::int32_t percent)
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    layout_ = layout_image(
+        { mode, percent, loader_.content(), loader_.size(), ovlib::from_rect(owner_.client_rect()) });
+}
+
+void ImageCanvas::draw(int x_offset, int y_offset)
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    if (!fit())
+        return;
+    clear();
+    const Rect target = draw_target(layout_, { x_offset, y_offset });
+    switch (drawing_of(layout_.mode, loader_.content())) {
+    case Drawing::picture:
+        draw_picture(target);
+        break;
+    case Drawing::thumbnail:
+        draw_placeholder(target);
+        draw_frame(target);
+        break;
+    case Drawing::missing_text:
+        draw_missing();
+        break;
+    }
+    ovlib::finish_drawing();
+}
+
+std::uint32_t ImageCanvas::draw_frame_of_animation(const AnimationFrame& frame)
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    clear();
+    draw_picture(layout_.draw_rect);
+    if (frame.is_paused)
+        draw_labelled_text(look::shared_font(label_font), paused_text, paused_text_place(layout_.draw_rect),
+            white, paused_text_alpha);
+    if (frame.has_overlay) {
+        draw_text(look::shared_font(label_font), delay_text(frame.delay), delay_text_rect(area()),
+            palette().viewer_text);
+        draw_seek_bar(frame.run, frame.frame);
+    }
+    ovlib::finish_drawing();
+    return frame.is_paused ? paused_wait : frame_time(frame.delay);
+}
+
+void ImageCanvas::clear()
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    ovlib::fill_rect(*this, palette().viewer_back, { 0, 0, width, height });
+}
+
+void ImageCanvas::draw_picture(const Rect& target)
+{
+    Gdiplus::GpImage* const picture = loader_.picture();
+    if (!picture || !is_created())
+        return;
+    ovlib::GDIP gdip{ dc().handle() };
+    gdip.set_interpolation(static_cast<Gdiplus::InterpolationMode>(loader_.interpolation_mode));
+    gdip.draw_image(picture, to_rect(target));
+}
+
+void ImageCanvas::draw_placeholder(const Rect& rect)
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    if (placeholder_of(loader_.path()) == Placeholder::address_icon)
+        draw_address_icon(rect);
+    else
+        draw_thumbnail(rect);
+}
+
+// In its natural size: enlarged it would be no clearer.
+void ImageCanvas::draw_address_icon(const Rect& rect)
+{
+    ovlib::SHIcon icon;
+    icon.load(address_icon_file, SHIL_JUMBO);
+    if (icon)
+        draw_icon(dc(), icon, icon_place(rect, { icon.width(), icon.height() }));
+}
+
+void ImageCanvas::draw_thumbnail(const Rect& rect)
+{
+    const ShellThumbnail& from = loader_.thumbnail();
+    const ovlib::MemDC source{ dc().handle() };
+    const ObjectSelection selected{ source, from.bitmap() };
+    const StretchMode mode{ dc(), HALFTONE };
+    StretchBlt(dc().handle(), rect.left, rect.top, rect.width(), rect.height(), source.handle(), 0, 0,
+        from.width(), from.height(), SRCCOPY);
+}
+
+void ImageCanvas::draw_frame(const Rect& rect)
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    {
+        const ovlib::GDI::Pen line{ ovlib::GDI::solid_pen(frame_pen_width, white) };
+        const ObjectSelection pen{ dc(), line };
+        const ObjectSelection hollow{ dc(), GetStockObject(HOLLOW_BRUSH) };
+        Rectangle(dc().handle(), rect.left, rect.top, rect.right, rect.bottom);
+    }
+    ovlib::SHIcon icon;
+    icon.load(loader_.path(), SHIL_SMALL);
+    HFONT const font = look::shared_font(label_font);
+    const FrameLabel label = frame_label(rect, loader_.path(), font_height(dc(), font), icon.width(), width);
+    if (label.has_icon && icon)
+        draw_icon(dc(), icon, label.icon);
+    draw_text(font, display_name(loader_.path()), label.text, palette().viewer_text,
+        DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+// A path without blanks is broken where the pane ends, so that all of it is to be read.
+void ImageCanvas::draw_missing()
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    const MissingText text = missing_text(loader_.path());
+    draw_text(look::shared_font(missing_font), text.text, missing_text_rect(area()),
+        text.is_error ? palette().viewer_error : palette().viewer_text,
+        DT_NOPREFIX | DT_WORDBREAK | DT_EDITCONTROL);
+}
+
+void ImageCanvas::draw_labelled_text(
+    HFONT font, const std::wstring& text, Point at, ovlib::Color color, int alpha)
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    if (alpha < opaque_label) {
+        ovlib::finish_drawing();
+        blend_rect({ bits, stride, width, height }, black, alpha, label_box(at, text_size(dc(), font, text)));
+    }
+    draw_text(font, text, { at.x, at.y, width, height }, color);
+}
+
+void ImageCanvas::draw_seek_bar(const GifRun& run, std::uint32_t frame)
+{
+    const std::scoped_lock hold{ drawing_lock() };
+    if (run.first_frame() > run.last_frame())
+        return;
+    const SeekBarLook look = seek_bar_look(run, frame);
+    const SeekBarColors colors = seek_bar_colors(palette().accent, palette().panel_back);
+    ovlib::finish_drawing();
+    const PixelRows rows{ bits, stride, width, height };
+    blend_rect(rows, colors.played, seek_bar_alpha, look.played);
+    blend_rect(rows, colors.rest, seek_bar_alpha, look.rest);
+    ovlib::fill_rect(*this, colors.thumb,
+        { look.thumb_start.x, look.thumb_start.y, look.thumb_end.x + 1, look.thumb_end.y });
+    const Rect& edge = look.outline;
+    ovlib::fill_rect(*this, colors.left_and_top, { edge.left, edge.top, edge.left + 1, edge.bottom });
+    ovlib::fill_rect(*this, colors.left_and_top, { edge.left, edge.top, edge.right, edge.top + 1 });
+    ovlib::fill_rect(*this, colors.right_and_bottom, { edge.right - 1, edge.top, edge.right, edge.bottom });
+    ovlib::fill_rect(*this, colors.right_and_bottom, { edge.left, edge.bottom - 1, edge.right, edge.bottom });
+}
+
+void ImageCanvas::draw_text(
+    HFONT font, const std::wstring& text, const Rect& rect, ovlib::Color color, UINT flags)
+{
+    ovlib::GDI::TextStream stream{ dc() };
+    stream.back_mode = TRANSPARENT;
+    stream.color = color;
+    stream.font = font;
+    stream.flags = flags;
+    stream.draw(text, to_rect(rect));
+}
+
+} // namespace media

@@ -1,0 +1,73 @@
+// The one file that is shown: from an entry of a file list to something that can be drawn.
+#pragma once
+#include "media/image_layout.hpp"
+#include "media/image_load.hpp"
+#include "media/wnd/shell_thumbnail.hpp"
+#include "ovlib/gui/gdip_image.hpp"
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace media {
+
+// Loads on the thread of the windows, under the loader lock. Whoever draws while an animation plays holds the
+// drawing lock for every call that reaches the picture itself; what is told of it here was noted when it was
+// loaded and may be asked at any time.
+class ImageLoader : private ImageSource {
+public:
+    // Both live as long as the loader.
+    ImageLoader(ThumbnailSource& thumbnails, PropertySource& properties);
+    ImageLoader(const ImageLoader&) = delete;
+    ImageLoader& operator=(const ImageLoader&) = delete;
+    ~ImageLoader() override;
+
+    // True when there is something to draw. The shell may let messages through meanwhile.
+    bool load(const std::wstring& entry);
+    // The path stays.
+    void clear();
+
+    const LoadedEntry& loaded() const { return loaded_; }
+    LoaderState state() const { return loaded_.state; }
+    const std::wstring& path() const { return loaded_.path; }
+    // Of what was loaded. What failed to load has none.
+    const FileFacts& facts() const { return facts_; }
+    // Those to show, which for what failed to load are asked of its entry.
+    FileFacts facts_to_show() const;
+
+    Content content() const;
+    platform::Size size() const { return size_; }
+    // Null but for pictures and animations.
+    Gdiplus::GpImage* picture() const;
+    const ShellThumbnail& thumbnail() const { return thumbnail_; }
+
+    // Of an animation; 0 and nothing otherwise.
+    std::uint32_t frame_count() const { return static_cast<std::uint32_t>(delays_.size()); }
+    const std::vector<std::uint32_t>& delays() const { return delays_; } // milliseconds
+    bool select_frame(std::uint32_t frame) { return gif_.select_frame(frame); }
+
+    std::int32_t interpolation_mode = 0; // as GDI+ numbers it
+
+private:
+    bool exists(const std::wstring& path) override;
+    std::wstring absolute(const std::wstring& path) override;
+    bool decode_animation(const std::wstring& path) override;
+    bool decode_picture(const std::wstring& path) override;
+    bool fetch_thumbnail(const std::wstring& path) override;
+    bool load_animation(const std::wstring& path);
+    bool load_picture(const std::wstring& path);
+    bool note_size(const ovlib::GDIPImage& image);
+
+    ThumbnailSource& thumbnails_;
+    PropertySource& properties_;
+    LoadedEntry loaded_;
+    // The pictures read from the memory as long as they live.
+    ovlib::GDIPMemory memory_;
+    ovlib::GDIPGif gif_;
+    ovlib::GDIPImage image_;
+    ShellThumbnail thumbnail_;
+    platform::Size size_;
+    std::vector<std::uint32_t> delays_;
+    FileFacts facts_;
+};
+
+} // namespace media

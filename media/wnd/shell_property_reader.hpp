@@ -1,0 +1,35 @@
+// What the shell knows of one file.
+#pragma once
+#include "media/file_facts.hpp"
+#include <propsys.h>
+#include <shobjidl.h>
+#include <string>
+#include <windows.h>
+#include <wrl/client.h>
+
+namespace media {
+
+// As stored; empty when the store has no such value.
+PropertyValue stored_property(IPropertyStore& store, FileProperty property);
+// Converted from whatever it was stored as; 0 when that fails.
+std::uint64_t stored_duration(IPropertyStore& store);
+
+// Needs COM. Closed, it reads nothing.
+class ShellPropertyReader : public PropertySource {
+public:
+    bool open(const std::wstring& path) override;
+    void close() override;
+    PropertyValue read(FileProperty property) override;
+    std::uint64_t read_duration() override;
+
+    bool is_opened() const { return opened_; }
+    const std::wstring& path() const { return path_; }
+
+private:
+    Microsoft::WRL::ComPtr<IShellItem2> item_;
+    Microsoft::WRL::ComPtr<IPropertyStore> store_;
+    std::wstring path_;
+    bool opened_ = false;
+};
+
+} // namespace media

@@ -1,0 +1,86 @@
+#include "media/wnd/small_picture.hpp"
+#include "look/theme.hpp"
+#include "media/image_layout.hpp"
+#include <shellapi.h>
+
+namespace media {
+
+using ovlib::ObjectSelection;
+using platform::Point;
+using platform::Rect;
+
+namespace {
+
+constexpr COLORREF film_gap = RGB(255, 0, 255); // where the strip lets the picture through
+
+Rect square_at(Point at)
+{
+    return { at.x, at.y, at.x + small_picture_side, at.y + small_picture_side };
+}
+
+} // namespace
+
+void SmallPicture::fetch(const std::wstring& path, FileKind kind, ThumbnailSource& thumbnails)
+{
+    clear();
+    if (path.empty())
+        return;
+    const unsigned turn = turn_;
+    const bool is_address = placeholder_of(path) == Placeholder::address_icon;
+    ShellThumbnail thumbnail;
+    auto icon = std::make_unique<ovlib::SHIcon>();
+    if (is_address || !thumbnail.take(thumbnails.picture_of(path, small_picture_side)))
+        icon->load(is_address ? address_icon_file : path, SHIL_LARGE);
+    // Messages let through meanwhile may have brought a later file.
+    if (turn != turn_)
+        return;
+    kind_ = kind;
+    thumbnail_ = std::move(thumbnail);
+    icon_ = std::move(icon);
+}
+
+void SmallPicture::clear()
+{
+    ++turn_;
+    thumbnail_.clear();
+    icon_.reset();
+    kind_ = FileKind::unknown;
+}
+
+void SmallPicture::draw(const ovlib::DC& dc, Point at) const
+{
+    if (thumbnail_)
+        draw_thumbnail(dc, at);
+    else if (icon_ && *icon_)
+        DrawIconEx(dc.handle(), at.x, at.y, icon_->icon(), small_picture_side, small_picture_side, 0, nullptr,
+            DI_NORMAL);
+}
+
+void SmallPicture::draw_thumbnail(const ovlib::DC& dc, Point at) const
+{
+    const bool is_video = kind_ == FileKind::video;
+    if (is_video) {
+        const ovlib::GDI::Brush ground{ ovlib::GDI::solid_brush(look::palette().viewer_back) };
+        const RECT square{ at.x, at.y, at.x + small_picture_side, at.y + small_picture_side };
+        FillRect(dc.handle(), &square, ground.handle());
+    }
+    const Point place = icon_place(square_at(at), { thumbnail_.width(), thumbnail_.height() });
+    const ovlib::MemDC source{ dc.handle() };
+    const ObjectSelection selected{ source, thumbnail_.bitmap() };
+    BitBlt(dc.handle(), place.x, place.y, thumbnail_.width(), thumbnail_.height(), source.handle(), 0, 0,
+        SRCCOPY);
+    if (is_video)
+        draw_film(dc, at);
+}
+
+void SmallPicture::draw_film(const ovlib::DC& dc, Point at) const
+{
+    if (!film_)
+        return;
+    const ovlib::MemDC source{ dc.handle() };
+    const ObjectSelection selected{ source, film_ };
+    TransparentBlt(dc.handle(), at.x, at.y, small_picture_side, small_picture_side, source.handle(), 0, 0,
+        small_picture_side, small_picture_side, film_gap);
+}
+
+} // namespace media

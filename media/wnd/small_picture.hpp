@@ -1,0 +1,39 @@
+// The small picture of a file beside its facts.
+#pragma once
+#include "media/file_facts.hpp"
+#include "media/wnd/shell_thumbnail.hpp"
+#include "ovlib/gui/dc.hpp"
+#include "ovlib/gui/shicon.hpp"
+#include "platform/geometry.hpp"
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace media {
+
+inline constexpr int small_picture_side = 32;
+
+// Asked of the shell once, when a file is chosen, and only drawn in a paint: the shell may let messages
+// through, and paints must not nest.
+class SmallPicture {
+public:
+    // A strip that is drawn over videos; without one they stand plain.
+    void set_film(ovlib::GDI::Bitmap film) { film_ = std::move(film); }
+
+    // Drops what was there. Nothing for an empty path.
+    void fetch(const std::wstring& path, FileKind kind, ThumbnailSource& thumbnails);
+    void clear();
+    void draw(const ovlib::DC& dc, platform::Point at) const;
+
+private:
+    void draw_thumbnail(const ovlib::DC& dc, platform::Point at) const;
+    void draw_film(const ovlib::DC& dc, platform::Point at) const;
+
+    ovlib::GDI::Bitmap film_;
+    FileKind kind_ = FileKind::unknown;
+    ShellThumbnail thumbnail_;
+    std::unique_ptr<ovlib::SHIcon> icon_;
+    unsigned turn_ = 0; // of fetching
+};
+
+} // namespace media

@@ -1,0 +1,461 @@
+// An animation that plays in the pane: its frames, its pauses, its bar, and how its thread begins and ends.
+#include "media/drawing_lock.hpp"
+#include "media/loader_lock.hpp"
+#include "tests/support/gui_calls.hpp"
+#include "tests/support/gui_crowd.hpp"
+#include "tests/support/gui_log.hpp"
+#include "tests/support/gui_pane.hpp"
+#include <atomic>
+#include <mutex>
+#include <process.h>
+#include <stdexcept>
+#include <thread>
+
+extern "C" void* __imp_GdipDrawImageRectI;
+extern "C" void* __imp_GdipImageSelectActiveFrame;
+extern "C" void* __imp__beginthreadex;
+extern "C" void* __imp_timeBeginPeriod;
+extern "C" void* __imp_timeEndPeriod;
+
+namespace {
+
+using media::PlayState;
+using ovlib::Color;
+using test_support::MovingGif;
+
+// Counts what reaches the decoder.
+class DecoderCalls {
+public:
+    DecoderCalls()
+        : draw_(&__imp_GdipDrawImageRectI, &note_draw)
+        , select_(&__imp_GdipImageSelectActiveFrame, &note_select)
+    {
+        drawn_ = 0;
+        selected_ = 0;
+        fails_ = throws_ = false;
+        original_draw_ = draw_.original();
+        original_select_ = select_.original();
+    }
+
+    int drawn() const { return drawn_; }
+    int selected() const { return selected_; }
+    void fail() { fails_ = true; }
+    void throw_next() { throws_ = true; }
+
+private:
+    using Draw = Gdiplus::GpStatus WINAPI(Gdiplus::GpGraphics*, Gdiplus::GpImage*, INT, INT, INT, INT);
+    using Select = Gdiplus::GpStatus WINAPI(Gdiplus::GpImage*, GDIPCONST GUID*, UINT);
+
+    static Gdiplus::GpStatus WINAPI note_draw(
+        Gdiplus::GpGraphics* graphics, Gdiplus::GpImage* image, INT x, INT y, INT width, INT height)
+    {
+        ++drawn_;
+        return original_draw_(graphics, image, x, y, width, height);
+    }
+    static Gdiplus::GpStatus WINAPI note_select(
+        Gdiplus::GpImage* image, GDIPCONST GUID* dimension, UINT frame)
+    {
+        ++selected_;
+        if (throws_)
+            throw std::runtime_error("a broken frame");
+        return fails_ ? Gdiplus::GenericError : original_select_(image, dimension, frame);
+    }
+
+    static inline std::atomic<int> drawn_ = 0;
+    static inline std::atomic<int> selected_ = 0;
+    static inline std::atomic<bool> fails_ = false;
+    static inline std::atomic<bool> throws_ = false;
+    static inline Draw* original_draw_ = nullptr;
+    static inline Select* original_select_ = nullptr;
+    gui::ReplacedImport<Draw> draw_;
+    gui::ReplacedImport<Select> select_;
+};
+
+class Animation : public gui::Pane {
+protected:
+    // Away from the pane, so that nothing stands over the picture.
+    Animation() { SetCursorPos(1, 1); }
+
+    void show_frames(std::size_t frames, std::uint32_t delay)
+    {
+        show({ write(L"動.gif", MovingGif(8, 8).frames(frames, delay).bytes()) });
+    }
+    void show_paused(std::initializer_list<int> delays)
+    {
+        book().header.gif_autoplay = 0;
+        show_gif(delays);
+        ASSERT_TRUE(waited([&] { return is_paused_shown(); }));
+    }
+    template <class State> bool waited(State holds) { return gui::pump_until(holds); }
+    std::uint32_t frame() { return pane().gif_thread().current_frame(); }
+    // The frame in view by its colour; the shades follow one another.
+    bool is_in_view(MovingGif::Shade shade) { return middle() == MovingGif::colors[shade]; }
+    // The text in the corner of the picture, which is 300 x 300 at (50, 0), or the box behind it.
+    bool is_paused_shown()
+    {
+        const std::scoped_lock hold{ media::drawing_lock() };
+        int ink = 0;
+        for (int y = 2; y < 22; ++y) {
+            for (int x = 52; x < 120; ++x)
+                ink += at(x, y) == middle() ? 0 : 1;
+        }
+        return ink > 40;
+    }
+    platform::Rect bar() { return pane().gif_thread().bar(); }
+    void press_bar(int permille) { press(bar().left + bar().width() * permille / 1000, bar().top + 3); }
+};
+
+TEST_F(Animation, PlaysItsFramesInTurn)
+{
+    show_frames(4, 3);
+    for (int round = 0; round < 2; ++round) {
+        for (const auto shade : { MovingGif::black, MovingGif::white, MovingGif::red, MovingGif::green })
+            EXPECT_TRUE(waited([&] { return is_in_view(shade); })) << round << " " << shade;
+    }
+    EXPECT_EQ(state(), PlayState::playing);
+}
+
+TEST_F(Animation, OfOneFrameStandsAndItsThumbAtTheLeft)
+{
+    const DecoderCalls calls;
+    show({ write(L"a.gif", MovingGif(8, 8).frame(MovingGif::red).bytes()) });
+    EXPECT_TRUE(waited([&] { return calls.drawn() > 4; }));
+    EXPECT_EQ(calls.selected(), 1) << "a frame is decoded once";
+    EXPECT_EQ(frame(), 0u);
+    EXPECT_TRUE(is_in_view(MovingGif::red));
+}
+
+TEST_F(Animation, DecodesEachFrameOnceAPass)
+{
+    const DecoderCalls calls;
+    show_frames(5, 3);
+    ASSERT_TRUE(waited([&] { return calls.drawn() > 20; }));
+    pane().destroy();
+    EXPECT_LE(std::abs(calls.drawn() - 1 - calls.selected()), 1) << "one more is drawn by the load itself";
+}
+
+TEST_F(Animation, BeginsPausedOnItsFirstFrameWhereTheBookSaysSo)
+{
+    show_paused({ 3, 3, 3 });
+    EXPECT_EQ(state(), PlayState::paused);
+    const DecoderCalls calls;
+    EXPECT_TRUE(is_in_view(MovingGif::black));
+    Sleep(200);
+    EXPECT_EQ(calls.drawn(), 0) << "nothing changed, nothing is drawn";
+    EXPECT_EQ(frame(), 0u);
+}
+
+TEST_F(Animation, AClickBesideTheBarPausesAndGoesOn)
+{
+    show_frames(5, 3);
+    press(200, 100);
+    EXPECT_EQ(state(), PlayState::paused);
+    ASSERT_TRUE(waited([&] { return is_paused_shown(); }));
+    const std::uint32_t stood = frame();
+    Sleep(150);
+    EXPECT_EQ(frame(), stood);
+    press(200, 100);
+    EXPECT_EQ(state(), PlayState::playing);
+    EXPECT_TRUE(waited([&] { return frame() != stood; }));
+    EXPECT_TRUE(waited([&] { return !is_paused_shown(); }));
+}
+
+TEST_F(Animation, AClickOnTheBarChoosesAFrame)
+{
+    show_paused({ 3, 3, 3, 3, 3 });
+    ASSERT_EQ(bar(), (platform::Rect{ 64, height - 24, width - 64, height - 12 }));
+    press_bar(500);
+    EXPECT_EQ(frame(), 2u);
+    EXPECT_EQ(state(), PlayState::paused) << "a pause stays one";
+    EXPECT_TRUE(waited([&] { return is_in_view(MovingGif::red); }));
+    press_bar(999);
+    EXPECT_TRUE(waited([&] { return is_in_view(MovingGif::blue); }));
+    press_bar(0);
+    EXPECT_TRUE(waited([&] { return is_in_view(MovingGif::black); })) << "backwards too";
+    press(bar().left - 1, bar().top + 3);
+    EXPECT_EQ(state(), PlayState::playing) << "beside the bar";
+}
+
+TEST_F(Animation, GoesOnFromTheFrameThatWasChosen)
+{
+    show_paused({ 3, 3, 3, 3, 3 });
+    press_bar(700);
+    ASSERT_TRUE(waited([&] { return is_in_view(MovingGif::green); }));
+    press(200, 100);
+    EXPECT_TRUE(waited([&] { return is_in_view(MovingGif::blue); }));
+}
+
+TEST_F(Animation, HasNoBarInANarrowPane)
+{
+    pane().set_rect({ 0, 0, 120, 100 }, false);
+    show_frames(3, 3);
+    press(60, 80);
+    EXPECT_EQ(state(), PlayState::paused);
+}
+
+TEST_F(Animation, KeepsItsBarWhenThePaneChanges)
+{
+    show_frames(3, 3);
+    const platform::Rect before = bar();
+    pane().set_rect({ 0, 0, width / 2, height / 2 }, false);
+    EXPECT_EQ(bar(), before);
+    Sleep(100);
+    pane().set_rect({ 0, 0, width, height }, false);
+    pane().show_selected_file();
+    EXPECT_EQ(bar(), before);
+}
+
+TEST_F(Animation, ShowsDelayAndBarWhileTheMouseIsOverIt)
+{
+    ShowWindow(parent().hwnd(), SW_SHOW);
+    show_paused({ 25, 3, 3 });
+    const auto ink_of_delay = [&] {
+        int ink = 0;
+        for (int y = 5; y < 20; ++y) {
+            for (int x = 5; x < 48; ++x)
+                ink += at(x, y) == ground() ? 0 : 1;
+        }
+        return ink;
+    };
+    const auto bar_color = [&] { return at(bar().left + 20, bar().top + 4); };
+    EXPECT_EQ(ink_of_delay(), 0);
+    const Color bare = bar_color();
+    POINT inside{ 200, 100 };
+    ClientToScreen(pane().hwnd(), &inside);
+    SetCursorPos(inside.x, inside.y);
+    EXPECT_TRUE(waited([&] { return ink_of_delay() > 20; }));
+    EXPECT_NE(bar_color(), bare);
+    const auto colors = media::seek_bar_colors(look::palette().accent, look::palette().panel_back);
+    EXPECT_EQ(at(bar().left, bar().top + 3), colors.left_and_top);
+    EXPECT_EQ(at(bar().right - 1, bar().top + 3), colors.right_and_bottom);
+    EXPECT_EQ(at(bar().left + 20, bar().bottom - 1), colors.right_and_bottom);
+    SetCursorPos(1, 1);
+    EXPECT_TRUE(waited([&] { return ink_of_delay() == 0; }));
+    EXPECT_EQ(bar_color(), bare);
+}
+
+TEST_F(Animation, TellsZeroOfAFrameThatCannotBeSelected)
+{
+    DecoderCalls calls;
+    calls.fail();
+    show_frames(3, 6000);
+    EXPECT_TRUE(waited([&] { return calls.selected() > 3; })) << "it goes on at once, not after a minute";
+    EXPECT_TRUE(is_in_view(MovingGif::black)) << "drawn as it stands";
+}
+
+TEST_F(Animation, FollowsThemeAndInterpolationWithoutLosingItsFrame)
+{
+    show_paused({ 3, 3, 3 });
+    press_bar(500);
+    ASSERT_TRUE(waited([&] { return is_in_view(MovingGif::white); }));
+    DeleteFileW(loader().path().c_str());
+    look::load_theme(look::theme_blue);
+    pane().apply_theme();
+    EXPECT_EQ(at(2, height - 2), ground());
+    EXPECT_TRUE(is_paused_shown());
+    look::load_theme(look::theme_standard);
+    EXPECT_TRUE(waited([&] { return at(2, height - 2) == ground(); })) << "the thread sees it by itself";
+    app::settings().interpolation_command = 5001;
+    pane().scale_anew();
+    EXPECT_TRUE(is_in_view(MovingGif::white));
+    EXPECT_TRUE(is_paused_shown());
+    EXPECT_EQ(frame(), 1u);
+    EXPECT_EQ(state(), PlayState::paused);
+}
+
+TEST_F(Animation, HoldsTheLoaderLockForAsLongAsItPlays)
+{
+    const auto is_free = [] {
+        const std::unique_lock hold{ media::loader_lock(), std::try_to_lock };
+        return hold.owns_lock();
+    };
+    show_frames(3, 3);
+    EXPECT_TRUE(waited([&] { return !is_free(); }));
+    show({});
+    EXPECT_TRUE(is_free());
+    EXPECT_FALSE(pane().gif_thread().is_held());
+}
+
+// Longer than ten minutes: only a stop that wakes the thread lets this test end.
+TEST_F(Animation, AStopDoesNotWaitForALongFrame)
+{
+    show_gif({ 65535, 65535 });
+    ASSERT_TRUE(waited([&] { return frame() == 1; }));
+    show({});
+    EXPECT_FALSE(pane().gif_thread().is_held());
+    show_gif({ 65535, 65535 });
+    end_pane();
+}
+
+TEST_F(Animation, APauseDoesNotEndALongFrame)
+{
+    show_gif({ 65535, 3, 3 });
+    ASSERT_TRUE(waited([&] { return frame() == 1; }));
+    press(200, 100);
+    press(200, 100);
+    Sleep(100);
+    EXPECT_EQ(frame(), 1u) << "clicks leave its timing alone";
+}
+
+TEST_F(Animation, IsStoppedWhileItWaitsForTheLoader)
+{
+    std::atomic<bool> is_held = false;
+    std::atomic<bool> may_go = false;
+    std::thread loading{ [&] {
+        const std::scoped_lock hold{ media::loader_lock() };
+        is_held = true;
+        gui::poll_until([&] { return may_go.load(); });
+    } };
+    ASSERT_TRUE(gui::poll_until([&] { return is_held.load(); }));
+    media::ImageLoader loader{ thumbnails, properties };
+    may_go = true;
+    loading.join();
+    ASSERT_TRUE(loader.load(write_gif(L"a.gif", { 3, 3 })));
+    media::ImageCanvas canvas{ pane(), loader };
+    ASSERT_TRUE(canvas.fit());
+    media::GifThread thread;
+    {
+        const std::scoped_lock hold{ media::loader_lock() };
+        ASSERT_TRUE(thread.play(canvas, PlayState::playing));
+        Sleep(20);
+        EXPECT_EQ(thread.current_frame(), 0u);
+        thread.stop();
+    }
+    EXPECT_FALSE(thread.is_held());
+}
+
+TEST_F(Animation, ThatCannotBeStartedStandsStillAndIsLogged)
+{
+    using Begin = std::uintptr_t(void*, unsigned, unsigned(__stdcall*)(void*), void*, unsigned, unsigned*);
+    const gui::LogEar ear;
+    {
+        const gui::ReplacedImport<Begin> none{ &__imp__beginthreadex,
+            [](void*, unsigned, unsigned(__stdcall*)(void*), void*, unsigned, unsigned*) -> std::uintptr_t {
+                return 0;
+            } };
+        show_frames(3, 3);
+    }
+    EXPECT_FALSE(pane().gif_thread().is_held());
+    EXPECT_EQ(ear.heard(), L"GifThread の起動に失敗\r\n");
+    EXPECT_TRUE(is_in_view(MovingGif::black));
+    press(200, 100);
+    double_click();
+    pane().scale_anew();
+    show_frames(3, 3);
+    EXPECT_TRUE(pane().gif_thread().is_held());
+}
+
+TEST_F(Animation, ThatBreaksOffLeavesItsFrameStanding)
+{
+    const gui::LogEar ear;
+    DecoderCalls calls;
+    calls.throw_next();
+    show_frames(3, 3);
+    EXPECT_TRUE(waited([&] { return !ear.heard().empty(); }));
+    EXPECT_EQ(ear.heard(), L"GifThread: 再生を中断\r\n");
+    EXPECT_TRUE(is_in_view(MovingGif::black));
+    press(200, 100);
+    show({});
+    const std::unique_lock hold{ media::loader_lock(), std::try_to_lock };
+    EXPECT_TRUE(hold.owns_lock()) << "what it held is given back";
+}
+
+TEST_F(Animation, GivesTheTimersResolutionBack)
+{
+    static std::atomic<int> periods;
+    periods = 0;
+    using Period = MMRESULT WINAPI(UINT);
+    const gui::ReplacedImport<Period> begin{ &__imp_timeBeginPeriod, [](UINT milliseconds) -> MMRESULT {
+                                                periods += milliseconds == 1 ? 1 : 100;
+                                                return 0;
+                                            } };
+    const gui::ReplacedImport<Period> end{ &__imp_timeEndPeriod, [](UINT milliseconds) -> MMRESULT {
+                                              periods -= milliseconds == 1 ? 1 : 100;
+                                              return 0;
+                                          } };
+    show_frames(3, 3);
+    EXPECT_TRUE(waited([&] { return periods == 1; }));
+    show({});
+    EXPECT_EQ(periods, 0);
+}
+
+TEST_F(Animation, OnTheWayToAFarFrameLetsOthersDraw)
+{
+    constexpr int frames = 3000;
+    book().header.gif_autoplay = 0;
+    show_frames(frames, 3);
+    ASSERT_TRUE(waited([&] { return is_paused_shown(); }));
+    const DecoderCalls calls;
+    press_bar(999);
+    int turns = 0;
+    while (calls.selected() < frames - 10 && turns < 100'000) {
+        const std::scoped_lock hold{ media::drawing_lock() };
+        ++turns;
+    }
+    EXPECT_GT(turns, 20);
+    EXPECT_TRUE(waited([&] { return calls.drawn() > 0; }));
+    const int forward = calls.selected();
+    EXPECT_LE(forward, frames) << "no frame twice";
+    // And leaves at once when it is stopped on the way back.
+    press_bar(900);
+    ASSERT_TRUE(waited([&] { return calls.selected() > forward; }));
+    show({});
+    EXPECT_LT(calls.selected(), forward + frames / 2);
+}
+
+TEST_F(Animation, BearsClicksThemesAndSizesWhileItPlays)
+{
+    ShowWindow(parent().hwnd(), SW_SHOW);
+    show_frames(50, 1);
+    for (int i = 0; i < 120; ++i) {
+        press_bar(i * 37 % 1000);
+        press(200, 100);
+        look::load_theme(look::theme_standard + i % 6);
+        pane().apply_theme();
+        app::settings().interpolation_command = 5000 + i % 6;
+        pane().scale_anew();
+        pane().set_rect({ 0, 0, width - i % 3, height - i % 5 }, true);
+        gui::pump();
+    }
+    look::load_theme(look::theme_standard);
+    EXPECT_TRUE(pane().gif_thread().is_held());
+}
+
+TEST_F(Animation, StartsAndStopsTwoThousandTimes)
+{
+    show_frames(3, 3);
+    media::ImageLoader loader{ thumbnails, properties };
+    const std::wstring path = pane().loader().path();
+    show({});
+    ASSERT_TRUE(loader.load(path));
+    media::ImageCanvas canvas{ pane(), loader };
+    ASSERT_TRUE(canvas.fit());
+    canvas.layout(media::mode_fit, 0);
+    media::GifThread thread;
+    std::size_t before = 0;
+    for (int i = 0; i < 2'000; ++i) {
+        ASSERT_TRUE(thread.play(canvas, i % 2 == 0 ? PlayState::playing : PlayState::paused));
+        if (i % 64 == 0)
+            Sleep(1);
+        thread.stop();
+        ASSERT_FALSE(thread.is_held());
+        if (i == 200)
+            before = gui::memory_in_use();
+    }
+    constexpr std::size_t few = 4 << 20;
+    EXPECT_LT(gui::memory_in_use(), before + few);
+}
+
+TEST_F(Animation, KeepsNoMemoryForTheFramesItShows)
+{
+    const DecoderCalls calls;
+    show({ write(L"a.gif", MovingGif(200, 200).frames(100, 1).bytes()) });
+    press_bar(10);
+    ASSERT_TRUE(waited([&] { return calls.drawn() > 20; }));
+    const std::size_t before = gui::memory_in_use();
+    ASSERT_TRUE(waited([&] { return calls.drawn() > 220; }));
+    constexpr std::size_t frames = 10 * 200 * 200 * 4;
+    EXPECT_LT(gui::memory_in_use(), before + frames);
+}
+
+} // namespace
