@@ -88,10 +88,23 @@ Rect checks_frame(const MainLayout& layout)
     return { first.left - 10, first.top - 4, last.right + 4, last.bottom + 4 };
 }
 
-Point empty_pane_text(const MainLayout& layout)
+FileNote file_note(const MainLayout& layout)
 {
-    constexpr int margin = 8;
-    return { layout.file_pane.left + margin, layout.file_pane.top + margin };
+    constexpr int further_left = 48;
+    constexpr int lower = 32;
+    constexpr int line = 16;
+    constexpr int picture_gap = 6;
+    constexpr int picture_side = 32;
+    const Rect& counter = layout.file_counter;
+    const int left = counter.left - further_left;
+    const int top = counter.top + lower;
+    const int right = counter.right - further_left;
+    FileNote note;
+    note.facts = { left, top, right, top + line };
+    note.size = { left, top + line, right, top + 2 * line };
+    note.picture = { right + picture_gap, top };
+    note.area = { left, top, note.picture.x + picture_side, top + picture_side };
+    return note;
 }
 
 int clamp_divider(const PageBoxes& boxes, int y)

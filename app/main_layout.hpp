@@ -40,9 +40,17 @@ MainLayout main_layout(Size client);
 // The frame round the checks that belong to the page and the order, and how round its corners are.
 Rect checks_frame(const MainLayout& layout);
 inline constexpr int checks_frame_corner = 8;
-// Where the text of an empty file pane begins.
-Point empty_pane_text(const MainLayout& layout);
-inline constexpr int file_pane_corner = 11;
+// What is told of the file in view, below the counter and reaching further left: its line of facts, its size
+// and its small picture.
+struct FileNote {
+    Rect facts;
+    Rect size;
+    Point picture;
+    Rect area; // of all of it
+
+    friend bool operator==(const FileNote&, const FileNote&) = default;
+};
+FileNote file_note(const MainLayout& layout);
 
 // `y` moved into the range that the boundary under box 1 may take.
 int clamp_divider(const PageBoxes& boxes, int y);

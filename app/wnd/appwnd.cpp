@@ -5,6 +5,7 @@
 #include "app/page_commands.hpp"
 #include "app/titles.hpp"
 #include "app/wnd/app_bitmaps.hpp"
+#include "app/wnd/file_pane.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/clock.hpp"
 #include "platform/file.hpp"
@@ -42,6 +43,7 @@ AppWnd::AppWnd()
     , q_box_(this, command::box_1)
     , a_box_(this, command::box_2)
     , d_box_(this, command::box_3)
+    , file_pane_(std::make_unique<FilePane>(this, &book_))
     , menu_pictures_(app_bitmap)
     , accelerators_(LoadAcceleratorsW(ovlib::WinApp::instance, MAKEINTRESOURCEW(accelerator_resource)))
 {

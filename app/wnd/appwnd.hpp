@@ -26,14 +26,18 @@
 #include "ovlib/gui/menu_pictures.hpp"
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace app {
 
+class FilePane;
+
 class AppWnd : public ovlib::BaseWnd {
 public:
     AppWnd();
+    ~AppWnd() override;
 
     bool on_message(ovlib::WndMessage& message) override;
     void dispatch(MSG& message) override;
@@ -214,6 +218,7 @@ private:
     look::ABox a_box_;
     look::DBox d_box_;
     MainControls controls_{ this, &book_ };
+    std::unique_ptr<FilePane> file_pane_;
     look::WarningWnd banner_{ this };
     ovlib::MenuPictures menu_pictures_;
     ovlib::classic::FileOpenDialog book_open_dialog_{ this };

@@ -1,7 +1,6 @@
 // Which command does what. What holds before and after stands in the rules.
 #include "app/command_ids.hpp"
 #include "app/page_commands.hpp"
-#include "app/settings.hpp"
 #include "app/titles.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "look/theme.hpp"
@@ -149,12 +148,6 @@ Outcome AppWnd::on_ignore(const CommandInput&)
 Outcome AppWnd::on_about(const CommandInput&)
 {
     show_message(about_text(), BoxStyle::plain);
-    return Outcome::done;
-}
-
-Outcome AppWnd::on_interpolation(const CommandInput& input)
-{
-    settings().interpolation_command = input.id;
     return Outcome::done;
 }
 

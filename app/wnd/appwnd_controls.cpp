@@ -5,7 +5,6 @@
 #include "app/wnd/data_root.hpp"
 #include "book/page_order.hpp"
 #include "look/page_slider.hpp"
-#include "ovlib/gui/geometry.hpp"
 
 namespace app {
 
@@ -53,16 +52,6 @@ void AppWnd::refresh_file_combo()
     set_current_directory(L"");
     if (const auto files = file_combo(book_))
         controls_.show_files(*files);
-}
-
-// The pane and the counter of its files.
-void AppWnd::refresh_file_pane()
-{
-    for (const Rect& place : { layout_.file_pane, layout_.file_counter }) {
-        const RECT rect = ovlib::to_rect(place);
-        InvalidateRect(hwnd(), &rect, TRUE);
-    }
-    UpdateWindow(hwnd());
 }
 
 bool AppWnd::on_slider(const ovlib::WndMessage& message)

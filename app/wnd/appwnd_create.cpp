@@ -1,6 +1,7 @@
 // How the main window comes up and goes down.
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/data_root.hpp"
+#include "app/wnd/file_pane.hpp"
 #include "app/wnd/settings_file.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
@@ -34,7 +35,7 @@ bool AppWnd::create_view()
     }
     resize(main_window_size.width, main_window_size.height, false);
     center(nullptr, false);
-    if (!create_boxes() || !create_controls())
+    if (!create_boxes() || !create_controls() || !file_pane_->create())
         return false;
     if (!history_window_.create(L""))
         return false;

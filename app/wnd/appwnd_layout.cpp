@@ -1,5 +1,6 @@
 // Where the children stand, and the boundary between the boxes.
 #include "app/wnd/appwnd.hpp"
+#include "app/wnd/file_pane.hpp"
 #include "ovlib/gui/geometry.hpp"
 #include <windowsx.h>
 
@@ -13,6 +14,7 @@ void AppWnd::lay_out()
     layout_ = main_layout({ client.cx, client.cy });
     place_boxes();
     controls_.place(layout_);
+    file_pane_->place(layout_);
     for (look::MyBox* box : boxes())
         box->show(true);
 }

@@ -1,5 +1,6 @@
 // What the main window paints between its controls.
 #include "look/theme.hpp"
+#include "media/wnd/filewnd.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_crowd.hpp"
 
@@ -46,11 +47,22 @@ protected:
             place.file_counter.top + 20 };
         return count_others(line, look::palette().panel_back);
     }
+    // The pane itself paints there, not the window behind it.
+    Color in_pane(int x, int y)
+    {
+        const ovlib::ClientDC dc{ the<media::FileWnd>() };
+        return Color{ GetPixel(dc.handle(), x, y) };
+    }
     int pane_text_pixels()
     {
-        const auto [x, y] = app::empty_pane_text(layout());
-        return count_others({ x, y, x + 120, y + 20 }, look::palette().viewer_back);
+        int count = 0;
+        for (int y = 8; y < 28; ++y) {
+            for (int x = 8; x < 128; ++x)
+                count += in_pane(x, y) == look::palette().viewer_text ? 1 : 0;
+        }
+        return count;
     }
+    int note_pixels() { return count_others(app::file_note(layout()).area, look::palette().panel_back); }
 };
 
 TEST_F(Painted, AFrameRunsRoundTheSixChecks)
@@ -94,10 +106,32 @@ TEST_F(Painted, ThePaneOfAPageWithoutFilesSaysSo)
     command(command::next_page);
     EXPECT_EQ(pane_text_pixels(), 0);
     const Rect pane = layout().file_pane;
-    EXPECT_EQ(at(pane.left, (pane.top + pane.bottom) / 2), look::palette().viewer_back);
-    EXPECT_EQ(at(pane.right - 1, pane.bottom - 40), look::palette().viewer_back);
+    EXPECT_EQ(in_pane(0, pane.height() / 2), look::palette().viewer_back);
+    EXPECT_EQ(in_pane(pane.width() - 1, pane.height() - 40), look::palette().viewer_back);
     EXPECT_EQ(at(pane.left, pane.top), look::palette().panel_back) << "the corner is round";
     EXPECT_EQ(at(pane.right, pane.bottom - 40), look::palette().panel_back);
+}
+
+TEST_F(Painted, WhatIsToldOfTheFileStandsBelowTheCounter)
+{
+    const std::wstring text = file(L"覚書.txt");
+    test_support::write_bytes(text, test_support::Bytes(1500, std::byte{ 'a' }));
+    show({ page(L"1\r\n"), page_with_files({ text.c_str(), L"C:\\無い.txt" }) });
+    EXPECT_EQ(note_pixels(), 0);
+    command(command::next_page);
+    const app::FileNote place = app::file_note(layout());
+    const Color ground = look::palette().panel_back;
+    EXPECT_GT(count_others(place.facts, ground), 10);
+    EXPECT_GT(count_others(place.size, ground), 10);
+    EXPECT_GT(count_others(
+                  { place.picture.x, place.picture.y, place.picture.x + 32, place.picture.y + 32 }, ground),
+        50)
+        << "the icon, where the shell has no picture";
+    command(command::next_file);
+    EXPECT_GT(count_others(place.facts, ground), 10) << "unknown";
+    EXPECT_EQ(count_others(place.size, ground), 0);
+    command(command::previous_page);
+    EXPECT_EQ(note_pixels(), 0);
 }
 
 TEST_F(Painted, AThemeReachesPaneAndCounter)
@@ -106,7 +140,7 @@ TEST_F(Painted, AThemeReachesPaneAndCounter)
     for (const std::int32_t theme : { 6002, 6001, 6000 }) {
         command(theme);
         const Rect pane = layout().file_pane;
-        EXPECT_EQ(at(pane.left + 50, pane.top + 50), look::palette().viewer_back) << theme;
+        EXPECT_EQ(in_pane(50, pane.height() - 50), look::palette().viewer_back) << theme;
         EXPECT_GT(counter_pixels(), 0) << theme;
     }
 }

@@ -39,6 +39,15 @@ TEST(MainLayout, PutsTheFilePaneOnTheRight)
     EXPECT_EQ(at.file_counter, (Rect{ 1110, 718, 1374, 825 }));
 }
 
+TEST(MainLayout, TellsOfTheFileBelowTheCounterAndFurtherLeft)
+{
+    const app::FileNote note = app::file_note(at);
+    EXPECT_EQ(note.facts, (Rect{ 1062, 750, 1326, 766 }));
+    EXPECT_EQ(note.size, (Rect{ 1062, 766, 1326, 782 }));
+    EXPECT_EQ(note.picture, (app::Point{ 1332, 750 }));
+    EXPECT_EQ(note.area, (Rect{ 1062, 750, 1364, 782 }));
+}
+
 TEST(MainLayout, PutsButtonsAndChecksBelowTheBoxes)
 {
     EXPECT_EQ(at.book_button, (Rect{ 16, 716, 81, 762 }));

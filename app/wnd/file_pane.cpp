@@ -1,0 +1,68 @@
+#include "app/wnd/file_pane.hpp"
+#include "app/folders.hpp"
+#include "look/theme.hpp"
+#include "look/wnd/fonts.hpp"
+#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/text_stream.hpp"
+#include <utility>
+
+namespace app {
+
+using ovlib::to_rect;
+
+namespace {
+
+constexpr look::SharedFont note_font = look::SharedFont::ui_9_bold;
+
+} // namespace
+
+FilePane::FilePane(ovlib::Wnd* parent, book::Book* book)
+    : pane_(parent, book, { thumbnails_, properties_ })
+{
+}
+
+bool FilePane::create()
+{
+    small_picture_.set_film(ovlib::GDI::Bitmap{ ovlib::GDI::load_bitmap(folders().res + L"\\perfo.bmp") });
+    return pane_.create(L"");
+}
+
+void FilePane::place(const MainLayout& layout)
+{
+    pane_.set_rect(to_rect(layout.file_pane), false);
+}
+
+bool FilePane::show_selected_file()
+{
+    pane_.show_selected_file();
+    if (pane_.is_loading())
+        return false;
+    const media::ImageLoader& loader = pane_.loader();
+    const unsigned turn = ++turn_;
+    media::FileFacts facts = loader.facts_to_show();
+    if (turn != turn_)
+        return false;
+    facts_ = std::move(facts);
+    small_picture_.fetch(loader.path(), facts_.kind, thumbnails_);
+    return turn == turn_;
+}
+
+void FilePane::draw_note(const ovlib::DC& dc, const MainLayout& layout, const std::wstring& counter) const
+{
+    if (counter.empty())
+        return;
+    ovlib::GDI::TextStream text{ dc };
+    text.back_mode = TRANSPARENT;
+    text.color = look::palette().list_text;
+    text.font = look::shared_font(note_font);
+    text.x = layout.file_counter.left;
+    text.y = layout.file_counter.top;
+    text << counter;
+    const FileNote place = file_note(layout);
+    text.flags |= DT_END_ELLIPSIS;
+    text.draw(facts_.text, to_rect(place.facts));
+    text.draw(facts_.size_text, to_rect(place.size));
+    small_picture_.draw(dc, place.picture);
+}
+
+} // namespace app

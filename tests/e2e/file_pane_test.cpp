@@ -1,0 +1,305 @@
+// The files of pages as they show beside the text: pictures, playing animations, and what the mouse does.
+#include "driver_main_window.hpp"
+#include "driver_screen.hpp"
+#include "media/gif_play.hpp"
+#include "tests/support/picture_files.hpp"
+#include <set>
+
+namespace fs = std::filesystem;
+using namespace e2e;
+
+namespace {
+
+namespace command = app::command;
+using ovlib::Color;
+using test_support::FileContents;
+using test_support::MovingGif;
+using test_support::plain;
+
+constexpr Color red{ 0x0000FF };
+constexpr Color green{ 0x00FF00 };
+constexpr Color blue{ 0xFF0000 };
+constexpr Color yellow{ 0x00FFFF };
+constexpr Color viewer_back{ 0x202020 }; // of the standard theme
+
+class FilePane : public MainWindowTest {
+protected:
+    // Beside the program, so that entries may be relative.
+    std::wstring add_file(const std::wstring& name, const FileContents& bytes) const
+    {
+        write_bytes(root().folder() / name, { reinterpret_cast<const char*>(bytes.data()), bytes.size() });
+        return name;
+    }
+    // The first letter of each page's box is its number.
+    fs::path open_pages(const std::vector<std::vector<std::wstring>>& files, bool autoplay = true)
+    {
+        std::vector<book::Page> pages;
+        for (const std::vector<std::wstring>& entries : files) {
+            pages.push_back(make_page(numeral(pages.size() + 1)));
+            pages.back().files = entries;
+        }
+        book::BookHeader header;
+        header.gif_autoplay = autoplay ? 1 : 0;
+        const fs::path book = root().add_book(L"手帖.bok", pages, header);
+        open_settled(book);
+        return book;
+    }
+    std::wstring add_gif(const std::wstring& name, std::size_t frames, std::uint32_t delay) const
+    {
+        return add_file(name, MovingGif(65, 65).frames(frames, delay).bytes());
+    }
+
+    POINT in_pane(int x, int y) const
+    {
+        const app::Rect pane = layout().file_pane;
+        return on_screen(pane.left + x, pane.top + y);
+    }
+    // Away from the texts that may stand over a picture.
+    POINT picture_place() const { return in_pane(325, 300); }
+    Color in_view() const { return Color{ color_on_screen(picture_place()) }; }
+    void expect_in_view(Color color, const Where& where = Where::current())
+    {
+        expect_soon(
+            color, [&] { return in_view(); }, where);
+    }
+    void expect_frame(MovingGif::Shade shade, const Where& where = Where::current())
+    {
+        expect_in_view(MovingGif::colors[shade], where);
+    }
+    // How many colours come by until this many were seen or the time is over.
+    std::size_t colors_that_come_by(std::size_t wanted, milliseconds limit) const
+    {
+        std::set<std::uint32_t> seen;
+        wait_until(
+            [&] {
+                seen.insert(in_view().value);
+                return seen.size() >= wanted;
+            },
+            limit);
+        return seen.size();
+    }
+    void expect_playing(const Where& where = Where::current())
+    {
+        const auto traced = trace(where);
+        EXPECT_GE(colors_that_come_by(3, patience), 3u);
+    }
+    // A pause writes white in the corner of the picture, which fills the pane sideways.
+    bool is_paused_shown() const
+    {
+        for (const COLORREF color : column_on_screen(in_pane(16, 18), 24)) {
+            if (color == RGB(255, 255, 255))
+                return true;
+        }
+        for (int x = 10; x < 60; x += 1) {
+            for (const COLORREF color : column_on_screen(in_pane(x, 18), 24)) {
+                if (color == RGB(255, 255, 255))
+                    return true;
+            }
+        }
+        return false;
+    }
+    app::Rect bar() const
+    {
+        const app::Rect pane = layout().file_pane;
+        return media::GifRun{ { pane.width(), pane.height() }, 5 }.bar();
+    }
+    void click_bar(int permille) const
+    {
+        click(in_pane(bar().left + bar().width() * permille / 1000, bar().top + 5));
+    }
+    static std::vector<std::wstring> stored_files(const fs::path& book)
+    {
+        return load_book(book).pages[0].files;
+    }
+};
+
+} // namespace
+
+TEST_F(FilePane, ShowsThePictureOfEachPageWhileOneLeafs)
+{
+    open_pages({ { add_file(L"一.png", test_support::png_file(65, 67, plain(red))) },
+        { add_file(L"二.bmp", test_support::bmp_file(65, 67, plain(green))) },
+        { add_file(L"三.tif", test_support::tiff_file(65, 67, plain(blue))) },
+        { add_file(L"四.gif", MovingGif(65, 67).frame(MovingGif::white).bytes()) },
+        { add_file(L"五.ico", test_support::ico_file(48, 48, plain(yellow))) }, {}, { L"無い.png" } });
+    expect_in_view(red);
+    for (const Color color : { green, blue, Color{ 0xFFFFFF }, yellow, viewer_back, viewer_back }) {
+        click_control(command::next_page);
+        expect_in_view(color);
+    }
+    click_control(command::first_page);
+    expect_in_view(red);
+}
+
+TEST_F(FilePane, ShowsAJpegAndTellsItsFactsBelow)
+{
+    open_pages({ { add_file(L"a.jpg", test_support::jpeg_file(65, 65, 220)) } });
+    expect_soon(true, [&] { return in_view().luminance() > 210; });
+    const app::FileNote note = app::file_note(layout());
+    const auto has_text = [&](const app::Rect& line) {
+        for (int x = line.left; x < line.left + 60; ++x) {
+            for (const COLORREF color : column_on_screen(on_screen(x, line.top), line.height())) {
+                if (Color{ color }.luminance() < 60)
+                    return true;
+            }
+        }
+        return false;
+    };
+    expect_soon(true, [&] { return has_text(note.facts); });
+    EXPECT_TRUE(has_text(note.size));
+    EXPECT_TRUE(has_text(layout().file_counter));
+}
+
+TEST_F(FilePane, AnAnimationPlaysPausesSeeksAndGoesOn)
+{
+    open_pages({ { add_gif(L"動.gif", 5, 20) } });
+    expect_playing();
+    click(picture_place());
+    expect_soon(true, [&] { return is_paused_shown(); });
+    EXPECT_EQ(colors_that_come_by(2, milliseconds{ 1000 }), 1u) << "it stands";
+    click_bar(500);
+    expect_frame(MovingGif::red);
+    click_bar(990);
+    expect_frame(MovingGif::blue);
+    click_bar(10);
+    expect_frame(MovingGif::black);
+    EXPECT_TRUE(is_paused_shown());
+    click(picture_place());
+    expect_playing();
+    // Two clicks in one go are none.
+    double_click(picture_place());
+    expect_playing();
+}
+
+TEST_F(FilePane, AnAnimationBeginsPausedWhereTheBookWantsIt)
+{
+    open_pages({ { add_gif(L"動.gif", 5, 20) } }, false);
+    expect_soon(true, [&] { return is_paused_shown(); });
+    EXPECT_EQ(colors_that_come_by(2, milliseconds{ 600 }), 1u);
+    click(picture_place());
+    expect_playing();
+}
+
+TEST_F(FilePane, TheWheelChoosesAnotherFile)
+{
+    open_pages({ { add_file(L"a.png", test_support::png_file(65, 65, plain(red))),
+                     add_file(L"b.png", test_support::png_file(65, 65, plain(green))),
+                     add_file(L"c.png", test_support::png_file(65, 65, plain(blue))) },
+        { L"無い.png" } });
+    expect_in_view(red);
+    turn_wheel(picture_place(), -1);
+    expect_in_view(green);
+    turn_wheel(picture_place(), -1);
+    expect_in_view(blue);
+    turn_wheel(picture_place(), 1);
+    expect_in_view(green);
+    expect_page(L"一");
+}
+
+TEST_F(FilePane, CtrlAndTheWheelCarryTheEntryOverItsNeighbour)
+{
+    const fs::path book =
+        open_pages({ { add_file(L"a.png", test_support::png_file(65, 65, plain(red))), L"無い.png" } });
+    expect_in_view(red);
+    move_mouse(picture_place());
+    const auto stored = [&] {
+        main_window().send_command(command::save_always);
+        return stored_files(book);
+    };
+    {
+        const HeldKey ctrl(VK_CONTROL);
+        turn_wheel(picture_place(), -1);
+        expect_soon(std::vector<std::wstring>{ L"無い.png", L"a.png" }, stored);
+    }
+    expect_in_view(red);
+}
+
+TEST_F(FilePane, TheInterpolationIsKeptOverARestart)
+{
+    const Color black{ 0x000000 };
+    const Color white{ 0xFFFFFF };
+    open_pages(
+        { { add_file(L"a.png", test_support::png_file(2, 2, test_support::halves(2, black, white))) } });
+    // Far left and right of the middle a smooth picture is a shade of grey, and a plain one is not.
+    const auto has_shades = [&] {
+        const Color color{ color_on_screen(in_pane(260, 340)) };
+        return color.value != black.value && color.value != white.value;
+    };
+    expect_soon(true, has_shades);
+    main_window().send_command(5001);
+    expect_soon(false, has_shades);
+    restart();
+    expect_soon(false, has_shades);
+    main_window().send_command(5002);
+    expect_soon(true, has_shades);
+}
+
+TEST_F(FilePane, PagesOfAnimationsAreTurnedAtFullSpeed)
+{
+    std::vector<std::vector<std::wstring>> files;
+    for (int i = 0; i < 4; ++i)
+        files.push_back({ add_gif(L"動" + std::to_wstring(i) + L".gif", 5, i == 2 ? 65535 : 3) });
+    open_pages(files);
+    for (int round = 0; round < 50; ++round) {
+        main_window().send_command(round % 8 < 4 ? command::next_page : command::previous_page);
+        if (round % 5 == 0)
+            click(picture_place());
+    }
+    main_window().send_command(command::first_page);
+    expect_page(L"一");
+    expect_playing();
+}
+
+TEST_F(FilePane, TheProgramClosesWhileAnAnimationPlays)
+{
+    for (const std::uint32_t delay : { 3u, 65535u }) {
+        open_pages({ { add_gif(L"動.gif", 5, delay) } });
+        if (delay == 3)
+            expect_playing();
+        else
+            expect_frame(MovingGif::black);
+        close();
+    }
+}
+
+TEST_F(FilePane, AFileThatIsReplacedWhileItShowsStandsUntilItIsChosenAgain)
+{
+    open_pages({ { add_file(L"a.png", test_support::png_file(65, 65, plain(red))) }, {} });
+    expect_in_view(red);
+    add_file(L"a.png", test_support::png_file(65, 65, plain(green)));
+    main_window().send_command(5001);
+    EXPECT_EQ(in_view(), red);
+    click_control(command::next_page);
+    expect_in_view(viewer_back);
+    click_control(command::previous_page);
+    expect_in_view(green);
+}
+
+TEST_F(FilePane, HostileFilesLeaveAClearMessageAndALivingProgram)
+{
+    FileContents big = test_support::png_file(8, 8, plain(red));
+    const auto sides = test_support::PictureBytes{}.big32(30'000).big32(30'000).bytes();
+    std::copy(sides.begin(), sides.end(), big.begin() + 16);
+    FileContents cut = MovingGif(65, 65).frames(5, 20).bytes();
+    cut.resize(cut.size() / 2);
+    const std::wstring half_pair{ L'x', wchar_t{ 0xD842 }, L'.', L'p', L'n', L'g' };
+    open_pages({ { add_file(L"a.png", {}), add_file(L"b.png", big), add_file(L"c.gif", FileContents(99)),
+        half_pair, std::wstring(300, L'長') + L".png", add_file(L"d.gif", cut),
+        add_file(L"e.png", test_support::png_file(65, 65, plain(green))) } });
+    const auto error_shows = [&] {
+        for (int x = 8; x < 120; ++x) {
+            for (const COLORREF color : column_on_screen(in_pane(x, 8), 30)) {
+                if (color == 0x6060FF)
+                    return true;
+            }
+        }
+        return false;
+    };
+    for (int entry = 0; entry < 5; ++entry) {
+        expect_soon(true, error_shows);
+        main_window().send_command(command::next_file);
+    }
+    // Whether half an animation plays is the decoder's to say.
+    main_window().send_command(command::next_file);
+    expect_in_view(green);
+}
