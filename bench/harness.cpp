@@ -110,4 +110,9 @@ void Bench::run(const Case& work)
     print(measure(work, options_), options_.tab_separated);
 }
 
+void Bench::add(const Result& result)
+{
+    print(result, options_.tab_separated);
+}
+
 } // namespace bench

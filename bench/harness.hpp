@@ -52,6 +52,8 @@ public:
     book::Book& big_book();
     // Runs subject and yardstick in turns, so that both meet the same machine, and prints the medians.
     void run(const Case& work);
+    // Prints what was measured otherwise.
+    void add(const Result& result);
 
 private:
     Options options_;
@@ -80,6 +82,7 @@ void run_paint(Bench& bench);
 void run_start(Bench& bench);
 void run_pages(Bench& bench);
 void run_typing(Bench& bench);
+void run_media(Bench& bench);
 #endif
 
 } // namespace bench

@@ -19,6 +19,7 @@ constexpr bench::Suite suites[] = {
     { "start", bench::run_start },
     { "pages", bench::run_pages },
     { "typing", bench::run_typing },
+    { "media", bench::run_media },
 #endif
 };
 
