@@ -27,6 +27,12 @@ private:
     std::optional<int> exit_code_;
 };
 
+bool quit_is_waiting()
+{
+    MSG message{};
+    return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) && message.message == WM_QUIT;
+}
+
 } // namespace
 
 void Wnd::dispatch(MSG& message)
@@ -37,6 +43,7 @@ void Wnd::dispatch(MSG& message)
 
 int Wnd::message_loop()
 {
+    const bool had_window = is_window();
     MSG message{};
     for (;;) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
@@ -45,6 +52,10 @@ int Wnd::message_loop()
         if (got == 0)
             return static_cast<int>(message.wParam);
         dispatch(message);
+        // A loop that a handler ran, such as the system's for moving a window, may have met the close, and
+        // then taken the quit for itself.
+        if (had_window && !is_window() && !quit_is_waiting())
+            PostQuitMessage(0);
     }
 }
 

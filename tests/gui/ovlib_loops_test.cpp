@@ -78,6 +78,26 @@ TEST_F(Loops, ClosingAPlainBaseWindowEndsTheMessageLoop)
     EXPECT_EQ(wnd.hwnd(), nullptr);
 }
 
+// As the loop that moves a window may, when the close comes while the button is down.
+TEST_F(Loops, TheMessageLoopEndsWithItsWindowWhenAHandlersLoopTookTheQuit)
+{
+    gui::Watched<ovlib::BaseWnd> wnd;
+    wnd.answer = [](WndMessage& message) {
+        if (message.message != WM_APP)
+            return false;
+        PostMessageW(message.hwnd, WM_CLOSE, 0, 0);
+        MSG inner{};
+        while (GetMessageW(&inner, nullptr, 0, 0) > 0)
+            DispatchMessageW(&inner);
+        return true;
+    };
+    ASSERT_TRUE(wnd.create(L""));
+    wnd.post(WM_APP, 0, 0);
+    EXPECT_EQ(wnd.message_loop(), 0);
+    EXPECT_EQ(wnd.hwnd(), nullptr);
+    EXPECT_FALSE(gui::take_quit());
+}
+
 TEST_F(Loops, WaitRefusesANullHandle)
 {
     EXPECT_FALSE(top.wait(nullptr));
