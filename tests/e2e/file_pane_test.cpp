@@ -240,7 +240,7 @@ TEST_F(FilePane, PagesOfAnimationsAreTurnedAtFullSpeed)
     for (int i = 0; i < 4; ++i)
         files.push_back({ add_gif(L"動" + std::to_wstring(i) + L".gif", 5, i == 2 ? 65535 : 3) });
     open_pages(files);
-    for (int round = 0; round < 50; ++round) {
+    for (int round = 0; round < 24; ++round) {
         main_window().send_command(round % 8 < 4 ? command::next_page : command::previous_page);
         if (round % 5 == 0)
             click(picture_place());

@@ -51,6 +51,12 @@ inline std::uint32_t adler(std::span<const std::byte> bytes)
     return high << 16 | low;
 }
 
+inline void add_part(PictureBytes& out, const FileContents& bytes, std::size_t at, std::size_t count)
+{
+    for (std::size_t i = at; i < at + count; ++i)
+        out.byte(std::to_integer<std::uint32_t>(bytes[i]));
+}
+
 // Kept as it is, in the blocks that the format has for that.
 inline FileContents deflated(const FileContents& bytes)
 {
@@ -61,8 +67,7 @@ inline FileContents deflated(const FileContents& bytes)
         const std::size_t count = std::min(most, bytes.size() - at);
         const auto length = static_cast<std::uint32_t>(count);
         out.byte(at + count == bytes.size() ? 1 : 0).little16(length).little16(~length);
-        const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(at);
-        out.append({ begin, begin + static_cast<std::ptrdiff_t>(count) });
+        add_part(out, bytes, at, count);
     }
     return out.big32(adler(bytes)).bytes();
 }
@@ -274,9 +279,8 @@ private:
         constexpr std::size_t most = 255;
         for (std::size_t at = 0; at < data.size(); at += most) {
             const std::size_t count = std::min(most, data.size() - at);
-            const auto begin = data.begin() + static_cast<std::ptrdiff_t>(at);
             bytes_.byte(static_cast<std::uint32_t>(count));
-            bytes_.append({ begin, begin + static_cast<std::ptrdiff_t>(count) });
+            detail::add_part(bytes_, data, at, count);
         }
         bytes_.byte(0);
     }
