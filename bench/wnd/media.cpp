@@ -126,6 +126,30 @@ void run_photo(Bench& bench, const test_support::TempFolder& folder)
         decode, 1.0 });
 }
 
+// What a frame costs that must be scaled to the pane, beside the system's plain stretching of the same pixels.
+void run_frame(Bench& bench, const test_support::TempFolder& folder)
+{
+    constexpr int side = 200;
+    const std::wstring path = folder.file(L"枠.png");
+    test_support::write_bytes(
+        path, test_support::png_file(side, side, test_support::halves(side, ovlib::rgb(255, 0, 0), {})));
+    MediaHost host{ book_of({ path }) };
+    ovlib::BackBuffer source;
+    ovlib::BackBuffer target;
+    const media::ImageCanvas& canvas = host.pane().canvas();
+    must(source.create(side, side) && target.create(canvas.width, canvas.height), "no bitmaps");
+    Case frame{ "draw and show a frame of 200 x 200", [&] { host.pane().scale_anew(); },
+        "stretching it by the nearest pixel",
+        [&] {
+            StretchBlt(target.dc().handle(), 0, 0, target.width, target.height, source.dc().handle(), 0, 0, side,
+                side, SRCCOPY);
+            ovlib::finish_drawing();
+        },
+        0, media::shortest_delay };
+    frame.repeats = 5;
+    bench.run(frame);
+}
+
 // Times between two frames, taken where the thread tells of them.
 std::vector<double> frame_times(MediaHost& host, std::size_t count)
 {
@@ -211,6 +235,7 @@ void run_media(Bench& bench)
     {
         const test_support::TempFolder folder;
         run_photo(bench, folder);
+        run_frame(bench, folder);
         run_pace(bench, folder);
         run_turns(bench, folder);
     }
