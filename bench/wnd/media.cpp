@@ -126,7 +126,8 @@ void run_photo(Bench& bench, const test_support::TempFolder& folder)
         decode, 1.0 });
 }
 
-// What a frame costs that must be scaled to the pane, beside the system's plain stretching of the same pixels.
+// What a frame costs that must be scaled to the pane, beside the system's plain stretching of the same
+// pixels.
 void run_frame(Bench& bench, const test_support::TempFolder& folder)
 {
     constexpr int side = 200;
@@ -141,8 +142,8 @@ void run_frame(Bench& bench, const test_support::TempFolder& folder)
     Case frame{ "draw and show a frame of 200 x 200", [&] { host.pane().scale_anew(); },
         "stretching it by the nearest pixel",
         [&] {
-            StretchBlt(target.dc().handle(), 0, 0, target.width, target.height, source.dc().handle(), 0, 0, side,
-                side, SRCCOPY);
+            StretchBlt(target.dc().handle(), 0, 0, target.width, target.height, source.dc().handle(), 0, 0,
+                side, side, SRCCOPY);
             ovlib::finish_drawing();
         },
         0, media::shortest_delay };

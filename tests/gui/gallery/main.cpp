@@ -2,13 +2,14 @@
 //     shows the controls in a theme, 6000 to 6006, until the window is closed; F1 to F6 change the theme, F7
 //     opens the menu
 // gallery --pictures FOLDER theme…
-//     leaves FOLDER/gallery-THEME.png for each theme
+//     leaves FOLDER/gallery-THEME.png and FOLDER/panes-THEME.png for each theme
 #include "app/folders.hpp"
 #include "app/wnd/app_bitmaps.hpp"
 #include "exhibits.hpp"
 #include "look/theme.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/win_app.hpp"
+#include "pane_sheet.hpp"
 #include "platform/text.hpp"
 #include "popups.hpp"
 #include "screen_picture.hpp"
@@ -79,6 +80,9 @@ bool take_pictures(
         popups.with_menu_open([&] { all_taken = save_screen(wnd.rect(), file) && all_taken; });
         popups.hide();
     }
+    wnd.show(false);
+    for (const std::int32_t theme : themes)
+        all_taken = save_pane_sheet(folder, theme) && all_taken;
     return all_taken;
 }
 

@@ -1,5 +1,4 @@
 #include "screen_picture.hpp"
-#include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/gdiplus.hpp"
 #include <cstring>
 #include <vector>
@@ -36,6 +35,11 @@ bool save_screen(const RECT& area, const std::wstring& path)
             break;
         before = now;
     }
+    return save_picture(picture, path);
+}
+
+bool save_picture(const ovlib::BackBuffer& picture, const std::wstring& path)
+{
     Gdiplus::GpBitmap* bitmap = nullptr;
     if (Gdiplus::DllExports::GdipCreateBitmapFromHBITMAP(picture.bitmap(), nullptr, &bitmap) != Gdiplus::Ok)
         return false;
