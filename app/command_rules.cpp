@@ -65,7 +65,7 @@ constexpr std::array rules{
     CommandRule{ { command::move_file_up, command::move_file_to_end }, refresh::file_list, 0, page },
     CommandRule{
         { command::sort_files_ascending, command::sort_files_descending }, refresh::file_list, 0, page },
-    CommandRule{ command::search_moved_file, 0, 0, page | entry },
+    CommandRule{ command::search_moved_file, refresh::file_choice, 0, page }, // an empty entry is told
     CommandRule{ { command::show_viewer, command::show_file_in_folder }, 0, 0, page | entry },
     CommandRule{ command::accelerator_save, 0, 0, nothing, any_code }, // belongs to the focused control
     CommandRule{ { command::first_interpolation_command, command::last_interpolation_command } },

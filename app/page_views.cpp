@@ -65,8 +65,9 @@ std::optional<FileCombo> file_combo(const book::Book& book)
     FileCombo combo;
     combo.selected = page->current_file;
     combo.visible_rows = visible_combo_rows(page->files.size());
+    media::DisplayNames names;
     for (const std::wstring& entry : page->files)
-        combo.rows.push_back(media::display_name(entry));
+        combo.rows.push_back(names.of(entry));
     return combo;
 }
 

@@ -83,6 +83,7 @@ void run_start(Bench& bench);
 void run_pages(Bench& bench);
 void run_typing(Bench& bench);
 void run_media(Bench& bench);
+void run_links(Bench& bench);
 #endif
 
 } // namespace bench

@@ -20,6 +20,7 @@ constexpr bench::Suite suites[] = {
     { "pages", bench::run_pages },
     { "typing", bench::run_typing },
     { "media", bench::run_media },
+    { "links", bench::run_links },
 #endif
 };
 

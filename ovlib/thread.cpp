@@ -21,11 +21,27 @@ struct Thread::Record {
     unsigned id = 0;
 
     bool is_joinable() const { return handle != nullptr; }
-    void join()
+    void join() { join_after(WaitForSingleObject(handle_of_another(), INFINITE)); }
+    // Breaking off reaches only the call that is running just then, so it is tried until none comes any more.
+    void join_breaking_off()
+    {
+        constexpr DWORD pause = 10; // milliseconds
+        DWORD waited = WAIT_TIMEOUT;
+        while ((waited = WaitForSingleObject(handle_of_another(), pause)) == WAIT_TIMEOUT)
+            CancelSynchronousIo(handle);
+        join_after(waited);
+    }
+
+private:
+    HANDLE handle_of_another() const
     {
         if (id == GetCurrentThreadId())
             raise(std::errc::resource_deadlock_would_occur);
-        if (WaitForSingleObject(handle, INFINITE) == WAIT_FAILED)
+        return handle;
+    }
+    void join_after(DWORD waited)
+    {
+        if (waited == WAIT_FAILED)
             raise(std::errc::no_such_process);
         CloseHandle(handle);
         handle = nullptr;
@@ -59,11 +75,21 @@ bool Thread::start(void* arg, std::uint32_t flag_value)
 
 void Thread::stop()
 {
+    stop_with(&Record::join);
+}
+
+void Thread::stop_breaking_off()
+{
+    stop_with(&Record::join_breaking_off);
+}
+
+void Thread::stop_with(void (Record::*join)())
+{
     if (record_ == nullptr)
         return;
     stop_flag_.exchange(1);
     if (record_->is_joinable())
-        record_->join();
+        (record_.get()->*join)();
     record_.reset();
 }
 

@@ -1,6 +1,8 @@
 // What Windows tells of a path, made out.
 #pragma once
 #include "platform/file.hpp"
+#include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace platform {
@@ -21,6 +23,27 @@ constexpr PathKind kind_of_attributes(std::uint32_t attributes, std::uint32_t re
     if ((attributes & reparse_attribute) != 0 && is_link)
         return PathKind::other;
     return (attributes & folder_attribute) != 0 ? PathKind::folder : PathKind::regular_file;
+}
+
+// Why attributes could not be had, as Windows numbers it, concerns the whole share or drive and not this path
+// alone, which may merely be missing or denied.
+constexpr bool is_of_volume(std::uint32_t failure)
+{
+    constexpr std::array codes{
+        21u, // the drive is not ready
+        51u, // the remote computer does not listen
+        53u, // there is no such network path
+        55u, // the network device is gone
+        59u, // an unexpected network error
+        64u, // the network name is gone
+        67u, // there is no such network name
+        121u, // it took too long
+        1203u, // no network took the path
+        1222u, // there is no network
+        1231u, // the network cannot be reached
+        1232u, // nor the computer
+    };
+    return std::ranges::find(codes, failure) != codes.end();
 }
 
 } // namespace platform

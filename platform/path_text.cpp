@@ -25,6 +25,19 @@ bool starts_with_server(std::wstring_view path)
     return path.size() > 2 && is_separator(path[0]) && is_separator(path[1]) && !is_separator(path[2]);
 }
 
+// The end of the name that begins at `from`.
+std::size_t name_end(std::wstring_view path, std::size_t from)
+{
+    while (from < path.size() && !is_separator(path[from]))
+        ++from;
+    return from;
+}
+
+bool is_device_name(std::wstring_view server)
+{
+    return server == L"?" || server == L".";
+}
+
 // Length of "C:\", "C:", "\", "\\server\", "\\?\C:\" or nothing, with its whole run of separators.
 std::size_t root_length(std::wstring_view path)
 {
@@ -32,10 +45,8 @@ std::size_t root_length(std::wstring_view path)
         return skip_separators(path, 2);
     if (!starts_with_server(path))
         return skip_separators(path, 0);
-    std::size_t end = 2;
-    while (end < path.size() && !is_separator(path[end]))
-        ++end;
-    const bool is_device = path.substr(2, end - 2) == L"?" || path.substr(2, end - 2) == L".";
+    std::size_t end = name_end(path, 2);
+    const bool is_device = is_device_name(path.substr(2, end - 2));
     end = skip_separators(path, end);
     return is_device && starts_with_drive(path.substr(end)) ? end + root_length(path.substr(end)) : end;
 }
@@ -87,6 +98,24 @@ std::wstring_view path_stem(std::wstring_view path)
 std::wstring_view path_extension(std::wstring_view path)
 {
     return file_name(path).substr(path_stem(path).size());
+}
+
+std::wstring_view volume_of(std::wstring_view path)
+{
+    if (starts_with_drive(path))
+        return path.substr(0, 2);
+    if (!starts_with_server(path))
+        return {};
+    std::size_t start = 2;
+    std::size_t end = name_end(path, start);
+    if (is_device_name(path.substr(start, end - start))) {
+        start = skip_separators(path, end);
+        end = name_end(path, start);
+        if (!same_text_ignoring_case(path.substr(start, end - start), L"UNC"))
+            return path.substr(0, end);
+        end = name_end(path, skip_separators(path, end)); // the server
+    }
+    return path.substr(0, name_end(path, skip_separators(path, end)));
 }
 
 std::wstring resolve_path(std::wstring_view root, const std::wstring& path)

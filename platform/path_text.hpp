@@ -20,6 +20,10 @@ std::wstring_view path_stem(std::wstring_view path);
 // What the stem leaves of the file name, with its point.
 std::wstring_view path_extension(std::wstring_view path);
 
+// The drive or share that a path lies on, without what follows: "C:", "\\server\share". Empty for a relative
+// path.
+std::wstring_view volume_of(std::wstring_view path);
+
 // `path` as it is meant: a relative one counts from `root`, whatever the current directory is. An empty one
 // stays empty.
 std::wstring resolve_path(std::wstring_view root, const std::wstring& path);

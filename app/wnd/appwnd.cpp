@@ -5,6 +5,7 @@
 #include "app/page_commands.hpp"
 #include "app/titles.hpp"
 #include "app/wnd/app_bitmaps.hpp"
+#include "app/wnd/data_root.hpp"
 #include "app/wnd/file_pane.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/clock.hpp"
@@ -46,6 +47,7 @@ AppWnd::AppWnd()
     , file_pane_(std::make_unique<FilePane>(this, &book_))
     , menu_pictures_(app_bitmap)
     , accelerators_(LoadAcceleratorsW(ovlib::WinApp::instance, MAKEINTRESOURCEW(accelerator_resource)))
+    , shortcut_thread_(full_path(folders().shortcut) + L"\\")
 {
     book_.clear();
     make_book_dialogs();

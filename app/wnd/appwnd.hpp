@@ -20,10 +20,12 @@
 #include "look/tab_strip.hpp"
 #include "look/wnd/mybox.hpp"
 #include "look/wnd/warningwnd.hpp"
+#include "media/wnd/background_thread.hpp"
 #include "ovlib/gui/basewnd.hpp"
 #include "ovlib/gui/classic_dialog.hpp"
 #include "ovlib/gui/gdi_object.hpp"
 #include "ovlib/gui/menu_pictures.hpp"
+#include "ovlib/gui/modern_dialog.hpp"
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -62,6 +64,7 @@ private:
         std::int64_t lparam = 0;
     };
     struct CommandTable;
+    class MovedFileTalk;
 
     // Creation, closing and the messages of the frame.
     bool on_create(ovlib::WndMessage& message);
@@ -142,6 +145,25 @@ private:
     void change_order(int id);
     void swap_page(int direction);
 
+    // Commands on files and folders that ask the system or the shell.
+    Outcome on_add_files(const CommandInput& input);
+    Outcome on_duplicate_file(const CommandInput& input);
+    Outcome on_search_moved_file(const CommandInput& input);
+    Outcome on_open_file(const CommandInput& input);
+    Outcome on_show_file_in_folder(const CommandInput& input);
+    Outcome on_open_folder(const CommandInput& input);
+    Outcome on_choose_folder(const CommandInput& input);
+    std::vector<std::wstring> paths_chosen_in(ovlib::modern::FileOpenDialog& dialog);
+    std::wstring ask_for_copy_of(const std::wstring& source);
+
+    // The links by which moved files are found. True when a worker was started: for every entry of the Book,
+    // or for these paths, ahead of what an earlier run left.
+    bool start_shortcut_creation_async();
+    bool start_shortcut_creation_async(const std::vector<std::wstring>& paths);
+    bool start_shortcut_creation(const std::function<media::QueueCounts()>& queue_entries);
+    // The views to be refreshed.
+    RefreshMask search_moved_file();
+
     // The controls beside the boxes.
     void note_box_focus(int id);
     void refresh_controls(View view);
@@ -168,6 +190,7 @@ private:
     bool save_book(SaveCode code);
     bool write_book();
     void tell_save_failure();
+    void tell_system_error(std::uint32_t code);
     bool new_book();
     bool start_new_book(const std::wstring& path);
     bool open_book(std::wstring& path);
@@ -238,6 +261,7 @@ private:
     bool is_unusable_ = false; // the Book's settings could not be applied: it stays out of the history
     bool is_loading_ = false; // the Book is neither the old nor the new one: commands must wait
     bool is_closing_ = false; // from false to true once: no background work starts any more
+    media::BackgroundThread shortcut_thread_;
 };
 
 } // namespace app

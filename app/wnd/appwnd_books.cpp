@@ -110,6 +110,7 @@ bool AppWnd::load_book(std::wstring path)
     remember_book();
     if (settings().auto_backup && !backup_book(nullptr))
         show_message(L"バックアップファイルの作成に失敗\r\n" + book_.path, BoxStyle::warning);
+    start_shortcut_creation_async();
     return true;
 }
 

@@ -66,6 +66,7 @@ bool AppWnd::on_close()
     show(false);
     is_closing_ = true;
     on_release();
+    shortcut_thread_.stop_breaking_off();
     save_at_close();
     store_settings();
     destroy_children();

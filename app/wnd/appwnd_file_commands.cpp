@@ -1,8 +1,15 @@
-// Commands on the current page's file list and its reference folder.
+// Commands on the current page's file list.
 #include "app/command_ids.hpp"
 #include "app/file_commands.hpp"
+#include "app/file_texts.hpp"
 #include "app/page_note.hpp"
 #include "app/wnd/appwnd.hpp"
+#include "app/wnd/data_root.hpp"
+#include "media/system_paths.hpp"
+#include "media/wnd/shell_open.hpp"
+#include "platform/file.hpp"
+#include "platform/path_text.hpp"
+#include "platform/text.hpp"
 
 namespace app {
 
@@ -11,6 +18,12 @@ namespace {
 Outcome outcome_of(bool done)
 {
     return done ? Outcome::done : Outcome::failed;
+}
+
+std::wstring extension_without_point(const std::wstring& path)
+{
+    const std::wstring_view extension = platform::path_extension(path);
+    return std::wstring{ extension.substr(extension.empty() ? 0 : 1) };
 }
 
 } // namespace
@@ -61,18 +74,91 @@ Outcome AppWnd::on_remove_all_files(const CommandInput&)
     return outcome_of(remove_all_files(*book_.current_page()));
 }
 
-Outcome AppWnd::on_clear_folder(const CommandInput&)
+Outcome AppWnd::on_add_files(const CommandInput&)
 {
     const std::optional<PageNote> asked = note_page(book_);
     if (!asked)
         return Outcome::failed;
-    const std::wstring question =
-        L"フォルダの選択を取消しますか？\r\n" + book_.current_page()->reference_folder;
-    if (show_message(question, BoxStyle::question) != answer_yes || !still_stands(*asked, book_))
+    ovlib::modern::FileOpenDialog dialog{ this };
+    dialog.set_title(add_files_title);
+    dialog.allow_multiple(true);
+    const std::vector<std::wstring> chosen = paths_chosen_in(dialog);
+    if (chosen.empty() || !still_stands(*asked, book_))
         return Outcome::failed;
-    book_.current_page()->reference_folder.clear();
-    save_book(SaveCode::always);
+    append_files(*book_.current_page(), chosen);
+    start_shortcut_creation_async(chosen);
     return Outcome::done;
+}
+
+// Full paths; none when the dialog was left. The dialog may move the current directory, from which relative
+// entries count.
+std::vector<std::wstring> AppWnd::paths_chosen_in(ovlib::modern::FileOpenDialog& dialog)
+{
+    const InputGate::Hold hold{ input_ };
+    std::vector<std::wstring> paths;
+    if (dialog.show())
+        dialog.get_result(paths);
+    set_current_directory(L"");
+    return paths;
+}
+
+Outcome AppWnd::on_duplicate_file(const CommandInput&)
+{
+    const std::optional<EntryNote> asked = note_entry(book_);
+    if (!asked)
+        return Outcome::failed;
+    set_current_directory(L"");
+    const std::wstring source = full_path(asked->text);
+    const std::wstring copy = ask_for_copy_of(source);
+    if (copy.empty() || !still_stands(*asked, book_))
+        return Outcome::failed;
+    // Onto itself nothing is copied, and that is told as done all the same.
+    if (!platform::same_text_ignoring_case(copy, source) && !CopyFileW(source.c_str(), copy.c_str(), FALSE)) {
+        tell_system_error(GetLastError());
+        return Outcome::failed;
+    }
+    show_message(duplicated_text(source, copy), BoxStyle::plain);
+    return Outcome::done;
+}
+
+std::wstring AppWnd::ask_for_copy_of(const std::wstring& source)
+{
+    ovlib::classic::FileSaveDialog dialog{ this };
+    dialog.set_options(OFN_EXPLORER | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT);
+    dialog.set_title(duplicate_title);
+    dialog.set_file_name(std::wstring{ platform::file_name(source) });
+    dialog.set_default_extension(extension_without_point(source));
+    const InputGate::Hold hold{ input_ };
+    const std::wstring chosen = dialog.show() ? dialog.result() : std::wstring{};
+    set_current_directory(L"");
+    return chosen;
+}
+
+Outcome AppWnd::on_open_file(const CommandInput&)
+{
+    const std::optional<EntryNote> asked = note_entry(book_);
+    if (!asked)
+        return Outcome::failed;
+    set_current_directory(L"");
+    // In full, or the shell would look for a bare name among the system's programs too.
+    const bool is_there = platform::exists(asked->text);
+    if (media::open_by_shell(hwnd(), is_there ? full_path(asked->text) : asked->text))
+        return Outcome::done;
+    show_message(open_file_failure(asked->text), BoxStyle::warning);
+    return Outcome::failed;
+}
+
+Outcome AppWnd::on_show_file_in_folder(const CommandInput&)
+{
+    const std::optional<EntryNote> asked = note_entry(book_);
+    if (!asked)
+        return Outcome::failed;
+    set_current_directory(L"");
+    const std::wstring path = media::full_entry(asked->text);
+    if (media::show_in_folder(hwnd(), path))
+        return Outcome::done;
+    show_message(show_in_folder_failure(path), BoxStyle::warning);
+    return Outcome::failed;
 }
 
 } // namespace app

@@ -70,13 +70,17 @@ bool AppWnd::backup_book(std::wstring* result)
     if (result && platform::exists(target) && !may_overwrite_backup(name))
         return false;
     if (!CopyFileW(book_file(source).c_str(), target.c_str(), FALSE)) {
-        const DWORD code = GetLastError();
-        const InputGate::Hold hold{ input_ };
-        error_box(code, program_name);
+        tell_system_error(GetLastError());
         return false;
     }
     tell(L"バックアップしました:\r\n" + target);
     return true;
+}
+
+void AppWnd::tell_system_error(std::uint32_t code)
+{
+    const InputGate::Hold hold{ input_ };
+    error_box(code, program_name);
 }
 
 bool AppWnd::may_overwrite_backup(const std::wstring& name)

@@ -57,7 +57,7 @@ Outcome AppWnd::on_file_menu(const CommandInput&)
         set_current_directory(L"");
         state.entry = *entry;
         state.entry_name = media::display_name(*entry);
-        state.is_entry_file = platform::is_regular_file(*entry);
+        state.is_entry_file = platform::path_kind(*entry) == platform::PathKind::regular_file;
     }
     show_menu(file_menu(state), menu_flags::file, mouse_on_screen());
     return Outcome::done;

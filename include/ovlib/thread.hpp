@@ -23,6 +23,9 @@ public:
     // Stores 1, joins, and is idle again; nothing when idle. From the thread itself: std::system_error
     // (resource_deadlock_would_occur).
     void stop();
+    // The same for a thread that may wait on the file system, where a dead share takes long to answer: the
+    // call it waits in is broken off and fails, again and again until the thread has ended.
+    void stop_breaking_off();
 
     bool is_held() const { return record_ != nullptr; }
     std::uint32_t stop_flag() const { return stop_flag_; }
@@ -35,6 +38,7 @@ protected:
 
 private:
     struct Record;
+    void stop_with(void (Record::*join)());
     static unsigned __stdcall enter(void* self) noexcept;
 
     std::unique_ptr<Record> record_;

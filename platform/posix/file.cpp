@@ -1,4 +1,5 @@
 #include "platform/file.hpp"
+#include "platform/path_answer.hpp"
 #include "platform/text.hpp"
 #include <cerrno>
 #include <cstdio>
@@ -125,6 +126,12 @@ PathKind path_kind(const std::wstring& path)
     if (S_ISDIR(status.st_mode))
         return PathKind::folder;
     return S_ISREG(status.st_mode) ? PathKind::regular_file : PathKind::other;
+}
+
+// Shares are mounted here and answer, or the system waits for them.
+PathAnswer ask_path(const std::wstring& path)
+{
+    return { path_kind(path) };
 }
 
 std::uint64_t file_size(const std::wstring& path)

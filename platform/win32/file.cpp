@@ -1,4 +1,5 @@
 #include "platform/file.hpp"
+#include "platform/path_answer.hpp"
 #include "platform/path_attributes.hpp"
 #include "platform/path_text.hpp"
 #include <algorithm>
@@ -115,9 +116,16 @@ bool is_regular_file(const std::wstring& path)
 
 PathKind path_kind(const std::wstring& path)
 {
+    return ask_path(path).kind;
+}
+
+PathAnswer ask_path(const std::wstring& path)
+{
     const DWORD attributes = attributes_of(path);
-    const bool has_tag = attributes != no_attributes && (attributes & reparse_attribute) != 0;
-    return kind_of_attributes(attributes, has_tag ? reparse_tag(path) : 0);
+    if (attributes == no_attributes)
+        return { PathKind::nothing, is_of_volume(GetLastError()) };
+    const bool has_tag = (attributes & reparse_attribute) != 0;
+    return { kind_of_attributes(attributes, has_tag ? reparse_tag(path) : 0) };
 }
 
 std::uint64_t file_size(const std::wstring& path)

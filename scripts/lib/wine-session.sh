@@ -9,7 +9,8 @@ screen_size=1600x1000x24
 
 wine_environment() {
     export WINEPREFIX=$wine_home/prefix WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
-    export WINEDLLOVERRIDES="mscoree,mshtml=" LANG=ja_JP.UTF-8
+    # A menu of the desktop is nobody's here: Wine would start a program for each link that is saved.
+    export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LANG=ja_JP.UTF-8
     unset LC_ALL LANGUAGE
 }
 

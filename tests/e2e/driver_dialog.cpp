@@ -9,6 +9,7 @@ namespace {
 
 constexpr int message_text_id = 65535;
 constexpr int file_name_id = 1148;
+constexpr int shell_file_name_id = 1152; // of the shell's dialogs, where it stands by itself
 constexpr auto dialog_class = L"#32770";
 
 Window find_descendant(Window parent, int id, const wchar_t* class_name)
@@ -45,7 +46,11 @@ Window file_name_edit(Window dialog)
         if (const Window found = find_descendant(dialog, file_name_id, combo); found.exists())
             return find_descendant(found, 0, L"Edit");
     }
-    return find_descendant(dialog, file_name_id, L"Edit");
+    for (const int id : { file_name_id, shell_file_name_id }) {
+        if (const Window found = find_descendant(dialog, id, L"Edit"); found.exists())
+            return found;
+    }
+    return {};
 }
 
 } // namespace

@@ -156,10 +156,10 @@ Icon icon_on_screen(Window box)
     const auto has_picture = [&] { return (picture = picture_of(box)).exists(); };
     if (!wait_until(has_picture, building))
         return Icon::none;
-    const RECT place = picture.rect();
-    const int size = place.right - place.left;
     Icon icon = Icon::none;
     wait_until([&] {
+        const RECT place = picture.rect(); // the window manager may still be placing the box
+        const int size = place.right - place.left;
         Canvas seen(size, size);
         seen.copy_from_screen(place.left, place.top);
         icon = closest_icon(seen, size);

@@ -21,13 +21,44 @@ bool always(const Walker&)
 {
     return true;
 }
+book::Page& page_of(const Walker& walker)
+{
+    return const_cast<Walker&>(walker).model.current();
+}
+std::wstring entry_of(const Walker& walker)
+{
+    return const_cast<Walker&>(walker).model.entry();
+}
 bool has_room(const Walker& walker)
 {
     return walker.model.page_count() < 14; // few enough for equal pages to keep their stored order
 }
 bool has_files(const Walker& walker)
 {
-    return !const_cast<Walker&>(walker).model.current().files.empty();
+    return !page_of(walker).files.empty();
+}
+// Only Books come into a list with a file that is there; once there may be a link, what a search says hangs
+// on how far its maker has come.
+bool has_no_book_as_file(const Walker& walker)
+{
+    return !entry_of(walker).ends_with(L".bok");
+}
+bool has_missing_file(const Walker& walker)
+{
+    const std::wstring entry = entry_of(walker);
+    return !entry.empty() && !entry.starts_with(L"http") && has_no_book_as_file(walker);
+}
+bool has_entry_to_show(const Walker& walker)
+{
+    return !entry_of(walker).empty() && has_no_book_as_file(walker);
+}
+bool has_short_list(const Walker& walker)
+{
+    return page_of(walker).files.size() < 8;
+}
+bool has_missing_folder(const Walker& walker)
+{
+    return page_of(walker).reference_folder == missing_folder;
 }
 // Where a page stands among others of the same time is told by nobody before its time is.
 bool may_swap(const Walker& walker)
@@ -218,6 +249,48 @@ void clear_folder(Walker& walker)
 {
     walker.model.clear_folder();
     walker.send(command::clear_reference_folder);
+}
+
+void choose_folder(Walker& walker)
+{
+    walker.model.choose_folder(walker.chance(30) ? std::wstring{} : walker.model.data_root);
+    walker.send(command::choose_reference_folder);
+}
+
+void open_folder(Walker& walker)
+{
+    walker.model.open_missing_folder();
+    walker.send(command::open_reference_folder);
+}
+
+void add_file(Walker& walker)
+{
+    walker.model.add_file(walker.chance(30) ? std::wstring{} : walker.some_path(false));
+    walker.send(command::add_files);
+}
+
+void leave_duplicate(Walker& walker)
+{
+    walker.model.leave_duplicate();
+    walker.send(command::duplicate_file);
+}
+
+void search_file(Walker& walker)
+{
+    walker.model.search_missing_file();
+    walker.send(command::search_moved_file);
+}
+
+void open_file(Walker& walker)
+{
+    walker.model.open_missing_file();
+    walker.send(command::open_file);
+}
+
+void show_file(Walker& walker)
+{
+    walker.model.show_missing_file();
+    walker.send(command::show_file_in_folder);
 }
 
 void select_file(Walker& walker)
@@ -450,9 +523,9 @@ void drag_boundary(Walker& walker)
 void send_idle(Walker& walker)
 {
     constexpr std::array commands{ 1, 999, 1017, 1032, 1037, 1043, 1045, 1046, 1047, 1048, 1051, 1052, 1053,
-        1057, 1058, 1026, 1065, 2500, 2501, 2503, 2505, 2506, 2508, 2509, 2510, 2511, 2519, 2522, 2523, 2524,
-        2529, 2531, 2543, 2544, 2545, 2546, 2547, 2548, 3000, 5000, 5003, 5005, 5006, 5500, 6007, 6500, 7000,
-        9999, 15000, 33000, 33999, 34000, 34049, 34050, 65535 };
+        1057, 1058, 1026, 1065, 2503, 2505, 2506, 2508, 2509, 2510, 2511, 2519, 2522, 2524, 2529, 2544, 2545,
+        2546, 3000, 5000, 5003, 5005, 5006, 5500, 6007, 6500, 7000, 9999, 15000, 33000, 33999, 34000, 34049,
+        34050, 65535 };
     walker.send(commands[walker.below(commands.size())]);
 }
 
@@ -490,6 +563,13 @@ constexpr std::array actions{
     Action{ "delete page", 25, always, delete_page },
     Action{ "add page", 30, has_room, add_page },
     Action{ "clear folder", 10, always, clear_folder },
+    Action{ "choose folder", 4, always, choose_folder },
+    Action{ "open folder", 5, has_missing_folder, open_folder },
+    Action{ "add a file", 6, has_short_list, add_file },
+    Action{ "leave a duplicate", 3, has_files, leave_duplicate },
+    Action{ "search a file", 10, has_no_book_as_file, search_file },
+    Action{ "open a file", 5, has_missing_file, open_file },
+    Action{ "show a file", 5, has_entry_to_show, show_file },
     Action{ "select file", 25, always, select_file },
     Action{ "choose file", 15, has_files, choose_file },
     Action{ "move file", 25, always, move_file },

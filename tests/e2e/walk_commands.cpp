@@ -16,6 +16,11 @@ std::size_t clamped(std::size_t place, int by, std::size_t count)
     return static_cast<std::size_t>(std::clamp(wanted, 0, static_cast<int>(count) - 1));
 }
 
+bool is_address(const std::wstring& entry)
+{
+    return entry.starts_with(L"http");
+}
+
 } // namespace
 
 void Model::type(std::size_t box, std::size_t start, std::size_t end, const std::wstring& text)
@@ -172,6 +177,22 @@ void Model::add_page(bool at_end)
     finish(true);
 }
 
+void Model::choose_folder(const std::wstring& chosen)
+{
+    talks.push_back({ Talk::Kind::file_dialog, L"ライブラリの選択", 0, chosen });
+    if (chosen.empty())
+        return;
+    current().reference_folder = chosen;
+    store_scroll();
+    write();
+    finish(false);
+}
+
+void Model::open_missing_folder()
+{
+    tell(L"ライブラリを開けませんでした．\r\n" + current().reference_folder);
+}
+
 void Model::clear_folder()
 {
     if (current().reference_folder.empty())
@@ -245,6 +266,51 @@ void Model::sort_files(bool descending)
     list = sorted;
     if (descending)
         std::ranges::reverse(list);
+}
+
+std::wstring Model::entry()
+{
+    const book::Page& page = current();
+    return page.files.empty() ? std::wstring{} : page.files[page.current_file];
+}
+
+void Model::add_file(const std::wstring& chosen)
+{
+    talks.push_back({ Talk::Kind::file_dialog, L"ファイルの選択", 0, chosen });
+    if (chosen.empty())
+        return;
+    current().files.push_back(chosen);
+    current().current_file = current().files.size() - 1;
+}
+
+void Model::leave_duplicate()
+{
+    talks.push_back({ Talk::Kind::file_dialog, L"ファイルの保存先を指定してください", 0, {} });
+}
+
+void Model::search_missing_file()
+{
+    const std::wstring searched = entry();
+    if (searched.empty() || is_address(searched))
+        return tell(L"このファイルは探索できません: " + searched);
+    tell(L"ショートカットファイルが見つかりませんでした\r\n" + in_full(searched));
+    remove_file();
+}
+
+void Model::open_missing_file()
+{
+    tell(L"Error: ファイルを開けませんでした.\r\n" + entry());
+}
+
+void Model::show_missing_file()
+{
+    tell(L"Error: ファイルの場所を開けませんでした.\r\n" + in_full(entry()));
+}
+
+std::wstring Model::in_full(const std::wstring& entry_text) const
+{
+    const bool counts_from_root = entry_text.find(L':') == entry_text.npos;
+    return counts_from_root ? data_root + L"\\" + entry_text : entry_text;
 }
 
 void Model::apply_theme(std::int32_t identifier)
@@ -327,13 +393,12 @@ void Model::backup()
     if (backups.contains(name) && !ask(name + L" はすでにバックアップフォルダに存在します．上書きしますか？"))
         return;
     backups[name] = files[path];
-    talks.push_back(
-        { Talk::Kind::message, L"バックアップしました:\r\n" + backup_folder + L"\\" + name, IDOK, {} });
+    tell(L"バックアップしました:\r\n" + backup_folder + L"\\" + name);
 }
 
 void Model::about(const std::wstring& text)
 {
-    talks.push_back({ Talk::Kind::message, text, IDOK, {} });
+    tell(text);
 }
 
 } // namespace walk

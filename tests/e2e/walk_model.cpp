@@ -173,6 +173,11 @@ std::wstring Model::title() const
     return name.substr(0, name.rfind(L'.')) + (is_edited() ? L" *" : L"");
 }
 
+void Model::tell(const std::wstring& text)
+{
+    talks.push_back({ Talk::Kind::message, text, IDOK, {} });
+}
+
 bool Model::ask(const std::wstring& text)
 {
     const bool yes = says_yes();

@@ -31,6 +31,8 @@ struct Record {
 // Where the boundary of a Book that has none yet lies.
 inline constexpr int first_divider = 112;
 
+inline constexpr wchar_t missing_folder[] = L"C:\\資料";
+
 // Without its folder.
 std::wstring name_of(const std::wstring& path);
 // The bytes of its file.
@@ -60,6 +62,7 @@ public:
     // Answers each question of the program.
     std::function<bool()> says_yes;
     std::wstring backup_folder;
+    std::wstring data_root;
 
     std::map<std::wstring, Record> files; // what every Book's file holds, by its path
     std::map<std::wstring, Record> backups; // by file name
@@ -105,6 +108,8 @@ public:
     void toggle_tab();
     void delete_page();
     void add_page(bool at_end);
+    void choose_folder(const std::wstring& chosen); // empty: the dialog is left
+    void open_missing_folder();
     void clear_folder();
     void refresh(std::uint32_t mask);
     void search_selection(const std::wstring& selected) { search = selected; }
@@ -115,6 +120,14 @@ public:
     void remove_file();
     void remove_all_files();
     void sort_files(bool descending);
+    void add_file(const std::wstring& chosen); // empty: the dialog is left
+    void leave_duplicate();
+    // Of an entry whose file is not there.
+    void search_missing_file();
+    void open_missing_file();
+    void show_missing_file();
+    // Empty without one.
+    std::wstring entry();
 
     void apply_theme(std::int32_t identifier);
     void color_all_pages();
@@ -139,6 +152,8 @@ public:
         const std::wstring& latest);
 
 private:
+    void tell(const std::wstring& text);
+    std::wstring in_full(const std::wstring& entry_text) const;
     bool ask(const std::wstring& text);
     void store_scroll();
     void write();

@@ -104,6 +104,7 @@ Walker::Walker(const e2e::DataRoot& root, std::uint32_t seed)
 {
     model.says_yes = [this] { return chance(60); };
     model.backup_folder = (root.folder() / L"book_backup").wstring();
+    model.data_root = root.folder().wstring();
     make_books();
     start();
 }
@@ -218,7 +219,7 @@ book::Page Walker::some_page()
     page.tab_number = chance(40);
     page.tab_color = chance(50) ? 0x535864 : 0x403CBE;
     if (chance(40))
-        page.reference_folder = L"C:\\資料";
+        page.reference_folder = missing_folder;
     for (std::size_t i = below(5); i > 0; --i)
         page.files.emplace_back(entries[below(std::size(entries))]);
     page.current_file = page.files.empty() ? 0 : below(page.files.size());

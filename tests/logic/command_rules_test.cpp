@@ -85,7 +85,7 @@ const std::vector<Row> rows{
     { 2532, 2535, file_choice, 0, page },
     { 2536, 2539, file_list, 0, page },
     { 2541, 2542, file_list, 0, page },
-    { 2543, 2543, 0, 0, page | entry },
+    { 2543, 2543, file_choice, 0, page },
     { 2546, 2548, 0, 0, page | entry },
     { 3000, 3000, 0, 0, nothing, every_code },
     { 5000, 5005 },

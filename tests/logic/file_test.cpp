@@ -1,5 +1,7 @@
 // Files and folders as the logic sees them.
 #include "platform/file.hpp"
+#include "platform/path_answer.hpp"
+#include "platform/path_attributes.hpp"
 #include "tests/support/temp_folder.hpp"
 #include <gtest/gtest.h>
 
@@ -185,6 +187,24 @@ TEST(AbsolutePath, CountsFromTheCurrentDirectory)
     const std::wstring deep = full + std::wstring(300, L'x');
     EXPECT_EQ(platform::absolute_path(deep), deep);
     EXPECT_EQ(platform::absolute_path(L"a/../日記.txt"), full);
+}
+
+TEST(PathAnswer, TellsAShareThatDoesNotAnswerFromAPathThatIsNotThere)
+{
+    for (const std::uint32_t silent : { 21u, 51u, 53u, 55u, 59u, 64u, 67u, 121u, 1203u, 1222u, 1231u, 1232u })
+        EXPECT_TRUE(platform::is_of_volume(silent)) << silent;
+    for (const std::uint32_t missing : { 0u, 2u, 3u, 5u, 32u, 123u, 161u, 206u, 267u })
+        EXPECT_FALSE(platform::is_of_volume(missing)) << missing;
+}
+
+TEST(PathAnswer, OfAFolderAndOfNothing)
+{
+    using platform::ask_path;
+    using platform::PathKind;
+    const test_support::TempFolder folder;
+    EXPECT_EQ(ask_path(folder.path()).kind, PathKind::folder);
+    EXPECT_EQ(ask_path(folder.file(L"none")).kind, PathKind::nothing);
+    EXPECT_FALSE(ask_path(folder.file(L"none")).is_unreachable);
 }
 
 } // namespace

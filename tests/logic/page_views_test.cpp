@@ -171,4 +171,44 @@ TEST(DisplayName, OfAnythingElseIsTheEntryItself)
     EXPECT_EQ(media::display_name(L""), L"");
 }
 
+using platform::PathAnswer;
+using platform::PathKind;
+
+// Everything on a share is a file, but for a share and a drive that do not answer.
+class SilentShare : public testing::Test {
+protected:
+    PathAnswer ask(const std::wstring& path)
+    {
+        asked.push_back(path);
+        if (path.starts_with(L"\\\\far\\dead\\") || path.starts_with(L"X:"))
+            return { PathKind::nothing, true };
+        return { path.starts_with(L"\\\\") ? PathKind::regular_file : PathKind::nothing };
+    }
+
+    std::vector<std::wstring> asked;
+    media::DisplayNames names{ [this](const std::wstring& path) { return ask(path); } };
+};
+
+TEST_F(SilentShare, IsAskedOnceForAllItsEntries)
+{
+    for (const wchar_t* entry :
+        { L"\\\\far\\dead\\a.png", L"\\\\far\\dead\\b.png", L"\\\\FAR\\Dead\\c\\d.png", L"//far/dead/e.png" })
+        EXPECT_EQ(names.of(entry), entry);
+    EXPECT_EQ(asked.size(), 2u) << "a share spelt with other separators is asked for itself";
+    EXPECT_EQ(names.of(L"X:\\a"), L"X:\\a");
+    EXPECT_EQ(names.of(L"X:\\b"), L"X:\\b");
+    EXPECT_EQ(asked.size(), 3u);
+}
+
+TEST_F(SilentShare, KeepsNoOtherFromBeingAsked)
+{
+    names.of(L"\\\\far\\dead\\a.png");
+    EXPECT_EQ(names.of(L"\\\\far\\alive\\a.png"), L"a.png");
+    EXPECT_EQ(names.of(L"\\\\far\\deader\\a.png"), L"a.png");
+    EXPECT_EQ(names.of(L"\\\\near\\dead\\a.png"), L"a.png");
+    EXPECT_EQ(names.of(L"C:\\a.png"), L"C:\\a.png");
+    EXPECT_EQ(names.of(L"C:\\b.png"), L"C:\\b.png");
+    EXPECT_EQ(asked.size(), 6u) << "a file that is merely missing says nothing of its drive";
+}
+
 } // namespace

@@ -94,4 +94,24 @@ TEST(ResolvePath, LeavesWhatIsNotRelativeToTheRoot)
     EXPECT_EQ(resolve_path(L"", L"a.bok"), L"a.bok");
 }
 
+TEST(VolumeOf, IsTheDriveOrTheShare)
+{
+    using platform::volume_of;
+    EXPECT_EQ(volume_of(L"C:\\a\\b"), L"C:");
+    EXPECT_EQ(volume_of(L"c:a"), L"c:");
+    EXPECT_EQ(volume_of(L"\\\\server\\share\\a\\b"), L"\\\\server\\share");
+    EXPECT_EQ(volume_of(L"//server/share/a"), L"//server/share");
+    EXPECT_EQ(volume_of(L"\\\\server\\share"), L"\\\\server\\share");
+    EXPECT_EQ(volume_of(L"\\\\server"), L"\\\\server");
+    EXPECT_EQ(volume_of(L"\\\\?\\C:\\a"), L"\\\\?\\C:");
+    EXPECT_EQ(volume_of(L"\\\\?\\UNC\\server\\share\\a"), L"\\\\?\\UNC\\server\\share");
+}
+
+TEST(VolumeOf, IsNothingForWhatCountsFromAnotherPlace)
+{
+    using platform::volume_of;
+    for (const wchar_t* path : { L"", L"a\\b", L"\\a", L"http://server/share", L"絵:\\a" })
+        EXPECT_EQ(volume_of(path), L"") << path;
+}
+
 } // namespace

@@ -126,6 +126,14 @@ protected:
         window_.reset();
     }
 
+    // Ends the window without closing it: nothing is stopped or saved on the way.
+    void abandon()
+    {
+        DestroyWindow(window_->hwnd());
+        window_.reset();
+        take_quit();
+    }
+
     app::AppWnd& window() { return *window_; }
     const book::Book& book() const { return window_->book(); }
     HWND box(int id) const { return GetDlgItem(window_->hwnd(), id); }

@@ -1,0 +1,63 @@
+// Real links in a folder of a test's own.
+#pragma once
+#include "media/file_links.hpp"
+#include "media/wnd/shell_link.hpp"
+#include "tests/support/gui_log.hpp"
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <objbase.h>
+#include <string>
+#include <vector>
+
+namespace gui {
+
+// COM on the test's thread, as the program's start gives it to its window.
+class ComOnThread {
+public:
+    ComOnThread()
+        : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))
+    {
+        EXPECT_TRUE(SUCCEEDED(result_));
+    }
+    ~ComOnThread()
+    {
+        if (SUCCEEDED(result_))
+            CoUninitialize();
+    }
+    ComOnThread(const ComOnThread&) = delete;
+    ComOnThread& operator=(const ComOnThread&) = delete;
+
+private:
+    HRESULT result_;
+};
+
+inline std::wstring link_of(const std::wstring& folder, const std::wstring& path)
+{
+    return media::HashedLinkNames{ folder + L"\\" }.link_of(path).value_or(L"");
+}
+
+inline std::size_t count_files(const std::wstring& folder)
+{
+    std::size_t count = 0;
+    std::error_code missing;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder, missing))
+        ++count;
+    return count;
+}
+
+// What a link leads to; empty when it is none. Needs COM.
+inline std::wstring target_of(const std::wstring& link)
+{
+    return media::ShellLink{ nullptr }.resolve(link);
+}
+
+// What the log holds from the first of these lines on: pictures, which a test's folder has none of, come
+// before.
+inline std::wstring link_lines(const LogEar& log)
+{
+    const std::wstring heard = log.heard();
+    const std::size_t first = heard.find(L"start_shortcut_creation_async");
+    return first == std::wstring::npos ? std::wstring{} : heard.substr(first);
+}
+
+} // namespace gui
