@@ -202,6 +202,26 @@ TEST_F(FilesOfAPage, OneIsOpenedByTheUsersProgram)
     EXPECT_FALSE(program().has_dialog());
 }
 
+TEST_F(FilesOfAPage, ADoubleClickOnThePaneOpensOneThatIsThere)
+{
+    const fs::path page = made(L"紙.pwtest");
+    const RecordedProgram recorder(root().folder(), L".pwtest");
+    open_with({ page.wstring() });
+    double_click(middle(layout().file_pane));
+    expect_soon(Files{ L"\"" + page.wstring() + L"\"" }, [&] { return recorder.calls(); });
+}
+
+TEST_F(FilesOfAPage, ADoubleClickOnThePaneSearchesOneThatIsGone)
+{
+    const fs::path gone = root().folder() / L"無い.png";
+    open_with({ gone.wstring() });
+    double_click(middle(layout().file_pane));
+    answer_box(no_link(gone), Icon::warning, IDOK);
+    answer_box(removal(gone), Icon::question, IDYES);
+    expect_rows({}, CB_ERR);
+    EXPECT_EQ(saved_files(), Files{});
+}
+
 TEST_F(FilesOfAPage, OneThatNoProgramOpensIsNamed)
 {
     open_with({ made(L"紙.pwnone").wstring() });
