@@ -10,6 +10,7 @@
 #include <chrono>
 #include <memory>
 #include <objbase.h>
+#include <thread>
 
 namespace bench {
 
@@ -126,6 +127,30 @@ void run_photo(Bench& bench, const test_support::TempFolder& folder)
         decode, 1.0 });
 }
 
+// As a page turn over an animation does it.
+void run_starts(Bench& bench, const test_support::TempFolder& folder)
+{
+    const std::wstring path = folder.file(L"始.gif");
+    test_support::write_bytes(path, test_support::MovingGif(8, 8).frames(3, 65535).bytes());
+    MediaHost host{ book_of({ L"" }) };
+    media::ShellThumbnails thumbnails;
+    media::ShellPropertyReader properties;
+    media::ImageLoader loader{ thumbnails, properties };
+    must(loader.load(path), "the animation did not load");
+    media::ImageCanvas canvas{ host.pane(), loader };
+    must(canvas.fit(), "no bitmap");
+    canvas.layout(media::mode_fit, 0);
+    media::GifThread thread;
+    Case starts{ "start and stop of an animation's thread",
+        [&] {
+            must(thread.play(canvas, media::PlayState::paused), "no thread");
+            thread.stop();
+        },
+        "a thread that does nothing", [] { std::thread{ [] {} }.join(); } };
+    starts.repeats = 10'000 / starts.rounds;
+    bench.run(starts);
+}
+
 // What a frame costs that must be scaled to the pane, beside the system's plain stretching of the same
 // pixels.
 void run_frame(Bench& bench, const test_support::TempFolder& folder)
@@ -236,6 +261,7 @@ void run_media(Bench& bench)
     {
         const test_support::TempFolder folder;
         run_photo(bench, folder);
+        run_starts(bench, folder);
         run_frame(bench, folder);
         run_pace(bench, folder);
         run_turns(bench, folder);

@@ -120,7 +120,9 @@ void FileWnd::create_params(CREATESTRUCTW& params)
 void FileWnd::set_rect(const RECT& rect, bool repaint)
 {
     ChildWnd::set_rect(rect, repaint);
-    canvas_.fit();
+    const platform::Size before = canvas_.area();
+    if (canvas_.fit() && canvas_.area() != before)
+        draw_anew();
     const SIZE whole = size();
     HRGN const region = CreateRoundRectRgn(0, 0, whole.cx + 1, whole.cy + 1, corner, corner);
     if (!SetWindowRgn(hwnd(), region, repaint))
@@ -174,10 +176,15 @@ void FileWnd::lay_out_and_draw()
     canvas_.draw(0, 0);
 }
 
-void FileWnd::scale_anew()
+void FileWnd::draw_anew()
 {
     lay_out_and_draw();
     gif_thread_.redraw();
+}
+
+void FileWnd::scale_anew()
+{
+    draw_anew();
     InvalidateRect(hwnd(), nullptr, TRUE);
     UpdateWindow(hwnd());
 }
@@ -185,8 +192,7 @@ void FileWnd::scale_anew()
 // Whoever calls this repaints too.
 void FileWnd::apply_theme()
 {
-    lay_out_and_draw();
-    gif_thread_.redraw();
+    draw_anew();
 }
 
 std::wstring FileWnd::selected_entry() const

@@ -67,6 +67,7 @@ private:
 
     void load_and_show();
     void lay_out_and_draw();
+    void draw_anew();
     std::wstring selected_entry() const;
 
     book::Book* book_;

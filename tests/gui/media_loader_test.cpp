@@ -1,9 +1,12 @@
 // What the pane loads, and what it refuses: every kind of picture, broken and hostile files.
 #include "media/loader_lock.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
 #include "tests/support/gui_pane.hpp"
 #include <thread>
+
+extern "C" void* __imp_GdipLoadImageFromStream;
 
 namespace {
 
@@ -131,6 +134,14 @@ TEST_F(Loading, EveryCutOfAPictureIsBorne)
 
 TEST_F(Loading, APictureThatClaimsMoreThanCanBeDrawnDoesNotReachTheDecoder)
 {
+    static int decoded;
+    decoded = 0;
+    using Decode = Gdiplus::GpStatus WINAPI(IStream*, Gdiplus::GpImage**);
+    const gui::ReplacedImport<Decode> decoder{ &__imp_GdipLoadImageFromStream,
+        [](IStream*, Gdiplus::GpImage**) {
+            ++decoded;
+            return Gdiplus::GenericError;
+        } };
     for (const std::uint32_t side : { 30'000u, 23'171u, 1'000'000u }) {
         // Complete but for its size, which the decoder would believe.
         FileContents png = test_support::png_file(8, 8, plain(red));
@@ -146,6 +157,9 @@ TEST_F(Loading, APictureThatClaimsMoreThanCanBeDrawnDoesNotReachTheDecoder)
     const auto screen = test_support::PictureBytes{}.little16(30'000).little16(30'000).bytes();
     std::copy(screen.begin(), screen.end(), gif.begin() + 6);
     expect_failed(write(L"big.gif", gif));
+    EXPECT_EQ(decoded, 0);
+    expect_failed(write(L"small.png", test_support::png_file(8, 8, plain(red))));
+    EXPECT_EQ(decoded, 1) << "the decoder was watched";
 }
 
 TEST_F(Loading, AMissingFileKeepsItsEntryAsWritten)
