@@ -1,6 +1,7 @@
 // An animation that plays in the pane: its frames, its pauses, its bar, and how its thread begins and ends.
 #include "media/drawing_lock.hpp"
 #include "media/loader_lock.hpp"
+#include "ovlib/gui/text_stream.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
@@ -232,6 +233,40 @@ TEST_F(Animation, ShowsDelayAndBarWhileTheMouseIsOverIt)
     SetCursorPos(1, 1);
     EXPECT_TRUE(waited([&] { return ink_of_delay() == 0; }));
     EXPECT_EQ(bar_color(), bare);
+}
+
+// Not the time that it is shown for, which is shorter.
+TEST_F(Animation, TellsTheDelayAsTheFileHasIt)
+{
+    ShowWindow(parent().hwnd(), SW_SHOW);
+    // Wide enough that the text stands beside the picture.
+    pane().set_rect({ 0, 0, width + 60, height / 2 }, false);
+    book().header.gif_autoplay = 0;
+    show_gif({ 25, 3 });
+    ovlib::BackBuffer expected;
+    ASSERT_TRUE(expected.create(140, 30));
+    gui::clear(expected, ground());
+    ovlib::GDI::TextStream text{ expected.dc() };
+    text.back_mode = TRANSPARENT;
+    text.color = look::palette().viewer_text;
+    text.font = look::shared_font(look::SharedFont::ui_9_bold);
+    text.draw(L"delay: 250", { 5, 5, 140, 30 });
+    const auto is_told = [&] {
+        const std::scoped_lock hold{ media::drawing_lock() };
+        for (int y = 0; y < expected.height; ++y) {
+            for (int x = 0; x < expected.width; ++x) {
+                if (at(x, y) != gui::pixel(expected, x, y))
+                    return false;
+            }
+        }
+        return true;
+    };
+    EXPECT_FALSE(is_told());
+    POINT inside{ 200, 70 };
+    ClientToScreen(pane().hwnd(), &inside);
+    SetCursorPos(inside.x, inside.y);
+    EXPECT_TRUE(waited(is_told));
+    SetCursorPos(1, 1);
 }
 
 TEST_F(Animation, TellsZeroOfAFrameThatCannotBeSelected)
