@@ -157,6 +157,19 @@ TEST_F(AppLinks, StopWithTheWindowEvenOnAShareThatDoesNotAnswer)
     EXPECT_EQ(saved().pages.size(), 2u);
 }
 
+TEST_F(AppLinks, StopBeforeTheBookIsSavedAtTheEnd)
+{
+    const gui::SilentShare share;
+    open_with({ L"\\\\silent\\share\\a" });
+    ASSERT_TRUE(gui::SilentShare::asked.wait(15'000));
+    const gui::Unwritable protection{ file(L"手帖.bok") };
+    bool had_stopped = false;
+    answered(
+        IDOK, [&] { window().send(WM_CLOSE, 0, 0); },
+        [&] { had_stopped = gui::SilentShare::broken_off.wait(0); });
+    EXPECT_TRUE(had_stopped);
+}
+
 TEST_F(AppLinks, StopWithAWindowThatWasNeverClosed)
 {
     const gui::SilentShare share;

@@ -19,6 +19,7 @@ public:
     {
         CreatePipe(&pipe_end, &other_end_, nullptr, 0);
         asked.reset();
+        broken_off.reset();
         maker = GetCurrentThreadId();
         makers_questions = 0;
         // Its name would give a jump through the import, which by then leads here.
@@ -34,8 +35,9 @@ public:
     SilentShare(const SilentShare&) = delete;
     SilentShare& operator=(const SilentShare&) = delete;
 
-    // By another thread.
+    // By another thread; and that such a call came back.
     static inline ovlib::Event asked{ ovlib::Event::Reset::manual };
+    static inline ovlib::Event broken_off{ ovlib::Event::Reset::manual };
     static inline int makers_questions = 0;
 
 private:
@@ -50,6 +52,7 @@ private:
             char byte = 0;
             DWORD count = 0;
             ReadFile(pipe_end, &byte, 1, &count, nullptr);
+            broken_off.set();
         }
         SetLastError(ERROR_BAD_NETPATH);
         return INVALID_FILE_ATTRIBUTES;
