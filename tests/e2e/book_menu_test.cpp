@@ -23,8 +23,7 @@ protected:
     fs::path in_root(const std::wstring& name) const { return root().folder() / name; }
     fs::path open_one_page()
     {
-        const fs::path file = open_numbered_book(1);
-        settle();
+        const fs::path file = open_numbered(1);
         return file;
     }
     std::wstring box1_of(const fs::path& file) const { return load_book(file).pages.at(0).text[0]; }

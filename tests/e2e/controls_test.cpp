@@ -1,7 +1,6 @@
 // The main window used by mouse and keyboard: buttons, checks, slider, tabs, menus and the search.
-#include "app/main_layout.hpp"
-#include "driver_test.hpp"
-#include <algorithm>
+#include "app/menus.hpp"
+#include "driver_main_window.hpp"
 
 namespace fs = std::filesystem;
 using namespace e2e;
@@ -10,29 +9,8 @@ namespace {
 
 namespace command = app::command;
 
-class MainControls : public EndToEnd {
+class MainControls : public MainWindowTest {
 protected:
-    // Until the window has taken a click, the window manager may still be placing it.
-    void settle() { program().click_on(box(command::box_1)); }
-    void open_settled(std::size_t page_count)
-    {
-        open_numbered_book(page_count);
-        settle();
-    }
-    void click_control(int id) { click(box(id).center()); }
-
-    app::MainLayout layout() const
-    {
-        RECT client{};
-        GetClientRect(main_window().handle(), &client);
-        return app::main_layout({ client.right, client.bottom });
-    }
-    POINT on_screen(int x, int y) const
-    {
-        POINT point{ x, y };
-        ClientToScreen(main_window().handle(), &point);
-        return point;
-    }
     // Where the slider shows the page at `position` of `count`.
     POINT thumb_at(int position, int count) const
     {
@@ -42,38 +20,13 @@ protected:
         const int x = track_left + (track_right - track_left) * position / (count - 1);
         return on_screen(slider.left + x, (slider.top + slider.bottom) / 2);
     }
-    // Between the columns, where no control stands.
-    POINT background() const { return on_screen(687, 300); }
-
-    bool has_menu() const
-    {
-        const auto windows = top_windows(program().process_id());
-        return std::ranges::any_of(windows, [](Window window) { return window.class_name() == L"#32768"; });
-    }
-    Window menu() const
-    {
-        require("a menu opens", [&] { return has_menu(); });
-        const auto windows = top_windows(program().process_id());
-        return *std::ranges::find_if(windows, [](Window window) { return window.class_name() == L"#32768"; });
-    }
-    void choose_by_keys(WORD key, int count)
-    {
-        menu();
-        for (int i = 0; i < count; ++i) {
-            std::this_thread::sleep_for(milliseconds{ 100 }); // as fast as a menu takes keys
-            press(key);
-        }
-        std::this_thread::sleep_for(milliseconds{ 100 });
-        press(VK_RETURN);
-    }
-    bool has_banner() const { return top_windows(program().process_id()).size() > 1; }
 };
 
 } // namespace
 
 TEST_F(MainControls, TheButtonsAtTheSlidersEndsTurnPages)
 {
-    open_settled(4);
+    open_numbered(4);
     const std::pair<int, std::size_t> clicks[] = { { command::next_page, 2 }, { command::last_page, 4 },
         { command::previous_page, 3 }, { command::first_page, 1 } };
     for (const auto& [id, page] : clicks) {
@@ -84,15 +37,14 @@ TEST_F(MainControls, TheButtonsAtTheSlidersEndsTurnPages)
 
 TEST_F(MainControls, TwoQuickClicksTurnTwoPages)
 {
-    open_settled(4);
+    open_numbered(4);
     double_click(box(command::next_page).center());
     expect_page(L"三");
 }
 
 TEST_F(MainControls, TheChecksMarkThePageAndChangeTheOrder)
 {
-    const fs::path file = open_numbered_book(3);
-    settle();
+    const fs::path file = open_numbered(3);
     click_control(command::toggle_mark);
     click_control(command::toggle_tab);
     click_control(command::reverse_order);
@@ -122,7 +74,7 @@ TEST_F(MainControls, TheSaveButtonSavesAndLeavesTheKeyboardWithTheText)
 
 TEST_F(MainControls, TheSliderIsDraggedThroughTheBook)
 {
-    open_settled(9);
+    open_numbered(9);
     drag(thumb_at(0, 9), thumb_at(5, 9));
     expect_page(numeral(6));
     drag(thumb_at(5, 9), thumb_at(8, 9));
@@ -139,7 +91,7 @@ TEST_F(MainControls, TheSliderAsksBeforeItLeavesAnEditedPage)
     program().wait_for_box().answer(IDNO);
     expect_page(numeral(5));
     EXPECT_EQ(title(), L"手帖");
-    move_mouse(thumb_at(1, 5));
+    rest_mouse(thumb_at(1, 5));
     click_control(command::previous_page);
     expect_page(numeral(4));
 }
@@ -149,8 +101,7 @@ TEST_F(MainControls, AClickOnATabGoesToItsPage)
     std::vector<book::Page> pages{ make_page(L"一"), make_page(L"二"), make_page(L"三") };
     pages[0].tab_number = 1;
     pages[2].tab_number = 2;
-    open(root().add_book(L"手帖.bok", pages));
-    settle();
+    open_settled(root().add_book(L"手帖.bok", pages));
     const app::Rect tabs = layout().tabs;
     click(on_screen(tabs.left + 300, tabs.top + 10));
     expect_page(L"三");
@@ -160,9 +111,8 @@ TEST_F(MainControls, AClickOnATabGoesToItsPage)
 
 TEST_F(MainControls, TheMainMenuComesUpByARightClickAndTakesKeys)
 {
-    open_settled(2);
-    right_click(background());
-    choose_by_keys(VK_DOWN, 2); // the second row adds a page at the end
+    open_numbered(2);
+    main_menu().choose_by_steps(2); // the second row adds a page at the end
     expect_page(L"");
     click_control(command::first_page);
     expect_page(L"一");
@@ -172,28 +122,27 @@ TEST_F(MainControls, TheMainMenuComesUpByARightClickAndTakesKeys)
 
 TEST_F(MainControls, TheBookMenuTakesKeys)
 {
-    open_settled(1);
+    open_numbered(1);
     // A menu that comes up under the pointer highlights what is there.
-    move_mouse(background());
-    main_window().post_command(command::show_book_menu);
-    choose_by_keys(VK_DOWN, 5); // makes a backup
+    rest_mouse(background());
+    PopupMenu menu(
+        program(), app::book_menu(false), [this] { main_window().post_command(command::show_book_menu); });
+    menu.choose_by_steps(5); // makes a backup
     program().wait_for_box().answer(IDOK);
     EXPECT_FALSE(fs::is_empty(root().folder() / L"book_backup"));
 }
 
 TEST_F(MainControls, TheBookMenusLastRowEndsTheProgramByAClick)
 {
-    open_settled(1);
-    click_control(command::show_book_menu);
-    const RECT place = menu().rect();
-    std::this_thread::sleep_for(milliseconds{ 200 }); // a menu that is just opening takes no click
-    click({ (place.left + place.right) / 2, place.bottom - 12 });
+    open_numbered(1);
+    const RECT place = book_menu(false).window().rect();
+    e2e::click({ (place.left + place.right) / 2, place.bottom - 12 });
     EXPECT_EQ(program().exit_code(), 0u);
 }
 
 TEST_F(MainControls, AWordIsSearchedByEnterAndAFailedSearchSaysSo)
 {
-    open_settled(4);
+    open_numbered(4);
     program().click_on(box(command::search_box));
     type_text(L"三");
     expect_soon(std::wstring(L"三"), [&] { return box(command::search_box).text(); });
@@ -213,8 +162,8 @@ TEST_F(MainControls, AWordIsSearchedByEnterAndAFailedSearchSaysSo)
 
 TEST_F(MainControls, TheChecksUnderTheSearchBoxChangeWhatIsFound)
 {
-    open(root().add_book(L"手帖.bok", { make_page(L"一"), make_page(L"cat dog"), make_page(L"CAT") }));
-    settle();
+    open_settled(
+        root().add_book(L"手帖.bok", { make_page(L"一"), make_page(L"cat dog"), make_page(L"CAT") }));
     program().click_on(box(command::search_box));
     type_text(L"CAT");
     expect_soon(std::wstring(L"CAT"), [&] { return box(command::search_box).text(); });

@@ -1,7 +1,5 @@
 // A day's writing: whole sessions over many pages, two Books, and a Book that cannot be written.
 #include "driver_main_window.hpp"
-#include "driver_screen.hpp"
-#include "look/theme.hpp"
 
 namespace fs = std::filesystem;
 using namespace e2e;
@@ -84,8 +82,7 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
     dark.position = 1;
     const fs::path night =
         root().add_book(L"夜.bok", { make_page(L"夜一"), make_page(L"夜二"), make_page(L"夜三") }, dark);
-    const fs::path file = open_numbered_book(4);
-    settle();
+    const fs::path file = open_numbered(4);
     click_control(command::next_page);
     expect_page(L"二");
     retype(command::box_1, L"昼の記");
@@ -93,9 +90,8 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
     program().wait_for_file_dialog().choose(night.wstring());
     expect_page(L"夜二");
     expect_title(L"夜");
-    move_mouse(background());
-    expect_soon(static_cast<COLORREF>(look::theme_colors(look::theme_dark).panel_back.value),
-        [&] { return color_on_screen(on_screen(687, 200)); });
+    rest_mouse(background());
+    expect_color(look::theme_colors(look::theme_dark).panel_back, on_screen(687, 200));
     click_control(command::next_page);
     expect_page(L"夜一");
     retype(command::box_1, L"夜の記");
@@ -104,9 +100,8 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
     choose_file(command::open_book, file);
     expect_page(L"昼の記");
     expect_title(L"手帖");
-    move_mouse(background());
-    expect_soon(static_cast<COLORREF>(look::theme_colors(look::theme_standard).panel_back.value),
-        [&] { return color_on_screen(on_screen(687, 200)); });
+    rest_mouse(background());
+    expect_color(look::theme_colors(look::theme_standard).panel_back, on_screen(687, 200));
     click_control(command::next_page);
     expect_page(L"三");
     choose_file(command::open_book, night);
@@ -119,8 +114,7 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
 
 TEST_F(Day, ABookThatCannotBeWrittenIsReadEditedAndSavedElsewhere)
 {
-    const fs::path file = open_numbered_book(3);
-    settle();
+    const fs::path file = open_numbered(3);
     const std::string before = file_bytes(file);
     const fs::path copy = root().folder() / L"写し.bok";
     const std::wstring failure =
@@ -154,8 +148,7 @@ TEST_F(Day, ABackupIsMadeBySwitchingBooksWhenTheSettingIsOn)
 {
     write_bytes(root().settings_file(), "[COMMON]\r\nAUTOBACKUP=1\r\n");
     const fs::path other = root().add_book(L"ほか.bok", { make_page(L"ほか") });
-    const fs::path file = open_numbered_book(1);
-    settle();
+    const fs::path file = open_numbered(1);
     const fs::path backups = root().folder() / L"book_backup";
     const std::string at_start = file_bytes(file);
     EXPECT_EQ(file_bytes(backups / L"手帖.bok"), at_start);

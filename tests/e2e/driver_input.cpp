@@ -109,6 +109,20 @@ void move_mouse(POINT screen)
     send(inputs);
 }
 
+void rest_mouse(POINT screen)
+{
+    require("the pointer stays", [&] {
+        move_mouse(screen);
+        std::this_thread::sleep_for(milliseconds{ 120 });
+        POINT now{};
+        if (GetCursorPos(&now) && now.x == screen.x && now.y == screen.y)
+            return true;
+        // A move to where Wine has it already would not reach the X server, which may have it elsewhere.
+        move_mouse({ screen.x + 1, screen.y });
+        return false;
+    });
+}
+
 void click(POINT screen)
 {
     send_clicks(screen, 1);
@@ -120,9 +134,9 @@ void press_mouse(POINT screen)
     send(inputs);
 }
 
-void release_mouse()
+void release_mouse(POINT screen)
 {
-    Inputs inputs{ mouse_input(MOUSEEVENTF_LEFTUP) };
+    Inputs inputs{ input_at(screen, MOUSEEVENTF_LEFTUP) };
     send(inputs);
 }
 
@@ -138,31 +152,21 @@ void right_click(POINT screen)
     send(inputs);
 }
 
-void drag(POINT from, POINT to)
+void lead_mouse(POINT from, POINT to)
 {
     constexpr int steps = 8;
-    Inputs inputs{ input_at(from), input_at(from, MOUSEEVENTF_LEFTDOWN) };
-    send(inputs);
     for (int step = 1; step <= steps; ++step) {
         std::this_thread::sleep_for(milliseconds{ 15 });
         Inputs move{ input_at(
             { from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps }) };
         send(move);
     }
-    Inputs release{ input_at(to, MOUSEEVENTF_LEFTUP) };
-    send(release);
+    rest_mouse(to);
 }
 
-// What the X server tells late of an earlier move may carry the pointer back, and the wheel to a control
-// there: it turns when the pointer has stayed.
 void turn_wheel(POINT screen, int notches)
 {
-    require("the pointer stays", [&] {
-        move_mouse(screen);
-        std::this_thread::sleep_for(milliseconds{ 120 });
-        POINT now{};
-        return GetCursorPos(&now) && now.x == screen.x && now.y == screen.y;
-    });
+    rest_mouse(screen);
     Inputs inputs{ mouse_input(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)) };
     send(inputs);
 }

@@ -27,15 +27,17 @@ private:
 };
 
 void move_mouse(POINT screen);
+// Until the pointer has stayed there: what the X server tells late of an earlier move may carry it back.
+void rest_mouse(POINT screen);
 void click(POINT screen);
 // The two halves of a click; the pointer may go elsewhere in between.
 void press_mouse(POINT screen);
-void release_mouse();
+void release_mouse(POINT screen);
 // Two clicks in one go, well within the system's time for a double click.
 void double_click(POINT screen);
 void right_click(POINT screen);
-// Presses at one place, lets the button go at another, and shows the way between.
-void drag(POINT from, POINT to);
+// Shows the way between two places, with the button held.
+void lead_mouse(POINT from, POINT to);
 // `notches` are positive away from the user.
 void turn_wheel(POINT screen, int notches);
 

@@ -65,28 +65,18 @@ POINT MainWindowTest::thumb_place(std::size_t position, std::size_t count) const
 
 PopupMenu MainWindowTest::book_menu(bool has_edits)
 {
-    return { program(), app::book_menu(has_edits),
-        when_active([this] { click_control(command::show_book_menu); }) };
+    return { program(), app::book_menu(has_edits), [this] { click_control(command::show_book_menu); } };
 }
 
 PopupMenu MainWindowTest::main_menu(std::int32_t order_mode)
 {
-    return { program(), app::main_menu({ .order_mode = order_mode }),
-        when_active([this] { right_click(background()); }) };
+    return { program(), app::main_menu({ .order_mode = order_mode }), [this] { right_click(background()); } };
 }
 
 PopupMenu MainWindowTest::tab_menu(std::size_t number, std::size_t count)
 {
     const POINT tab = tab_place(number, count);
-    return { program(), look::tab_menu(), when_active([tab] { right_click(tab); }) };
-}
-
-std::function<void()> MainWindowTest::when_active(std::function<void()> act)
-{
-    return [this, act = std::move(act)] {
-        require("the main window is active", [this] { return program().is_active(main_window()); });
-        act();
-    };
+    return { program(), look::tab_menu(), [this, tab] { right_click(tab); } };
 }
 
 Window MainWindowTest::side_window(const std::wstring& class_name) const
@@ -105,6 +95,31 @@ Window MainWindowTest::banner() const
         return (style & WS_EX_NOACTIVATE) != 0 && window.class_name().starts_with(L"ovlib_");
     });
     return found == windows.end() ? Window{} : *found;
+}
+
+void MainWindowTest::expect_checked(int id, bool is_on, const Where& where)
+{
+    expect_soon(
+        is_on, [&] { return is_checked(id); }, where);
+}
+
+void MainWindowTest::toggle_check(int id, bool on, const Where& where)
+{
+    expect_checked(id, !on, where);
+    click_control(id);
+    expect_checked(id, on, where);
+}
+
+void MainWindowTest::expect_banner(const Where& where) const
+{
+    const auto traced = trace(where);
+    require("the banner shows", [this] { return has_banner(); });
+}
+
+void MainWindowTest::expect_color(look::Color color, POINT place, const Where& where) const
+{
+    expect_soon(
+        static_cast<COLORREF>(color.value), [&] { return color_on_screen(place); }, where);
 }
 
 void MainWindowTest::go_to_first(const std::wstring& box1, const Where& where)

@@ -3,6 +3,7 @@
 #include "app/main_layout.hpp"
 #include "driver_menu.hpp"
 #include "driver_test.hpp"
+#include "look/theme.hpp"
 
 namespace e2e {
 
@@ -17,6 +18,13 @@ protected:
         open(book);
         settle();
     }
+    // A Book of that many numbered pages.
+    std::filesystem::path open_numbered(std::size_t page_count)
+    {
+        auto file = open_numbered_book(page_count);
+        settle();
+        return file;
+    }
     void restart()
     {
         close();
@@ -24,8 +32,11 @@ protected:
         settle();
     }
     void click_control(int id) { click(box(id).center()); }
-    // Told from the screen in the standard theme: a tick is dark, an empty box is light.
-    bool is_checked(int id) const;
+    // The tick comes on the screen a while after the click, and so does that of another page.
+    void expect_checked(int id, bool is_on, const Where& where = Where::current());
+    // By a click; the check stands the other way before.
+    void toggle_check(int id, bool on, const Where& where = Where::current());
+    void expect_color(look::Color color, POINT place, const Where& where = Where::current()) const;
 
     POINT on_screen(int x, int y) const;
     POINT middle(const app::Rect& rect) const;
@@ -42,12 +53,10 @@ protected:
     PopupMenu main_menu(std::int32_t order_mode = 2700);
     PopupMenu tab_menu(std::size_t number, std::size_t count);
 
-    // `act`, put off until the main window has the activation back from whatever had it.
-    std::function<void()> when_active(std::function<void()> act);
-
     // A window of the program beside the main one; not `exists()` while there is none to see.
     Window side_window(const std::wstring& class_name) const;
     bool has_banner() const { return banner().exists(); }
+    void expect_banner(const Where& where = Where::current()) const;
     Window banner() const;
     Window history_window() const { return side_window(L"ovlib_historywnd[53]"); }
 
@@ -57,6 +66,10 @@ protected:
     std::vector<std::wstring> read_on(std::size_t page_count);
     // Replaces what a box holds by typing.
     void retype(int id, const std::wstring& text, const Where& where = Where::current());
+
+private:
+    // Told from the screen in the standard theme: a tick is dark, an empty box is light.
+    bool is_checked(int id) const;
 };
 
 } // namespace e2e

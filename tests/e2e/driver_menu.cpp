@@ -31,12 +31,19 @@ PopupMenu::PopupMenu(const Program& program, ovlib::MenuRows rows, std::function
     this->open();
 }
 
+// A second try while the first is still on its way would close what the first has opened.
 void PopupMenu::open()
 {
-    constexpr milliseconds retry{ 2000 };
+    constexpr milliseconds retry{ 5000 };
     require("a menu opens", [&] {
+        program_.await_input();
         open_();
-        return wait_until([&] { return (window_ = find_menu(program_.process_id())).exists(); }, retry);
+        return wait_until(
+            [&] {
+                window_ = find_menu(program_.process_id());
+                return window_.exists() && program_.is_in_menu();
+            },
+            retry);
     });
 }
 
@@ -57,10 +64,19 @@ void PopupMenu::choose_in_vain(int id, Hand hand)
     leave();
 }
 
-// A menu that is just opening takes no key.
+void PopupMenu::choose_by_steps(int count)
+{
+    std::size_t row = 0;
+    while (is_separator(rows_.at(row)) || --count > 0)
+        ++row;
+    step_to(row);
+    press(VK_RETURN);
+    wait_until_gone();
+}
+
 void PopupMenu::leave() const
 {
-    constexpr milliseconds retry{ 300 };
+    constexpr milliseconds retry{ 2000 };
     require("a menu is left", [&] {
         press(VK_ESCAPE);
         return wait_until([&] { return !is_open(); }, retry);
@@ -129,17 +145,26 @@ void PopupMenu::point_at(std::size_t row)
 
 void PopupMenu::step_to(std::size_t row)
 {
-    constexpr milliseconds retry{ 500 };
     require("the arrow key highlights a row", [&] {
         if (!is_open())
             open();
-        if (is_highlighted(row))
-            return true;
-        const LONG before = highlight();
-        press(VK_DOWN);
-        wait_until([&] { return highlight() != before; }, retry);
-        return false;
+        return is_highlighted(row) || (step_down(), false);
     });
+}
+
+// A key that follows before this one shows would carry the highlight past the row that is wanted; the first
+// one into a menu that is just opening may be lost.
+void PopupMenu::step_down() const
+{
+    constexpr milliseconds retry{ 3000 };
+    const LONG before = highlight();
+    press(VK_DOWN);
+    wait_until(
+        [&] {
+            const LONG now = highlight();
+            return now != 0 && now != before;
+        },
+        retry);
 }
 
 void PopupMenu::confirm(int id, Hand hand)

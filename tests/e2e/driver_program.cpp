@@ -1,6 +1,7 @@
 #include "driver_program.hpp"
 #include "driver_input.hpp"
 #include "platform/text.hpp"
+#include <sstream>
 
 namespace e2e {
 
@@ -15,6 +16,10 @@ HANDLE create_job()
     SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof(limits));
     return job;
 }
+
+// Looks in a row that must find the same. A dialog that opens or closes is followed by the window manager,
+// which tells late who has the keyboard; what is typed in between reaches nobody.
+constexpr int calm_looks = 15;
 
 } // namespace
 
@@ -91,14 +96,17 @@ Window Program::wait_for_window() const
         window = find_window();
         return window.exists() && window.is_visible();
     });
-    await("the main window is in front", [&] {
-        if (GetForegroundWindow() == window.handle())
-            return true;
-        SetForegroundWindow(window.handle());
-        return GetForegroundWindow() == window.handle();
-    });
+    await("the main window is in front", [&] { return come_to_front(window); });
     window.send(WM_NULL);
     return window;
+}
+
+bool Program::come_to_front(Window window) const
+{
+    if (GetForegroundWindow() == window.handle())
+        return true;
+    SetForegroundWindow(window.handle());
+    return GetForegroundWindow() == window.handle();
 }
 
 std::optional<Window> Program::find_dialog(bool (*fits)(Window)) const
@@ -112,19 +120,28 @@ std::optional<Window> Program::find_dialog(bool (*fits)(Window)) const
 
 MessageDialog Program::wait_for_box() const
 {
-    std::optional<Window> found;
-    await("a message box shows and takes keys", [&] {
-        found = find_dialog(MessageDialog::is_one);
-        return found && gui_state().hwndActive == found->handle();
-    });
-    return MessageDialog(*found);
+    return MessageDialog(wait_for_dialog("a message box", MessageDialog::is_one));
 }
 
 FileDialog Program::wait_for_file_dialog() const
 {
+    return FileDialog(wait_for_dialog("a file dialog", FileDialog::is_one));
+}
+
+// A dialog that closes before the window manager has served its opening leaves the keyboard with nobody for a
+// while.
+Window Program::wait_for_dialog(const std::string& what, bool (*fits)(Window)) const
+{
     std::optional<Window> found;
-    await("a file dialog shows", [&] { return (found = find_dialog(FileDialog::is_one)).has_value(); });
-    return FileDialog(*found);
+    int looks = 0;
+    await(what + " shows and takes keys", [&] {
+        found = find_dialog(fits);
+        const bool is_ready = found && gui_state().hwndActive == found->handle() && come_to_front(*found);
+        looks = is_ready ? looks + 1 : 0;
+        return looks >= calm_looks;
+    });
+    calm_window_ = nullptr;
+    return *found;
 }
 
 bool Program::has_dialog() const
@@ -150,21 +167,69 @@ bool Program::is_active(Window window) const
     return gui_state().hwndActive == window.handle() && GetForegroundWindow() == window.handle();
 }
 
+bool Program::takes_input() const
+{
+    const GUITHREADINFO state = gui_state();
+    const Window active(state.hwndActive);
+    // A list that has dropped keeps the mouse for those who choose in it.
+    const bool has_mouse = !state.hwndCapture || Window(state.hwndCapture).class_name() == L"ComboLBox";
+    return active.exists() && active.is_enabled() && GetForegroundWindow() == active.handle() && has_mouse
+        && (state.flags & GUI_INMENUMODE) == 0;
+}
+
+void Program::await_input() const
+{
+    constexpr milliseconds usual{ 2000 };
+    int looks = 0;
+    const auto is_ready = [&] {
+        if (!is_running())
+            throw DriverError(describe());
+        looks = takes_input() ? looks + 1 : 0;
+        return looks > 0 && (gui_state().hwndActive == calm_window_ || looks >= calm_looks);
+    };
+    // A window manager may give nobody the keyboard when a dialog has closed.
+    if (!wait_until(is_ready, usual)) {
+        const HWND active = gui_state().hwndActive;
+        SetForegroundWindow(active ? active : find_window().handle());
+        if (!wait_until(is_ready))
+            throw DriverError("waited in vain: the program takes input; " + describe());
+    }
+    calm_window_ = gui_state().hwndActive;
+}
+
 void Program::click_on(Window control) const
 {
     // A press that comes while the window manager still places the window reaches nobody.
     constexpr milliseconds retry{ 1000 };
-    const auto has_focus = [&] {
-        // A control holds the mouse until it has seen the button go up.
-        const GUITHREADINFO state = gui_state();
-        return state.hwndFocus == control.handle() && !state.hwndCapture;
+    const auto has_focus = [&] { return takes_input() && focus() == control; };
+    if (!wait_until([&] {
+            await_input();
+            if (has_focus())
+                return true;
+            click(control.center());
+            return wait_until(has_focus, retry);
+        }))
+        throw DriverError("waited in vain: a click gives the focus; " + describe());
+}
+
+std::string Program::describe() const
+{
+    if (!is_running())
+        return "the program has ended";
+    const auto name = [](HWND window) {
+        return window ? platform::to_utf8(Window(window).class_name()) : std::string("nobody");
     };
-    require("a click gives the focus", [&] {
-        if (has_focus())
-            return true;
-        click(control.center());
-        return wait_until(has_focus, retry);
-    });
+    const GUITHREADINFO state = gui_state();
+    std::ostringstream text;
+    text << "of its windows " << name(state.hwndActive) << " is active, " << name(state.hwndFocus)
+         << " has the focus and " << name(state.hwndCapture) << " the mouse; in front is "
+         << name(GetForegroundWindow()) << "; visible are";
+    for (const Window window : top_windows(process_id())) {
+        const RECT at = window.rect();
+        text << ' ' << name(window.handle()) << (window.is_enabled() ? "" : " (disabled)") << " at "
+             << at.left << ',' << at.top;
+    }
+    return text.str();
 }
 
 } // namespace e2e

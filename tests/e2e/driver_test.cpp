@@ -96,6 +96,52 @@ void EndToEnd::expect_fatal_start(const std::wstring& message, const Where& wher
     EXPECT_EQ(program().exit_code(), failed_exit_code);
 }
 
+void EndToEnd::type_text(std::wstring_view text) const
+{
+    program().await_input();
+    e2e::type_text(text);
+}
+
+void EndToEnd::chord(std::initializer_list<WORD> keys) const
+{
+    program().await_input();
+    e2e::chord(keys);
+}
+
+void EndToEnd::click(POINT screen) const
+{
+    program().await_input();
+    e2e::click(screen);
+}
+
+void EndToEnd::double_click(POINT screen) const
+{
+    program().await_input();
+    e2e::double_click(screen);
+}
+
+void EndToEnd::right_click(POINT screen) const
+{
+    program().await_input();
+    e2e::right_click(screen);
+}
+
+void EndToEnd::drag(POINT from, POINT to) const
+{
+    program().await_input();
+    press_mouse(from);
+    require("the mouse is held", [&] { return program().holds_mouse(); });
+    lead_mouse(from, to);
+    release_mouse(to);
+    require("the mouse is let go", [&] { return !program().holds_mouse(); });
+}
+
+void EndToEnd::turn_wheel(POINT screen, int notches) const
+{
+    program().await_input();
+    e2e::turn_wheel(screen, notches);
+}
+
 void EndToEnd::expect_page(const std::wstring& box1, const Where& where) const
 {
     expect_soon(

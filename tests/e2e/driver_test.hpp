@@ -63,6 +63,17 @@ protected:
     // The two boxes that end a program that could not open its Book.
     void expect_fatal_start(const std::wstring& message, const Where& where = Where::current());
 
+    // The user's hands, each when the program takes what they do.
+    void type_text(std::wstring_view text) const;
+    void press(WORD key) const { chord({ key }); }
+    void chord(std::initializer_list<WORD> keys) const;
+    void click(POINT screen) const;
+    void double_click(POINT screen) const;
+    void right_click(POINT screen) const;
+    // Presses at one place and lets the button go at another.
+    void drag(POINT from, POINT to) const;
+    void turn_wheel(POINT screen, int notches) const;
+
     // Waits for a page with this text in box 1. The last line break is no matter: a page just loaded has one,
     // a page just saved has none.
     void expect_page(const std::wstring& box1, const Where& where = Where::current()) const;

@@ -37,15 +37,15 @@ protected:
     // Comes up under the pointer, which must not lie on a row yet.
     PopupMenu file_menu(const app::FileMenuState& state)
     {
-        return { program(), app::file_menu(state), when_active([this] {
-                    move_mouse(background());
+        return { program(), app::file_menu(state), [this] {
+                    rest_mouse(background());
                     main_window().post_command(command::show_file_menu);
-                }) };
+                } };
     }
     PopupMenu folder_menu(bool has_folder)
     {
         return { program(), app::folder_menu(has_folder),
-            when_active([this] { click_control(command::show_folder_menu); }) };
+            [this] { click_control(command::show_folder_menu); } };
     }
     static app::FileMenuState one_file(const fs::path& file)
     {

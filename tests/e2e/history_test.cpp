@@ -25,7 +25,8 @@ protected:
     Window show_history(Hand hand)
     {
         main_menu().choose(command::show_history, hand);
-        require("the history shows", [&] { return history_window().exists(); });
+        require("the history shows", [&] { return program().is_active(history_window()); });
+        program().await_input();
         return history_window();
     }
     Window list() const { return history_window().child(1); }

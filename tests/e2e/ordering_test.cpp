@@ -69,11 +69,9 @@ const Texts stored{ L"b", L"d", L"a", L"c" };
 TEST_P(SortKeys, PutThePagesInOrderAndBack)
 {
     open_varied(GetParam().key);
-    click_control(command::toggle_sorted_order);
-    expect_soon(true, [&] { return is_checked(command::toggle_sorted_order); });
+    toggle_check(command::toggle_sorted_order, true);
     EXPECT_EQ(read_on(4), GetParam().sorted);
-    click_control(command::toggle_sorted_order);
-    expect_soon(false, [&] { return is_checked(command::toggle_sorted_order); });
+    toggle_check(command::toggle_sorted_order, false);
     go_to_first(stored.front());
     EXPECT_EQ(read_on(4), stored);
 }
@@ -85,8 +83,8 @@ TEST_F(Ordering, ASortedBookIsReadBackwardsWithReverse)
     click_and_expect(command::reverse_order, L"d");
     EXPECT_EQ(read_on(4), (Texts{ L"d", L"c", L"b", L"a" }));
     restart();
-    EXPECT_TRUE(is_checked(command::toggle_sorted_order));
-    EXPECT_TRUE(is_checked(command::reverse_order));
+    expect_checked(command::toggle_sorted_order, true);
+    expect_checked(command::reverse_order, true);
     go_to_first(L"d");
     EXPECT_EQ(read_on(4), (Texts{ L"d", L"c", L"b", L"a" }));
 }
@@ -97,22 +95,19 @@ TEST_F(Ordering, AShuffledBookHasTheSameOrderAfterARestart)
     for (std::size_t i = 1; i <= 9; ++i)
         pages.push_back(make_page(numeral(i)));
     open_settled(root().add_book(L"手帖.bok", pages));
-    click_control(command::toggle_random_order);
-    expect_soon(true, [&] { return is_checked(command::toggle_random_order); });
+    toggle_check(command::toggle_random_order, true);
     const Texts shuffled = read_on(9);
     Texts in_order = shuffled;
     std::ranges::sort(in_order);
     EXPECT_TRUE(std::ranges::adjacent_find(in_order) == in_order.end());
     restart();
-    EXPECT_TRUE(is_checked(command::toggle_random_order));
+    expect_checked(command::toggle_random_order, true);
     go_to_first(shuffled.front());
     EXPECT_EQ(read_on(9), shuffled);
-    click_control(command::reverse_order);
-    expect_soon(true, [&] { return is_checked(command::reverse_order); });
+    toggle_check(command::reverse_order, true);
     go_to_first(shuffled.back());
     EXPECT_EQ(read_on(9), Texts(shuffled.rbegin(), shuffled.rend()));
-    click_control(command::toggle_random_order);
-    expect_soon(false, [&] { return is_checked(command::toggle_random_order); });
+    toggle_check(command::toggle_random_order, false);
     go_to_first(L"九");
 }
 
@@ -121,10 +116,10 @@ TEST_F(Ordering, SortingAndShufflingExcludeEachOther)
     open_varied(book::SortKey::box1);
     click_and_expect(command::toggle_sorted_order, L"a");
     click_control(command::toggle_random_order);
-    expect_soon(false, [&] { return is_checked(command::toggle_sorted_order); });
-    EXPECT_TRUE(is_checked(command::toggle_random_order));
+    expect_checked(command::toggle_sorted_order, false);
+    expect_checked(command::toggle_random_order, true);
     click_control(command::toggle_sorted_order);
-    expect_soon(false, [&] { return is_checked(command::toggle_random_order); });
+    expect_checked(command::toggle_random_order, false);
     EXPECT_EQ(read_on(4), (Texts{ L"a", L"b", L"c", L"d" }));
 }
 

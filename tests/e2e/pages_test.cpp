@@ -12,8 +12,7 @@ class Pages : public MainWindowTest, public testing::WithParamInterface<Hand> {
 protected:
     fs::path open_pages(std::size_t count)
     {
-        const fs::path file = open_numbered_book(count);
-        settle();
+        const fs::path file = open_numbered(count);
         return file;
     }
     void choose(int id) { main_menu().choose(id, GetParam()); }

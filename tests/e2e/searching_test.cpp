@@ -1,7 +1,6 @@
 // Searching with several terms, letter case, file lists, marks and tabs, and the banner that tells of the
 // end.
 #include "driver_main_window.hpp"
-#include "driver_screen.hpp"
 #include "look/banner.hpp"
 
 namespace fs = std::filesystem;
@@ -37,22 +36,25 @@ protected:
     // Steps by click and expects that no further page matches.
     void expect_end(int step, const std::wstring& page, const Where& where = Where::current())
     {
-        const auto traced = trace(where);
         click_control(step);
-        require("the banner shows", [&] { return has_banner(); });
-        expect_page(page);
+        expect_banner(where);
+        expect_page(page, where);
     }
     void expect_next(const std::wstring& page, const Where& where = Where::current())
     {
         click_control(command::next_page);
         expect_page(page, where);
     }
-    void set_check(int id, const Where& where = Where::current())
+    void expect_in_turn(std::initializer_list<const wchar_t*> pages, const Where& where = Where::current())
     {
-        const bool before = is_checked(id);
-        click_control(id);
-        expect_soon(
-            !before, [&] { return is_checked(id); }, where);
+        for (const wchar_t* page : pages)
+            expect_next(page, where);
+    }
+    // These pages in turn, and no further one.
+    void expect_only(std::initializer_list<const wchar_t*> pages, const Where& where = Where::current())
+    {
+        expect_in_turn(pages, where);
+        expect_end(command::next_page, *(pages.end() - 1), where);
     }
 };
 
@@ -63,15 +65,11 @@ TEST_F(Searching, AnyOfSeveralTermsOrAllOfThem)
     open_pages({ make_page(L"一"), make_page(L"赤い花"), make_page(L"青い空"), make_page(L"なし"),
         make_page(L"空と花", L"赤") });
     search_for(L"赤 空");
-    expect_next(L"赤い花");
-    expect_next(L"青い空");
-    expect_next(L"空と花");
-    expect_end(command::next_page, L"空と花");
-    set_check(command::toggle_all_terms);
+    expect_only({ L"赤い花", L"青い空", L"空と花" });
+    toggle_check(command::toggle_all_terms, true);
     click_control(command::first_page);
     expect_page(L"一");
-    expect_next(L"空と花");
-    expect_end(command::next_page, L"空と花");
+    expect_only({ L"空と花" });
     expect_end(command::previous_page, L"空と花");
 }
 
@@ -79,13 +77,10 @@ TEST_F(Searching, AQuotedTermKeepsItsBlankAndAWideBlankDivides)
 {
     open_pages({ make_page(L"一"), make_page(L"cat dog"), make_page(L"dog cat"), make_page(L"dog") });
     search_for(L"\"dog cat\"");
-    expect_next(L"dog cat");
-    expect_end(command::next_page, L"dog cat");
+    expect_only({ L"dog cat" });
     search_for(L"dog\x3000pig");
     expect_page(L"一");
-    expect_next(L"cat dog");
-    expect_next(L"dog cat");
-    expect_next(L"dog");
+    expect_in_turn({ L"cat dog", L"dog cat", L"dog" });
 }
 
 TEST_F(Searching, BothLetterCasesInAllBoxes)
@@ -95,13 +90,13 @@ TEST_F(Searching, BothLetterCasesInAllBoxes)
     search_for(L"ａbc");
     expect_next(L"四");
     expect_end(command::previous_page, L"四");
-    set_check(command::toggle_ignore_case);
+    toggle_check(command::toggle_ignore_case, true);
     click_control(command::previous_page);
     expect_page(L"三");
     click_control(command::previous_page);
     expect_page(L"二");
     expect_end(command::previous_page, L"二");
-    set_check(command::toggle_ignore_case);
+    toggle_check(command::toggle_ignore_case, false);
     expect_next(L"四");
 }
 
@@ -111,11 +106,9 @@ TEST_F(Searching, FileListsAreSearchedOnRequest)
         with_file(make_page(L"四"), L"http://example.com/ねこ") });
     search_for(L"ねこ");
     expect_end(command::next_page, L"一");
-    set_check(command::toggle_file_list_search);
-    expect_next(L"二");
-    expect_next(L"四");
-    expect_end(command::next_page, L"四");
-    set_check(command::toggle_file_list_search);
+    toggle_check(command::toggle_file_list_search, true);
+    expect_only({ L"二", L"四" });
+    toggle_check(command::toggle_file_list_search, false);
     expect_end(command::previous_page, L"四");
 }
 
@@ -123,17 +116,12 @@ TEST_F(Searching, TrackingMarksStopsAtThemAndWidensASearch)
 {
     open_pages({ make_page(L"一"), make_page(L"二"), marked(make_page(L"三")), make_page(L"花"),
         marked(make_page(L"五")), make_page(L"六") });
-    set_check(command::toggle_mark_tracking);
-    expect_next(L"三");
-    expect_next(L"五");
-    expect_end(command::next_page, L"五");
+    toggle_check(command::toggle_mark_tracking, true);
+    expect_only({ L"三", L"五" });
     search_for(L"花");
     expect_page(L"一");
-    expect_next(L"三");
-    expect_next(L"花");
-    expect_next(L"五");
-    expect_end(command::next_page, L"五");
-    set_check(command::toggle_mark_tracking);
+    expect_only({ L"三", L"花", L"五" });
+    toggle_check(command::toggle_mark_tracking, false);
     click_control(command::previous_page);
     expect_page(L"花");
     expect_end(command::previous_page, L"花");
@@ -145,19 +133,18 @@ TEST_F(Searching, TrackingTabsAndMarksStopsAtBoth)
         make_page(L"四"), make_page(L"五") };
     pages[3].tab_number = 1;
     open_pages(pages);
-    set_check(command::toggle_tab_tracking);
-    expect_next(L"四");
-    expect_end(command::next_page, L"四");
-    set_check(command::toggle_mark_tracking);
+    toggle_check(command::toggle_tab_tracking, true);
+    expect_only({ L"四" });
+    toggle_check(command::toggle_mark_tracking, true);
     click_control(command::previous_page);
     expect_page(L"三");
     expect_next(L"四");
     // A mark given now is tracked at once.
-    set_check(command::toggle_tab_tracking);
-    set_check(command::toggle_mark_tracking);
+    toggle_check(command::toggle_tab_tracking, false);
+    toggle_check(command::toggle_mark_tracking, false);
     expect_next(L"五");
-    set_check(command::toggle_mark);
-    set_check(command::toggle_mark_tracking);
+    toggle_check(command::toggle_mark, true);
+    toggle_check(command::toggle_mark_tracking, true);
     click_control(command::previous_page);
     expect_page(L"三");
     expect_next(L"五");
@@ -170,20 +157,18 @@ TEST_F(Searching, TheBannerStandsOverTheWindowGoesByItselfAndGivesWayToAFind)
     expect_next(L"花");
     EXPECT_FALSE(has_banner());
     click_control(command::next_page);
-    require("the banner shows", [&] { return has_banner(); });
+    expect_banner();
     const RECT place = banner().rect();
     const POINT middle = main_window().center();
     EXPECT_LE(std::abs((place.left + place.right) / 2 - middle.x), 1);
     EXPECT_LE(std::abs((place.top + place.bottom) / 2 - middle.y), 1);
-    const auto fill = look::banner_colors(look::theme_colors(look::theme_standard)).fill;
-    expect_soon(static_cast<COLORREF>(fill.value), [&] {
-        return color_on_screen({ place.left + 3, place.bottom - 3 });
-    });
+    expect_color(look::banner_colors(look::theme_colors(look::theme_standard)).fill,
+        { place.left + 3, place.bottom - 3 });
     EXPECT_EQ(GetForegroundWindow(), main_window().handle());
     expect_soon(false, [&] { return has_banner(); });
     expect_page(L"花");
     click_control(command::next_page);
-    require("the banner shows again", [&] { return has_banner(); });
+    expect_banner();
     click_control(command::clear_search);
     expect_next(L"三");
     EXPECT_FALSE(has_banner());
@@ -194,7 +179,8 @@ TEST_F(Searching, AtTheEndOfABookWithoutAConditionNoBannerShows)
     open_pages({ make_page(L"一"), make_page(L"二") });
     expect_next(L"二");
     click_control(command::next_page);
-    main_window().send(WM_NULL);
+    // Clicks are served in their order: when this one shows, the one before it has done its work.
+    toggle_check(command::toggle_mark, true);
     EXPECT_FALSE(has_banner());
     expect_page(L"二");
 }
@@ -206,7 +192,7 @@ TEST_F(Searching, AnEditThatIsRefusedIsGivenUpThoughNothingIsFound)
     write_first(L"い");
     click_control(command::next_page);
     answer_box(leave_question, Icon::question, IDNO);
-    require("the banner shows", [&] { return has_banner(); });
+    expect_banner();
     expect_page(L"一");
     EXPECT_EQ(title(), L"手帖");
 }

@@ -1,6 +1,5 @@
 // Tabs given, coloured and taken with the mouse, up to as many as a Book may have.
 #include "driver_main_window.hpp"
-#include "driver_screen.hpp"
 #include "look/tab_strip.hpp"
 
 namespace fs = std::filesystem;
@@ -15,20 +14,18 @@ constexpr auto removal_question = L"このページのタブを削除します�
 class Tabs : public MainWindowTest {
 protected:
     // Near the left end of the tab, where no caption stands.
-    COLORREF tab_fill(std::size_t number, std::size_t count) const
+    POINT tab_edge(std::size_t number, std::size_t count) const
     {
         const app::Rect strip = layout().tabs;
         const app::Rect tab = look::tab_rects(count, { strip.width(), strip.height() }).at(number - 1);
-        return color_on_screen(on_screen(strip.left + tab.left + 2, strip.top + tab.height() / 2));
+        return on_screen(strip.left + tab.left + 2, strip.top + tab.height() / 2);
     }
     void expect_fill(
         std::size_t number, std::size_t count, std::size_t color, const Where& where = Where::current())
     {
         // A tab under the mouse shows no fill of its own.
-        move_mouse(background());
-        expect_soon(
-            static_cast<COLORREF>(look::tab_color(color).value), [&] { return tab_fill(number, count); },
-            where);
+        rest_mouse(background());
+        expect_color(look::tab_color(color), tab_edge(number, count), where);
     }
     fs::path open_tabbed(std::size_t tabs, std::size_t pages)
     {
@@ -57,12 +54,10 @@ using Numbers = std::vector<std::uint64_t>;
 TEST_F(Tabs, AreGivenByTheCheckColouredByThePopupAndTakenByEither)
 {
     const fs::path file = open_tabbed(0, 3);
-    click_control(command::toggle_tab);
-    expect_soon(true, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, true);
     click_control(command::last_page);
     expect_page(L"p3");
-    click_control(command::toggle_tab);
-    expect_soon(true, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, true);
     expect_fill(1, 2, 0);
     tab_menu(1, 2).choose(command::first_tab_color + 1, Hand::mouse);
     expect_fill(1, 2, 1);
@@ -77,13 +72,12 @@ TEST_F(Tabs, AreGivenByTheCheckColouredByThePopupAndTakenByEither)
     start().wait_for_window();
     settle();
     expect_page(L"p1");
-    EXPECT_TRUE(is_checked(command::toggle_tab));
+    expect_checked(command::toggle_tab, true);
     tab_menu(2, 2).choose(command::remove_tab, Hand::keys);
     answer_box(removal_question, Icon::question, IDNO);
     tab_menu(2, 2).choose(command::remove_tab, Hand::mouse);
     answer_box(removal_question, Icon::question, IDYES);
-    click_control(command::toggle_tab);
-    expect_soon(false, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, false);
     close();
     EXPECT_EQ(stored_tabs(file), (Numbers{ 0, 0, 0 }));
 }
@@ -93,12 +87,10 @@ TEST_F(Tabs, AGivenTabStandsAmongTheOthersInStoredOrder)
     const fs::path file = open_tabbed(1, 3);
     click_control(command::last_page);
     expect_page(L"p3");
-    click_control(command::toggle_tab);
-    expect_soon(true, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, true);
     click_control(command::previous_page);
     expect_page(L"p2");
-    click_control(command::toggle_tab);
-    expect_soon(true, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, true);
     click(tab_place(3, 3));
     expect_page(L"p3");
     click(tab_place(2, 3));
@@ -113,8 +105,7 @@ TEST_F(Tabs, TheTwoHundredAndFiftySixthIsTheLast)
     click_control(command::last_page);
     expect_page(L"p258");
     EXPECT_TRUE(box(command::toggle_tab).is_enabled());
-    click_control(command::toggle_tab);
-    expect_soon(true, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, true);
     click_control(command::previous_page);
     expect_page(L"p257");
     expect_soon(false, [&] { return box(command::toggle_tab).is_enabled(); });
@@ -124,13 +115,11 @@ TEST_F(Tabs, TheTwoHundredAndFiftySixthIsTheLast)
     click(tab_place(256, 256));
     expect_page(L"p258");
     EXPECT_TRUE(box(command::toggle_tab).is_enabled());
-    click_control(command::toggle_tab);
-    expect_soon(false, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, false);
     click_control(command::previous_page);
     expect_page(L"p257");
     expect_soon(true, [&] { return box(command::toggle_tab).is_enabled(); });
-    click_control(command::toggle_tab);
-    expect_soon(true, [&] { return is_checked(command::toggle_tab); });
+    toggle_check(command::toggle_tab, true);
     close();
     const Numbers numbers = stored_tabs(file);
     EXPECT_EQ(numbers[254], 255u);
@@ -144,8 +133,7 @@ TEST_F(Tabs, AClickOnTheTabOfThePageInViewAsksNothing)
     open_tabbed(2, 2);
     write_first(L"い");
     click(tab_place(1, 2));
-    click_control(command::toggle_mark);
-    expect_soon(true, [&] { return is_checked(command::toggle_mark); });
+    toggle_check(command::toggle_mark, true);
     EXPECT_FALSE(program().has_dialog());
     EXPECT_EQ(title(), L"手帖 *");
     click(tab_place(2, 2));

@@ -1,7 +1,5 @@
 // The six themes as they look on the screen.
 #include "driver_main_window.hpp"
-#include "driver_screen.hpp"
-#include "look/theme.hpp"
 
 namespace fs = std::filesystem;
 using namespace e2e;
@@ -12,11 +10,6 @@ namespace command = app::command;
 
 class ThemeOfPages : public MainWindowTest {
 protected:
-    void expect_color(look::Color color, POINT place, const Where& where = Where::current())
-    {
-        expect_soon(
-            static_cast<COLORREF>(color.value), [&] { return color_on_screen(place); }, where);
-    }
     // One place of everything that the main window colours.
     void expect_colors(int theme, const Where& where = Where::current())
     {
@@ -33,7 +26,7 @@ protected:
         expect_color(colors.check_fill, on_screen(at.mark_check.left + 6, at.mark_check.top + 10), where);
     }
     // Where nothing follows the pointer.
-    void rest_pointer() const { move_mouse(background()); }
+    void rest_pointer() const { rest_mouse(background()); }
 };
 
 class Themes : public ThemeOfPages, public testing::WithParamInterface<int> { };
@@ -61,8 +54,7 @@ TEST_P(Themes, ColourTheWholeWindowAndComeBackWithTheirBook)
 
 TEST_P(Themes, ANewPageTakesTheColoursOfTheTheme)
 {
-    const fs::path file = open_numbered_book(1);
-    settle();
+    const fs::path file = open_numbered(1);
     main_window().send_command(GetParam());
     main_menu().choose(command::add_page_at_end, Hand::keys);
     expect_page(L"");
@@ -76,8 +68,7 @@ TEST_P(Themes, ANewPageTakesTheColoursOfTheTheme)
 
 TEST_F(ThemeOfPages, ACommandGivesTheColoursToEveryPage)
 {
-    const fs::path file = open_numbered_book(3);
-    settle();
+    const fs::path file = open_numbered(3);
     main_window().send_command(look::theme_dark);
     rest_pointer();
     const look::ThemePalette dark = look::theme_colors(look::theme_dark);

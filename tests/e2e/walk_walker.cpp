@@ -3,7 +3,7 @@
 #include "app/main_layout.hpp"
 #include "book/text.hpp"
 #include "platform/text.hpp"
-#include <algorithm>
+#include "walk_report.hpp"
 #include <future>
 
 namespace fs = std::filesystem;
@@ -21,74 +21,6 @@ namespace {
 constexpr auto menu_class = L"#32768";
 constexpr auto banner_style = WS_EX_NOACTIVATE;
 constexpr std::size_t kept_actions = 20;
-
-constexpr const wchar_t* pieces[] = { L"a", L"B", L"Ab", L"あ", L"い", L"漢字", L" ", L"\x3000", L"ＡＢ",
-    L"\t", L"\"", L"\x3", L"\xD842\xDFB7", L"\xD83D\xDE00", L"ß", L"Ω", L"12", L"-", L"." };
-constexpr const wchar_t* line_end = L"\r\n";
-constexpr const wchar_t* entries[] = { L"C:\\絵\\一.png", L"C:\\絵\\二.jpg", L"D:\\音\\三.mp3",
-    L"https://example.org/a?b=Ab", L"relative\\Ab.txt", L"C:\\無い\\あ い.gif" };
-constexpr const wchar_t* book_names[] = { L"甲.bok", L"乙.bok", L"丙.bok", L"新しい.bok", L"写し.bok" };
-
-// Control characters would hide in a report.
-std::string quoted(const std::wstring& text)
-{
-    std::wstring visible = L"\"";
-    for (const wchar_t unit : text) {
-        if (unit < L' ')
-            visible += L"\\" + std::to_wstring(static_cast<unsigned>(unit));
-        else
-            visible += unit;
-    }
-    return platform::to_utf8(visible + L"\"");
-}
-
-template <class Value> void expect_same(const char* what, const Value& is, const Value& expected)
-{
-    if (is == expected)
-        return;
-    if constexpr (std::is_same_v<Value, std::wstring>)
-        throw DriverError(std::string(what) + " is " + quoted(is) + " instead of " + quoted(expected));
-    else
-        throw DriverError(
-            std::string(what) + " is " + std::to_string(is) + " instead of " + std::to_string(expected));
-}
-
-// Which part of two pages differs.
-std::string difference(const book::Page& is, const book::Page& expected)
-{
-    for (std::size_t box = 0; box < book::box_count; ++box) {
-        if (is.text[box] != expected.text[box])
-            return "box " + std::to_string(box + 1) + ": " + quoted(is.text[box]) + " instead of "
-                + quoted(expected.text[box]);
-    }
-    if (is.stamp != expected.stamp)
-        return "its stamp: " + quoted(is.stamp) + " instead of " + quoted(expected.stamp);
-    if (is.mark != expected.mark || is.tab_number != expected.tab_number
-        || is.tab_color != expected.tab_color)
-        return "its mark or tab";
-    if (is.scroll_first != expected.scroll_first || is.scroll_third != expected.scroll_third)
-        return "its scroll places: " + std::to_string(is.scroll_first) + ", "
-            + std::to_string(is.scroll_third) + " instead of " + std::to_string(expected.scroll_first) + ", "
-            + std::to_string(expected.scroll_third);
-    if (is.files != expected.files || is.current_file != expected.current_file)
-        return "its files";
-    return "its colours or its folder";
-}
-
-// What can be seen of a program that does not answer a click.
-std::string to_string(const e2e::Program& program)
-{
-    if (!program.is_running())
-        return "the program has ended";
-    std::string text =
-        "its windows, of which " + platform::to_utf8(program.focus().class_name()) + " has the focus:";
-    for (const Window window : e2e::top_windows(program.process_id())) {
-        const RECT at = window.rect();
-        text += " " + platform::to_utf8(window.class_name()) + (window.is_enabled() ? "" : " (disabled)")
-            + " at " + std::to_string(at.left) + "," + std::to_string(at.top);
-    }
-    return text;
-}
 
 POINT to_screen(Window window, POINT client)
 {
@@ -173,83 +105,6 @@ void Walker::end()
     check_files();
 }
 
-std::size_t Walker::place_in(const std::wstring& text, std::size_t from)
-{
-    std::size_t place = from + below(text.size() - from + 1);
-    const auto splits = [&] {
-        if (place == 0 || place >= text.size())
-            return false;
-        return (text[place - 1] == L'\r' && text[place] == L'\n') || platform::is_low_surrogate(text[place]);
-    };
-    while (splits())
-        ++place;
-    return place;
-}
-
-std::wstring Walker::some_text(bool many_lines)
-{
-    std::wstring text;
-    const std::size_t count = 1 + below(chance(5) ? 200 : 6);
-    for (std::size_t i = 0; i < count; ++i)
-        text += many_lines && chance(20) ? line_end : pieces[below(std::size(pieces))];
-    return text;
-}
-
-std::wstring Walker::some_path(bool may_be_new)
-{
-    if (may_be_new)
-        return (root_.folder() / book_names[below(std::size(book_names))]).wstring();
-    auto chosen = model.files.begin();
-    std::advance(chosen, static_cast<std::ptrdiff_t>(below(model.files.size())));
-    return chosen->first;
-}
-
-book::Page Walker::some_page()
-{
-    const auto clean = [this](bool many_lines) {
-        std::wstring text = some_text(many_lines);
-        book::remove_separator(text);
-        book::trim_text(text, book::TrimMode::both);
-        return text;
-    };
-    book::Page page = e2e::make_page(clean(true), clean(false), clean(true));
-    page.stamp.replace(10, 4, std::to_wstring(1000 + below(9000)));
-    page.stamp.replace(24, 4, std::to_wstring(1000 + below(9000)));
-    page.mark = chance(30);
-    page.tab_number = chance(40);
-    page.tab_color = chance(50) ? 0x535864 : 0x403CBE;
-    if (chance(40))
-        page.reference_folder = missing_folder;
-    for (std::size_t i = below(5); i > 0; --i)
-        page.files.emplace_back(entries[below(std::size(entries))]);
-    page.current_file = page.files.empty() ? 0 : below(page.files.size());
-    return page;
-}
-
-void Walker::make_books()
-{
-    for (const wchar_t* name : { book_names[0], book_names[1], book_names[2] }) {
-        Record record;
-        record.header.divider = static_cast<std::int32_t>(110 + below(300));
-        record.header.theme = static_cast<std::int32_t>(6000 + below(6));
-        record.header.sort_key = static_cast<std::int32_t>(3000 + below(6));
-        record.header.tab_label_box = static_cast<std::int32_t>(4000 + below(3));
-        record.header.wrap_text = chance(30);
-        record.header.seed = random_();
-        const std::size_t count = 1 + below(9);
-        record.header.position = below(count);
-        std::vector<book::Page> pages;
-        for (std::size_t i = 0; i < count; ++i) {
-            pages.push_back(some_page());
-            record.pages.push_back({ pages.back() });
-        }
-        const std::wstring file = root_.add_book(name, pages, record.header).wstring();
-        model.files[file] = record;
-        model.history.push_back(file);
-    }
-    root_.write_history(model.history);
-}
-
 void Walker::start()
 {
     program_.reset();
@@ -294,8 +149,7 @@ void Walker::serve(const Talk& talk)
     if (talk.kind == Talk::Kind::file_dialog) {
         const FileDialog dialog = program_->wait_for_file_dialog();
         expect_same("the dialog", dialog.caption(), talk.text);
-        note(talk.path.empty() ? "[cancel]"
-                               : "[" + platform::to_utf8(fs::path(talk.path).filename().wstring()) + "]");
+        note(talk.path.empty() ? "[cancel]" : "[to] " + file_name(talk.path));
         if (talk.path.empty())
             dialog.cancel();
         else
@@ -357,7 +211,7 @@ void Walker::drag(POINT from, POINT to)
     e2e::press_mouse(to_screen(main(), from));
     e2e::wait_until([&] { return is_held() || !model.talks.empty(); }, brief);
     e2e::move_mouse(to_screen(main(), to));
-    e2e::release_mouse();
+    e2e::release_mouse(to_screen(main(), to));
     serve_talks();
     require("the mouse is let go", [&] { return !is_held(); });
     fence();
@@ -369,11 +223,7 @@ void Walker::fence()
     check_no_dialog();
     come_to_front();
     const HWND focus = program_->focus().handle();
-    try {
-        program_->click_on(focus == box(0).handle() ? box(2) : box(0));
-    } catch (const DriverError& failure) {
-        throw DriverError(failure.what() + std::string("; ") + to_string(*program_));
-    }
+    program_->click_on(focus == box(0).handle() ? box(2) : box(0));
 }
 
 // A window manager may give nobody the keyboard when a dialog has closed. A banner would take the clicks for
@@ -387,6 +237,7 @@ void Walker::come_to_front()
             && (GetWindowLongW(window.handle(), GWL_EXSTYLE) & static_cast<LONG>(banner_style)) != 0)
             window.send(WM_CLOSE);
     }
+    program_->await_input();
 }
 
 void Walker::send_wheel(int direction, bool with_ctrl)
@@ -433,7 +284,7 @@ Window Walker::wait_for_menu()
             if (window.class_name() == menu_class)
                 menu = window;
         }
-        return menu.exists();
+        return menu.exists() && program_->is_in_menu();
     });
     return menu;
 }
@@ -522,88 +373,12 @@ void Walker::remove_unopened_file()
     for (const auto& [file, record] : model.files) {
         if (file == model.path)
             continue;
-        note(platform::to_utf8(fs::path(file).filename().wstring()));
+        note(file_name(file));
         fs::remove(file);
         bytes_.erase(file);
         model.files.erase(file);
         return;
     }
-}
-
-void Walker::check()
-{
-    if (!program_->is_running())
-        throw DriverError("the program ended with code " + std::to_string(program_->exit_code()));
-    check_no_dialog();
-    check_files();
-    check_boxes();
-}
-
-// A dialog that was answered may take a moment to go.
-void Walker::check_no_dialog()
-{
-    constexpr e2e::milliseconds moment{ 2000 };
-    if (e2e::wait_until([this] { return !program_->has_dialog(); }, moment))
-        return;
-    for (const Window window : e2e::top_windows(program_->process_id())) {
-        if (MessageDialog::is_one(window))
-            throw DriverError("an unexpected box: " + quoted(MessageDialog(window).text()));
-        if (FileDialog::is_one(window))
-            throw DriverError("an unexpected dialog: " + quoted(window.text()));
-    }
-}
-
-void Walker::check_boxes()
-{
-    constexpr const char* names[] = { "box 1", "box 2", "box 3" };
-    for (std::size_t i = 0; i < model.boxes.size(); ++i) {
-        expect_same(names[i], box(i).text(), model.boxes[i].text);
-        expect_same("an edit mark", box(i).is_modified(), model.boxes[i].edited);
-    }
-    expect_same("the title", main().text(), model.title());
-    expect_same("the search box", main().child(command::search_box).text(), model.search);
-    expect_same("the save button", main().child(command::save_if_changed).is_enabled(), model.is_edited());
-    const Window combo = main().child(command::file_combo);
-    const book::Page& page = model.current();
-    expect_same("the file count", static_cast<std::size_t>(combo.send(CB_GETCOUNT)), page.files.size());
-    if (!page.files.empty())
-        expect_same(
-            "the chosen file", static_cast<std::uint64_t>(combo.send(CB_GETCURSEL)), page.current_file);
-}
-
-// Every file, written in this step or not.
-void Walker::check_files()
-{
-    const std::wstring now = book::current_time_text();
-    for (auto& [file, expected] : model.files) {
-        const std::string bytes = e2e::file_bytes(file);
-        if (const auto known = bytes_.find(file);
-            known != bytes_.end() && known->second == bytes && bytes_of(expected) == bytes)
-            continue;
-        const book::Book on_disk = e2e::load_book(file);
-        const std::string where = platform::to_utf8(fs::path(file).filename().wstring());
-        if (const std::string wrong = model.learn(file, on_disk, step_began_, now); !wrong.empty())
-            throw DriverError(where + ": " + wrong);
-        const Record read = as_read(expected);
-        for (std::size_t i = 0; i < read.pages.size(); ++i) {
-            if (!(on_disk.pages[i] == read.pages[i].data))
-                throw DriverError(where + " (order " + std::to_string(read.header.order_mode) + ", key "
-                    + std::to_string(read.header.sort_key) + "), page " + std::to_string(i) + " differs in "
-                    + difference(on_disk.pages[i], read.pages[i].data));
-        }
-        if (!(on_disk.header == read.header))
-            throw DriverError(where + " differs in its header");
-        if (bytes != bytes_of(expected))
-            throw DriverError(where + " differs in its bytes");
-        bytes_[file] = bytes;
-        ++saves_;
-    }
-    for (const auto& [name, expected] : model.backups) {
-        if (e2e::file_bytes(fs::path(model.backup_folder) / name) != bytes_of(expected))
-            throw DriverError("the backup " + platform::to_utf8(name) + " differs");
-    }
-    if (root_.history() != model.history)
-        throw DriverError("the history differs");
 }
 
 } // namespace walk
