@@ -81,16 +81,18 @@ MainLayout layout_of(const Walker& walker)
     return app::main_layout({ client.right, client.bottom });
 }
 
-template <int direction> void turn(Walker& walker)
+// The same to the model and, by its command, to the program.
+template <auto in_model, int id, auto... arguments> void give(Walker& walker)
 {
-    walker.model.turn(direction);
-    walker.give(direction > 0 ? command::next_page : command::previous_page);
+    (walker.model.*in_model)(arguments...);
+    walker.give(id);
 }
 
-template <bool last> void go_to_end(Walker& walker)
+// For a command that no control bears.
+template <auto in_model, int id, auto... arguments> void send(Walker& walker)
 {
-    walker.model.go_to_end(last);
-    walker.give(last ? command::last_page : command::first_page);
+    (walker.model.*in_model)(arguments...);
+    walker.send(id);
 }
 
 void turn_wheel(Walker& walker)
@@ -167,75 +169,15 @@ void type_text(Walker& walker)
     write_text(walker, true);
 }
 
-void save_always(Walker& walker)
-{
-    walker.model.save_always();
-    walker.send(command::save_always);
-}
-
-void save_if_changed(Walker& walker)
-{
-    walker.model.save_if_changed();
-    walker.give(command::save_if_changed);
-}
-
 void save_by_key(Walker& walker)
 {
     walker.model.save_if_changed();
     walker.press_save_key(walker.below(3));
 }
 
-void save_after_question(Walker& walker)
-{
-    walker.model.save_after_question();
-    walker.send(command::save_after_question);
-}
-
-void sort(Walker& walker)
-{
-    walker.model.change_order(Order::sorted);
-    walker.give(command::toggle_sorted_order);
-}
-
-void reverse(Walker& walker)
-{
-    walker.model.change_order(Order::reversed);
-    walker.give(command::reverse_order);
-}
-
 void shuffle(Walker& walker)
 {
     walker.turn_random();
-}
-
-void toggle_mark(Walker& walker)
-{
-    walker.model.toggle_mark();
-    walker.give(command::toggle_mark);
-}
-
-void toggle_tab(Walker& walker)
-{
-    walker.model.toggle_tab();
-    walker.give(command::toggle_tab);
-}
-
-void track_marks(Walker& walker)
-{
-    walker.model.toggle_track(Track::marks);
-    walker.give(command::toggle_mark_tracking);
-}
-
-void track_tabs(Walker& walker)
-{
-    walker.model.toggle_track(Track::tabs);
-    walker.give(command::toggle_tab_tracking);
-}
-
-void delete_page(Walker& walker)
-{
-    walker.model.delete_page();
-    walker.send(command::delete_page);
 }
 
 void add_page(Walker& walker)
@@ -245,22 +187,10 @@ void add_page(Walker& walker)
     walker.send(at_end ? command::add_page_at_end : command::add_page_here);
 }
 
-void clear_folder(Walker& walker)
-{
-    walker.model.clear_folder();
-    walker.send(command::clear_reference_folder);
-}
-
 void choose_folder(Walker& walker)
 {
     walker.model.choose_folder(walker.chance(30) ? std::wstring{} : walker.model.data_root);
     walker.send(command::choose_reference_folder);
-}
-
-void open_folder(Walker& walker)
-{
-    walker.model.open_missing_folder();
-    walker.send(command::open_reference_folder);
 }
 
 void add_file(Walker& walker)
@@ -269,39 +199,16 @@ void add_file(Walker& walker)
     walker.send(command::add_files);
 }
 
-void leave_duplicate(Walker& walker)
-{
-    walker.model.leave_duplicate();
-    walker.send(command::duplicate_file);
-}
-
-void search_file(Walker& walker)
-{
-    walker.model.search_missing_file();
-    walker.send(command::search_moved_file);
-}
-
-void open_file(Walker& walker)
-{
-    walker.model.open_missing_file();
-    walker.send(command::open_file);
-}
-
-void show_file(Walker& walker)
-{
-    walker.model.show_missing_file();
-    walker.send(command::show_file_in_folder);
-}
+struct FileStep {
+    int command;
+    int by;
+};
 
 void select_file(Walker& walker)
 {
-    struct Step {
-        int command;
-        int by;
-    };
-    constexpr std::array steps{ Step{ command::first_file, -99 }, Step{ command::last_file, 99 },
-        Step{ command::previous_file, -1 }, Step{ command::next_file, 1 } };
-    const Step step = steps[walker.below(steps.size())];
+    constexpr std::array steps{ FileStep{ command::first_file, -99 }, FileStep{ command::last_file, 99 },
+        FileStep{ command::previous_file, -1 }, FileStep{ command::next_file, 1 } };
+    const FileStep step = steps[walker.below(steps.size())];
     walker.model.step_file(step.by);
     const bool has_button = step.command == command::first_file || step.command == command::last_file;
     if (has_button)
@@ -319,27 +226,12 @@ void choose_file(Walker& walker)
 
 void move_file(Walker& walker)
 {
-    struct Step {
-        int command;
-        int by;
-    };
-    constexpr std::array steps{ Step{ command::move_file_to_top, -99 }, Step{ command::move_file_to_end, 99 },
-        Step{ command::move_file_up, -1 }, Step{ command::move_file_down, 1 } };
-    const Step step = steps[walker.below(steps.size())];
+    constexpr std::array steps{ FileStep{ command::move_file_to_top, -99 },
+        FileStep{ command::move_file_to_end, 99 }, FileStep{ command::move_file_up, -1 },
+        FileStep{ command::move_file_down, 1 } };
+    const FileStep step = steps[walker.below(steps.size())];
     walker.model.move_file(step.by);
     walker.send(step.command);
-}
-
-void remove_file(Walker& walker)
-{
-    walker.model.remove_file();
-    walker.send(command::remove_file);
-}
-
-void remove_all_files(Walker& walker)
-{
-    walker.model.remove_all_files();
-    walker.send(command::remove_all_files);
 }
 
 void sort_files(Walker& walker)
@@ -405,12 +297,6 @@ void apply_theme(Walker& walker)
     walker.send(theme);
 }
 
-void color_all_pages(Walker& walker)
-{
-    walker.model.color_all_pages();
-    walker.send(command::apply_theme_to_pages);
-}
-
 std::wstring chosen_path(Walker& walker, bool may_be_new)
 {
     return walker.chance(25) ? std::wstring{} : walker.some_path(may_be_new);
@@ -439,18 +325,6 @@ void open_history(Walker& walker)
     const std::size_t place = walker.below(walker.model.history.size() + 1);
     walker.model.open_history(place);
     walker.send(command::first_history_entry + static_cast<int>(place));
-}
-
-void restore(Walker& walker)
-{
-    walker.model.restore();
-    walker.send(command::restore_book);
-}
-
-void back_up(Walker& walker)
-{
-    walker.model.backup();
-    walker.send(command::backup_book);
 }
 
 void about(Walker& walker)
@@ -540,41 +414,46 @@ constexpr std::array actions{
     Action{ "paste text", 120, always, paste_text },
     Action{ "type text", 6, always, type_text },
     Action{ "scroll", 20, always, scroll },
-    Action{ "next page", 60, always, turn<1> },
-    Action{ "previous page", 60, always, turn<-1> },
-    Action{ "first page", 15, always, go_to_end<false> },
-    Action{ "last page", 15, always, go_to_end<true> },
+    Action{ "next page", 60, always, give<&Model::turn, command::next_page, 1> },
+    Action{ "previous page", 60, always, give<&Model::turn, command::previous_page, -1> },
+    Action{ "first page", 15, always, give<&Model::go_to_end, command::first_page, false> },
+    Action{ "last page", 15, always, give<&Model::go_to_end, command::last_page, true> },
     Action{ "wheel", 30, always, turn_wheel },
     Action{ "swap", 25, may_swap, swap },
     Action{ "slider", 8, always, slide },
     Action{ "tab click", 6, has_tabs, click_tab },
     Action{ "go to tab", 15, always, go_to_tab },
-    Action{ "save", 20, always, save_always },
-    Action{ "save if changed", 25, always, save_if_changed },
+    Action{ "save", 20, always, send<&Model::save_always, command::save_always> },
+    Action{ "save if changed", 25, always, give<&Model::save_if_changed, command::save_if_changed> },
     Action{ "save by key", 5, always, save_by_key },
-    Action{ "save after question", 15, always, save_after_question },
-    Action{ "sort", 15, always, sort },
+    Action{
+        "save after question", 15, always, send<&Model::save_after_question, command::save_after_question> },
+    Action{ "sort", 15, always, give<&Model::change_order, command::toggle_sorted_order, Order::sorted> },
     Action{ "shuffle", 15, always, shuffle },
-    Action{ "reverse", 15, always, reverse },
-    Action{ "mark", 30, always, toggle_mark },
-    Action{ "tab", 30, always, toggle_tab },
-    Action{ "track marks", 10, always, track_marks },
-    Action{ "track tabs", 10, always, track_tabs },
-    Action{ "delete page", 25, always, delete_page },
+    Action{ "reverse", 15, always, give<&Model::change_order, command::reverse_order, Order::reversed> },
+    Action{ "mark", 30, always, give<&Model::toggle_mark, command::toggle_mark> },
+    Action{ "tab", 30, always, give<&Model::toggle_tab, command::toggle_tab> },
+    Action{
+        "track marks", 10, always, give<&Model::toggle_track, command::toggle_mark_tracking, Track::marks> },
+    Action{ "track tabs", 10, always, give<&Model::toggle_track, command::toggle_tab_tracking, Track::tabs> },
+    Action{ "delete page", 25, always, send<&Model::delete_page, command::delete_page> },
     Action{ "add page", 30, has_room, add_page },
-    Action{ "clear folder", 10, always, clear_folder },
+    Action{ "clear folder", 10, always, send<&Model::clear_folder, command::clear_reference_folder> },
     Action{ "choose folder", 4, always, choose_folder },
-    Action{ "open folder", 5, has_missing_folder, open_folder },
+    Action{ "open folder", 5, has_missing_folder,
+        send<&Model::open_missing_folder, command::open_reference_folder> },
     Action{ "add a file", 6, has_short_list, add_file },
-    Action{ "leave a duplicate", 3, has_files, leave_duplicate },
-    Action{ "search a file", 10, has_no_book_as_file, search_file },
-    Action{ "open a file", 5, has_missing_file, open_file },
-    Action{ "show a file", 5, has_entry_to_show, show_file },
+    Action{ "leave a duplicate", 3, has_files, send<&Model::leave_duplicate, command::duplicate_file> },
+    Action{ "search a file", 10, has_no_book_as_file,
+        send<&Model::search_missing_file, command::search_moved_file> },
+    Action{ "open a file", 5, has_missing_file, send<&Model::open_missing_file, command::open_file> },
+    Action{
+        "show a file", 5, has_entry_to_show, send<&Model::show_missing_file, command::show_file_in_folder> },
     Action{ "select file", 25, always, select_file },
     Action{ "choose file", 15, has_files, choose_file },
     Action{ "move file", 25, always, move_file },
-    Action{ "remove file", 8, has_files, remove_file },
-    Action{ "remove all files", 3, always, remove_all_files },
+    Action{ "remove file", 8, has_files, send<&Model::remove_file, command::remove_file> },
+    Action{ "remove all files", 3, always, send<&Model::remove_all_files, command::remove_all_files> },
     Action{ "sort files", 10, always, sort_files },
     Action{ "search", 25, always, search },
     Action{ "search selection", 4, always, search_selection },
@@ -582,13 +461,13 @@ constexpr std::array actions{
     Action{ "search check", 20, always, toggle_check },
     Action{ "refresh", 20, always, refresh },
     Action{ "theme", 10, always, apply_theme },
-    Action{ "colour all pages", 5, always, color_all_pages },
+    Action{ "colour all pages", 5, always, send<&Model::color_all_pages, command::apply_theme_to_pages> },
     Action{ "new Book", 3, always, new_book },
     Action{ "open Book", 5, always, open_book },
     Action{ "save as", 3, always, save_as },
     Action{ "history entry", 15, always, open_history },
-    Action{ "restore", 10, always, restore },
-    Action{ "back up", 6, always, back_up },
+    Action{ "restore", 10, always, send<&Model::restore, command::restore_book> },
+    Action{ "back up", 6, always, send<&Model::backup, command::backup_book> },
     Action{ "about", 2, always, about },
     Action{ "hold input", 8, accepts_input, hold_input },
     Action{
