@@ -2,16 +2,15 @@
 // load to the same Book and save to the same bytes.
 #include "book/book_file.hpp"
 #include "book/text.hpp"
+#include "tests/fuzz/blocks.hpp"
 #include "tests/fuzz/stable.hpp"
-#include "tests/support/memory_stream.hpp"
 
 namespace {
 
 using book::Book;
 
-bool load(Book& book, const std::vector<std::byte>& bytes, std::vector<std::size_t> block_sizes)
+bool load(Book& book, test_support::MemorySource source)
 {
-    test_support::MemorySource source(bytes, std::move(block_sizes));
     std::wstring error;
     const bool is_loaded =
         book::load_book(book, source, L"path", error, [](const std::wstring&) { return true; });
@@ -54,7 +53,7 @@ void check_round(Book& book)
     if (!comes_back(book))
         return;
     Book again;
-    fuzz::require(load(again, first, {}));
+    fuzz::require(load(again, test_support::MemorySource(first)));
     fuzz::require(again.header == book.header && again.pages.size() == book.pages.size());
     fuzz::require(again.tab_count == book.tab_count && again.mark_count == book.mark_count);
     fuzz::require(saved(again) == first);
@@ -63,17 +62,10 @@ void check_round(Book& book)
 
 } // namespace
 
-// The first byte chooses the sizes of the blocks.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (size == 0)
-        return 0;
-    const auto bytes = std::as_bytes(std::span(data + 1, size - 1));
-    std::vector<std::size_t> block_sizes;
-    if (data[0] != 0)
-        block_sizes = { std::size_t{ data[0] } + 7, std::size_t{ data[0] } * 4 };
     Book book;
-    if (load(book, { bytes.begin(), bytes.end() }, block_sizes))
+    if (load(book, fuzz::in_blocks(data, size)))
         check_round(book);
     return 0;
 }

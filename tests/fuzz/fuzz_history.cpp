@@ -1,8 +1,8 @@
 // Reads any bytes as a history. No entry is empty, and what was written comes back.
 #include "book/history_list.hpp"
 #include "book/text.hpp"
+#include "tests/fuzz/blocks.hpp"
 #include "tests/fuzz/stable.hpp"
-#include "tests/support/memory_stream.hpp"
 
 namespace {
 
@@ -28,16 +28,9 @@ bool is_settled(const Entries& entries)
 
 } // namespace
 
-// The first byte chooses the sizes of the blocks.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (size == 0)
-        return 0;
-    const auto bytes = std::as_bytes(std::span(data + 1, size - 1));
-    std::vector<std::size_t> block_sizes;
-    if (data[0] != 0)
-        block_sizes = { std::size_t{ data[0] } + 1, std::size_t{ data[0] } * 2 };
-    test_support::MemorySource source({ bytes.begin(), bytes.end() }, block_sizes);
+    test_support::MemorySource source = fuzz::in_blocks(data, size);
     const Entries entries = book::read_history(source);
     for (const std::wstring& entry : entries)
         fuzz::require(!entry.empty());

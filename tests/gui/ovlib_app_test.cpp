@@ -4,36 +4,47 @@
 #include "ovlib/ini_data.hpp"
 #include "ovlib/win_app.hpp"
 #include "tests/support/gui_folder.hpp"
+#include "tests/support/text_cases.hpp"
 
 namespace {
 
 using ovlib::IniData;
 using ovlib::WinApp::parent_path;
+using test_support::expect_texts;
 
 TEST(WinApp, TheParentPathEndsBeforeTheLastSeparators)
 {
-    EXPECT_EQ(parent_path(L"C:\\Apps\\Pagewick\\pagewick.exe"), L"C:\\Apps\\Pagewick");
-    EXPECT_EQ(parent_path(L"C:/Apps/pagewick.exe"), L"C:/Apps");
-    EXPECT_EQ(parent_path(L"C:\\Apps\\\\//pagewick.exe"), L"C:\\Apps");
-    EXPECT_EQ(parent_path(L"folder\\pagewick.exe"), L"folder");
-    EXPECT_EQ(parent_path(L"C:\\Apps\\"), L"C:\\Apps");
+    expect_texts(parent_path,
+        {
+            { L"C:\\Apps\\Pagewick\\pagewick.exe", L"C:\\Apps\\Pagewick" },
+            { L"C:/Apps/pagewick.exe", L"C:/Apps" },
+            { L"C:\\Apps\\\\//pagewick.exe", L"C:\\Apps" },
+            { L"folder\\pagewick.exe", L"folder" },
+            { L"C:\\Apps\\", L"C:\\Apps" },
+        });
 }
 
 TEST(WinApp, ARootIsNeverCutInto)
 {
-    EXPECT_EQ(parent_path(L"C:\\pagewick.exe"), L"C:\\");
-    EXPECT_EQ(parent_path(L"C:\\\\pagewick.exe"), L"C:\\\\");
-    EXPECT_EQ(parent_path(L"C:\\"), L"C:\\");
-    EXPECT_EQ(parent_path(L"\\pagewick.exe"), L"\\");
-    EXPECT_EQ(parent_path(L"C:pagewick.exe"), L"C:");
-    EXPECT_EQ(parent_path(L"\\\\server\\share\\pagewick.exe"), L"\\\\server\\share");
-    EXPECT_EQ(parent_path(L"\\\\server\\pagewick.exe"), L"\\\\server\\");
+    expect_texts(parent_path,
+        {
+            { L"C:\\pagewick.exe", L"C:\\" },
+            { L"C:\\\\pagewick.exe", L"C:\\\\" },
+            { L"C:\\", L"C:\\" },
+            { L"\\pagewick.exe", L"\\" },
+            { L"C:pagewick.exe", L"C:" },
+            { L"\\\\server\\share\\pagewick.exe", L"\\\\server\\share" },
+            { L"\\\\server\\pagewick.exe", L"\\\\server\\" },
+        });
 }
 
 TEST(WinApp, ABareNameHasNoParent)
 {
-    EXPECT_EQ(parent_path(L"pagewick.exe"), L"");
-    EXPECT_EQ(parent_path(L""), L"");
+    expect_texts(parent_path,
+        {
+            { L"pagewick.exe", L"" },
+            { L"", L"" },
+        });
 }
 
 TEST(WinApp, IsInitializedFromTheEntryAndTheCommandLine)

@@ -1,9 +1,7 @@
 // Whole Books as JSON: the same bytes there and back, and a friendly form for people.
-#include "book/book.hpp"
-#include "tests/support/bok_run.hpp"
+#include "tests/support/bok_import.hpp"
 #include "tools/bok/json_reader.hpp"
 #include "tools/bok/json_writer.hpp"
-#include <gtest/gtest.h>
 #include <random>
 
 namespace {
@@ -12,7 +10,6 @@ using bok::JsonError;
 using bok::JsonReader;
 using bok::JsonWriter;
 using test_support::bok;
-using test_support::BokFolder;
 using test_support::header_lines;
 using test_support::Outcome;
 using test_support::PageText;
@@ -116,31 +113,10 @@ TEST(JsonReader, TellsLineAndColumn)
     }
 }
 
-struct BokJson : testing::Test {
-    BokFolder folder;
-    std::string target = folder.path(L"out.bok");
-
-    Outcome import(std::string_view json)
+struct BokJson : test_support::BokImport {
+    BokJson()
+        : BokImport("json")
     {
-        return bok({ "import", folder.write_utf8(L"in.json", json), "--from", "json", "-o", target });
-    }
-    book::Book imported(std::string_view json)
-    {
-        const Outcome outcome = import(json);
-        EXPECT_EQ(outcome.code, 0) << outcome.err;
-        book::Book book;
-        std::wstring error;
-        EXPECT_TRUE(book.load(folder.wide_path(L"out.bok"), error, {})) << platform::to_utf8(error);
-        return book;
-    }
-    void expect_refused(std::string_view json, std::string_view words)
-    {
-        folder.write_utf8(L"out.bok", "what stood here");
-        const Outcome outcome = import(json);
-        EXPECT_EQ(outcome.code, 1) << json;
-        EXPECT_EQ(outcome.complaints(), 1) << outcome.err;
-        EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
-        EXPECT_EQ(folder.read_utf8(L"out.bok"), "what stood here");
     }
     // Through JSON and back, against what loading and saving makes of the same file.
     void expect_same_bytes(std::wstring_view text)

@@ -1,48 +1,18 @@
 // Tables in and out: what a cell means, what is refused and by which name, and that nothing is lost on the
 // way.
-#include "book/book.hpp"
-#include "tests/support/bok_run.hpp"
-#include <gtest/gtest.h>
+#include "tests/support/bok_import.hpp"
 
 namespace {
 
 using test_support::bok;
-using test_support::BokFolder;
 using test_support::header_lines;
 using test_support::Outcome;
 using test_support::PageText;
 
-struct BokTsv : testing::Test {
-    BokFolder folder;
-    std::string target = folder.path(L"out.bok");
-
-    Outcome import(std::string_view table)
+struct BokTsv : test_support::BokImport {
+    BokTsv()
+        : BokImport("tsv")
     {
-        return bok({ "import", folder.write_utf8(L"in.tsv", table), "--from", "tsv", "-o", target });
-    }
-    book::Book loaded(const std::wstring& name = L"out.bok")
-    {
-        book::Book book;
-        std::wstring error;
-        EXPECT_TRUE(book.load(folder.wide_path(name), error, {})) << platform::to_utf8(error);
-        return book;
-    }
-    book::Book imported(std::string_view table)
-    {
-        const Outcome outcome = import(table);
-        EXPECT_EQ(outcome.code, 0) << outcome.err;
-        EXPECT_EQ(outcome.out + outcome.err, "");
-        return loaded();
-    }
-    void expect_refused(std::string_view table, std::string_view words)
-    {
-        folder.write_utf8(L"out.bok", "what stood here");
-        const Outcome outcome = import(table);
-        EXPECT_EQ(outcome.code, 1) << words;
-        EXPECT_EQ(outcome.complaints(), 1) << outcome.err;
-        EXPECT_NE(outcome.err.find(words), std::string::npos) << outcome.err;
-        EXPECT_EQ(folder.read_utf8(L"out.bok"), "what stood here");
-        EXPECT_FALSE(platform::exists(folder.wide_path(L"out.bok.0.tmp")));
     }
 };
 

@@ -23,6 +23,13 @@ std::vector<int> greyed(const BoxMenuState& state)
     return ids;
 }
 
+BoxMenuState everything_but(bool BoxMenuState::*what, bool value)
+{
+    BoxMenuState state = everything;
+    state.*what = value;
+    return state;
+}
+
 TEST(BoxMenu, HasItsItemsInOrder)
 {
     using ovlib::menu_item;
@@ -41,38 +48,31 @@ TEST(BoxMenu, GreysNothingWhenEverythingCanBeDone)
 
 TEST(BoxMenu, GreysWhatNeedsASelection)
 {
-    BoxMenuState state = everything;
-    state.has_selection = false;
-    EXPECT_EQ(greyed(state),
+    EXPECT_EQ(greyed(everything_but(&BoxMenuState::has_selection, false)),
         (std::vector<int>{ command::box_search, command::box_cut, command::box_copy, command::box_delete }));
 }
 
 TEST(BoxMenu, GreysColoursAndFontWhileTheirWindowIsVisible)
 {
-    BoxMenuState state = everything;
-    state.is_palette_visible = true;
-    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_look });
+    EXPECT_EQ(greyed(everything_but(&BoxMenuState::is_palette_visible, true)),
+        std::vector<int>{ command::box_look });
 }
 
 TEST(BoxMenu, GreysUndoWithoutAChange)
 {
-    BoxMenuState state = everything;
-    state.can_undo = false;
-    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_undo });
+    EXPECT_EQ(greyed(everything_but(&BoxMenuState::can_undo, false)), std::vector<int>{ command::box_undo });
 }
 
 TEST(BoxMenu, GreysPasteWithoutTextInTheClipboard)
 {
-    BoxMenuState state = everything;
-    state.can_paste = false;
-    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_paste });
+    EXPECT_EQ(
+        greyed(everything_but(&BoxMenuState::can_paste, false)), std::vector<int>{ command::box_paste });
 }
 
 TEST(BoxMenu, GreysSelectAllInAnEmptyBox)
 {
-    BoxMenuState state = everything;
-    state.has_text = false;
-    EXPECT_EQ(greyed(state), std::vector<int>{ command::box_select_all });
+    EXPECT_EQ(
+        greyed(everything_but(&BoxMenuState::has_text, false)), std::vector<int>{ command::box_select_all });
 }
 
 } // namespace

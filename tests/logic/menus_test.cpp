@@ -49,6 +49,13 @@ std::wstring line_of(const MenuRows& rows, int id)
     return line == lines.end() ? L"" : line->substr(line->find_first_not_of(L' '));
 }
 
+// Each line names its row by the number it begins with.
+void expect_rows(const MenuRows& rows, const Lines& expected)
+{
+    for (const std::wstring& line : expected)
+        EXPECT_EQ(line_of(rows, std::stoi(line)), line);
+}
+
 TEST(BookMenu, HasItsRowsInOrder)
 {
     EXPECT_EQ(lines_of(app::book_menu(true)),
@@ -58,8 +65,7 @@ TEST(BookMenu, HasItsRowsInOrder)
 
 TEST(BookMenu, GreysSaveWithoutAnEdit)
 {
-    EXPECT_EQ(line_of(app::book_menu(false), 1004), L"1004 保存 grey");
-    EXPECT_EQ(line_of(app::book_menu(false), 1005), L"1005 名前を付けて保存");
+    expect_rows(app::book_menu(false), { L"1004 保存 grey", L"1005 名前を付けて保存" });
 }
 
 MainMenuState stored_order()
@@ -100,15 +106,14 @@ TEST(MainMenu, OffersNoEditingWhileTheFileListEditorIsOpen)
 {
     MainMenuState state = stored_order();
     state.is_file_list_editor_open = true;
-    EXPECT_EQ(line_of(app::main_menu(state), 2509), L"2509 ソート中は編集不可 grey");
-    EXPECT_EQ(line_of(app::main_menu(state), 2510), L"2510 ソート中は置換不可 grey");
+    expect_rows(app::main_menu(state), { L"2509 ソート中は編集不可 grey", L"2510 ソート中は置換不可 grey" });
 }
 
 TEST(MainMenu, GreysThePaletteWhileItIsOpen)
 {
     MainMenuState state = stored_order();
     state.is_palette_open = true;
-    EXPECT_EQ(line_of(app::main_menu(state), 2519), L"2519 色 / フォント grey");
+    expect_rows(app::main_menu(state), { L"2519 色 / フォント grey" });
 }
 
 FileMenuState two_files()
@@ -136,14 +141,10 @@ TEST(FileMenu, HasItsRowsInOrder)
 TEST(FileMenu, OfAnEmptyListOffersToAddAndToEdit)
 {
     const MenuRows rows = app::file_menu({});
-    EXPECT_EQ(line_of(rows, 2523), L"2523 ファイルの追加");
-    EXPECT_EQ(line_of(rows, 2522), L"2522 リストの編集");
-    EXPECT_EQ(line_of(rows, 2525), L"2525 ファイルの削除 grey >");
-    EXPECT_EQ(line_of(rows, 2540), L"2540 リストのソート grey >");
-    EXPECT_EQ(line_of(rows, 2531), L"2531 ファイルを複製 grey");
-    EXPECT_EQ(line_of(rows, 2548), L"2548 ファイルの場所を開く grey");
-    EXPECT_EQ(line_of(rows, 2547), L"2547 ファイルを既定のアプリで開く grey");
-    EXPECT_EQ(line_of(rows, 2546), L"2546 画像を Viewer () で開く grey");
+    expect_rows(rows,
+        { L"2523 ファイルの追加", L"2522 リストの編集", L"2525 ファイルの削除 grey >",
+            L"2540 リストのソート grey >", L"2531 ファイルを複製 grey", L"2548 ファイルの場所を開く grey",
+            L"2547 ファイルを既定のアプリで開く grey", L"2546 画像を Viewer () で開く grey" });
 }
 
 TEST(FileMenu, OfASingleEntryOffersNoWholeListAndNoSorting)
@@ -151,10 +152,9 @@ TEST(FileMenu, OfASingleEntryOffersNoWholeListAndNoSorting)
     FileMenuState state = two_files();
     state.entry_count = 1;
     const MenuRows rows = app::file_menu(state);
-    EXPECT_EQ(line_of(rows, 2525), L"2525 ファイルの削除 >");
-    EXPECT_EQ(line_of(rows, 2526), L"2526 このファイル");
-    EXPECT_EQ(line_of(rows, 2527), L"2527 リスト全体 grey");
-    EXPECT_EQ(line_of(rows, 2540), L"2540 リストのソート grey >");
+    expect_rows(rows,
+        { L"2525 ファイルの削除 >", L"2526 このファイル", L"2527 リスト全体 grey",
+            L"2540 リストのソート grey >" });
 }
 
 TEST(FileMenu, OfAnEntryThatIsNoFileOffersToOpenItOnly)
@@ -163,24 +163,23 @@ TEST(FileMenu, OfAnEntryThatIsNoFileOffersToOpenItOnly)
     state.entry = state.entry_name = L"https://example.com/";
     state.is_entry_file = false;
     const MenuRows rows = app::file_menu(state);
-    EXPECT_EQ(line_of(rows, 2531), L"2531 ファイルを複製 grey");
-    EXPECT_EQ(line_of(rows, 2548), L"2548 ファイルの場所を開く grey");
-    EXPECT_EQ(line_of(rows, 2547), L"2547 ファイルを既定のアプリで開く");
-    EXPECT_EQ(line_of(rows, 2546), L"2546 画像を Viewer (https://example.com/) で開く");
+    expect_rows(rows,
+        { L"2531 ファイルを複製 grey", L"2548 ファイルの場所を開く grey",
+            L"2547 ファイルを既定のアプリで開く", L"2546 画像を Viewer (https://example.com/) で開く" });
 }
 
 TEST(FileMenu, GreysTheListEditorWhileItIsOpen)
 {
     FileMenuState state = two_files();
     state.is_file_list_editor_open = true;
-    EXPECT_EQ(line_of(app::file_menu(state), 2522), L"2522 リストの編集 grey");
+    expect_rows(app::file_menu(state), { L"2522 リストの編集 grey" });
 }
 
 TEST(FileMenu, ShowsAnAmpersandOfANameAsItIs)
 {
     FileMenuState state = two_files();
     state.entry_name = L"Q&A.png";
-    EXPECT_EQ(line_of(app::file_menu(state), 2546), L"2546 画像を Viewer (Q&&A.png) で開く");
+    expect_rows(app::file_menu(state), { L"2546 画像を Viewer (Q&&A.png) で開く" });
 }
 
 TEST(FileMenu, MarksTheChosenInterpolationOnly)

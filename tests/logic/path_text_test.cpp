@@ -1,5 +1,6 @@
 // Parents, names, stems and the meaning of relative paths.
 #include "platform/path_text.hpp"
+#include "tests/support/text_cases.hpp"
 #include <gtest/gtest.h>
 
 namespace {
@@ -9,71 +10,96 @@ using platform::parent_path;
 using platform::path_extension;
 using platform::path_stem;
 using platform::resolve_path;
+using test_support::expect_texts;
 
 TEST(ParentPath, IsTheTextBeforeTheLastSeparator)
 {
-    EXPECT_EQ(parent_path(L"C:\\apps\\pagewick\\pagewick.exe"), L"C:\\apps\\pagewick");
-    EXPECT_EQ(parent_path(L"C:/apps/pagewick.exe"), L"C:/apps");
-    EXPECT_EQ(parent_path(L"C:\\本\\ページ.exe"), L"C:\\本");
+    expect_texts(parent_path,
+        {
+            { L"C:\\apps\\pagewick\\pagewick.exe", L"C:\\apps\\pagewick" },
+            { L"C:/apps/pagewick.exe", L"C:/apps" },
+            { L"C:\\本\\ページ.exe", L"C:\\本" },
+        });
 }
 
 TEST(ParentPath, LosesAWholeRunOfSeparators)
 {
-    EXPECT_EQ(parent_path(L"C:\\apps\\\\/pagewick.exe"), L"C:\\apps");
-    EXPECT_EQ(parent_path(L"C:\\apps\\"), L"C:\\apps");
+    expect_texts(parent_path,
+        {
+            { L"C:\\apps\\\\/pagewick.exe", L"C:\\apps" },
+            { L"C:\\apps\\", L"C:\\apps" },
+        });
 }
 
 TEST(ParentPath, NeverCutsIntoARoot)
 {
-    EXPECT_EQ(parent_path(L"C:\\pagewick.exe"), L"C:\\");
-    EXPECT_EQ(parent_path(L"C:\\"), L"C:\\");
-    EXPECT_EQ(parent_path(L"C:pagewick.exe"), L"C:");
-    EXPECT_EQ(parent_path(L"\\pagewick.exe"), L"\\");
-    EXPECT_EQ(parent_path(L"/pagewick.exe"), L"/");
-    EXPECT_EQ(parent_path(L"\\\\server\\share\\pagewick.exe"), L"\\\\server\\share");
-    EXPECT_EQ(parent_path(L"\\\\server\\pagewick.exe"), L"\\\\server\\");
-    EXPECT_EQ(parent_path(L"\\\\?\\C:\\pagewick.exe"), L"\\\\?\\C:\\");
+    expect_texts(parent_path,
+        {
+            { L"C:\\pagewick.exe", L"C:\\" },
+            { L"C:\\", L"C:\\" },
+            { L"C:pagewick.exe", L"C:" },
+            { L"\\pagewick.exe", L"\\" },
+            { L"/pagewick.exe", L"/" },
+            { L"\\\\server\\share\\pagewick.exe", L"\\\\server\\share" },
+            { L"\\\\server\\pagewick.exe", L"\\\\server\\" },
+            { L"\\\\?\\C:\\pagewick.exe", L"\\\\?\\C:\\" },
+        });
 }
 
 TEST(ParentPath, OfARelativePathIsRelative)
 {
-    EXPECT_EQ(parent_path(L"bin\\pagewick.exe"), L"bin");
-    EXPECT_EQ(parent_path(L".\\pagewick.exe"), L".");
-    EXPECT_EQ(parent_path(L"pagewick.exe"), L"");
-    EXPECT_EQ(parent_path(L""), L"");
+    expect_texts(parent_path,
+        {
+            { L"bin\\pagewick.exe", L"bin" },
+            { L".\\pagewick.exe", L"." },
+            { L"pagewick.exe", L"" },
+            { L"", L"" },
+        });
 }
 
 TEST(FileName, IsTheTextBehindTheLastSeparator)
 {
-    EXPECT_EQ(file_name(L"C:\\books\\日記.bok"), L"日記.bok");
-    EXPECT_EQ(file_name(L"C:/books\\a/b.bok"), L"b.bok");
-    EXPECT_EQ(file_name(L"C:note.bok"), L"note.bok");
-    EXPECT_EQ(file_name(L"note.bok"), L"note.bok");
-    EXPECT_EQ(file_name(L"C:\\"), L"");
+    expect_texts(file_name,
+        {
+            { L"C:\\books\\日記.bok", L"日記.bok" },
+            { L"C:/books\\a/b.bok", L"b.bok" },
+            { L"C:note.bok", L"note.bok" },
+            { L"note.bok", L"note.bok" },
+            { L"C:\\", L"" },
+        });
 }
 
 TEST(PathStem, LosesTheLastExtensionOnly)
 {
-    EXPECT_EQ(path_stem(L"C:\\books\\日記.bok"), L"日記");
-    EXPECT_EQ(path_stem(L"a.b.bok"), L"a.b");
-    EXPECT_EQ(path_stem(L"C:\\v1.2\\note"), L"note");
-    EXPECT_EQ(path_stem(L"note."), L"note");
+    expect_texts(path_stem,
+        {
+            { L"C:\\books\\日記.bok", L"日記" },
+            { L"a.b.bok", L"a.b" },
+            { L"C:\\v1.2\\note", L"note" },
+            { L"note.", L"note" },
+        });
 }
 
 TEST(PathStem, KeepsANameThatBeginsWithItsOnlyPoint)
 {
-    EXPECT_EQ(path_stem(L"C:\\.bok"), L".bok");
-    EXPECT_EQ(path_stem(L".."), L"..");
+    expect_texts(path_stem,
+        {
+            { L"C:\\.bok", L".bok" },
+            { L"..", L".." },
+        });
 }
 
 TEST(PathExtension, IsWhatTheStemLeaves)
 {
-    EXPECT_EQ(path_extension(L"C:\\v1.2\\a.b.PNG"), L".PNG");
-    EXPECT_EQ(path_extension(L"C:\\v1.2\\note"), L"");
-    EXPECT_EQ(path_extension(L"note."), L".");
-    EXPECT_EQ(path_extension(L"a/.profile"), L"");
-    EXPECT_EQ(path_extension(L".."), L"");
-    EXPECT_EQ(path_extension(L""), L"");
+    expect_texts(path_extension,
+        {
+            { L"C:\\v1.2\\a.b.PNG", L".PNG" },
+            { L"C:\\v1.2\\note", L"" },
+            { L"note.", L"." },
+            { L"a/.profile", L"" },
+            { L"..", L"" },
+            { L"", L"" },
+        });
 }
 
 TEST(ResolvePath, CountsARelativePathFromTheRoot)

@@ -1,20 +1,16 @@
 // What every import has to keep, whatever its text: shared by the fuzz targets.
 #pragma once
 #include "book/book_file.hpp"
+#include "tests/fuzz/stable.hpp"
 #include "tests/support/memory_stream.hpp"
 #include "tools/bok/json_book.hpp"
 #include "tools/bok/progress.hpp"
 #include "tools/bok/sink.hpp"
-#include <cstdlib>
 #include <sstream>
 
 namespace test_support {
 
-inline void require(bool truth)
-{
-    if (!truth)
-        std::abort();
-}
+using fuzz::require;
 
 // Streams that lead nowhere.
 struct SilentStreams {
