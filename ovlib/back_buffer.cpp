@@ -71,6 +71,14 @@ bool BackBuffer::create(int wanted_width, int wanted_height)
     return true;
 }
 
+bool BackBuffer::fit(int wanted_width, int wanted_height)
+{
+    if (is_created() && width == wanted_width && height == wanted_height)
+        return true;
+    release();
+    return create(wanted_width, wanted_height);
+}
+
 void BackBuffer::release()
 {
     if (previous_ != nullptr)
@@ -84,13 +92,13 @@ void BackBuffer::release()
     bits_per_pixel = stride = width = height = 0;
 }
 
-void BackBuffer::copy_to(const DC& target) const
+void BackBuffer::copy_to(const DC& target, POINT at) const
 {
     if (bitmap_ == nullptr)
         return;
     finish_drawing();
-    SetDIBitsToDevice(target.handle(), 0, 0, static_cast<DWORD>(width), static_cast<DWORD>(height), 0, 0, 0,
-        static_cast<UINT>(height), bits, &info_, DIB_RGB_COLORS);
+    SetDIBitsToDevice(target.handle(), at.x, at.y, static_cast<DWORD>(width), static_cast<DWORD>(height), 0,
+        0, 0, static_cast<UINT>(height), bits, &info_, DIB_RGB_COLORS);
 }
 
 } // namespace ovlib

@@ -83,7 +83,7 @@ bool CustomButton::draw_item(const DRAWITEMSTRUCT& item)
     if (item.itemAction == 0)
         return true;
     const RECT& place = item.rcItem;
-    if (!fit_buffer({ place.right - place.left, place.bottom - place.top }))
+    if (!buffer_.fit(place.right - place.left, place.bottom - place.top))
         return false;
     item_ = &item;
     label_ = text();
@@ -103,17 +103,6 @@ void CustomButton::paint()
     buffer_.copy_to(target);
     const ClipScope clip(target, item_->rcItem);
     draw_text();
-}
-
-bool CustomButton::fit_buffer(SIZE size)
-{
-    if (buffer_.is_created() && buffer_.width == size.cx && buffer_.height == size.cy)
-        return true;
-    buffer_.release();
-    if (!buffer_.create(size.cx, size.cy))
-        return false;
-    fill_rect(buffer_, Color{}, { 0, 0, buffer_.width, buffer_.height });
-    return true;
 }
 
 ButtonState CustomButton::state() const

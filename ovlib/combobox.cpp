@@ -6,11 +6,6 @@ namespace ovlib {
 
 namespace {
 
-WPARAM as_wparam(int number)
-{
-    return static_cast<WPARAM>(static_cast<std::int64_t>(number));
-}
-
 LPARAM as_lparam(const std::wstring& text)
 {
     return reinterpret_cast<LPARAM>(text.c_str());
@@ -33,11 +28,6 @@ void ComboBox::create_params(CREATESTRUCTW& params)
 {
     SysControl::create_params(params);
     params.style |= static_cast<LONG>(WS_VSCROLL | style_);
-}
-
-LRESULT ComboBox::ask(UINT message, WPARAM wparam, LPARAM lparam) const
-{
-    return SendMessageW(hwnd(), message, wparam, lparam);
 }
 
 int ComboBox::count() const

@@ -16,11 +16,6 @@ namespace {
 constexpr int largest_thumb_position = 0x7FFF;
 constexpr std::uint64_t largest_file = 0xFFFFFFFF;
 
-std::uint64_t as_wparam(int number)
-{
-    return static_cast<std::uint64_t>(static_cast<std::int64_t>(number));
-}
-
 WPARAM thumb(int pos)
 {
     return MAKEWPARAM(SB_THUMBPOSITION, static_cast<WORD>(pos));
@@ -47,7 +42,7 @@ void EditBox::create_params(CREATESTRUCTW& params)
 
 bool EditBox::can_undo() const
 {
-    return SendMessageW(hwnd_, EM_CANUNDO, 0, 0) != 0;
+    return ask(EM_CANUNDO) != 0;
 }
 
 bool EditBox::can_paste() const
@@ -109,7 +104,7 @@ void EditBox::set_limit(int limit)
 
 int EditBox::limit() const
 {
-    return static_cast<int>(SendMessageW(hwnd_, EM_GETLIMITTEXT, 0, 0));
+    return static_cast<int>(ask(EM_GETLIMITTEXT));
 }
 
 void EditBox::scroll_v_to(int pos)
@@ -147,7 +142,7 @@ void EditBox::set_modified(bool modified)
 
 bool EditBox::is_modified() const
 {
-    return SendMessageW(hwnd_, EM_GETMODIFY, 0, 0) != 0;
+    return ask(EM_GETMODIFY) != 0;
 }
 
 void EditBox::scroll_caret()
@@ -173,7 +168,7 @@ bool EditBox::selection(int& start, int& end) const
 {
     DWORD from = 0;
     DWORD to = 0;
-    SendMessageW(hwnd_, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    ask(EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
     start = static_cast<int>(from);
     end = static_cast<int>(to);
     return start != end;
@@ -242,7 +237,7 @@ void EditBox::append(const std::wstring& text)
 
 int EditBox::line_from_char(int pos) const
 {
-    return static_cast<int>(SendMessageW(hwnd_, EM_LINEFROMCHAR, as_wparam(pos), 0));
+    return static_cast<int>(ask(EM_LINEFROMCHAR, as_wparam(pos)));
 }
 
 bool EditBox::load_file(const std::wstring& path)

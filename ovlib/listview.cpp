@@ -11,11 +11,6 @@ namespace {
 constexpr std::size_t cell_capacity = 1024;
 constexpr std::size_t title_capacity = 260;
 
-WPARAM as_wparam(int number)
-{
-    return static_cast<WPARAM>(static_cast<std::int64_t>(number));
-}
-
 // The system only reads it, where it does not take it for a buffer.
 wchar_t* as_buffer(const std::wstring& text)
 {
@@ -39,11 +34,6 @@ void ListView::create_params(CREATESTRUCTW& params)
 {
     SysControl::create_params(params);
     params.style |= static_cast<LONG>(style_);
-}
-
-LRESULT ListView::ask(UINT message, WPARAM wparam, LPARAM lparam) const
-{
-    return SendMessageW(hwnd(), message, wparam, lparam);
 }
 
 int ListView::add_row(const std::wstring& text, int image, int index)
@@ -201,11 +191,7 @@ bool ListView::Header::paint()
 {
     const PaintDC dc(*this);
     const SIZE size = client_size();
-    if (size.cx != buffer_.width || size.cy != buffer_.height) {
-        buffer_.release();
-        buffer_.create(size.cx, size.cy);
-    }
-    if (!buffer_.is_created())
+    if (!buffer_.fit(size.cx, size.cy))
         return true;
     draw(buffer_);
     buffer_.copy_to(dc);
@@ -214,10 +200,10 @@ bool ListView::Header::paint()
 
 std::vector<platform::Rect> ListView::Header::cells() const
 {
-    std::vector<platform::Rect> rects(static_cast<std::size_t>(SendMessageW(hwnd(), HDM_GETITEMCOUNT, 0, 0)));
+    std::vector<platform::Rect> rects(static_cast<std::size_t>(ask(HDM_GETITEMCOUNT)));
     for (std::size_t i = 0; i < rects.size(); ++i) {
         RECT rect{};
-        SendMessageW(hwnd(), HDM_GETITEMRECT, i, reinterpret_cast<LPARAM>(&rect));
+        ask(HDM_GETITEMRECT, i, reinterpret_cast<LPARAM>(&rect));
         rects[i] = from_rect(rect);
     }
     return rects;
@@ -230,7 +216,7 @@ std::wstring ListView::Header::title_of(int cell) const
     item.mask = HDI_TEXT;
     item.pszText = buffer.data();
     item.cchTextMax = static_cast<int>(buffer.size());
-    SendMessageW(hwnd(), HDM_GETITEMW, as_wparam(cell), reinterpret_cast<LPARAM>(&item));
+    ask(HDM_GETITEMW, as_wparam(cell), reinterpret_cast<LPARAM>(&item));
     return { buffer.data() };
 }
 

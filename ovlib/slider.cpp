@@ -83,12 +83,9 @@ HFONT Slider::font() const
 void Slider::on_size()
 {
     const SIZE client = client_size();
-    if (!buffer.is_created() || buffer.width != client.cx || buffer.height != client.cy) {
-        buffer.release();
-        if (!buffer.create(static_cast<int>(client.cx), static_cast<int>(client.cy))) {
-            send(WM_CLOSE, 0, 0);
-            return;
-        }
+    if (!buffer.fit(static_cast<int>(client.cx), static_cast<int>(client.cy))) {
+        send(WM_CLOSE, 0, 0);
+        return;
     }
     layout();
     redraw();

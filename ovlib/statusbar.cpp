@@ -23,19 +23,19 @@ void StatusBar::create_params(CREATESTRUCTW& params)
 void StatusBar::borders(Borders& out) const
 {
     int widths[3] = {};
-    SendMessageW(hwnd(), SB_GETBORDERS, 0, reinterpret_cast<LPARAM>(widths));
+    ask(SB_GETBORDERS, 0, reinterpret_cast<LPARAM>(widths));
     out = { widths[0], widths[1], widths[2] };
 }
 
 int StatusBar::part_count() const
 {
-    return static_cast<int>(SendMessageW(hwnd(), SB_GETPARTS, 0, 0));
+    return static_cast<int>(ask(SB_GETPARTS));
 }
 
 RECT StatusBar::part_rect(int index) const
 {
     RECT rect{};
-    SendMessageW(hwnd(), SB_GETRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&rect));
+    ask(SB_GETRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&rect));
     return rect;
 }
 

@@ -17,6 +17,11 @@ SysControl::SysControl(Wnd* parent, int control_id)
 {
 }
 
+LRESULT SysControl::ask(UINT message, WPARAM wparam, LPARAM lparam) const
+{
+    return SendMessageW(hwnd(), message, wparam, lparam);
+}
+
 void SysControl::destroy()
 {
     if (is_subclassed())

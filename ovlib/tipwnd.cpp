@@ -12,16 +12,8 @@ constexpr UINT text_flags = DT_NOPREFIX;
 } // namespace
 
 TipWnd::TipWnd(Wnd* parent, int control_id)
-    : SubWnd(parent, control_id)
+    : PassiveWnd(parent, control_id)
 {
-}
-
-void TipWnd::create_params(CREATESTRUCTW& params)
-{
-    SubWnd::create_params(params);
-    params.style = static_cast<LONG>(WS_POPUP);
-    params.dwExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
-    params.x = params.y = params.cx = params.cy = 0;
 }
 
 bool TipWnd::on_message(WndMessage& message)
@@ -29,9 +21,6 @@ bool TipWnd::on_message(WndMessage& message)
     switch (message.message) {
     case WM_PAINT:
         return on_paint();
-    case WM_ERASEBKGND:
-        message.result = 1;
-        return true;
     case WM_CLOSE:
         hide();
         return true;
@@ -41,15 +30,10 @@ bool TipWnd::on_message(WndMessage& message)
     case WM_GETFONT:
         message.result = reinterpret_cast<std::intptr_t>(font_.handle());
         return true;
-    case WM_MOUSEACTIVATE:
-        message.result = MA_NOACTIVATE;
-        return true;
     default:
-        return false;
+        return PassiveWnd::on_message(message);
     }
 }
-
-void TipWnd::show(bool) { }
 
 void TipWnd::show(const std::wstring& text, POINT position)
 {
@@ -68,7 +52,7 @@ void TipWnd::show(const std::wstring& text, POINT position)
         GetWindowRect(parent()->hwnd(), &around);
         place = tip_place(place, size, around.right);
     }
-    if (!fit_buffer({ size.width, size.height })) {
+    if (!buffer_.fit(size.width, size.height)) {
         hide();
         return;
     }
@@ -94,14 +78,6 @@ SIZE TipWnd::measure() const
     RECT rect{};
     DrawTextW(dc.handle(), text_.c_str(), -1, &rect, text_flags | DT_CALCRECT);
     return { rect.right - rect.left, rect.bottom - rect.top };
-}
-
-bool TipWnd::fit_buffer(SIZE size)
-{
-    if (buffer_.is_created() && buffer_.width == size.cx && buffer_.height == size.cy)
-        return true;
-    buffer_.release();
-    return buffer_.create(size.cx, size.cy);
 }
 
 void TipWnd::draw()

@@ -5,25 +5,7 @@
 
 namespace look {
 
-namespace {
-
-// Tells the parent, who may let the field go, and brings the focus back to it.
-void send_and_return(ovlib::EditBox& field, int id, int code)
-{
-    const ovlib::WndWatch alive(&field);
-    field.parent()->send_command(id, code, reinterpret_cast<std::intptr_t>(field.hwnd()));
-    if (alive)
-        field.set_focus();
-}
-
-} // namespace
-
-InputForm::InputForm(ovlib::Wnd* parent, int control_id)
-    : EditBox(parent, control_id)
-{
-}
-
-bool InputForm::create(const std::wstring& title)
+bool EnterField::create(const std::wstring& title)
 {
     if (!EditBox::create(title))
         return false;
@@ -31,9 +13,31 @@ bool InputForm::create(const std::wstring& title)
     return true;
 }
 
+bool EnterField::on_message(ovlib::WndMessage& message)
+{
+    return message.message == WM_CHAR && message.wparam == VK_RETURN && on_enter();
+}
+
+bool EnterField::on_enter()
+{
+    if (text_length() == 0)
+        return false;
+    const ovlib::WndWatch alive(this);
+    const Order sent = order();
+    parent()->send_command(sent.id, sent.code, reinterpret_cast<std::intptr_t>(hwnd()));
+    if (alive)
+        set_focus();
+    return true;
+}
+
+InputForm::InputForm(ovlib::Wnd* parent, int control_id)
+    : EnterField(parent, control_id)
+{
+}
+
 void InputForm::create_params(CREATESTRUCTW& params)
 {
-    EditBox::create_params(params);
+    EnterField::create_params(params);
     params.style &= ~static_cast<LONG>(ES_NOHIDESEL);
 }
 
@@ -49,11 +53,14 @@ bool InputForm::on_message(ovlib::WndMessage& message)
     case WM_LBUTTONUP:
         on_click();
         return false;
-    case WM_CHAR:
-        return message.wparam == VK_RETURN && on_enter();
     default:
-        return false;
+        return EnterField::on_message(message);
     }
+}
+
+InputForm::Order InputForm::order() const
+{
+    return { control_id(), app::command::input_form_enter };
 }
 
 void InputForm::on_click()
@@ -63,46 +70,23 @@ void InputForm::on_click()
     just_focused_ = false;
 }
 
-bool InputForm::on_enter()
-{
-    if (text_length() == 0)
-        return false;
-    send_and_return(*this, control_id(), app::command::input_form_enter);
-    return true;
-}
-
 BookSearchBox::BookSearchBox(ovlib::Wnd* parent, int control_id)
-    : EditBox(parent, control_id)
+    : EnterField(parent, control_id)
 {
-}
-
-bool BookSearchBox::create(const std::wstring& title)
-{
-    if (!EditBox::create(title))
-        return false;
-    set_subclassed(true);
-    return true;
 }
 
 bool BookSearchBox::on_message(ovlib::WndMessage& message)
 {
-    switch (message.message) {
-    case WM_SETFOCUS:
+    if (message.message == WM_SETFOCUS) {
         open_input_method(hwnd());
         return false;
-    case WM_CHAR:
-        return message.wparam == VK_RETURN && on_enter();
-    default:
-        return false;
     }
+    return EnterField::on_message(message);
 }
 
-bool BookSearchBox::on_enter()
+BookSearchBox::Order BookSearchBox::order() const
 {
-    if (text_length() == 0)
-        return false;
-    send_and_return(*this, is_shift_down() ? app::command::previous_page : app::command::next_page, 0);
-    return true;
+    return { is_shift_down() ? app::command::previous_page : app::command::next_page, 0 };
 }
 
 } // namespace look

@@ -33,16 +33,8 @@ void write_line(const ovlib::DC& dc, const Line& line)
 } // namespace
 
 WarningWnd::WarningWnd(ovlib::Wnd* parent, int control_id)
-    : SubWnd(parent, control_id)
+    : PassiveWnd(parent, control_id)
 {
-}
-
-void WarningWnd::create_params(CREATESTRUCTW& params)
-{
-    SubWnd::create_params(params);
-    params.style = static_cast<LONG>(WS_POPUP);
-    params.dwExStyle = WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE;
-    params.x = params.y = params.cx = params.cy = 0;
 }
 
 bool WarningWnd::on_message(ovlib::WndMessage& message)
@@ -59,17 +51,11 @@ bool WarningWnd::on_message(ovlib::WndMessage& message)
         return true;
     case WM_PAINT:
         return on_paint();
-    case WM_ERASEBKGND:
-        message.result = 1;
-        return true;
     case WM_CLOSE:
         show(L"");
         return true;
-    case WM_MOUSEACTIVATE:
-        message.result = MA_NOACTIVATE;
-        return true;
     default:
-        return false;
+        return PassiveWnd::on_message(message);
     }
 }
 
@@ -81,8 +67,6 @@ void WarningWnd::on_create()
     fade_.reset();
     set_alpha(0);
 }
-
-void WarningWnd::show(bool) { }
 
 void WarningWnd::show(const std::wstring& text)
 {

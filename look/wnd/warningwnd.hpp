@@ -2,22 +2,19 @@
 #pragma once
 #include "look/banner.hpp"
 #include "ovlib/gui/back_buffer.hpp"
-#include "ovlib/gui/subwnd.hpp"
+#include "ovlib/gui/passive_wnd.hpp"
 #include "ovlib/timer.hpp"
 #include <memory>
 
 namespace look {
 
-class WarningWnd : public ovlib::SubWnd {
+class WarningWnd : public ovlib::PassiveWnd {
 public:
     explicit WarningWnd(ovlib::Wnd* parent, int control_id = 0);
 
     bool on_message(ovlib::WndMessage& message) override;
-    void create_params(CREATESTRUCTW& params) override;
 
-    using SubWnd::show;
-    // The banner is shown with its text only.
-    void show(bool visible) override;
+    using PassiveWnd::show;
     // Fades in over the parent, stays and fades out. Line ends are taken out of the text; an empty one hides
     // the banner at once.
     void show(const std::wstring& text);

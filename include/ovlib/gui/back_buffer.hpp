@@ -43,9 +43,11 @@ public:
     // Sides below 1 become 1. False when a bitmap exists already, and on failure, which leaves nothing
     // behind.
     bool create(int wanted_width, int wanted_height);
+    // Created anew unless it is of that size already; false when it cannot be had.
+    bool fit(int wanted_width, int wanted_height);
     void release();
-    // The whole buffer, to the target's origin.
-    void copy_to(const DC& target) const;
+    // The whole buffer, with its left upper corner there.
+    void copy_to(const DC& target, POINT at = {}) const;
 
     bool is_created() const { return bitmap_ != nullptr; }
     const MemDC& dc() const { return dc_; }

@@ -54,7 +54,6 @@ protected:
     void repaint();
 
 private:
-    bool fit_buffer(SIZE size);
     void paint();
 
     const DRAWITEMSTRUCT* item_ = nullptr;

@@ -44,8 +44,6 @@ public:
     requires(!std::same_as<T, bool>) void show_list(T) = delete;
 
 private:
-    LRESULT ask(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
-
     DWORD style_;
 };
 

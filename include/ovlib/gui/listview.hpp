@@ -43,9 +43,6 @@ public:
     virtual void set_images(HIMAGELIST images);
     virtual void set_colors(Color back, Color text);
 
-protected:
-    LRESULT ask(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
-
 private:
     DWORD style_;
 };

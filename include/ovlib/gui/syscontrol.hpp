@@ -18,6 +18,10 @@ public:
 
 protected:
     SysControl(Wnd* parent, int control_id);
+    // Sends the control one of its own messages.
+    LRESULT ask(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
+    // A number that may be negative, such as an index of -1 for none.
+    static WPARAM as_wparam(int number) { return static_cast<WPARAM>(static_cast<std::int64_t>(number)); }
 
 private:
     friend struct WndProc;

@@ -1,7 +1,7 @@
 // A small window with a text that follows the mouse and never takes the focus.
 #pragma once
 #include "ovlib/gui/back_buffer.hpp"
-#include "ovlib/gui/subwnd.hpp"
+#include "ovlib/gui/passive_wnd.hpp"
 
 namespace ovlib {
 
@@ -13,16 +13,13 @@ struct TipColors {
     friend bool operator==(const TipColors&, const TipColors&) = default;
 };
 
-class TipWnd : public SubWnd {
+class TipWnd : public PassiveWnd {
 public:
     explicit TipWnd(Wnd* parent, int control_id = 0);
 
     bool on_message(WndMessage& message) override;
-    void create_params(CREATESTRUCTW& params) override;
 
-    using SubWnd::show;
-    // A tip is shown with its text only.
-    void show(bool visible) override;
+    using PassiveWnd::show;
     // Shows `text`, which may have several lines, with the tip's corner at `position` on the screen. An empty
     // text hides the tip. Fonts come by set_font and are borrowed.
     void show(const std::wstring& text, POINT position);
@@ -38,7 +35,6 @@ public:
 
 private:
     void hide();
-    bool fit_buffer(SIZE size);
     void draw();
     bool on_paint();
     SIZE measure() const;
