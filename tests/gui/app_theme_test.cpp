@@ -24,18 +24,7 @@ using gui::MessageCount;
 using gui::PlainChild;
 using gui::PlainSub;
 
-class ListControl : public ovlib::ReportListView {
-public:
-    using ReportListView::ReportListView;
-    void create_params(CREATESTRUCTW& params) override
-    {
-        ReportListView::create_params(params);
-        params.x = 10;
-        params.y = 60;
-        params.cx = 200;
-        params.cy = 80;
-    }
-};
+using ListControl = gui::Placed<ovlib::ReportListView, 10, 60, 200, 80>;
 
 // Keeps a brush of the palette's, as windows do that fill their background often.
 class KeepingChild : public PlainChild, public look::Themed {

@@ -2,11 +2,9 @@
 #include "app/folders.hpp"
 #include "book/history_view.hpp"
 #include "book/wnd/historywnd.hpp"
-#include "look/theme.hpp"
-#include "look/wnd/fonts.hpp"
-#include "ovlib/gui/dc.hpp"
 #include "platform/process_log.hpp"
 #include "tests/support/gui_folder.hpp"
+#include "tests/support/gui_look.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
 #include "tests/support/picture_file.hpp"
@@ -22,19 +20,12 @@ protected:
     ~HistoryWindow() override
     {
         top_.destroy();
-        look::free_shared_fonts();
-        look::load_theme(look::theme_standard);
         ovlib::WinApp::process_log().flush();
         ovlib::WinApp::process_log().set_path({});
     }
     void create()
     {
-        look::load_theme(look::theme_standard);
         ASSERT_TRUE(top_.create(L"top"));
-        {
-            const ovlib::ClientDC dc(top_);
-            look::make_shared_fonts(dc.handle());
-        }
         top_.answer = [this](ovlib::WndMessage& message) {
             if (message.message == WM_COMMAND)
                 commands_.push_back(LOWORD(message.wparam));
@@ -70,6 +61,7 @@ protected:
         return item.iImage;
     }
 
+    const gui::Look look_;
     gui::TempFolder folder_;
     book::HistoryList history_{ folder_.file(L"history.txt") };
     gui::TopWnd top_;

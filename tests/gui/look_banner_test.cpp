@@ -1,8 +1,7 @@
 // The banner of a search without result, with its real timer.
-#include "look/theme.hpp"
-#include "look/wnd/fonts.hpp"
 #include "look/wnd/warningwnd.hpp"
 #include "tests/support/gui_crowd.hpp"
+#include "tests/support/gui_look.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_screen_copies.hpp"
@@ -22,20 +21,10 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(top_.create(L"top"));
-        {
-            const ovlib::ClientDC dc(top_);
-            look::make_shared_fonts(dc.handle());
-        }
-        look::load_theme(look::theme_standard);
         ASSERT_TRUE(banner_.create(L""));
         top_.show(true);
     }
-    void TearDown() override
-    {
-        top_.destroy();
-        look::free_shared_fonts();
-        look::load_theme(look::theme_standard);
-    }
+    void TearDown() override { top_.destroy(); }
 
     // What the system knows of the window's transparency; -1 when it is not layered.
     int system_alpha() const
@@ -56,6 +45,7 @@ protected:
         return rect.right;
     }
 
+    const gui::Look look_;
     gui::TopWnd top_;
     look::WarningWnd banner_{ &top_ };
 };

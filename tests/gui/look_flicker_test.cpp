@@ -1,7 +1,5 @@
 // No control that draws itself flickers: its background is never erased apart from its picture, and the
 // picture reaches the screen in one copy.
-#include "look/theme.hpp"
-#include "look/wnd/fonts.hpp"
 #include "look/wnd/image_button.hpp"
 #include "look/wnd/my_check_box.hpp"
 #include "look/wnd/my_list_view.hpp"
@@ -12,33 +10,19 @@
 #include "ovlib/gui/tipwnd.hpp"
 #include "tests/support/gui_button.hpp"
 #include "tests/support/gui_calls.hpp"
+#include "tests/support/gui_look.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
+#include "tests/support/gui_screen_copies.hpp"
 #include <gtest/gtest.h>
 #include <memory>
 
-extern "C" void* __imp_SetDIBitsToDevice;
-
 namespace {
-
-using CopyFunction = decltype(SetDIBitsToDevice);
-
-int copies = 0;
-CopyFunction* real_copy = nullptr;
-int WINAPI count_copy(HDC dc, int x, int y, DWORD width, DWORD height, int from_x, int from_y, UINT start,
-    UINT lines, const void* bits, const BITMAPINFO* info, UINT use)
-{
-    ++copies;
-    return real_copy(dc, x, y, width, height, from_x, from_y, start, lines, bits, info, use);
-}
 
 class Flicker : public testing::Test {
 protected:
     Flicker()
     {
-        look::load_theme(look::theme_standard);
-        const ovlib::MemDC dc;
-        look::make_shared_fonts(dc.handle());
         host.create(L"host");
         gui::pump();
     }
@@ -48,7 +32,6 @@ protected:
             shown->destroy();
         shown.reset();
         host.destroy();
-        look::free_shared_fonts();
     }
     template <class Control> Control& add(std::unique_ptr<Control> made, SIZE size, const wchar_t* text = L"")
     {
@@ -79,12 +62,10 @@ protected:
         gui::pump();
         ASSERT_TRUE(IsWindowVisible(hwnd));
         const gui::MessageCount paints{ WM_PAINT };
-        const gui::ReplacedImport<CopyFunction> spy{ &__imp_SetDIBitsToDevice, &count_copy };
-        real_copy = spy.original();
         for (const UINT how : { RDW_ERASE, RDW_NOERASE }) {
-            copies = 0;
+            const gui::ScreenCopies copies;
             RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | how);
-            EXPECT_EQ(copies, 1);
+            EXPECT_EQ(copies.count(), 1);
         }
         EXPECT_EQ(paints.of(hwnd), 2);
     }
@@ -96,6 +77,7 @@ protected:
     void expect_none() { expect_none(shown->hwnd()); }
 
     const ovlib::GDIPSession gdip;
+    const gui::Look theme_and_fonts;
     gui::ButtonHost host;
     std::unique_ptr<ovlib::Wnd> shown;
 };

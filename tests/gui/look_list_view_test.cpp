@@ -3,14 +3,12 @@
 #include "look/theme.hpp"
 #include "look/wnd/my_list_view.hpp"
 #include "look/wnd/themed.hpp"
-#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
+#include "tests/support/gui_screen_copies.hpp"
 #include "tests/support/gui_window.hpp"
 #include <gtest/gtest.h>
-
-extern "C" void* __imp_SetDIBitsToDevice;
 
 namespace {
 
@@ -19,16 +17,6 @@ using ovlib::Color;
 
 constexpr int first_width = 80;
 constexpr int last_theme = look::theme_blue;
-
-// Answers like the system and counts the copies that are as large as a header.
-int copies = 0;
-int WINAPI count_copy(HDC dc, int x, int y, DWORD width, DWORD height, int from_x, int from_y, UINT line,
-    UINT lines, const void* bits, const BITMAPINFO* info, UINT use)
-{
-    ++copies;
-    return StretchDIBits(dc, x, y, static_cast<int>(width), static_cast<int>(height), from_x, from_y,
-        static_cast<int>(width), static_cast<int>(lines - line), bits, info, use, SRCCOPY);
-}
 
 class ThemedList : public testing::Test {
 protected:
@@ -185,12 +173,11 @@ TEST_F(ThemedList, ItsHeaderIsErasedByNobodyAndReachesTheScreenInOneCopy)
     HDC const dc = GetDC(header());
     EXPECT_NE(SendMessageW(header(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0), 0);
     ReleaseDC(header(), dc);
-    copies = 0;
     {
-        const gui::ReplacedImport<decltype(SetDIBitsToDevice)> counted(&__imp_SetDIBitsToDevice, &count_copy);
+        const gui::ScreenCopies copies;
         paint_header();
+        EXPECT_EQ(copies.count(), 1);
     }
-    EXPECT_EQ(copies, 1);
     ovlib::BackBuffer picture;
     look_at_header(picture);
     EXPECT_EQ(gui::pixel(picture, 2, 2), look::palette().panel_back);

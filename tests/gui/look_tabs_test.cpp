@@ -1,9 +1,8 @@
 // The strip of page tabs, under the real mouse.
 #include "app/command_ids.hpp"
-#include "look/theme.hpp"
-#include "look/wnd/fonts.hpp"
 #include "look/wnd/tabwnd.hpp"
 #include "tests/support/gui_crowd.hpp"
+#include "tests/support/gui_look.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_screen_copies.hpp"
 #include "tests/support/gui_typing.hpp"
@@ -37,11 +36,6 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(top_.create(L"top"));
-        {
-            const ovlib::ClientDC dc(top_);
-            look::make_shared_fonts(dc.handle());
-        }
-        look::load_theme(look::theme_standard);
         ASSERT_TRUE(strip_.create(L""));
         ASSERT_TRUE(other_.create(L""));
         place(480);
@@ -55,12 +49,7 @@ protected:
             return false;
         };
     }
-    void TearDown() override
-    {
-        top_.destroy();
-        look::free_shared_fonts();
-        look::load_theme(look::theme_standard);
-    }
+    void TearDown() override { top_.destroy(); }
 
     void place(int width) { strip_.set_rect({ 2, 4, 2 + width, 28 }, true); }
     void add_page(const wchar_t* text, bool has_tab = true, Color color = blue)
@@ -130,6 +119,7 @@ protected:
     using Sent = std::pair<int, std::int64_t>;
 
     book::Book book_;
+    const gui::Look look_;
     gui::TopWnd top_;
     look::TabWnd strip_{ &top_, &book_ };
     gui::Edit other_{ &top_, 7 };

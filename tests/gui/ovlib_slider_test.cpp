@@ -3,14 +3,12 @@
 #include <memory>
 
 #include "look/theme.hpp"
-#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_picture.hpp"
+#include "tests/support/gui_screen_copies.hpp"
 #include "tests/support/gui_slider.hpp"
-
-extern "C" void* __imp_SetDIBitsToDevice;
 
 namespace {
 
@@ -159,28 +157,13 @@ TEST_F(Slider, StandsAtTheLeftEndOfAnEmptyRangeAndStaysThere)
     EXPECT_EQ(host.notices, (Notices{ { SB_PAGEDOWN, 0 }, { SB_THUMBPOSITION, 0 } }));
 }
 
-int copies = 0;
-int WINAPI count_copy(HDC dc, int x, int y, DWORD w, DWORD h, int sx, int sy, UINT start, UINT lines,
-    const void* bits, const BITMAPINFO* info, UINT use);
-using CopyCall = decltype(count_copy);
-gui::ReplacedImport<CopyCall>* replaced_copy = nullptr;
-
-int WINAPI count_copy(HDC dc, int x, int y, DWORD w, DWORD h, int sx, int sy, UINT start, UINT lines,
-    const void* bits, const BITMAPINFO* info, UINT use)
-{
-    ++copies;
-    return replaced_copy->original()(dc, x, y, w, h, sx, sy, start, lines, bits, info, use);
-}
-
 TEST_F(Slider, ReachesTheScreenInOneCopyWithoutErasing)
 {
-    gui::ReplacedImport<CopyCall> watched(&__imp_SetDIBitsToDevice, &count_copy);
-    replaced_copy = &watched;
-    copies = 0;
+    const gui::ScreenCopies copies;
     slider->seen.clear();
     slider->repaint();
     EXPECT_EQ(slider->count(WM_PAINT), 1);
-    EXPECT_EQ(copies, 1);
+    EXPECT_EQ(copies.count(), 1);
     EXPECT_EQ(slider->send(WM_ERASEBKGND, 0, 0), 1);
     const ovlib::ClientDC screen(*slider);
     EXPECT_EQ(Color{ GetPixel(screen.handle(), 108, 12) }, at(108, 12));

@@ -35,23 +35,15 @@ inline HWND dialog_of(DWORD thread)
     return found;
 }
 
-// Waits for the next dialog of the thread that built this object and hands it to `act`, which must end it.
-// Join it by letting it go out of scope, after the call that shows the dialog.
-class DialogDriver {
+// A second thread that waits for something this one shows and then does something with it. Joined when it
+// goes out of scope, after the call that shows.
+class ShownDriver {
 public:
-    explicit DialogDriver(std::function<void(HWND)> act)
-        : worker_([this, act = std::move(act), thread = GetCurrentThreadId()] {
-            met_ = poll_until([&] { return dialog_of(thread) != nullptr; });
-            if (met_)
-                act(dialog_of(thread));
-        })
-    {
-    }
-    DialogDriver(const DialogDriver&) = delete;
-    DialogDriver& operator=(const DialogDriver&) = delete;
-    ~DialogDriver() { finish(); }
+    ShownDriver(const ShownDriver&) = delete;
+    ShownDriver& operator=(const ShownDriver&) = delete;
+    ~ShownDriver() { finish(); }
 
-    // True when there was a dialog.
+    // True when it was shown.
     bool finish()
     {
         if (worker_.joinable())
@@ -59,9 +51,30 @@ public:
         return met_;
     }
 
+protected:
+    // `meet` gets the thread that built this object, and says whether it met what it waits for.
+    explicit ShownDriver(std::function<bool(DWORD)> meet)
+        : worker_([this, meet = std::move(meet), thread = GetCurrentThreadId()] { met_ = meet(thread); })
+    {
+    }
+
 private:
     bool met_ = false;
     std::thread worker_;
+};
+
+// Waits for the next dialog of the thread that built this object and hands it to `act`, which must end it.
+class DialogDriver : public ShownDriver {
+public:
+    explicit DialogDriver(std::function<void(HWND)> act)
+        : ShownDriver([act = std::move(act)](DWORD thread) {
+            if (!poll_until([&] { return dialog_of(thread) != nullptr; }))
+                return false;
+            act(dialog_of(thread));
+            return true;
+        })
+    {
+    }
 };
 
 } // namespace gui

@@ -1,11 +1,11 @@
 // Uses a popup menu of this process from a second thread, as a user would: with keys and with the mouse.
 #pragma once
+#include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_input.hpp"
 #include "tests/support/gui_pump.hpp"
 #include <functional>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <vector>
 #include <windows.h>
 
@@ -138,33 +138,19 @@ private:
 
 // Waits for the next popup menu of the thread that built this object and hands it to `act`. What `act` leaves
 // open is closed.
-class MenuDriver {
+class MenuDriver : public ShownDriver {
 public:
     explicit MenuDriver(std::function<void(const ShownMenu&)> act)
-        : worker_([this, act = std::move(act), thread = GetCurrentThreadId()] {
+        : ShownDriver([act = std::move(act)](DWORD thread) {
             const ShownMenu menu{ thread, 0 };
-            met_ = menu.wait();
-            if (met_)
+            const bool is_met = menu.wait();
+            if (is_met)
                 act(menu);
             menu.leave();
+            return is_met;
         })
     {
     }
-    MenuDriver(const MenuDriver&) = delete;
-    MenuDriver& operator=(const MenuDriver&) = delete;
-    ~MenuDriver() { finish(); }
-
-    // True when there was a menu.
-    bool finish()
-    {
-        if (worker_.joinable())
-            worker_.join();
-        return met_;
-    }
-
-private:
-    bool met_ = false;
-    std::thread worker_;
 };
 
 } // namespace gui

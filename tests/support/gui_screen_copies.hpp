@@ -1,6 +1,7 @@
 // Counts how often a picture is copied to the screen.
 #pragma once
 #include "tests/support/gui_calls.hpp"
+#include <map>
 #include <windows.h>
 
 extern "C" void* __imp_SetDIBitsToDevice;
@@ -13,11 +14,22 @@ public:
     ScreenCopies()
         : import_(&__imp_SetDIBitsToDevice, &note)
     {
-        count_ = 0;
+        counts_.clear();
         original_ = import_.original();
     }
 
-    int count() const { return count_; }
+    int count() const
+    {
+        int sum = 0;
+        for (const auto& [target, count] : counts_)
+            sum += count;
+        return sum;
+    }
+    int of(HWND hwnd) const
+    {
+        const auto found = counts_.find(hwnd);
+        return found == counts_.end() ? 0 : found->second;
+    }
 
 private:
     using Copy = decltype(SetDIBitsToDevice);
@@ -25,11 +37,11 @@ private:
     static int WINAPI note(HDC dc, int x, int y, DWORD width, DWORD height, int from_x, int from_y,
         UINT start, UINT lines, const void* bits, const BITMAPINFO* info, UINT use)
     {
-        ++count_;
+        ++counts_[WindowFromDC(dc)];
         return original_(dc, x, y, width, height, from_x, from_y, start, lines, bits, info, use);
     }
 
-    static inline int count_ = 0;
+    static inline std::map<HWND, int> counts_; // null for what is no window's
     static inline Copy* original_ = nullptr;
     ReplacedImport<Copy> import_;
 };

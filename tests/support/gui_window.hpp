@@ -32,75 +32,61 @@ public:
     std::function<bool(ovlib::WndMessage&)> answer;
 };
 
-// A top window, placed and shown without ending the loop when it goes.
-class TopWnd : public Watched<ovlib::BaseWnd> {
+// Comes up at that place and of that size.
+template <class Base, int x, int y, int width, int height> class Placed : public Base {
 public:
-    using Watched::Watched;
-    void on_destroyed(ovlib::WndMessage&) override { ++destroyed; }
+    using Base::Base;
     void create_params(CREATESTRUCTW& params) override
     {
-        Watched::create_params(params);
-        params.x = 100;
-        params.y = 80;
-        params.cx = 500;
-        params.cy = 400;
+        Base::create_params(params);
+        params.x = x;
+        params.y = y;
+        params.cx = width;
+        params.cy = height;
     }
+};
+
+// A top window, placed and shown without ending the loop when it goes.
+class TopWnd : public Placed<Watched<ovlib::BaseWnd>, 100, 80, 500, 400> {
+public:
+    using Placed::Placed;
+    void on_destroyed(ovlib::WndMessage&) override { ++destroyed; }
 
     int destroyed = 0;
 };
 
-class PlainChild : public Watched<ovlib::ChildWnd> {
+class PlainChild : public Placed<Watched<ovlib::ChildWnd>, 10, 20, 100, 30> {
 public:
     PlainChild(ovlib::Wnd* parent, int id)
-        : Watched(parent, id)
+        : Placed(parent, id)
     {
-    }
-    void create_params(CREATESTRUCTW& params) override
-    {
-        Watched::create_params(params);
-        params.x = 10;
-        params.y = 20;
-        params.cx = 100;
-        params.cy = 30;
     }
 };
 
-class PlainSub : public Watched<ovlib::SubWnd> {
+class PlainSub : public Placed<Watched<ovlib::SubWnd>, 200, 160, 300, 200> {
 public:
     PlainSub(ovlib::Wnd* parent, int id)
-        : Watched(parent, id)
+        : Placed(parent, id)
     {
-    }
-    void create_params(CREATESTRUCTW& params) override
-    {
-        Watched::create_params(params);
-        params.x = 200;
-        params.y = 160;
-        params.cx = 300;
-        params.cy = 200;
     }
     bool on_message(ovlib::WndMessage& message) override
     {
         if (message.message == WM_DESTROY)
             end_run();
-        return Watched::on_message(message);
+        return Placed::on_message(message);
     }
 };
 
-class Edit : public Watched<ovlib::EditBox> {
+class Edit : public Placed<Watched<ovlib::EditBox>, 10, 60, 300, 120> {
 public:
     Edit(ovlib::Wnd* parent, int id)
-        : Watched(parent, id)
+        : Placed(parent, id)
     {
     }
     void create_params(CREATESTRUCTW& params) override
     {
-        Watched::create_params(params);
+        Placed::create_params(params);
         params.style |= extra_style;
-        params.x = 10;
-        params.y = 60;
-        params.cx = 300;
-        params.cy = 120;
     }
 
     LONG extra_style = 0;
