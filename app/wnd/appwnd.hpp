@@ -87,6 +87,8 @@ private:
 
     // Painting.
     bool on_paint();
+    // What stands between the controls, in client coordinates.
+    void draw(const ovlib::DC& dc) const;
     bool on_draw_item(ovlib::WndMessage& message);
 
     // Layout and the boundary between the boxes.

@@ -34,7 +34,7 @@ int AppWnd::set_divider(int y)
         RedrawWindow(box->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_FRAME);
     for (const BoxGap gap : { BoxGap::upper, BoxGap::lower }) {
         const RECT rect = to_rect(gap_rect(layout_.boxes, gap));
-        InvalidateRect(hwnd(), &rect, TRUE);
+        InvalidateRect(hwnd(), &rect, FALSE);
     }
     return layout_.boxes.first.bottom;
 }

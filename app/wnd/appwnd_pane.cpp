@@ -17,7 +17,7 @@ void AppWnd::refresh_file_pane()
         return;
     for (const Rect& place : { layout_.file_counter, file_note(layout_).area }) {
         const RECT rect = ovlib::to_rect(place);
-        InvalidateRect(hwnd(), &rect, TRUE);
+        InvalidateRect(hwnd(), &rect, FALSE);
     }
     UpdateWindow(hwnd());
 }

@@ -3,6 +3,7 @@
 #include "media/wnd/filewnd.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_crowd.hpp"
+#include "tests/support/gui_screen_copies.hpp"
 
 namespace {
 
@@ -143,6 +144,36 @@ TEST_F(Painted, AThemeReachesPaneAndCounter)
         EXPECT_EQ(in_pane(50, pane.height() - 50), look::palette().viewer_back) << theme;
         EXPECT_GT(counter_pixels(), 0) << theme;
     }
+}
+
+TEST_F(Painted, EachPaintIsOneCopy)
+{
+    show({ page(L"1\r\n"), page_with_files({ L"C:\\a.txt" }) });
+    HWND const main = window().hwnd();
+    const gui::MessageCount paints{ WM_PAINT };
+    const gui::ScreenCopies copies;
+    RedrawWindow(main, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_NOCHILDREN);
+    EXPECT_EQ(paints.of(main), 1);
+    EXPECT_EQ(copies.of(main), 1);
+    EXPECT_EQ(copies.count(), 1);
+    for (const int step : { command::next_page, command::previous_page })
+        command(step);
+    gui::pump();
+    EXPECT_GE(paints.of(main), 3);
+    EXPECT_EQ(copies.of(main), paints.of(main));
+}
+
+TEST_F(Painted, NothingOfWhatChangesIsErasedFirst)
+{
+    show({ page(L"1\r\n"), page_with_files({ L"C:\\a.txt", L"C:\\b.txt" }) });
+    HWND const main = window().hwnd();
+    const gui::MessageCount erasings{ WM_ERASEBKGND };
+    for (const int change : { command::next_page, command::last_file, command::previous_page })
+        command(change);
+    gui::pump();
+    EXPECT_EQ(erasings.of(main), 0);
+    RedrawWindow(main, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_NOCHILDREN);
+    EXPECT_EQ(erasings.of(main), 1);
 }
 
 TEST_F(Painted, PaintingCostsNoHandles)
