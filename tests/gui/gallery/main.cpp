@@ -12,8 +12,8 @@
 #include "pane_sheet.hpp"
 #include "platform/text.hpp"
 #include "popups.hpp"
-#include "screen_picture.hpp"
 #include "tests/support/gui_pump.hpp"
+#include "tests/support/screen_picture.hpp"
 #include <commctrl.h>
 #include <cstdio>
 #include <ole2.h>
@@ -77,7 +77,7 @@ bool take_pictures(
         popups.show();
         popups.wait_for_banner();
         const std::wstring file = folder + L"/gallery-" + std::to_wstring(theme) + L".png";
-        popups.with_menu_open([&] { all_taken = save_screen(wnd.rect(), file) && all_taken; });
+        popups.with_menu_open([&] { all_taken = test_support::save_screen(wnd.rect(), file) && all_taken; });
         popups.hide();
     }
     wnd.show(false);

@@ -7,10 +7,10 @@
 #include "ovlib/gui/geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "ovlib/win_app.hpp"
-#include "screen_picture.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
 #include "tests/support/picture_files.hpp"
+#include "tests/support/screen_picture.hpp"
 #include "tests/support/temp_folder.hpp"
 #include <functional>
 
@@ -79,7 +79,7 @@ public:
         add_animations();
         add_thumbnails();
         add_messages();
-        return save_picture(sheet_, file);
+        return test_support::save_png(sheet_, file);
     }
 
 private:

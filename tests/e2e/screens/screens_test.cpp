@@ -1,0 +1,181 @@
+// The program in its main situations, one picture each, for the eye: scripts/screens.
+#include "app/page_commands.hpp"
+#include "look/tab_strip.hpp"
+#include "look/theme.hpp"
+#include "ovlib/gui/gdip.hpp"
+#include "tests/e2e/driver_main_window.hpp"
+#include "tests/support/screen_picture.hpp"
+#include "tools/bok/json_book.hpp"
+#include <cstdlib>
+#include <sstream>
+
+namespace fs = std::filesystem;
+using namespace e2e;
+
+namespace {
+
+namespace command = app::command;
+
+const fs::path shelf = L"C:\\本棚";
+
+// The Book that explains the program, as it is read from its text.
+book::Book sample_book(std::int32_t theme)
+{
+    std::istringstream in;
+    std::ostringstream out;
+    std::ostringstream err;
+    bok::Streams streams{ in, out, err };
+    bok::Progress progress{ streams, "" };
+    book::Book book;
+    bok::import_json(file_bytes(windows_path(PAGEWICK_SAMPLE)), book, progress);
+    book.header.theme = theme;
+    app::color_all_pages(book, look::theme_colors(theme));
+    return book;
+}
+
+class Screens : public MainWindowTest {
+protected:
+    void SetUp() override
+    {
+        MainWindowTest::SetUp();
+        fs::create_directories(shelf);
+    }
+    void TearDown() override
+    {
+        MainWindowTest::TearDown();
+        fs::remove_all(shelf);
+    }
+    // At a place that a user might choose: the status bar shows it.
+    fs::path add_book(const wchar_t* name, const book::Book& book) const
+    {
+        return root().add_book((shelf / name).wstring(), book.pages, book.header);
+    }
+    fs::path open_sample(std::int32_t theme = look::theme_standard, std::uint64_t position = 0)
+    {
+        book::Book book = sample_book(theme);
+        book.header.position = position;
+        const fs::path file = add_book(L"手帖.bok", book);
+        open_settled(file);
+        return file;
+    }
+    // Everything of the program that is on the screen, with the pointer out of the way.
+    void take(const std::string& name, bool with_pointer = false)
+    {
+        if (!with_pointer)
+            rest_mouse(background());
+        RECT area = main_window().rect();
+        for (const Window window : top_windows(program().process_id())) {
+            const RECT more = window.rect();
+            UnionRect(&area, &area, &more);
+        }
+        const char* folder = std::getenv("PAGEWICK_SCREENS");
+        const fs::path place = windows_path(folder ? folder : PAGEWICK_ARTIFACTS);
+        fs::create_directories(place);
+        const ovlib::GDIPSession gdip;
+        EXPECT_TRUE(test_support::save_screen(area, (place / ("screen-" + name + ".png")).wstring()));
+    }
+};
+
+class ScreensOfThemes : public Screens, public testing::WithParamInterface<int> { };
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, ScreensOfThemes, testing::Range(look::theme_standard, look::theme_blue_plain_links));
+
+} // namespace
+
+TEST_P(ScreensOfThemes, Theme)
+{
+    open_sample(GetParam());
+    take("theme-" + std::to_string(GetParam()));
+}
+
+TEST_F(Screens, Writing)
+{
+    open_sample();
+    write_first(L"書きかけの一行．");
+    program().click_on(box(command::box_3));
+    box(command::box_3).select(0, 40);
+    take("writing");
+}
+
+TEST_F(Screens, MainMenu)
+{
+    open_sample();
+    const PopupMenu menu = main_menu();
+    take("main-menu", true);
+    menu.leave();
+}
+
+TEST_F(Screens, BookMenu)
+{
+    open_sample();
+    const PopupMenu menu = book_menu(false);
+    take("book-menu", true);
+    menu.leave();
+}
+
+TEST_F(Screens, SearchThatFinds)
+{
+    open_sample();
+    retype(command::search_box, L"バックアップ");
+    const std::wstring before = box(command::box_1).text();
+    press(VK_RETURN);
+    require("another page shows", [&] { return box(command::box_1).text() != before; });
+    take("search-found");
+}
+
+TEST_F(Screens, SearchThatFails)
+{
+    open_sample();
+    retype(command::search_box, L"どこにもない語");
+    rest_mouse(background());
+    press(VK_RETURN);
+    expect_banner();
+    take("search-failed", true);
+}
+
+TEST_F(Screens, Tabs)
+{
+    book::Book book = sample_book(look::theme_standard);
+    for (std::size_t i = 0; i < book.pages.size(); ++i) {
+        book.pages[i].tab_number = 1;
+        book.pages[i].tab_color = look::tab_color(i % look::named_tab_color_count).value;
+        book.pages[i].mark = i % 3 == 0 ? 1 : 0;
+    }
+    book.header.position = 3;
+    open_settled(add_book(L"手帖.bok", book));
+    take("tabs");
+}
+
+// A Book whose place is past its end shows no page, and nothing can be written.
+TEST_F(Screens, ReadOnly)
+{
+    open_sample(look::theme_standard, UINT64_MAX);
+    take("read-only");
+}
+
+TEST_F(Screens, FileThatCannotBeWritten)
+{
+    const fs::path file = open_sample();
+    const ReadOnly protection(file);
+    write_first(L"書きかけの一行．");
+    main_window().post_command(command::save_always);
+    const MessageDialog told = program().wait_for_box();
+    take("save-failed");
+    told.answer(IDOK);
+}
+
+TEST_F(Screens, History)
+{
+    book::Book book = sample_book(look::theme_standard);
+    std::vector<std::wstring> entries;
+    for (const wchar_t* name : { L"手帖.bok", L"日記.bok", L"読書ノート.bok", L"料理.bok", L"旅の記録.bok" })
+        entries.push_back(add_book(name, book).wstring());
+    root().write_history(entries);
+    start().wait_for_window();
+    settle();
+    main_menu().choose(command::show_history, Hand::mouse);
+    require("the history shows", [&] { return program().is_active(history_window()); });
+    rest_mouse(on_screen(700, 740));
+    take("history", true);
+}
