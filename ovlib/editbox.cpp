@@ -1,6 +1,7 @@
 #include "ovlib/gui/editbox.hpp"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <new>
 #include <span>
@@ -238,6 +239,33 @@ void EditBox::append(const std::wstring& text)
 int EditBox::line_from_char(int pos) const
 {
     return static_cast<int>(ask(EM_LINEFROMCHAR, as_wparam(pos)));
+}
+
+void EditBox::renew_text(const std::wstring& text)
+{
+    const bool has_many_lines = (GetWindowLongW(hwnd_, GWL_STYLE) & ES_MULTILINE) != 0;
+    // Wine's control keeps the lines of the old text when it is handed nothing.
+    const bool is_nothing = text.c_str()[0] == L'\0';
+    if (!has_many_lines || is_nothing || !hand_over(text))
+        set_text(text);
+}
+
+// What the control gives back is its old memory.
+bool EditBox::hand_over(const std::wstring& text)
+{
+    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+    HLOCAL const memory = LocalAlloc(LMEM_MOVEABLE, size);
+    void* const start = memory != nullptr ? LocalLock(memory) : nullptr;
+    if (start == nullptr) {
+        LocalFree(memory);
+        return false;
+    }
+    std::memcpy(start, text.c_str(), size);
+    LocalUnlock(memory);
+    const auto old = reinterpret_cast<HLOCAL>(send(EM_GETHANDLE, 0, 0));
+    send(EM_SETHANDLE, reinterpret_cast<std::uintptr_t>(memory), 0);
+    LocalFree(old);
+    return true;
 }
 
 bool EditBox::load_file(const std::wstring& path)

@@ -55,6 +55,13 @@ public:
     virtual bool load_file(const std::wstring& path);
     // Raw UTF-16LE, no byte order mark, no terminator.
     virtual bool save_file(const std::wstring& path);
+
+    // As set_text. A control of many lines takes the memory of the text over and lays it out and draws its
+    // scroll bars once, which set_text has it do up to four times.
+    void renew_text(const std::wstring& text);
+
+private:
+    bool hand_over(const std::wstring& text);
 };
 
 } // namespace ovlib
