@@ -28,6 +28,8 @@ struct StatusPart {
     int left = 3;
     std::vector<StatusRun> runs;
     bool is_path = false; // one run, shortened in its middle to the part's width
+
+    friend bool operator==(const StatusPart&, const StatusPart&) = default;
 };
 
 inline constexpr int path_margin = 8; // what a path leaves free of its part's width

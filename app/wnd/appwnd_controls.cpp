@@ -41,7 +41,7 @@ void AppWnd::refresh_controls(View view)
     case View::slider:
         return controls_.slider().show_page(book_.pages.size(), book_.header.position);
     case View::status_bar:
-        return controls_.status_bar().rewrite_parts();
+        return controls_.status_bar().show_changes();
     default:
         return;
     }

@@ -4,6 +4,7 @@
 #include "ovlib/gui/text_stream.hpp"
 #include <commctrl.h>
 #include <stdexcept>
+#include <utility>
 
 namespace look {
 
@@ -34,12 +35,45 @@ void MyStatusBar::rewrite_parts()
         set_part_text(index, L"", SBT_OWNERDRAW);
 }
 
+void MyStatusBar::show_changes()
+{
+    for (int index = 0; index < status_part_count; ++index) {
+        if (take_change(index))
+            invalidate_part(index);
+    }
+    UpdateWindow(hwnd());
+}
+
 bool MyStatusBar::draw_item(const DRAWITEMSTRUCT& item)
 {
     if (hwnd() == nullptr || item.hwndItem != hwnd())
         return false;
-    draw_part(static_cast<int>(item.itemID), item.hDC, item.rcItem);
+    const auto index = static_cast<int>(item.itemID);
+    // What is painted on the system's demand may be a piece of the part, beside which the old one still
+    // stands.
+    if (take_change(index))
+        invalidate_part(index);
+    draw_part(index, item.hDC, item.rcItem);
     return true;
+}
+
+// Whether the part says something else than it shows, which it does from now on.
+bool MyStatusBar::take_change(int index)
+{
+    const auto at = static_cast<std::size_t>(index);
+    if (at >= shown_.size())
+        return false;
+    StatusPart now = part_of_book(index);
+    if (now == shown_[at])
+        return false;
+    shown_[at] = std::move(now);
+    return true;
+}
+
+void MyStatusBar::invalidate_part(int index) const
+{
+    const RECT place = part_rect(index);
+    InvalidateRect(hwnd(), &place, FALSE);
 }
 
 // The dates of a damaged stamp raise; nothing may pass from here into the system's painting.

@@ -3,11 +3,12 @@
 #include "look/status_parts.hpp"
 #include "ovlib/gui/owner_drawn.hpp"
 #include "ovlib/gui/statusbar.hpp"
+#include <array>
 
 namespace look {
 
-// The owner sends it WM_SIZE when its own size changes, routes every WM_DRAWITEM, and calls rewrite_parts
-// whenever the numbers changed.
+// The owner sends it WM_SIZE when its own size changes, routes every WM_DRAWITEM, and calls show_changes
+// whenever the numbers may have changed.
 class MyStatusBar : public ovlib::StatusBar, public ovlib::OwnerDrawn {
 public:
     // The Book must outlive the bar.
@@ -20,13 +21,19 @@ public:
 
     // All parts paint anew.
     void rewrite_parts();
+    // Parts that say something else than they show paint anew, all of them in one go: by itself the bar
+    // paints once for each part that is rewritten.
+    void show_changes();
     // False for an item of another control.
     bool draw_item(const DRAWITEMSTRUCT& item) override;
 
 private:
     StatusPart part_of_book(int index) const;
+    bool take_change(int index);
+    void invalidate_part(int index) const;
 
     const book::Book* book_;
+    std::array<StatusPart, status_part_count> shown_;
 };
 
 } // namespace look

@@ -9,6 +9,7 @@
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "look/wnd/mystatusbar.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
@@ -123,6 +124,70 @@ TEST_F(StatusBar, PaintsAllItsPartsAnewWhenTheyAreRewritten)
     const ovlib::ClientDC screen(bar);
     const RECT part = bar.part_rect(1);
     EXPECT_EQ(Color{ GetPixel(screen.handle(), part.right - 3, part.top + 3) }, palette().status_back);
+}
+
+class ChangingStatusBar : public StatusBar {
+protected:
+    void SetUp() override
+    {
+        StatusBar::SetUp();
+        host.resize(1200, 300, true);
+        bar.send(WM_SIZE, 0, 0);
+        bar.show_changes();
+        gui::pump();
+        host.drawn.clear();
+    }
+};
+
+TEST_F(ChangingStatusBar, PaintsOnlyThePartsThatSaySomethingElse)
+{
+    bar.show_changes();
+    EXPECT_TRUE(host.drawn.empty());
+    book.header.position = 3;
+    bar.show_changes();
+    EXPECT_EQ(host.drawn, (std::vector<int>{ 0 })) << "all pages have the same size and dates";
+    host.drawn.clear();
+    book.mark_count = 4;
+    book.path = L"C:\\本\\手帖.book";
+    bar.show_changes();
+    EXPECT_EQ(host.drawn, (std::vector<int>{ 1, 4 }));
+    host.drawn.clear();
+    gui::pump();
+    bar.show_changes();
+    EXPECT_TRUE(host.drawn.empty());
+}
+
+TEST_F(ChangingStatusBar, PaintsAllItsChangesInOneGo)
+{
+    const gui::MessageCount paints{ WM_PAINT };
+    book.header.position = 3;
+    book.mark_count = 4;
+    bar.show_changes();
+    gui::pump();
+    EXPECT_EQ(paints.of(bar.hwnd()), 1);
+}
+
+TEST_F(ChangingStatusBar, ForgetsAPartThatCannotBeTold)
+{
+    book.pages[0].stamp = L"2024";
+    bar.show_changes();
+    EXPECT_EQ(host.drawn, (std::vector<int>{ 3 }));
+    host.drawn.clear();
+    bar.show_changes();
+    EXPECT_TRUE(host.drawn.empty());
+}
+
+// What the system has painted of a part that says something else by now is only a piece of it.
+TEST_F(ChangingStatusBar, CompletesAPartOfWhichAPieceWasPainted)
+{
+    book.mark_count = 7;
+    const RECT part = bar.part_rect(1);
+    const RECT piece{ part.left, part.top, part.left + 10, part.bottom };
+    InvalidateRect(bar.hwnd(), &piece, FALSE);
+    UpdateWindow(bar.hwnd());
+    EXPECT_EQ(host.drawn, (std::vector<int>{ 1 }));
+    gui::pump();
+    EXPECT_EQ(host.drawn, (std::vector<int>{ 1, 1 }));
 }
 
 TEST_F(StatusBar, LeavesTheItemsOfOthersAlone)
