@@ -83,6 +83,11 @@ void ComboBox::set_min_visible(int count)
     ask(CB_SETMINVISIBLE, as_wparam(count));
 }
 
+int ComboBox::min_visible() const
+{
+    return static_cast<int>(ask(CB_GETMINVISIBLE));
+}
+
 int ComboBox::select(int index)
 {
     return static_cast<int>(ask(CB_SETCURSEL, as_wparam(index)));

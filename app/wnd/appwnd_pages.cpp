@@ -92,16 +92,23 @@ void AppWnd::show_page(const book::Page* page)
     if (!page || has_edits())
         return;
     shown_index_ = static_cast<std::size_t>(page - book_.pages.data());
-    for (look::MyBox* box : boxes())
-        box->set_redraw(false);
+    // Scrolling moves what is on the screen, which is still the text of the old page. The frame and its bars
+    // cost more than the text: they draw themselves when they change, unless drawing is off.
+    const bool scrolls = page->scroll_first != 0 || page->scroll_third != 0;
+    for (look::MyBox* box : boxes()) {
+        if (scrolls)
+            box->set_redraw(false);
+    }
     q_box_.set_tab_stops(tab_stop);
     d_box_.set_tab_stops(tab_stop);
     for (std::size_t box = 0; box < book::box_count; ++box)
-        boxes()[box]->set_text(page->text[box]);
+        boxes()[box]->renew_text(page->text[box]);
     restore_scroll(*page);
     for (look::MyBox* box : boxes()) {
-        box->set_redraw(true);
-        RedrawWindow(box->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_FRAME);
+        if (scrolls)
+            box->set_redraw(true);
+        const UINT frame = scrolls ? RDW_FRAME : 0;
+        RedrawWindow(box->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | frame);
     }
     mark_clean();
 }
@@ -130,8 +137,12 @@ void AppWnd::mark_clean()
 
 void AppWnd::update_title(const std::wstring& extra)
 {
-    controls_.show_edited(has_edits());
-    set_text(title_text(book_.path, { has_edits(), book_.needs_update }, extra));
+    const bool edited = has_edits();
+    controls_.show_edited(edited);
+    // The frame is drawn anew with each text, also by those who draw it for the system.
+    const std::wstring title = title_text(book_.path, { edited, book_.needs_update }, extra);
+    if (text() != title)
+        set_text(title);
 }
 
 book::Page* AppWnd::step_page(int direction)
@@ -177,7 +188,7 @@ bool AppWnd::leave_page()
     save_book(SaveCode::ask);
     if (is_gone())
         return false;
-    const Leave decision = leave_decision(has_edits(), book_.current_page() != nullptr);
+    const Leave decision = leave_decision(had_edits && has_edits(), book_.current_page() != nullptr);
     if (decision == Leave::stay)
         return false;
     if (decision == Leave::drop_edits_and_go_on)

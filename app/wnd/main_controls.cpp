@@ -138,6 +138,8 @@ void MainControls::show_folder(bool has_folder)
 
 void MainControls::show_files(const FileCombo& files)
 {
+    if (shows(files))
+        return;
     file_combo_.set_redraw(false);
     file_combo_.clear();
     for (const std::wstring& row : files.rows)
@@ -146,6 +148,20 @@ void MainControls::show_files(const FileCombo& files)
     file_combo_.set_min_visible(static_cast<int>(files.visible_rows));
     file_combo_.set_redraw(true);
     RedrawWindow(file_combo_.hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+bool MainControls::shows(const FileCombo& files) const
+{
+    const std::size_t count = files.rows.size();
+    const int selected = files.selected < count ? static_cast<int>(files.selected) : CB_ERR;
+    if (file_combo_.count() != static_cast<int>(count) || file_combo_.selected() != selected
+        || file_combo_.min_visible() != static_cast<int>(files.visible_rows))
+        return false;
+    for (std::size_t row = 0; row < count; ++row) {
+        if (file_combo_.item_text(static_cast<int>(row)) != files.rows[row])
+            return false;
+    }
+    return true;
 }
 
 bool MainControls::is_on(int command) const

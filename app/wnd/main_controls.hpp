@@ -54,6 +54,8 @@ private:
     bool create_checks();
     void enable(ovlib::Wnd& control, bool enabled);
     bool is_on(int command) const;
+    // Whether the combo stands as it is to stand.
+    bool shows(const FileCombo& files) const;
 
     ovlib::Wnd* focus_keeper_ = nullptr;
     // One for each row, in the order of the rows.

@@ -86,7 +86,7 @@ private:
     static LRESULT CALLBACK on_message(
         HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR, DWORD_PTR self)
     {
-        if (message == WM_SETTEXT)
+        if (message == WM_SETTEXT || message == EM_SETHANDLE)
             ++reinterpret_cast<TextCount*>(self)->count_;
         return DefSubclassProc(hwnd, message, wparam, lparam);
     }

@@ -43,6 +43,8 @@ public:
     template <class T>
     requires(!std::same_as<T, bool>) void show_list(T) = delete;
 
+    int min_visible() const;
+
 private:
     DWORD style_;
 };
