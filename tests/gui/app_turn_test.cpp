@@ -41,8 +41,7 @@ protected:
         HWND const other = CreateWindowExW(WS_EX_CLIENTEDGE, L"EDIT", L"",
             static_cast<DWORD>(GetWindowLongW(model, GWL_STYLE)) & ~static_cast<DWORD>(WS_VISIBLE), 0, 0, 400,
             200, GetParent(model), nullptr, nullptr, nullptr);
-        SendMessageW(
-            other, WM_SETFONT, static_cast<WPARAM>(SendMessageW(model, WM_GETFONT, 0, 0)), FALSE);
+        SendMessageW(other, WM_SETFONT, static_cast<WPARAM>(SendMessageW(model, WM_GETFONT, 0, 0)), FALSE);
         const UINT stop = 4;
         SendMessageW(other, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&stop));
         SetWindowTextW(other, L"\t.");
@@ -68,7 +67,8 @@ TEST_F(Turn, LeavesTheFramesOfBoxesToThemselves)
 
 TEST_F(Turn, HandsTheTextsOfManyLinesOver)
 {
-    open({ page(L"a\r\n"), page(L"b\r\n", L"二", L"三\r\n"), page(L"c\r\n", L"", L"四\r\n"), page(L"d\r\n") });
+    open(
+        { page(L"a\r\n"), page(L"b\r\n", L"二", L"三\r\n"), page(L"c\r\n", L"", L"四\r\n"), page(L"d\r\n") });
     EXPECT_EQ(count_in_turn(WM_SETTEXT, box(command::box_1)), 0);
     EXPECT_EQ(box_text(command::box_1), L"b\r\n");
     EXPECT_EQ(box_text(command::box_3), L"三\r\n");
