@@ -290,7 +290,7 @@ TEST_F(Books, ThatCannotBeWrittenAtTheCloseAreToldOverAHiddenWindow)
 TEST_F(Books, WithoutADatFolderRunWithDefaultsAndLeaveNoTrace)
 {
     open({ page(L"1\r\n") });
-    RemoveDirectoryW(app::folders().dat.c_str());
+    ASSERT_TRUE(RemoveDirectoryW(app::folders().shortcut.c_str()));
     ASSERT_TRUE(DeleteFileW(app::history_file(app::folders()).c_str()));
     ASSERT_TRUE(RemoveDirectoryW(app::folders().dat.c_str()));
     command(command::save_always);
