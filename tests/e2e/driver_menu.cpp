@@ -143,11 +143,20 @@ void PopupMenu::point_at(std::size_t row)
     });
 }
 
+// A menu that opens under the pointer may be told of it late, which carries the highlight from the row that
+// the keys have found. So the pointer rests on the wanted row, and the keys lead around to it.
 void PopupMenu::step_to(std::size_t row)
 {
+    const auto leave_row = [&] {
+        point_at(row);
+        step_down();
+    };
+    leave_row();
     require("the arrow key highlights a row", [&] {
-        if (!is_open())
+        if (!is_open()) {
             open();
+            leave_row();
+        }
         return is_highlighted(row) || (step_down(), false);
     });
 }

@@ -67,12 +67,14 @@ DWORD Program::exit_code() const
 template <class Predicate> void Program::await(const std::string& what, Predicate holds) const
 {
     bool ended = false;
-    require(what, [&] {
+    const bool came = wait_until([&] {
         if (holds())
             return true;
         ended = !is_running();
         return ended;
     });
+    if (!came)
+        throw DriverError("waited in vain: " + what + "; " + describe());
     if (ended && !holds())
         throw DriverError("the program ended with code " + std::to_string(exit_code()) + " before " + what);
 }

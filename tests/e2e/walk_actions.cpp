@@ -359,13 +359,13 @@ void choose_in_book_menu(Walker& walker)
     switch (walker.below(3)) {
     case 0:
         walker.model.new_book(chosen_path(walker, true));
-        return walker.choose_in_book_menu(VK_HOME, 0);
+        return walker.choose_in_book_menu(command::new_book);
     case 1:
         walker.model.save_as(chosen_path(walker, true));
-        return walker.choose_in_book_menu(VK_END, 2);
+        return walker.choose_in_book_menu(command::save_book_as);
     default:
         walker.model.backup();
-        return walker.choose_in_book_menu(VK_END, 1);
+        return walker.choose_in_book_menu(command::backup_book);
     }
 }
 

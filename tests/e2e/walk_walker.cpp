@@ -1,7 +1,9 @@
 #include "walk_walker.hpp"
 #include "app/command_ids.hpp"
 #include "app/main_layout.hpp"
+#include "app/menus.hpp"
 #include "book/text.hpp"
+#include "driver_menu.hpp"
 #include "platform/text.hpp"
 #include "walk_report.hpp"
 #include <future>
@@ -289,17 +291,11 @@ Window Walker::wait_for_menu()
     return menu;
 }
 
-// Keys find a row from either end whatever row the pointer lies over; grey ones may be passed over.
-void Walker::choose_in_book_menu(WORD end_key, int rows_up)
+void Walker::choose_in_book_menu(int id)
 {
     come_to_front();
-    e2e::click(main().child(command::show_book_menu).center());
-    const Window menu = wait_for_menu();
-    e2e::press(end_key);
-    for (int i = 0; i < rows_up; ++i)
-        e2e::press(VK_UP);
-    e2e::press(VK_RETURN);
-    require("the menu goes", [&] { return !menu.exists() || !menu.is_visible(); });
+    const auto open = [this] { e2e::click(main().child(command::show_book_menu).center()); };
+    e2e::PopupMenu(*program_, app::book_menu(model.is_edited()), open).choose(id, e2e::Hand::keys);
     serve_talks();
     fence();
 }

@@ -57,7 +57,7 @@ public:
     void send_wheel(int direction, bool with_ctrl);
     void type(std::size_t box, std::size_t start, std::size_t end, const std::wstring& text, bool with_keys);
     void press_save_key(std::size_t box);
-    void choose_in_book_menu(WORD end_key, int rows_up);
+    void choose_in_book_menu(int id);
     // A menu that comes up is left again.
     void look_at_menu(int id);
     void show_history();
