@@ -7,6 +7,7 @@
 #include "look/wnd/myslider.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/text.hpp"
+#include "tests/support/built_files.hpp"
 #include "tests/support/gui_pump.hpp"
 #include <commctrl.h>
 
@@ -15,7 +16,7 @@ namespace bench {
 DataRoot::DataRoot(book::Book& book)
 {
     namespace fs = std::filesystem;
-    fs::copy(platform::from_utf8(PAGEWICK_DIST), folder_.path(), fs::copy_options::recursive);
+    fs::copy(test_support::dist_path(), folder_.path(), fs::copy_options::recursive);
     const std::wstring file = folder_.file(L"手帖.bok");
     if (!book.save_to(file))
         throw std::runtime_error("no room for a copy of the Book");

@@ -22,6 +22,7 @@
 #include "ovlib/gui/tipwnd.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/text.hpp"
+#include "tests/support/built_files.hpp"
 #include <commctrl.h>
 #include <memory>
 
@@ -317,7 +318,7 @@ void run_paint(Bench& bench)
     ovlib::WinApp::instance = GetModuleHandleW(nullptr);
     const INITCOMMONCONTROLSEX request{ sizeof request, ICC_WIN95_CLASSES };
     InitCommonControlsEx(&request);
-    app::init_folders(platform::from_utf8(PAGEWICK_DIST));
+    app::init_folders(test_support::dist_path());
     const ovlib::GDIPSession gdip;
     {
         const ovlib::MemDC dc;

@@ -1,6 +1,7 @@
 #include "driver_data_root.hpp"
 #include "driver_wait.hpp"
 #include "platform/text.hpp"
+#include "tests/support/built_files.hpp"
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -38,14 +39,6 @@ HANDLE open_for_times(const fs::path& file, DWORD access)
 }
 
 } // namespace
-
-fs::path windows_path(std::string_view path)
-{
-    std::wstring text = platform::from_utf8(path);
-    if (text.starts_with(L'/'))
-        text.insert(0, L"Z:");
-    return fs::path(text).make_preferred();
-}
 
 std::string file_bytes(const fs::path& file)
 {
@@ -140,7 +133,7 @@ ReadOnly::~ReadOnly()
 
 DataRoot::DataRoot(const std::wstring& name)
 {
-    const fs::path dist = windows_path(PAGEWICK_DIST);
+    const fs::path dist = test_support::dist_path();
     folder_ = dist.parent_path() / L"e2e" / name;
     fs::remove_all(folder_);
     fs::create_directories(folder_);

@@ -9,9 +9,6 @@
 
 namespace e2e {
 
-// A path of the system that built this program, as Windows sees it.
-std::filesystem::path windows_path(std::string_view path);
-
 // Bytes of a file as they stand on disk; empty for a missing one.
 std::string file_bytes(const std::filesystem::path& file);
 void write_bytes(const std::filesystem::path& file, std::string_view bytes);

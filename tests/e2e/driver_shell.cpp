@@ -1,6 +1,7 @@
 #include "driver_shell.hpp"
 #include "driver_data_root.hpp"
 #include "driver_wait.hpp"
+#include "tests/support/built_files.hpp"
 
 namespace fs = std::filesystem;
 
@@ -24,7 +25,7 @@ RecordedProgram::RecordedProgram(const fs::path& folder, std::wstring extension)
     : program_(folder / L"recorder.exe")
     , extension_(std::move(extension))
 {
-    fs::copy_file(windows_path(PAGEWICK_RECORDER), program_);
+    fs::copy_file(test_support::recorder_path(), program_);
     set_class_key(extension_, file_type);
     set_class_key(
         std::wstring{ file_type } + L"\\shell\\open\\command", L"\"" + program_.wstring() + L"\" \"%1\"");

@@ -1,6 +1,7 @@
 #include "driver_test.hpp"
 #include "driver_screen.hpp"
 #include "platform/text.hpp"
+#include "tests/support/built_files.hpp"
 #include <algorithm>
 
 namespace e2e {
@@ -25,7 +26,7 @@ void EndToEnd::SetUp()
 void EndToEnd::TearDown()
 {
     if (HasFailure())
-        save_screenshot(windows_path(PAGEWICK_ARTIFACTS) / (test_name() + ".bmp"));
+        save_screenshot(std::filesystem::path(test_support::artifacts_path()) / (test_name() + ".bmp"));
     program_.reset();
     if (root_ && !HasFailure())
         root_->remove();
@@ -80,7 +81,7 @@ void EndToEnd::answer_box(const std::wstring& text, Icon icon, int button, const
     EXPECT_EQ(box.text(), text);
     EXPECT_EQ(box.icon(), icon);
     if (HasFailure())
-        save_screenshot(windows_path(PAGEWICK_ARTIFACTS) / (test_name() + "_box.bmp"));
+        save_screenshot(std::filesystem::path(test_support::artifacts_path()) / (test_name() + "_box.bmp"));
     box.answer(button);
 }
 

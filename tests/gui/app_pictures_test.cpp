@@ -5,6 +5,7 @@
 #include "ovlib/gui/gdi_object.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/gui/gdip_image.hpp"
+#include "tests/support/built_files.hpp"
 #include "tests/support/gui_app.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/picture_file.hpp"
@@ -22,12 +23,12 @@ constexpr WORD icon_resource = 1000;
 
 std::wstring shipped(const std::wstring& file)
 {
-    return test_support::built_path(PAGEWICK_DIST, L"\\res\\" + file);
+    return test_support::dist_path(L"/res/" + file);
 }
 
 class AppBitmaps : public testing::Test {
 protected:
-    AppBitmaps() { app::init_folders(test_support::built_path(PAGEWICK_DIST)); }
+    AppBitmaps() { app::init_folders(test_support::dist_path()); }
     ~AppBitmaps() override { app::free_app_bitmaps(); }
 };
 

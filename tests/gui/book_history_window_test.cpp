@@ -3,6 +3,7 @@
 #include "book/history_view.hpp"
 #include "book/wnd/historywnd.hpp"
 #include "platform/process_log.hpp"
+#include "tests/support/built_files.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_look.hpp"
 #include "tests/support/gui_pump.hpp"
@@ -16,7 +17,7 @@ constexpr int first_command = 10000;
 
 class HistoryWindow : public testing::Test {
 protected:
-    HistoryWindow() { app::init_folders(test_support::built_path(PAGEWICK_DIST)); }
+    HistoryWindow() { app::init_folders(test_support::dist_path()); }
     ~HistoryWindow() override
     {
         top_.destroy();
@@ -211,7 +212,7 @@ TEST_F(HistoryWindow, ShowsThePictureInItsOwnColors)
     create();
     show_with({ L"C:\\a.bok" });
     UpdateWindow(window_.list().hwnd());
-    const test_support::BmpFile file{ test_support::built_path(PAGEWICK_DIST, L"\\res\\book.bmp") };
+    const test_support::BmpFile file{ test_support::dist_path(L"/res/book.bmp") };
     RECT icon{ LVIR_ICON, 0, 0, 0 };
     SendMessageW(window_.list().hwnd(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&icon));
     const ovlib::ClientDC dc(window_.list());

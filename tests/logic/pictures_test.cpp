@@ -1,5 +1,6 @@
 // The committed pictures: that all are there, and that each has the form its user expects.
 #include "app/bitmap_files.hpp"
+#include "tests/support/built_files.hpp"
 #include "tests/support/picture_file.hpp"
 #include <algorithm>
 #include <cmath>
@@ -26,7 +27,7 @@ const std::set<std::wstring> menu_pictures{ L"add_files", L"add_pages", L"backup
 
 std::wstring picture(const std::wstring& file)
 {
-    return test_support::built_path(PAGEWICK_RES, L"/" + file);
+    return test_support::resource_path(L"/" + file);
 }
 
 BmpFile bitmap(const std::wstring& name)

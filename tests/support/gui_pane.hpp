@@ -9,6 +9,7 @@
 #include "media/wnd/filewnd.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/win_app.hpp"
+#include "tests/support/built_files.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
@@ -96,7 +97,7 @@ protected:
         ovlib::WinApp::instance = GetModuleHandleW(nullptr);
         ovlib::WinApp::data_root = root_.path();
         app::hold_data_root();
-        app::init_folders(test_support::built_path(PAGEWICK_DIST));
+        app::init_folders(test_support::dist_path());
         app::settings() = {};
         ovlib::fill_image_extensions();
         look::load_theme(look::theme_standard);

@@ -8,21 +8,6 @@
 
 namespace test_support {
 
-// A folder that the build names, as a path of the system that runs the test.
-inline std::wstring built_path(std::string_view folder, const std::wstring& below = {})
-{
-    std::wstring path = platform::from_utf8(folder) + below;
-#if defined(_WIN32)
-    if (path.starts_with(L'/'))
-        path.insert(0, L"Z:");
-    for (wchar_t& unit : path) {
-        if (unit == L'/')
-            unit = L'\\';
-    }
-#endif
-    return path;
-}
-
 // Numbers from a file's bytes; beyond the end there is nothing to read, which fails the test.
 class FileBytes {
 public:

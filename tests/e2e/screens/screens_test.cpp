@@ -4,6 +4,7 @@
 #include "look/theme.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "tests/e2e/driver_main_window.hpp"
+#include "tests/support/built_files.hpp"
 #include "tests/support/screen_picture.hpp"
 #include "tools/bok/json_book.hpp"
 #include <cstdlib>
@@ -27,7 +28,7 @@ book::Book sample_book(std::int32_t theme)
     bok::Streams streams{ in, out, err };
     bok::Progress progress{ streams, "" };
     book::Book book;
-    bok::import_json(file_bytes(windows_path(PAGEWICK_SAMPLE)), book, progress);
+    bok::import_json(file_bytes(test_support::sample_path()), book, progress);
     book.header.theme = theme;
     app::color_all_pages(book, look::theme_colors(theme));
     return book;
@@ -69,7 +70,7 @@ protected:
             UnionRect(&area, &area, &more);
         }
         const char* folder = std::getenv("PAGEWICK_SCREENS");
-        const fs::path place = windows_path(folder ? folder : PAGEWICK_ARTIFACTS);
+        const fs::path place = folder ? test_support::system_path(folder) : test_support::artifacts_path();
         fs::create_directories(place);
         const ovlib::GDIPSession gdip;
         EXPECT_TRUE(test_support::save_screen(area, (place / ("screen-" + name + ".png")).wstring()));

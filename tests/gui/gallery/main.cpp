@@ -12,6 +12,7 @@
 #include "pane_sheet.hpp"
 #include "platform/text.hpp"
 #include "popups.hpp"
+#include "tests/support/built_files.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/screen_picture.hpp"
 #include <commctrl.h>
@@ -110,7 +111,7 @@ void prepare_program()
     ovlib::WinApp::instance = GetModuleHandleW(nullptr);
     const INITCOMMONCONTROLSEX request{ sizeof request, ICC_WIN95_CLASSES };
     InitCommonControlsEx(&request);
-    app::init_folders(platform::from_utf8(PAGEWICK_DIST));
+    app::init_folders(test_support::dist_path());
     app::load_app_bitmaps();
     const ovlib::MemDC dc;
     look::make_shared_fonts(dc.handle());
