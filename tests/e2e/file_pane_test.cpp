@@ -2,7 +2,11 @@
 #include "driver_main_window.hpp"
 #include "driver_screen.hpp"
 #include "media/gif_play.hpp"
+#include "process_holdings.hpp"
+#include "tests/support/environment.hpp"
 #include "tests/support/picture_files.hpp"
+#include <chrono>
+#include <iostream>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -14,6 +18,7 @@ namespace command = app::command;
 using ovlib::Color;
 using test_support::FileContents;
 using test_support::MovingGif;
+using test_support::number_from_environment;
 using test_support::plain;
 
 constexpr Color red{ 0x0000FF };
@@ -65,6 +70,15 @@ protected:
     void expect_frame(MovingGif::Shade shade, const Where& where = Where::current())
     {
         expect_in_view(MovingGif::colors[shade], where);
+    }
+    // Turns that many pages, four forwards and four backwards, and presses on some of them.
+    void turn_to_and_fro(int count) const
+    {
+        for (int i = 0; i < count; ++i) {
+            main_window().send_command(i % 8 < 4 ? command::next_page : command::previous_page);
+            if (i % 5 == 0)
+                click(picture_place());
+        }
     }
     // How many colours come by until this many were seen or the time is over.
     std::size_t colors_that_come_by(std::size_t wanted, milliseconds limit) const
@@ -240,14 +254,21 @@ TEST_F(FilePane, PagesOfAnimationsAreTurnedAtFullSpeed)
     for (int i = 0; i < 4; ++i)
         files.push_back({ add_gif(L"動" + std::to_wstring(i) + L".gif", 5, i == 2 ? 65535 : 3) });
     open_pages(files);
-    for (int round = 0; round < 24; ++round) {
-        main_window().send_command(round % 8 < 4 ? command::next_page : command::previous_page);
-        if (round % 5 == 0)
-            click(picture_place());
+    turn_to_and_fro(24);
+    const Holdings before = holdings_of(program());
+    const std::chrono::duration<double> time(60 * number_from_environment("PAGEWICK_SOAK_MINUTES", 0));
+    const auto end = std::chrono::steady_clock::now() + time;
+    int turns = 0;
+    for (; std::chrono::steady_clock::now() < end; turns += 24) {
+        turn_to_and_fro(24);
+        require_no_growth(before, holdings_of(program()));
     }
+    std::cout << turns << " turns, " << to_string(before) << " to " << to_string(holdings_of(program()))
+              << std::endl;
     main_window().send_command(command::first_page);
     expect_page(L"一");
     expect_playing();
+    close();
 }
 
 TEST_F(FilePane, TheProgramClosesWhileAnAnimationPlays)

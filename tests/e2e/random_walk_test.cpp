@@ -1,22 +1,17 @@
 // Thousands of commands, keys and clicks in an order of chance. Beside the program walks a model of what its
 // user may expect, and after each step both must say the same, to the byte of every file.
 #include "driver_test.hpp"
+#include "tests/support/environment.hpp"
 #include "walk_walker.hpp"
 #include <chrono>
-#include <cstdlib>
 #include <iostream>
 
 using namespace e2e;
+using test_support::number_from_environment;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-double number_from_environment(const char* name, double otherwise)
-{
-    const char* text = std::getenv(name);
-    return text && *text ? std::strtod(text, nullptr) : otherwise;
-}
 
 class RandomWalk : public EndToEnd {
 protected:

@@ -79,21 +79,15 @@ void Walker::watch_holdings()
     constexpr std::size_t interval = 50;
     if (++steps_of_process_ < warm_up || steps_of_process_ % interval != 0)
         return;
-    last_holdings_ = holdings_of(program_->process(), program_->process_id());
+    last_holdings_ = e2e::holdings_of(*program_);
     if (steps_of_process_ == warm_up)
         first_holdings_ = last_holdings_;
-    const auto has_grown = [this](std::size_t Holdings::*what, std::size_t room) {
-        return last_holdings_.*what > first_holdings_.*what + room;
-    };
-    if (has_grown(&Holdings::gdi_objects, 80) || has_grown(&Holdings::windows, 6)
-        || has_grown(&Holdings::kernel_handles, 40) || has_grown(&Holdings::private_bytes, 24u << 20))
-        throw DriverError(
-            "the program holds " + to_string(last_holdings_) + " after " + to_string(first_holdings_));
+    e2e::require_no_growth(first_holdings_, last_holdings_);
 }
 
 std::string Walker::holdings_text() const
 {
-    return to_string(first_holdings_) + " to " + to_string(last_holdings_);
+    return e2e::to_string(first_holdings_) + " to " + e2e::to_string(last_holdings_);
 }
 
 void Walker::end()

@@ -4,6 +4,7 @@
 #include "driver_data_root.hpp"
 #include "driver_input.hpp"
 #include "driver_program.hpp"
+#include "process_holdings.hpp"
 #include "walk_model.hpp"
 #include <cstdint>
 #include <deque>
@@ -13,16 +14,6 @@
 #include <string>
 
 namespace walk {
-
-// What a process holds that it could forget to give back.
-struct Holdings {
-    std::size_t gdi_objects = 0;
-    std::size_t windows = 0;
-    std::size_t kernel_handles = 0;
-    std::size_t private_bytes = 0;
-};
-Holdings holdings_of(HANDLE process, DWORD process_id);
-std::string to_string(const Holdings& holdings);
 
 class Walker {
 public:
@@ -100,8 +91,8 @@ private:
     std::size_t steps_ = 0;
     std::size_t saves_ = 0;
     std::size_t steps_of_process_ = 0;
-    Holdings first_holdings_;
-    Holdings last_holdings_;
+    e2e::Holdings first_holdings_;
+    e2e::Holdings last_holdings_;
     std::wstring step_began_;
     std::map<std::wstring, std::string> bytes_; // of every file when it was last compared
     std::string noted_;

@@ -2,6 +2,7 @@
 #include "media/drawing_lock.hpp"
 #include "media/loader_lock.hpp"
 #include "ovlib/gui/text_stream.hpp"
+#include "tests/support/environment.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
@@ -456,8 +457,9 @@ TEST_F(Animation, BearsClicksThemesAndSizesWhileItPlays)
     EXPECT_TRUE(pane().gif_thread().is_held());
 }
 
-TEST_F(Animation, StartsAndStopsTwoThousandTimes)
+TEST_F(Animation, StartsAndStopsThousandsOfTimes)
 {
+    const auto rounds = static_cast<int>(test_support::number_from_environment("PAGEWICK_SOAK_ROUNDS", 2000));
     show_frames(3, 3);
     media::ImageLoader loader{ thumbnails, properties };
     const std::wstring path = pane().loader().path();
@@ -468,7 +470,7 @@ TEST_F(Animation, StartsAndStopsTwoThousandTimes)
     canvas.layout(media::mode_fit, 0);
     media::GifThread thread;
     std::size_t before = 0;
-    for (int i = 0; i < 2'000; ++i) {
+    for (int i = 0; i < rounds; ++i) {
         ASSERT_TRUE(thread.play(canvas, i % 2 == 0 ? PlayState::playing : PlayState::paused));
         if (i % 64 == 0)
             Sleep(1);

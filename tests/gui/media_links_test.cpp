@@ -2,6 +2,7 @@
 #include "book/book.hpp"
 #include "media/wnd/background_thread.hpp"
 #include "media/wnd/shell_link.hpp"
+#include "tests/support/environment.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_links.hpp"
@@ -187,7 +188,7 @@ DWORD handle_count()
 
 TEST_F(BackgroundLinks, AreStartedAndStoppedThousandsOfTimes)
 {
-    constexpr int rounds = 2000;
+    const auto rounds = static_cast<int>(test_support::number_from_environment("PAGEWICK_SOAK_ROUNDS", 2000));
     const Texts paths = made_files(5);
     start(paths);
     ASSERT_TRUE(wait());

@@ -5,7 +5,8 @@
 
 namespace test_support {
 
-// A path that the build tool or the environment writes, in UTF-8; a Windows program finds the root as drive Z.
+// A path that the build tool or the environment writes, in UTF-8; a Windows program finds the root as drive
+// Z.
 std::wstring system_path(std::string_view path);
 
 // `below` begins with a slash, or is empty for the folder itself.

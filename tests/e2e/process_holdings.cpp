@@ -1,12 +1,11 @@
-#include "driver_window.hpp"
-#include "walk_walker.hpp"
+#include "process_holdings.hpp"
 #include <array>
 #include <cstddef>
 #include <cstring>
 #include <psapi.h>
 #include <winternl.h>
 
-namespace walk {
+namespace e2e {
 
 namespace {
 
@@ -122,10 +121,20 @@ std::size_t private_bytes(HANDLE process)
 
 } // namespace
 
-Holdings holdings_of(HANDLE process, DWORD process_id)
+Holdings holdings_of(const Program& program)
 {
-    return { gdi_objects(process), windows_of(process_id), kernel_handles(process_id),
-        private_bytes(process) };
+    return { gdi_objects(program.process()), windows_of(program.process_id()),
+        kernel_handles(program.process_id()), private_bytes(program.process()) };
+}
+
+void require_no_growth(const Holdings& from, const Holdings& to)
+{
+    const auto has_grown = [&](std::size_t Holdings::*what, std::size_t room) {
+        return to.*what > from.*what + room;
+    };
+    if (has_grown(&Holdings::gdi_objects, 80) || has_grown(&Holdings::windows, 6)
+        || has_grown(&Holdings::kernel_handles, 40) || has_grown(&Holdings::private_bytes, 24u << 20))
+        throw DriverError("the program holds " + to_string(to) + " after " + to_string(from));
 }
 
 std::string to_string(const Holdings& holdings)
@@ -135,4 +144,4 @@ std::string to_string(const Holdings& holdings)
         + std::to_string(holdings.private_bytes / 1024) + " KiB";
 }
 
-} // namespace walk
+} // namespace e2e

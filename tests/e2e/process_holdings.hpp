@@ -1,0 +1,19 @@
+// What a program holds that it could forget to give back.
+#pragma once
+#include "driver_program.hpp"
+#include <string>
+
+namespace e2e {
+
+struct Holdings {
+    std::size_t gdi_objects = 0;
+    std::size_t windows = 0;
+    std::size_t kernel_handles = 0;
+    std::size_t private_bytes = 0;
+};
+Holdings holdings_of(const Program& program);
+std::string to_string(const Holdings& holdings);
+// Raises a DriverError where `to` is more than what comes and goes explains.
+void require_no_growth(const Holdings& from, const Holdings& to);
+
+} // namespace e2e
