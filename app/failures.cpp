@@ -5,17 +5,13 @@
 
 namespace app {
 
+using platform::two_digits;
+
 namespace {
 
 FailureNotice ending(const std::wstring& text)
 {
     return { text + L"\r\nアプリケーションを終了します．", BoxStyle::error, true };
-}
-
-std::wstring two_digits(int number)
-{
-    const std::wstring text = std::to_wstring(number);
-    return text.size() < 2 ? L'0' + text : text;
 }
 
 } // namespace

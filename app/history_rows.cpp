@@ -25,10 +25,9 @@ std::optional<int> history_command(int row)
 
 ovlib::Color history_text_color(ovlib::Color text, ovlib::Color back, bool enabled)
 {
-    constexpr std::uint8_t bright = 128;
     if (enabled)
         return text;
-    return ovlib::Color{ back.luminance() >= bright ? 0xBFBFBFu : 0x3F3F3Fu };
+    return ovlib::Color{ back.is_bright() ? 0xBFBFBFu : 0x3F3F3Fu };
 }
 
 } // namespace app

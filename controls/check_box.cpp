@@ -8,7 +8,6 @@ namespace {
 constexpr int box_side = 14;
 constexpr int text_left = 18;
 constexpr int disabled_shade = 130;
-constexpr std::uint8_t bright = 128;
 
 int middle(const platform::Rect& rect)
 {
@@ -17,7 +16,7 @@ int middle(const platform::Rect& rect)
 
 Color faded(Color color, Color behind)
 {
-    return color.shade(behind.luminance() >= bright ? disabled_shade : -disabled_shade);
+    return color.shade(behind.is_bright() ? disabled_shade : -disabled_shade);
 }
 
 } // namespace

@@ -69,7 +69,7 @@ platform::Rect page_span(std::size_t first, std::size_t last, std::size_t page_c
 
 std::uint8_t blend_span(std::uint8_t old, std::uint8_t channel)
 {
-    return static_cast<std::uint8_t>(((old - channel) * span_weight + (channel << 8)) >> 8);
+    return ovlib::blended_channel(old, channel, span_weight);
 }
 
 Point indicator_place(std::size_t current, std::size_t page_count, int width)

@@ -10,7 +10,6 @@ constexpr int room_left = 40;
 constexpr int room_right = 70; // for the number
 constexpr int label_gap = 6;
 constexpr int label_shade = 180;
-constexpr std::uint8_t bright = 128;
 
 bool moves_page(int code)
 {
@@ -33,7 +32,7 @@ std::wstring page_label(std::int32_t value)
 
 ovlib::Color page_label_color(ovlib::Color back, ovlib::Color fill)
 {
-    return fill.shade(back.luminance() < bright ? label_shade : -label_shade);
+    return fill.shade(back.is_bright() ? -label_shade : label_shade);
 }
 
 platform::Point page_label_place(const platform::Rect& track, platform::Size client, int height)

@@ -49,7 +49,6 @@ constexpr Row rows[] = {
 constexpr Color plain_link{ 0xFF0000 };
 constexpr int line_shade = 60;
 constexpr int groove_shade = -180;
-constexpr std::uint8_t bright = 128;
 
 ThemePalette loaded;
 
@@ -64,7 +63,7 @@ std::size_t column_of(std::int32_t identifier)
 void add_dependent_colors(ThemePalette& colors)
 {
     const Color panel = colors.panel_back;
-    colors.panel_line = panel.shade(panel.luminance() < bright ? line_shade : -line_shade);
+    colors.panel_line = panel.shade(panel.is_bright() ? -line_shade : line_shade);
     colors.slider_groove = panel.shade(groove_shade);
     colors.slider_back = panel;
     colors.check_back = panel;

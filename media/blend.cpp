@@ -5,15 +5,6 @@
 
 namespace media {
 
-namespace {
-
-std::uint8_t blended(std::uint8_t old, std::uint8_t color, int alpha)
-{
-    return static_cast<std::uint8_t>(((old - color) * alpha + (color << 8)) >> 8);
-}
-
-} // namespace
-
 void blend_rect(const PixelRows& rows, ovlib::Color color, int alpha, const platform::Rect& rect)
 {
     const int left = std::max(rect.left, 0);
@@ -28,7 +19,7 @@ void blend_rect(const PixelRows& rows, ovlib::Color color, int alpha, const plat
         std::uint8_t* pixel = rows.bits + row + std::ptrdiff_t{ left } * 3;
         for (int x = left; x < right; ++x)
             for (const std::uint8_t channel : channels) {
-                *pixel = blended(*pixel, channel, alpha);
+                *pixel = ovlib::blended_channel(*pixel, channel, alpha);
                 ++pixel;
             }
     }

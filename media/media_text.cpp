@@ -1,16 +1,14 @@
 #include "media/media_text.hpp"
+#include "platform/text.hpp"
 
 namespace media {
+
+using platform::two_digits;
 
 namespace {
 
 constexpr std::uint64_t ticks_per_second = 10'000'000;
 constexpr std::uint64_t ticks_per_hour = 3600 * ticks_per_second;
-
-std::wstring two_digits(std::uint64_t number)
-{
-    return (number < 10 ? L"0" : L"") + std::to_wstring(number);
-}
 
 } // namespace
 

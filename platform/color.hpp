@@ -18,6 +18,8 @@ public:
     constexpr std::uint8_t blue() const { return static_cast<std::uint8_t>(value >> 16); }
     // 0.299 R + 0.587 G + 0.114 B, rounded, as a byte.
     constexpr std::uint8_t luminance() const;
+    // Whether what lies on it should be dark.
+    constexpr bool is_bright() const;
     // Towards white for a positive `delta`, towards black for a negative one; 255 and beyond reach it.
     constexpr Color shade(int delta) const;
 
@@ -36,6 +38,12 @@ constexpr std::uint8_t Color::luminance() const
     return static_cast<std::uint8_t>((299u * red() + 587u * green() + 114u * blue() + 500u) / 1000u);
 }
 
+constexpr bool Color::is_bright() const
+{
+    constexpr std::uint8_t bright = 128;
+    return luminance() >= bright;
+}
+
 constexpr Color Color::shade(int delta) const
 {
     if (delta == 0)
@@ -45,6 +53,12 @@ constexpr Color Color::shade(int delta) const
     const auto lift = limited > 0 ? 255u * (256u - rest) : 0u;
     const auto channel = [&](std::uint32_t c) { return (c * rest + lift) >> 8; };
     return rgb(channel(red()), channel(green()), channel(blue()));
+}
+
+// One channel of what shows when `over` is laid on `under`, which keeps `under_weight` of 256.
+constexpr std::uint8_t blended_channel(std::uint8_t under, std::uint8_t over, int under_weight)
+{
+    return static_cast<std::uint8_t>(((under - over) * under_weight + (over << 8)) >> 8);
 }
 
 } // namespace ovlib

@@ -145,4 +145,9 @@ bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right)
     return std::ranges::equal(left, right, {}, to_lower, to_lower);
 }
 
+std::wstring two_digits(std::uint64_t number)
+{
+    return (number < 10 ? L"0" : L"") + std::to_wstring(number);
+}
+
 } // namespace platform

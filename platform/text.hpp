@@ -42,4 +42,7 @@ std::wstring from_utf8(std::string_view bytes);
 // In decimal, grouped as the user's locale groups numbers; ungrouped where that cannot be told.
 std::wstring grouped_number(std::uint64_t number);
 
+// "07" of 7; more digits stand as they are.
+std::wstring two_digits(std::uint64_t number);
+
 } // namespace platform

@@ -7,12 +7,12 @@
 #include "app/wnd/app_bitmaps.hpp"
 #include "app/wnd/data_root.hpp"
 #include "app/wnd/file_pane.hpp"
+#include "ovlib/gui/geometry.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/clock.hpp"
 #include "platform/file.hpp"
 #include <algorithm>
 #include <span>
-#include <windowsx.h>
 
 namespace app {
 
@@ -25,12 +25,6 @@ HICON load_icon(int width_metric, int height_metric)
 {
     return static_cast<HICON>(LoadImageW(ovlib::WinApp::instance, MAKEINTRESOURCEW(icon_resource), IMAGE_ICON,
         GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), LR_DEFAULTCOLOR));
-}
-
-Point point_of(const ovlib::WndMessage& message)
-{
-    const auto lparam = static_cast<LPARAM>(message.lparam);
-    return { GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
 }
 
 } // namespace
@@ -90,9 +84,9 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
     case WM_NCRBUTTONUP:
         return on_background_release(message);
     case WM_LBUTTONDOWN:
-        return on_press(point_of(message));
+        return on_press(ovlib::mouse_point(message));
     case WM_MOUSEMOVE:
-        return on_mouse_move(point_of(message));
+        return on_mouse_move(ovlib::mouse_point(message));
     case WM_LBUTTONUP:
     case WM_KILLFOCUS:
     case WM_CAPTURECHANGED:

@@ -1,24 +1,13 @@
 #include "look/wnd/tabwnd.hpp"
 #include "app/command_ids.hpp"
 #include "look/wnd/fonts.hpp"
-#include <windowsx.h>
+#include "ovlib/gui/geometry.hpp"
 
 namespace look {
 
 namespace {
 
 namespace command = app::command;
-
-POINT point_of(const ovlib::WndMessage& message)
-{
-    const auto lparam = static_cast<LPARAM>(message.lparam);
-    return { GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
-}
-
-platform::Point to_point(POINT point)
-{
-    return { point.x, point.y };
-}
 
 } // namespace
 
@@ -55,11 +44,11 @@ bool TabWnd::on_message(ovlib::WndMessage& message)
     case WM_COMMAND:
         return on_command(LOWORD(message.wparam));
     case WM_MOUSEMOVE:
-        return on_mouse_move(point_of(message));
+        return on_mouse_move(ovlib::mouse_point(message));
     case WM_LBUTTONDOWN:
-        return on_press(point_of(message));
+        return on_press(ovlib::mouse_point(message));
     case WM_RBUTTONUP:
-        return on_right_release(point_of(message));
+        return on_right_release(ovlib::mouse_point(message));
     case WM_MOUSELEAVE:
         return on_mouse_leave();
     default:
@@ -128,7 +117,7 @@ void TabWnd::set_hover(std::uint64_t tab)
 
 void TabWnd::hover_at_cursor()
 {
-    set_hover(tab_at(items_, to_point(cursor_pos())));
+    set_hover(tab_at(items_, ovlib::to_point(cursor_pos())));
     if (hover_tab_ != 0)
         track_leave();
 }
@@ -140,9 +129,9 @@ void TabWnd::track_leave()
     TrackMouseEvent(&track);
 }
 
-bool TabWnd::on_mouse_move(POINT point)
+bool TabWnd::on_mouse_move(platform::Point point)
 {
-    set_hover(tab_at(items_, to_point(point)));
+    set_hover(tab_at(items_, point));
     show_tip(hover_tab_);
     track_leave();
     return true;
@@ -176,9 +165,9 @@ bool TabWnd::on_mouse_leave()
     return true;
 }
 
-bool TabWnd::on_press(POINT point)
+bool TabWnd::on_press(platform::Point point)
 {
-    const std::uint64_t tab = tab_at(items_, to_point(point));
+    const std::uint64_t tab = tab_at(items_, point);
     const ovlib::WndWatch alive(this);
     if (tab != 0 && tab != current_tab_)
         parent()->send_command(command::go_to_tab, 0, static_cast<std::int64_t>(tab));
@@ -187,10 +176,10 @@ bool TabWnd::on_press(POINT point)
     return true;
 }
 
-bool TabWnd::on_right_release(POINT point)
+bool TabWnd::on_right_release(platform::Point point)
 {
     const ovlib::WndWatch alive(this);
-    if (const TabItem* const item = find_tab(items_, tab_at(items_, to_point(point))))
+    if (const TabItem* const item = find_tab(items_, tab_at(items_, point)))
         show_menu(*item);
     if (alive)
         set_focus();

@@ -33,10 +33,10 @@ public:
 private:
     void on_create();
     bool on_paint();
-    bool on_mouse_move(POINT point);
+    bool on_mouse_move(platform::Point point);
     bool on_mouse_leave();
-    bool on_press(POINT point);
-    bool on_right_release(POINT point);
+    bool on_press(platform::Point point);
+    bool on_right_release(platform::Point point);
     bool on_command(int id);
     void set_hover(std::uint64_t tab);
     void hover_at_cursor();

@@ -8,7 +8,6 @@
 #include "ovlib/gui/geometry.hpp"
 #include "platform/file.hpp"
 #include <utility>
-#include <windowsx.h>
 
 namespace media {
 
@@ -41,12 +40,6 @@ public:
 private:
     bool& flag_;
 };
-
-Point point_of(const ovlib::WndMessage& message)
-{
-    const auto lparam = static_cast<LPARAM>(message.lparam);
-    return { GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
-}
 
 platform::Size drag_distance()
 {
@@ -88,16 +81,16 @@ bool FileWnd::on_message(ovlib::WndMessage& message)
     case WM_COMMAND:
         return on_command(message);
     case WM_LBUTTONDOWN:
-        return on_press(point_of(message));
+        return on_press(ovlib::mouse_point(message));
     case WM_LBUTTONDBLCLK:
-        return on_double_click(point_of(message));
+        return on_double_click(ovlib::mouse_point(message));
     case WM_RBUTTONUP:
         parent()->send_command(command::show_file_menu, 0, reinterpret_cast<std::intptr_t>(hwnd()));
         return true;
     case WM_MOUSEWHEEL:
         return on_wheel(GET_WHEEL_DELTA_WPARAM(message.wparam));
     case WM_MOUSEMOVE:
-        return on_mouse_move(point_of(message));
+        return on_mouse_move(ovlib::mouse_point(message));
     default:
         return false;
     }

@@ -2,6 +2,9 @@
 #pragma once
 #include <windows.h>
 
+#include <windowsx.h>
+
+#include "ovlib/gui/wnd_message.hpp"
 #include "platform/geometry.hpp"
 
 namespace ovlib {
@@ -25,6 +28,13 @@ constexpr platform::Point to_point(const POINT& point)
 constexpr platform::Size to_size(const SIZE& size)
 {
     return { static_cast<int>(size.cx), static_cast<int>(size.cy) };
+}
+
+// Where the mouse was when such a message was made, in the window's client coordinates.
+inline platform::Point mouse_point(const WndMessage& message)
+{
+    const auto lparam = static_cast<LPARAM>(message.lparam);
+    return { GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
 }
 
 } // namespace ovlib
