@@ -154,7 +154,7 @@ MyBox::Kept MyBox::kept() const
 }
 
 // The limit comes before the text: the control's own one would cut it.
-void MyBox::restore(const Kept& kept)
+void MyBox::bring_back(const Kept& kept)
 {
     set_font(font_.handle());
     set_tab_stops(tab_stop);
@@ -181,7 +181,7 @@ bool MyBox::set_wrap(bool wrap)
     destroy();
     if (!create(L""))
         return false;
-    restore(before);
+    bring_back(before);
     return true;
 }
 

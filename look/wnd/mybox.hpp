@@ -45,7 +45,7 @@ private:
     };
 
     Kept kept() const;
-    void restore(const Kept& kept);
+    void bring_back(const Kept& kept);
     bool on_command(int id);
     bool on_context_menu();
     BoxMenuState menu_state() const;

@@ -92,4 +92,18 @@ TEST(ColorLuminance, WeighsGreenMostAndRounds)
     EXPECT_EQ(rgb(128, 128, 128).luminance(), 128);
 }
 
+TEST(ColorLuminance, IsBrightFromTheMiddleOn)
+{
+    EXPECT_FALSE(rgb(127, 127, 127).is_bright());
+    EXPECT_TRUE(rgb(128, 128, 128).is_bright());
+}
+
+TEST(BlendedChannel, KeepsTheWeightOfWhatLiesBelow)
+{
+    EXPECT_EQ(ovlib::blended_channel(200, 100, 256), 200);
+    EXPECT_EQ(ovlib::blended_channel(200, 100, 0), 100);
+    EXPECT_EQ(ovlib::blended_channel(200, 100, 128), 150);
+    EXPECT_EQ(ovlib::blended_channel(0, 255, 160), 95);
+}
+
 } // namespace

@@ -102,6 +102,14 @@ TEST(TimeText, GivesFourteenDigitsForNow)
 
 // ---- UTF-8 --------------------------------------------------------------------------------------------
 
+TEST(TwoDigits, PadsWithAZero)
+{
+    EXPECT_EQ(platform::two_digits(0), L"00");
+    EXPECT_EQ(platform::two_digits(9), L"09");
+    EXPECT_EQ(platform::two_digits(10), L"10");
+    EXPECT_EQ(platform::two_digits(100), L"100");
+}
+
 TEST(Utf8, WritesEveryLengthOfASequence)
 {
     EXPECT_EQ(platform::to_utf8(std::wstring(L"a\0\u007F", 3)), std::string("a\0\x7F", 3));
