@@ -2,16 +2,20 @@
 #include "app/titles.hpp"
 #include "book/my_exception.hpp"
 #include "platform/text.hpp"
+#include <cstdint>
 
 namespace app {
-
-using platform::two_digits;
 
 namespace {
 
 FailureNotice ending(const std::wstring& text)
 {
     return { text + L"\r\nアプリケーションを終了します．", BoxStyle::error, true };
+}
+
+std::wstring padded(int number)
+{
+    return platform::two_digits(static_cast<std::uint64_t>(number));
 }
 
 } // namespace
@@ -33,8 +37,8 @@ std::wstring end_of_logon_text(const platform::LocalTime& time)
 {
     std::wstring text = L"-- ";
     text.append(program_name).append(L" --\r\nThe last modifications were saved.\r\n@ WM_ENDSESSION\r\n\r\n");
-    text += std::to_wstring(time.year) + L'/' + two_digits(time.month) + L'/' + two_digits(time.day);
-    text += L' ' + two_digits(time.hour) + L':' + two_digits(time.minute) + L':' + two_digits(time.second);
+    text += std::to_wstring(time.year) + L'/' + padded(time.month) + L'/' + padded(time.day);
+    text += L' ' + padded(time.hour) + L':' + padded(time.minute) + L':' + padded(time.second);
     return text;
 }
 
