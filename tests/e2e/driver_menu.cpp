@@ -153,10 +153,8 @@ void PopupMenu::step_to(std::size_t row)
     };
     leave_row();
     require("the arrow key highlights a row", [&] {
-        if (!is_open()) {
-            open();
+        if (!is_open())
             leave_row();
-        }
         return is_highlighted(row) || (step_down(), false);
     });
 }

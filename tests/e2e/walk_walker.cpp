@@ -20,7 +20,6 @@ namespace walk {
 
 namespace {
 
-constexpr auto menu_class = L"#32768";
 constexpr auto banner_style = WS_EX_NOACTIVATE;
 constexpr std::size_t kept_actions = 20;
 
@@ -272,19 +271,6 @@ void Walker::press_save_key(std::size_t index)
     fence();
 }
 
-Window Walker::wait_for_menu()
-{
-    Window menu;
-    require("a menu shows", [&] {
-        for (const Window window : e2e::top_windows(program_->process_id())) {
-            if (window.class_name() == menu_class)
-                menu = window;
-        }
-        return menu.exists() && program_->is_in_menu();
-    });
-    return menu;
-}
-
 void Walker::choose_in_book_menu(int id)
 {
     come_to_front();
@@ -296,10 +282,8 @@ void Walker::choose_in_book_menu(int id)
 
 void Walker::look_at_menu(int id)
 {
-    main().post_command(id);
-    const Window menu = wait_for_menu();
-    e2e::press(VK_ESCAPE);
-    require("the menu goes", [&] { return !menu.exists() || !menu.is_visible(); });
+    come_to_front();
+    e2e::PopupMenu(*program_, {}, [this, id] { main().post_command(id); }).leave();
     main().send(WM_NULL);
 }
 

@@ -83,7 +83,6 @@ private:
     void check_boxes();
     void check_files();
     void check_no_dialog();
-    e2e::Window wait_for_menu();
 
     const e2e::DataRoot& root_;
     std::mt19937 random_;
