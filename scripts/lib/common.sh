@@ -7,6 +7,21 @@ build=$root/build
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$(basename "$0"): $*"; exit 1; }
 
+# Builds without a word, and shows the end of what was said when it fails: build_quietly NAME PRESET [target…].
+build_quietly() {
+    local log=$build/$1-build.log
+    shift
+    "$root/scripts/build" "$@" >"$log" 2>&1 || { tail -n 40 "$log" >&2; die "the build failed"; }
+}
+
+# Runs tests of a Windows program and shows what they say: run_tests LOG PROGRAM FILTER COUNT. True when that many passed.
+# A crashed process may answer 0 under Wine, so only its words count.
+run_tests() {
+    "$root/scripts/wine" "$build/windows/$2.exe" --gtest_filter="$3" >"$1" 2>&1 || true
+    cat "$1"
+    grep -q "PASSED .* $4 test" "$1" && ! grep -q FAILED "$1"
+}
+
 # Everything the build, the tests and the screen need, as Debian 12 names it.
 packages=(
     ca-certificates cmake ninja-build g++ g++-mingw-w64-x86-64-posix
