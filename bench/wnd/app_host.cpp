@@ -6,7 +6,6 @@
 #include "book/history_list.hpp"
 #include "look/wnd/myslider.hpp"
 #include "ovlib/win_app.hpp"
-#include "platform/text.hpp"
 #include "tests/support/built_files.hpp"
 #include "tests/support/gui_pump.hpp"
 #include <commctrl.h>

@@ -21,7 +21,6 @@
 #include "ovlib/gui/owner_drawn.hpp"
 #include "ovlib/gui/tipwnd.hpp"
 #include "ovlib/win_app.hpp"
-#include "platform/text.hpp"
 #include "tests/support/built_files.hpp"
 #include <commctrl.h>
 #include <memory>

@@ -10,7 +10,6 @@
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/win_app.hpp"
 #include "pane_sheet.hpp"
-#include "platform/text.hpp"
 #include "popups.hpp"
 #include "tests/support/built_files.hpp"
 #include "tests/support/gui_pump.hpp"
