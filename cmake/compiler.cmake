@@ -1,3 +1,17 @@
+# A compiler cache is used where one is installed. Precompiled headers need the two kinds of sloppiness; the base folder lets
+# several checkouts beside each other share what they compiled.
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    cmake_path(GET PROJECT_SOURCE_DIR PARENT_PATH checkouts)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_NOHASHDIR=1
+        CCACHE_BASEDIR=${checkouts} ${CCACHE})
+endif()
+
+# Headers that nearly every file of a target reads: compiled once for the target.
+set(common_headers <algorithm> <array> <cstdint> <functional> <memory> <optional> <span> <string> <string_view> <vector>)
+set(window_headers ${common_headers} <windows.h> <commctrl.h> <shlobj.h> <ovlib/gui/gdiplus.hpp>)
+set(test_headers ${common_headers} <gtest/gtest.h> <gmock/gmock.h>)
+
 # One interface target carries what every target of the project is compiled with.
 add_library(pagewick_compiler INTERFACE)
 target_compile_features(pagewick_compiler INTERFACE cxx_std_20)
@@ -8,6 +22,10 @@ if(MSVC)
 else()
     target_compile_options(pagewick_compiler INTERFACE
         -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # The cache sees a precompiled header only with it.
+        target_compile_options(pagewick_compiler INTERFACE -fpch-preprocess)
+    endif()
 endif()
 
 if(WIN32)

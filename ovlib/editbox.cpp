@@ -221,12 +221,12 @@ void EditBox::replace_selection(const std::wstring& text)
 
 void EditBox::erase_range(int start, int end)
 {
-    replace_range(L"", start, end);
+    replace_range({}, start, end);
 }
 
 void EditBox::erase_selection()
 {
-    replace_selection(L"");
+    replace_selection({});
 }
 
 void EditBox::append(const std::wstring& text)
