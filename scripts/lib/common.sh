@@ -7,6 +7,15 @@ build=$root/build
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$(basename "$0"): $*"; exit 1; }
 
+# Runs a step and prints how long it took: timed NAME COMMAND…
+timed() {
+    local name=$1 since=$SECONDS code=0
+    shift
+    "$@" || code=$?
+    say "== $name: $((SECONDS - since)) s"
+    return "$code"
+}
+
 # Builds without a word, and shows the end of what was said when it fails: build_quietly NAME PRESET [target…].
 build_quietly() {
     local log=$build/$1-build.log

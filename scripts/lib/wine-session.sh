@@ -1,14 +1,20 @@
-# A private Wine prefix and a private screen under build/. Sourced after common.sh.
+# Sessions of Wine: each has a prefix, a server and mostly a screen of its own, so that any number of them live side by side.
+# Sourced after common.sh.
 #
-#   wine_environment      exports what every Wine process of the project runs with
-#   ensure_prefix         makes the prefix once
-#   use_own_prefix NAME   the same under a name: another prefix, for programs that must not meet the tests
-#   open_session          starts a screen with a window manager and keeps the Wine server; closed when the script ends
+#   open_session KIND           for the script itself; closed when the script ends
+#   open_screen KIND FOLDER     the same as a folder that other processes join; FOLDER/environment is to be sourced
+#   renew_screen FOLDER         another screen in the place of one that has become unfit
+#   close_screen FOLDER
+#
+# KIND is
+#   desktop   a screen of Wine's own. Wine is the only client of the X server, so no other hands out focus and places.
+#   managed   a screen with a window manager, whose windows X programs can see: for drags out of the program and wmctrl
+#   inherit   the screen in DISPLAY
 wine_home=$build/wine
-screen_size=1600x1000x24
+screen_size=1600x1000
 
 wine_environment() {
-    export WINEPREFIX=$wine_home/prefix WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
+    export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
     # A menu of the desktop is nobody's here: Wine would start a program for each link that is saved.
     export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LANG=ja_JP.UTF-8
     unset LC_ALL LANGUAGE
@@ -44,42 +50,36 @@ fill_prefix() {
 }
 
 # Made beside its place and renamed, so that a broken run leaves no half prefix.
-ensure_prefix() {
+ensure_template() {
     mkdir -p "$wine_home"
-    exec 8>"$wine_home/prefix.lock"
+    exec 8>"$wine_home/template.lock"
     flock 8
-    if [ ! -d "$wine_home/prefix" ]; then
+    if [ ! -d "$wine_home/template" ]; then
         say "Preparing a Wine prefix under build/ (once)"
-        rm -rf "$wine_home/prefix.new"
+        rm -rf "$wine_home/template.new"
         (
             exec 8>&-
-            export WINEPREFIX=$wine_home/prefix.new
+            export WINEPREFIX=$wine_home/template.new
             fill_prefix
         ) || die "the Wine prefix could not be made"
-        mv "$wine_home/prefix.new" "$wine_home/prefix"
+        mv "$wine_home/template.new" "$wine_home/template"
     fi
     flock -u 8
     exec 8>&-
 }
 
-# A copy of the tests' prefix. What Wine never writes to is shared with it on disk.
-copy_prefix() {
-    local from=$1 to=$2
-    rm -rf "$to.new"
-    cp -al "$from" "$to.new"
-    rm -rf "$to.new/drive_c/users"
-    cp -a "$from/drive_c/users" "$to.new/drive_c/users"
-    cp -a --remove-destination "$from"/*.reg "$to.new/"
-    mv "$to.new" "$to"
+# What Wine never writes to is shared with the template on disk, so a prefix takes a moment and little room.
+copy_template() {
+    local prefix=$1 from=$wine_home/template
+    cp -al "$from" "$prefix"
+    rm -rf "$prefix/drive_c/users"
+    cp -a "$from/drive_c/users" "$prefix/drive_c/users"
+    cp -a --remove-destination "$from"/*.reg "$prefix/"
 }
 
-use_own_prefix() {
-    wine_environment
-    ensure_prefix
-    local template=$wine_home/prefix
-    wine_home=$build/wine/$1
-    mkdir -p "$wine_home"
-    [ -d "$wine_home/prefix" ] || copy_prefix "$template" "$wine_home/prefix"
+use_desktop_of_wine() {
+    printf '\n[%s]\n"%s"="%s"\n' 'Software\\Wine\\Explorer' Desktop Default \
+        'Software\\Wine\\Explorer\\Desktops' Default $screen_size >>"$1/user.reg"
 }
 
 poll() {
@@ -93,16 +93,16 @@ poll() {
 
 # Server and manager run in sessions of their own, so that Ctrl+C reaches the script, which closes them in order.
 start_server() {
-    : >"$session_dir/display"
-    setsid Xvfb -displayfd 3 -screen 0 $screen_size -nolisten tcp 3>"$session_dir/display" >"$session_dir/xvfb.log" 2>&1 &
+    : >"$1/display"
+    setsid Xvfb -displayfd 3 -screen 0 ${screen_size}x24 -nolisten tcp 3>"$1/display" >"$1/xvfb.log" 2>&1 &
     screen_pid=$!
-    poll 20 test -s "$session_dir/display" || return 1
-    DISPLAY=:$(tr -d '[:space:]' <"$session_dir/display")
+    poll 20 test -s "$1/display" || return 1
+    DISPLAY=:$(tr -d '[:space:]' <"$1/display")
     export DISPLAY
 }
 
 start_manager() {
-    setsid openbox >"$session_dir/openbox.log" 2>&1 &
+    setsid openbox >"$1/openbox.log" 2>&1 &
     manager_pid=$!
 }
 
@@ -110,79 +110,81 @@ start_manager() {
 # started again.
 has_manager() {
     wmctrl -m && return 0
-    kill -0 "$manager_pid" || start_manager
+    kill -0 "$manager_pid" || start_manager "$1"
     return 1
 }
 
-stop_screen() {
+stop_processes() {
     [ -z "${manager_pid:-}" ] || kill "$manager_pid" 2>/dev/null || true
     [ -z "${screen_pid:-}" ] || kill "$screen_pid" 2>/dev/null || true
+    manager_pid=
+    screen_pid=
 }
 
-start_screen() {
-    session_dir=$(mktemp -d "$wine_home/session.XXXXXX")
+start_display() {
     local attempt
     for attempt in 1 2 3; do
-        if start_server && start_manager && poll 20 has_manager; then return 0; fi
-        stop_screen
+        if [ "$1" = desktop ]; then
+            if start_server "$2"; then return 0; fi
+        elif start_server "$2" && start_manager "$2" && poll 20 has_manager "$2"; then
+            return 0
+        fi
+        stop_processes
     done
-    die "no virtual screen with a window manager after $attempt attempts: $(cat "$session_dir"/*.log)"
+    die "no virtual screen after $attempt attempts: $(cat "$2"/*.log)"
 }
 
-# Coming and leaving exclude each other: a session that leaves must not stop the server under one that has just come.
-# Only the script itself holds the lock; a server that inherited it would keep it for ever.
-lock_holders() {
-    mkdir -p "$wine_home/holders"
-    exec 9>"$wine_home/holders.lock"
-    flock 9
-}
-
-unlock_holders() {
-    flock -u 9
-    exec 9>&-
-}
-
-hold_server() {
-    lock_holders
-    : >"$wine_home/holders/$$"
-    unlock_holders
+# The first program starts Wine's desktop and services, which keep its output open: let them keep none that a reader waits on.
+start_wine() {
     wineserver -p 2>/dev/null || true
-    # The first program starts Wine's services, which keep its output open: let them keep none that a reader waits on.
-    setsid -w timeout 60 wine cmd /c exit </dev/null >/dev/null 2>&1 || true
+    setsid -w timeout 120 wine cmd /c exit </dev/null >/dev/null 2>&1 || true
 }
 
-has_holders() {
-    local holder
-    for holder in "$wine_home"/holders/*; do
-        [ -e "$holder" ] || continue
-        kill -0 "$(basename "$holder")" 2>/dev/null && return 0
-        rm -f "$holder"
-    done
-    return 1
-}
-
-# The last session to leave stops the server.
-release_server() {
-    lock_holders
-    rm -f "$wine_home/holders/$$"
-    has_holders || timeout 30 wineserver -k 2>/dev/null || true
-    unlock_holders
-}
-
-close_session() {
-    release_server
-    stop_screen
-    [ -z "${session_dir:-}" ] || rm -rf "$session_dir"
-}
-
-# $1: "own" for a private screen, "inherit" for the one in DISPLAY.
-open_session() {
+open_screen() {
+    local kind=$1 folder=$2
     wine_environment
-    ensure_prefix
-    trap close_session EXIT
+    ensure_template
+    screen_pid=
+    manager_pid=
+    mkdir -p "$folder"
+    export WINEPREFIX=$folder/prefix
+    copy_template "$WINEPREFIX"
+    [ "$kind" != desktop ] || use_desktop_of_wine "$WINEPREFIX"
+    [ "$kind" = inherit ] || start_display "$kind" "$folder"
+    # What close_screen and those who join need to know.
+    printf '%s=%q\n' kind "$kind" screen_pid "$screen_pid" manager_pid "$manager_pid" >"$folder/processes"
+    local run=${folder#"$wine_home/"}
+    printf 'export %s=%q\n' WINEPREFIX "$WINEPREFIX" DISPLAY "${DISPLAY:-}" PAGEWICK_RUN "${run//\//-}" >"$folder/environment"
+    # shellcheck disable=SC1091
+    source "$folder/environment"
+    start_wine
+}
+
+close_screen() {
+    local folder=$1 kind screen_pid manager_pid
+    [ -f "$folder/processes" ] || return 0
+    # shellcheck disable=SC1091
+    source "$folder/processes"
+    WINEPREFIX=$folder/prefix timeout 30 wineserver -k 2>/dev/null || true
+    stop_processes
+    rm -rf "$folder"
+}
+
+renew_screen() {
+    local folder=$1 kind
+    # shellcheck disable=SC1091
+    source "$folder/processes"
+    close_screen "$folder"
+    open_screen "$kind" "$folder"
+}
+
+# Within a session further calls of the scripts join it, by PAGEWICK_SESSION.
+open_session() {
+    mkdir -p "$wine_home"
+    session_dir=$(mktemp -d "$wine_home/session.XXXXXX")
+    trap 'close_screen "$session_dir"' EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM
-    [ "$1" = inherit ] || start_screen
-    hold_server
-    export PAGEWICK_WINE_SESSION=$$
+    open_screen "$1" "$session_dir"
+    export PAGEWICK_SESSION=$session_dir
 }

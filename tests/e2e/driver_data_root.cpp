@@ -2,6 +2,7 @@
 #include "driver_wait.hpp"
 #include "platform/text.hpp"
 #include "tests/support/built_files.hpp"
+#include "tests/support/environment.hpp"
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -134,7 +135,7 @@ ReadOnly::~ReadOnly()
 DataRoot::DataRoot(const std::wstring& name)
 {
     const fs::path dist = test_support::dist_path();
-    folder_ = dist.parent_path() / L"e2e" / name;
+    folder_ = dist.parent_path() / L"e2e" / test_support::run_name() / name;
     fs::remove_all(folder_);
     fs::create_directories(folder_);
     copy_folder(dist, folder_);

@@ -258,7 +258,8 @@ TEST_F(Tabs, FollowTheMouseAndForgetIt)
 
 TEST_F(Tabs, TellTheWholeCaptionInATip)
 {
-    const std::wstring caption = std::wstring(39, L'長') + L'&';
+    std::wstring caption(40, L'長');
+    caption.back() = L'&';
     add_page(L"一");
     add_page(caption.c_str());
     strip_.rebuild();

@@ -1,6 +1,8 @@
-// Numbers that whoever starts the tests may give, to have them go on for longer than the usual run allows.
+// What the environment tells the tests: numbers that make them go on for longer than the usual run allows,
+// and the name of the run, which keeps runs apart that share a build folder.
 #pragma once
 #include <cstdlib>
+#include <string>
 
 namespace test_support {
 
@@ -8,6 +10,12 @@ inline double number_from_environment(const char* name, double otherwise)
 {
     const char* text = std::getenv(name);
     return text && *text ? std::strtod(text, nullptr) : otherwise;
+}
+
+inline std::string run_name()
+{
+    const char* name = std::getenv("PAGEWICK_RUN");
+    return name && *name ? name : "run";
 }
 
 } // namespace test_support

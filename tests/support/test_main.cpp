@@ -1,5 +1,8 @@
 // The entry of every test program. On Windows an unhandled fault ends the process with a code of its own:
 // without that a crash can look like success, or wait for ever in a dialog.
+#if defined(PAGEWICK_SCREEN_CHECK)
+#include "tests/support/screen_check.hpp"
+#endif
 #include <gtest/gtest.h>
 #if defined(_WIN32)
 #include <cstdio>
@@ -28,5 +31,8 @@ int main(int argc, char** argv)
     SetUnhandledExceptionFilter(report_crash);
 #endif
     testing::InitGoogleTest(&argc, argv);
+#if defined(PAGEWICK_SCREEN_CHECK)
+    test_support::check_screen(test_support::ScreenCheck::PAGEWICK_SCREEN_CHECK);
+#endif
     return RUN_ALL_TESTS();
 }

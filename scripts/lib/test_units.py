@@ -1,0 +1,238 @@
+#!/usr/bin/env python3
+"""Runs the tests of a GoogleTest program in units: many tests share a process where they share no state.
+
+    test_units.py list TARGET PROGRAM FILE [--size N] [--alone PATTERN]... [--screen]
+        writes FILE for ctest (one add_test a unit) and FILE.json, the tests of each unit
+    test_units.py run FILE.json UNIT
+        runs one unit and leaves its results in a folder "results" beside FILE.json
+    test_units.py sum FOLDER...
+        adds up the results in such folders and prints the line that closes a test run
+
+A unit has passed when each of its tests reported OK: a crashed process may answer 0 under Wine. Tests that a crash
+kept from beginning run in a further process; a test that has begun never runs again.
+"""
+import argparse
+import fnmatch
+import json
+import os
+import re
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+MAX_PROCESSES = 8
+# A program that finds its screen unfit says so before it begins a test, see tests/support/screen_check.hpp.
+UNFIT = "The screen is unfit: "
+LANE_VARIABLE = "CTEST_RESOURCE_GROUP_0_SCREENS"
+
+
+def is_windows(program):
+    return program.endswith(".exe")
+
+
+def lane_folder():
+    """The screen that ctest gave to this unit, one of the folders that scripts/test opened."""
+    lanes = os.environ.get("PAGEWICK_LANES")
+    if not lanes:
+        return os.environ.get("PAGEWICK_SESSION")
+    match = re.match(r"id:(\w+)", os.environ.get(LANE_VARIABLE, "id:1"))
+    return str(Path(lanes) / match.group(1))
+
+
+def lane_environment(folder):
+    environment = dict(os.environ, PAGEWICK_SESSION=folder)
+    output = subprocess.run(["bash", "-c", 'source "$0/environment"; env -0', folder], check=True, env=environment,
+                            stdout=subprocess.PIPE).stdout
+    return dict(item.split("=", 1) for item in output.decode().split("\0") if item)
+
+
+def renew_lane(folder):
+    libraries = ROOT / "scripts" / "lib"
+    subprocess.run(["bash", "-c", 'source "$0/common.sh"; source "$0/wine-session.sh"; renew_screen "$1"', str(libraries), folder],
+                   check=True, stdin=subprocess.DEVNULL)
+
+
+def run_program(program, arguments, log, folder):
+    """Wine's own processes may keep the output open, so it is a file and no pipe."""
+    command = ["wine", program] if is_windows(program) else [program]
+    with open(log, "wb") as output:
+        return subprocess.run(command + arguments, stdout=output, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL,
+                              env=lane_environment(folder) if is_windows(program) else None, check=False).returncode
+
+
+def read_log(log):
+    return Path(log).read_bytes().decode("utf-8", "replace").replace("\r\n", "\n")
+
+
+def parse_list(text):
+    tests, suite = [], ""
+    for line in text.splitlines():
+        name = line.split("#")[0].rstrip()
+        if re.fullmatch(r"\S+\.", name):
+            suite = name
+        elif re.fullmatch(r"  \S+", name) and suite and not name.strip().startswith("DISABLED_"):
+            tests.append(suite + name.strip())
+    return tests
+
+
+def suite_of(test):
+    """Without the name of an instantiation and the number of a type."""
+    parts = test.split(".")[0].split("/")
+    return parts[0] if len(parts) == 1 or parts[1].isdigit() else parts[1]
+
+
+def group(tests, size, alone):
+    """Suites stay whole; small ones share a unit until it has `size` tests."""
+    suites, own = {}, {}
+    for test in tests:
+        if any(fnmatch.fnmatchcase(test, pattern) for pattern in alone):
+            own[test] = [test]
+        else:
+            suites.setdefault(suite_of(test), []).append(test)
+    units, name = {}, None
+    for suite, members in suites.items():
+        if name is None or len(units[name]) + len(members) > size:
+            name = suite
+            units[name] = []
+        units[name] += members
+    units.update(own)
+    return units
+
+
+def write_if_changed(path, text):
+    if not path.exists() or path.read_text() != text:
+        path.write_text(text)
+
+
+def list_units(options):
+    listing, table = Path(options.file), Path(options.file + ".json")
+    program = Path(options.program)
+    if table.exists() and listing.exists() and listing.stat().st_mtime > max(program.stat().st_mtime, Path(__file__).stat().st_mtime):
+        return 0
+    log = options.file + ".log"
+    run_program(str(program), ["--gtest_list_tests"], log, lane_folder())
+    tests = parse_list(read_log(log))
+    if not tests:
+        print(read_log(log))
+        sys.exit(f"{program.name} lists no test")
+    units = group(tests, options.size, options.alone)
+    table.write_text(json.dumps({"target": options.target, "program": str(program), "units": units}, indent=1))
+    lines = []
+    for unit, members in units.items():
+        name = f"{options.target}.{unit}"
+        lines.append(f'add_test("{name}" python3 "{__file__}" run "{table}" "{unit}")')
+        properties = f"TIMEOUT {options.patience + options.seconds * len(members)} COST {options.seconds * len(members)}"
+        if options.screen:
+            properties += " RESOURCE_GROUPS screens:1"
+        lines.append(f'set_tests_properties("{name}" PROPERTIES {properties})')
+    write_if_changed(listing, "\n".join(lines) + "\n")
+    os.utime(listing)
+    return 0
+
+
+class Unit:
+    def __init__(self, table, name):
+        data = json.loads(Path(table).read_text())
+        self.name = f'{data["target"]}.{name}'
+        self.program = data["program"]
+        self.tests = data["units"][name]
+        self.results = Path(os.environ.get("PAGEWICK_RESULTS") or Path(table).parent / "results")
+        self.file = self.results / (re.sub(r"[^\w.]", "_", self.name) + ".json")
+        self.passed, self.failed, self.notes = [], [], []
+        self.seconds = 0.0
+
+    def save(self):
+        self.results.mkdir(parents=True, exist_ok=True)
+        self.file.write_text(json.dumps({"unit": self.name, "tests": self.tests, "passed": self.passed, "failed": self.failed,
+                                         "notes": self.notes, "seconds": self.seconds}))
+
+    def run(self):
+        self.save()  # whatever ends this process, the tests without a result count as failed
+        started = time.monotonic()
+        folder = lane_folder() if is_windows(self.program) else None
+        log = str(self.file) + ".log"
+        for _ in range(MAX_PROCESSES):
+            left = [test for test in self.tests if test not in self.passed and test not in self.failed]
+            if not left:
+                break
+            status = run_program(self.program, ["--gtest_filter=" + ":".join(left)], log, folder)
+            self.judge(read_log(log), left, status, folder)
+        self.seconds = time.monotonic() - started
+        self.save()
+        done = self.passed + self.failed
+        self.failed += [test for test in self.tests if test not in done]
+        self.save()
+        print(f"{self.name}: {len(self.passed)} of {len(self.tests)} tests passed in {self.seconds:.1f} s")
+        return 0 if len(self.passed) == len(self.tests) else 1
+
+    def judge(self, text, left, status, folder):
+        ran = set(re.findall(r"^\[ RUN      \] (\S+)", text, re.M))
+        passed = set(re.findall(r"^\[       OK \] (\S+)", text, re.M))
+        failed = set(re.findall(r"^\[  FAILED  \] ([^\s,]+).*\(\d+ ms\)", text, re.M))
+        unfit = re.search(re.escape(UNFIT) + ".*", text)
+        if unfit:  # said before the test did anything
+            ran -= set(re.findall(r"^\[ RUN      \] (\S+)", text, re.M)[-1:]) - passed - failed
+        self.passed += [test for test in left if test in passed]
+        broken = [test for test in left if test in ran and test not in passed]
+        self.failed += broken
+        ended = re.search(r"^\[==========\] .* ran\.", text, re.M)
+        if broken or (not ended and not unfit and ran):
+            print(text)
+        if unfit or not ran:
+            self.note(unfit.group(0) if unfit else f"a process ended with status {status} before its first test; it said: {text[-2000:]!r}")
+            if folder:
+                renew_lane(folder)
+        elif not ended:
+            self.note(f"the process ended with status {status} before its last test")
+
+    def note(self, text):
+        self.notes.append(text)
+        print(f"{self.name}: {text}")
+
+
+def sum_up(options):
+    passed, failed, notes, seconds = 0, [], [], {}
+    for folder in options.folders:
+        for file in sorted(Path(folder).glob("*.json")):
+            unit = json.loads(file.read_text())
+            passed += len(unit["passed"])
+            failed += [f'{unit["unit"].split(".")[0]}: {test}' for test in unit["tests"] if test not in unit["passed"]]
+            notes += [f'{unit["unit"]}: {note}' for note in unit["notes"]]
+            seconds[unit["unit"]] = unit["seconds"]
+    slowest = sorted(seconds.items(), key=lambda item: -item[1])[:8]
+    print("Slowest: " + ", ".join(f"{name} {time:.0f} s" for name, time in slowest))
+    for note in notes:
+        print(f"Noted: {note}")
+    for test in failed:
+        print(f"Failed: {test}")
+    print(f"{passed} passed, {len(failed)} failed")
+    return 1 if failed or passed == 0 else 0
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    commands = parser.add_subparsers(required=True)
+    lister = commands.add_parser("list")
+    for argument in ("target", "program", "file"):
+        lister.add_argument(argument)
+    lister.add_argument("--size", type=int, default=1)
+    lister.add_argument("--seconds", type=int, default=1)
+    lister.add_argument("--patience", type=int, default=120)
+    lister.add_argument("--alone", action="append", default=[])
+    lister.add_argument("--screen", action="store_true")
+    lister.set_defaults(call=list_units)
+    runner = commands.add_parser("run")
+    runner.add_argument("table")
+    runner.add_argument("unit")
+    runner.set_defaults(call=lambda options: Unit(options.table, options.unit).run())
+    adder = commands.add_parser("sum")
+    adder.add_argument("folders", nargs="+")
+    adder.set_defaults(call=sum_up)
+    options = parser.parse_args()
+    sys.exit(options.call(options))
+
+
+if __name__ == "__main__":
+    main()
