@@ -6,13 +6,13 @@ namespace media {
 
 namespace command = app::command;
 
-std::optional<int> wheel_command(int delta, bool with_ctrl)
+std::optional<int> wheel_command(int step, bool with_ctrl)
 {
-    if (delta == 0)
+    if (step == 0)
         return std::nullopt;
     if (with_ctrl)
-        return delta > 0 ? command::move_file_up : command::move_file_down;
-    return delta > 0 ? command::previous_file : command::next_file;
+        return step > 0 ? command::move_file_up : command::move_file_down;
+    return step > 0 ? command::previous_file : command::next_file;
 }
 
 DoubleClick double_click(const LoadedEntry& loaded)

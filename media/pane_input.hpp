@@ -7,9 +7,9 @@
 
 namespace media {
 
-// The command of a turn of the wheel; none for a turn by nothing. With Ctrl the entry moves in its list,
+// The command of a step of the wheel, above 0 for one up; none for 0. With Ctrl the entry moves in its list,
 // without it another one is chosen.
-std::optional<int> wheel_command(int delta, bool with_ctrl);
+std::optional<int> wheel_command(int step, bool with_ctrl);
 
 enum class DoubleClick { nothing, press, open, search };
 // An animation takes it as one more press, which undoes the first one's.

@@ -17,6 +17,7 @@
 #include "book/history_list.hpp"
 #include "book/wnd/historywnd.hpp"
 #include "controls/menu_rows.hpp"
+#include "controls/wheel_steps.hpp"
 #include "look/tab_strip.hpp"
 #include "look/wnd/mybox.hpp"
 #include "look/wnd/warningwnd.hpp"
@@ -251,6 +252,7 @@ private:
 
     MainLayout layout_;
     BoxGap dragged_gap_ = BoxGap::none;
+    ovlib::WheelSteps wheel_;
     std::array<ovlib::GDI::Brush, book::box_count> box_brushes_;
     ovlib::GDI::Brush edit_brush_;
     HACCEL accelerators_ = nullptr;

@@ -5,6 +5,7 @@
 #include "app/wnd/appwnd.hpp"
 #include "book/page_order.hpp"
 #include "book/query.hpp"
+#include "ovlib/gui/geometry.hpp"
 
 namespace app {
 
@@ -113,10 +114,12 @@ Outcome AppWnd::on_add_page(const CommandInput& input)
 
 bool AppWnd::on_wheel(const ovlib::WndMessage& message)
 {
-    const int delta = GET_WHEEL_DELTA_WPARAM(message.wparam);
-    if (!is_accepting_input() || delta == 0)
+    if (!is_accepting_input())
         return true;
-    const bool forward = delta < 0;
+    const int step = ovlib::wheel_step(wheel_, message);
+    if (step == 0)
+        return true;
+    const bool forward = step < 0;
     if ((GET_KEYSTATE_WPARAM(message.wparam) & MK_CONTROL) && !is_busy())
         commands_.run([this, forward] { swap_page(forward ? 1 : -1); });
     else

@@ -88,7 +88,7 @@ bool FileWnd::on_message(ovlib::WndMessage& message)
         parent()->send_command(command::show_file_menu, 0, reinterpret_cast<std::intptr_t>(hwnd()));
         return true;
     case WM_MOUSEWHEEL:
-        return on_wheel(GET_WHEEL_DELTA_WPARAM(message.wparam));
+        return on_wheel(message);
     case WM_MOUSEMOVE:
         return on_mouse_move(ovlib::mouse_point(message));
     default:
@@ -251,9 +251,10 @@ bool FileWnd::on_double_click(Point at)
     }
 }
 
-bool FileWnd::on_wheel(int delta)
+bool FileWnd::on_wheel(const ovlib::WndMessage& message)
 {
-    if (const auto wanted = wheel_command(delta, GetAsyncKeyState(VK_CONTROL) < 0))
+    const int step = ovlib::wheel_step(wheel_, message);
+    if (const auto wanted = wheel_command(step, GetAsyncKeyState(VK_CONTROL) < 0))
         parent()->send_command(*wanted, 0, 0);
     return true;
 }

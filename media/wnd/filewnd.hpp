@@ -2,6 +2,7 @@
 // a message.
 #pragma once
 #include "book/book.hpp"
+#include "controls/wheel_steps.hpp"
 #include "look/wnd/themed.hpp"
 #include "media/pane_input.hpp"
 #include "media/wnd/gif_thread.hpp"
@@ -60,7 +61,7 @@ private:
     bool on_command(const ovlib::WndMessage& message);
     bool on_press(platform::Point at);
     bool on_double_click(platform::Point at);
-    bool on_wheel(int delta);
+    bool on_wheel(const ovlib::WndMessage& message);
     bool on_mouse_move(platform::Point at);
     void drag_file();
     void draw_many_files_mark();
@@ -76,6 +77,7 @@ private:
     ImageCanvas canvas_;
     GifThread gif_thread_; // ends before what it draws with
     DragArm drag_;
+    ovlib::WheelSteps wheel_;
     ovlib::GDI::Bitmap many_files_mark_;
     bool is_loading_ = false;
     bool must_load_again_ = false;

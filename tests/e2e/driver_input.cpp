@@ -171,4 +171,11 @@ void turn_wheel(POINT screen, int notches)
     send(inputs);
 }
 
+void stroke_touchpad(POINT screen, int delta, int turns)
+{
+    rest_mouse(screen);
+    Inputs inputs(static_cast<std::size_t>(turns), mouse_input(MOUSEEVENTF_WHEEL, static_cast<DWORD>(delta)));
+    send(inputs);
+}
+
 } // namespace e2e

@@ -40,5 +40,7 @@ void right_click(POINT screen);
 void lead_mouse(POINT from, POINT to);
 // `notches` are positive away from the user.
 void turn_wheel(POINT screen, int notches);
+// As a touchpad does: in `turns` of `delta`, less than a notch each.
+void stroke_touchpad(POINT screen, int delta, int turns);
 
 } // namespace e2e

@@ -51,6 +51,19 @@ TEST_F(Leafing, ButtonsWheelSliderAndTabsLeadThroughOneBook)
     expect_page(L"一");
 }
 
+TEST_F(Leafing, ATouchpadTurnsOnePageWithEachNotchOfItsSmallTurns)
+{
+    open_settled(root().add_book(L"手帖.bok", numbered_pages(9)));
+    stroke_touchpad(background(), -30, 8);
+    expect_page(L"三");
+    click_control(command::next_page); // from there, and from no page further on
+    expect_page(L"四");
+    stroke_touchpad(background(), 8, 15);
+    expect_page(L"三");
+    click_control(command::previous_page);
+    expect_page(L"二");
+}
+
 TEST_F(Leafing, EnterInTheSearchBoxTurnsForwardAndWithShiftBackward)
 {
     open_settled(

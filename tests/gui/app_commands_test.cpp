@@ -99,6 +99,48 @@ TEST_F(Commands, LetTheWheelTurnPages)
     EXPECT_EQ(book().header.position, 0u);
 }
 
+TEST_F(Commands, LetSmallTurnsOfTheWheelTurnThePageWhenTheyReachANotch)
+{
+    open({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
+    const auto turn = [&](int delta) {
+        window().send(WM_MOUSEWHEEL, MAKEWPARAM(0, delta), 0);
+        return book().header.position;
+    };
+    EXPECT_EQ(turn(-40), 0u);
+    EXPECT_EQ(turn(-40), 0u);
+    EXPECT_EQ(turn(-40), 1u);
+    EXPECT_EQ(turn(-80), 1u);
+    EXPECT_EQ(turn(40), 1u);
+    EXPECT_EQ(turn(80), 0u);
+    EXPECT_EQ(turn(-240), 1u) << "a large turn is one step";
+}
+
+TEST_F(Commands, LetSmallTurnsWithCtrlSwapPagesOncePerNotch)
+{
+    open({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
+    for (int i = 0; i < 12; ++i)
+        window().send(WM_MOUSEWHEEL, MAKEWPARAM(MK_CONTROL, -10), 0);
+    EXPECT_EQ(book().header.position, 1u);
+    EXPECT_EQ(book().pages[1].text[0], L"1\r\n");
+    EXPECT_EQ(book().pages[2].text[0], L"3\r\n");
+}
+
+// The messages' own times count, which only those of the queue have.
+TEST_F(Commands, ForgetTurnsOfTheWheelAfterAPause)
+{
+    open({ page(L"1\r\n"), page(L"2\r\n") });
+    const auto turn = [&] {
+        PostMessageW(window().hwnd(), WM_MOUSEWHEEL, MAKEWPARAM(0, -60), 0);
+        gui::pump();
+        return book().header.position;
+    };
+    EXPECT_EQ(turn(), 0u);
+    const DWORD first = GetTickCount();
+    ASSERT_TRUE(gui::pump_until([&] { return GetTickCount() - first > ovlib::WheelSteps::pause + 200; }));
+    EXPECT_EQ(turn(), 0u);
+    EXPECT_EQ(turn(), 1u);
+}
+
 TEST_F(Commands, LetTheWheelWithCtrlSwapPages)
 {
     open({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });

@@ -7,6 +7,7 @@
 #include "tests/support/gui_log.hpp"
 #include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_pane.hpp"
+#include "tests/support/gui_typing.hpp"
 #include <atomic>
 #include <thread>
 
@@ -288,15 +289,43 @@ TEST_F(FilePane, PaintsUnderTheDrawingLockAndErasesNothing)
     EXPECT_EQ(on_screen(width / 2, height / 2), red);
 }
 
-TEST_F(FilePane, APlainWheelChoosesFilesAndWithCtrlMovesThem)
-{
-    const auto turn = [&](int delta) {
+class WheelOverThePane : public FilePane {
+protected:
+    // The commands that a turn brings.
+    std::vector<int> turn(int delta)
+    {
         pane().send(WM_MOUSEWHEEL, MAKEWPARAM(0, delta), 0);
         return parent().taken();
-    };
+    }
+};
+
+TEST_F(WheelOverThePane, ChoosesFiles)
+{
     EXPECT_EQ(turn(120), std::vector<int>{ command::previous_file });
     EXPECT_EQ(turn(-120), std::vector<int>{ command::next_file });
+    EXPECT_EQ(turn(-240), std::vector<int>{ command::next_file });
     EXPECT_EQ(turn(0), std::vector<int>{});
+}
+
+TEST_F(WheelOverThePane, MovesTheFileWhileCtrlIsDown)
+{
+    ShowWindow(parent().hwnd(), SW_SHOW);
+    ASSERT_TRUE(gui::bring_to_front(parent()));
+    {
+        const gui::HeldKey ctrl{ VK_CONTROL };
+        EXPECT_EQ(turn(120), std::vector<int>{ command::move_file_up });
+        EXPECT_EQ(turn(-120), std::vector<int>{ command::move_file_down });
+    }
+    EXPECT_EQ(turn(-120), std::vector<int>{ command::next_file });
+}
+
+TEST_F(WheelOverThePane, ActsWhenSmallTurnsReachANotch)
+{
+    EXPECT_EQ(turn(-50), std::vector<int>{});
+    EXPECT_EQ(turn(-50), std::vector<int>{});
+    EXPECT_EQ(turn(-50), std::vector<int>{ command::next_file });
+    EXPECT_EQ(turn(119), std::vector<int>{}) << "another direction begins anew";
+    EXPECT_EQ(turn(1), std::vector<int>{ command::previous_file });
 }
 
 TEST_F(FilePane, ARightClickAsksForTheFileMenu)

@@ -11,8 +11,8 @@ using media::LoaderState;
 
 TEST(WheelCommand, ChoosesAFileOrWithCtrlMovesIt)
 {
-    EXPECT_EQ(media::wheel_command(120, false), command::previous_file);
-    EXPECT_EQ(media::wheel_command(-120, false), command::next_file);
+    EXPECT_EQ(media::wheel_command(1, false), command::previous_file);
+    EXPECT_EQ(media::wheel_command(-1, false), command::next_file);
     EXPECT_EQ(media::wheel_command(1, true), command::move_file_up);
     EXPECT_EQ(media::wheel_command(-1, true), command::move_file_down);
     EXPECT_EQ(media::wheel_command(0, false), std::nullopt);

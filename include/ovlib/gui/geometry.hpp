@@ -1,9 +1,10 @@
-// Places of the portable half, as the system takes them.
+// Places and turns of the mouse, between the system and the portable half.
 #pragma once
 #include <windows.h>
 
 #include <windowsx.h>
 
+#include "controls/wheel_steps.hpp"
 #include "ovlib/gui/wnd_message.hpp"
 #include "platform/geometry.hpp"
 
@@ -35,6 +36,12 @@ inline platform::Point mouse_point(const WndMessage& message)
 {
     const auto lparam = static_cast<LPARAM>(message.lparam);
     return { GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
+}
+
+// The step that the WM_MOUSEWHEEL which is being served completes: 1 up, -1 down, 0 for none yet.
+inline int wheel_step(WheelSteps& wheel, const WndMessage& message)
+{
+    return wheel.turn(GET_WHEEL_DELTA_WPARAM(message.wparam), static_cast<std::uint32_t>(GetMessageTime()));
 }
 
 } // namespace ovlib
