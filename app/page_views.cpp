@@ -57,7 +57,7 @@ std::size_t visible_combo_rows(std::size_t count)
     return std::clamp<std::size_t>(count, 1, most);
 }
 
-std::optional<FileCombo> file_combo(const book::Book& book)
+std::optional<FileCombo> file_combo(const book::Book& book, media::PathAnswers& paths)
 {
     const book::Page* page = page_of(book);
     if (!page)
@@ -65,9 +65,8 @@ std::optional<FileCombo> file_combo(const book::Book& book)
     FileCombo combo;
     combo.selected = page->current_file;
     combo.visible_rows = visible_combo_rows(page->files.size());
-    media::DisplayNames names;
     for (const std::wstring& entry : page->files)
-        combo.rows.push_back(names.of(entry));
+        combo.rows.push_back(media::display_name(entry, paths));
     return combo;
 }
 

@@ -1,6 +1,7 @@
 // What the main window's small views show of the current page: buttons, counter and file combo.
 #pragma once
 #include "book/book.hpp"
+#include "media/path_answers.hpp"
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -35,6 +36,6 @@ struct FileCombo {
     std::size_t selected = 0;
     std::size_t visible_rows = 1;
 };
-std::optional<FileCombo> file_combo(const book::Book& book);
+std::optional<FileCombo> file_combo(const book::Book& book, media::PathAnswers& paths);
 
 } // namespace app

@@ -128,9 +128,9 @@ const std::array<PropertyKeyName, 7> property_keys{ PropertyKeyName{
                                                         0x1E3EE840, 0xBC2B, 0x476C, kind_group, 3 },
     audio_key(3), audio_key(4), audio_key(7), video_key(3), video_key(4), video_key(6) };
 
-FileFacts read_file_facts(const std::wstring& path, PropertySource& source)
+FileFacts read_file_facts(const std::wstring& path, PropertySource& source, PathAnswers& paths)
 {
-    const platform::PathKind kind = platform::path_kind(path);
+    const platform::PathKind kind = paths.kind_of(path);
     if (kind == platform::PathKind::folder)
         return { L"folder", {}, FileKind::folder };
     if (kind != platform::PathKind::regular_file)

@@ -1,5 +1,6 @@
 // What one line tells of a file: its extension, and what the shell or a decoder knows of its contents.
 #pragma once
+#include "media/path_answers.hpp"
 #include <array>
 #include <cstdint>
 #include <string>
@@ -72,7 +73,7 @@ public:
 };
 
 // A relative path counts from the current directory. The source is closed again.
-FileFacts read_file_facts(const std::wstring& path, PropertySource& source);
+FileFacts read_file_facts(const std::wstring& path, PropertySource& source, PathAnswers& paths);
 
 // Of pictures that a decoder took; the shell is not asked.
 FileFacts facts_for_animation(

@@ -30,20 +30,21 @@ bool is_animation_file(const std::wstring& path)
     return platform::same_text_ignoring_case(platform::path_extension(path), L".gif");
 }
 
-LoadedEntry load_entry(
-    const std::wstring& entry, std::span<const std::wstring> extensions, ImageSource& source)
+LoadedEntry load_entry(const std::wstring& entry, std::span<const std::wstring> extensions,
+    ImageSource& source, PathAnswers& paths)
 {
-    LoadedEntry loaded{ LoaderState::nothing, source.exists(entry) ? source.absolute(entry) : entry };
-    if (!loaded.path.empty())
+    LoadedEntry loaded{ LoaderState::nothing, paths.exists(entry) ? source.absolute(entry) : entry };
+    if (!loaded.path.empty() && !paths.is_silent(loaded.path))
         loaded.state = load_from(loaded.path, extensions, source);
     return loaded;
 }
 
-FileFacts facts_to_show(const LoadedEntry& loaded, const FileFacts& of_loader, PropertySource& source)
+FileFacts facts_to_show(
+    const LoadedEntry& loaded, const FileFacts& of_loader, PropertySource& source, PathAnswers& paths)
 {
     if (loaded.state != LoaderState::nothing)
         return of_loader;
-    return loaded.path.empty() ? FileFacts{} : read_file_facts(loaded.path, source);
+    return loaded.path.empty() ? FileFacts{} : read_file_facts(loaded.path, source, paths);
 }
 
 } // namespace media

@@ -17,7 +17,6 @@ bool is_animation_file(const std::wstring& path);
 class ImageSource {
 public:
     virtual ~ImageSource() = default;
-    virtual bool exists(const std::wstring& path) = 0;
     virtual std::wstring absolute(const std::wstring& path) = 0;
     virtual bool decode_animation(const std::wstring& path) = 0;
     virtual bool decode_picture(const std::wstring& path) = 0;
@@ -33,12 +32,14 @@ struct LoadedEntry {
 
 inline constexpr wchar_t failed_load_line[] = L"ImageLoader::load: failed loading\r\n";
 
-// A file with a decoder's extension that does not decode is not asked of the shell.
-LoadedEntry load_entry(
-    const std::wstring& entry, std::span<const std::wstring> extensions, ImageSource& source);
+// A file with a decoder's extension that does not decode is not asked of the shell. Nothing more is asked of
+// a file whose share does not answer.
+LoadedEntry load_entry(const std::wstring& entry, std::span<const std::wstring> extensions,
+    ImageSource& source, PathAnswers& paths);
 
 // The facts to show beside the pane. What failed to load has none of its own: its entry is asked then, which
 // tells "unknown" or "URL".
-FileFacts facts_to_show(const LoadedEntry& loaded, const FileFacts& of_loader, PropertySource& source);
+FileFacts facts_to_show(
+    const LoadedEntry& loaded, const FileFacts& of_loader, PropertySource& source, PathAnswers& paths);
 
 } // namespace media

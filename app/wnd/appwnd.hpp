@@ -21,6 +21,7 @@
 #include "look/tab_strip.hpp"
 #include "look/wnd/mybox.hpp"
 #include "look/wnd/warningwnd.hpp"
+#include "media/path_answers.hpp"
 #include "media/wnd/background_thread.hpp"
 #include "ovlib/gui/basewnd.hpp"
 #include "ovlib/gui/classic_dialog.hpp"
@@ -244,6 +245,7 @@ private:
     look::ABox a_box_;
     look::DBox d_box_;
     MainControls controls_{ this, &book_ };
+    media::PathAnswers path_answers_; // of all views, for one refresh
     std::unique_ptr<FilePane> file_pane_;
     look::WarningWnd banner_{ this };
     ovlib::MenuPictures menu_pictures_;

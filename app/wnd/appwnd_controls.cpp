@@ -50,7 +50,7 @@ void AppWnd::refresh_controls(View view)
 void AppWnd::refresh_file_combo()
 {
     set_current_directory(L"");
-    if (const auto files = file_combo(book_))
+    if (const auto files = file_combo(book_, path_answers_))
         controls_.show_files(*files);
 }
 

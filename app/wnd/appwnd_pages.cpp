@@ -48,6 +48,7 @@ void AppWnd::set_box_fonts()
 
 void AppWnd::refresh_views(RefreshMask& pending)
 {
+    path_answers_.forget();
     book_.refresh_counts();
     // A new order may have put another page to the position.
     pending |= overdue_views(shown_index_, current_index(book_));

@@ -16,8 +16,9 @@ constexpr look::SharedFont note_font = look::SharedFont::ui_9_bold;
 
 } // namespace
 
-FilePane::FilePane(ovlib::Wnd* parent, book::Book* book)
-    : pane_(parent, book, { thumbnails_, properties_ })
+FilePane::FilePane(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths)
+    : paths_(paths)
+    , pane_(parent, book, { thumbnails_, properties_, paths })
 {
 }
 
@@ -43,7 +44,7 @@ bool FilePane::show_selected_file()
     if (turn != turn_)
         return false;
     facts_ = std::move(facts);
-    small_picture_.fetch(loader.path(), facts_.kind, thumbnails_);
+    small_picture_.fetch(loader.path(), facts_.kind, thumbnails_, paths_);
     return turn == turn_;
 }
 

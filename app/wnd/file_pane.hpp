@@ -9,8 +9,8 @@ namespace app {
 
 class FilePane {
 public:
-    // Both outlive the pane.
-    FilePane(ovlib::Wnd* parent, book::Book* book);
+    // All outlive the pane.
+    FilePane(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths);
 
     bool create();
     void place(const MainLayout& layout);
@@ -23,6 +23,7 @@ public:
     void draw_note(const ovlib::DC& dc, const MainLayout& layout, const std::wstring& counter) const;
 
 private:
+    media::PathAnswers& paths_;
     media::ShellThumbnails thumbnails_;
     media::ShellPropertyReader properties_;
     media::FileWnd pane_;

@@ -135,7 +135,8 @@ void run_starts(Bench& bench, const test_support::TempFolder& folder)
     MediaHost host{ book_of({ L"" }) };
     media::ShellThumbnails thumbnails;
     media::ShellPropertyReader properties;
-    media::ImageLoader loader{ thumbnails, properties };
+    media::PathAnswers paths;
+    media::ImageLoader loader{ thumbnails, properties, paths };
     must(loader.load(path), "the animation did not load");
     media::ImageCanvas canvas{ host.pane(), loader };
     must(canvas.fit(), "no bitmap");

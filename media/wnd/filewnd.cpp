@@ -53,7 +53,7 @@ FileWnd::FileWnd(ovlib::Wnd* parent, book::Book* book, const PaneShell& shell)
     : ChildWnd(parent, pane_id)
     , book_(book)
     , file_drag_(shell.drag)
-    , loader_(shell.thumbnails, shell.properties)
+    , loader_(shell.thumbnails, shell.properties, shell.paths)
     , canvas_(*this, loader_)
 {
 }

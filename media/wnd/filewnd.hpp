@@ -28,6 +28,7 @@ public:
 struct PaneShell {
     ThumbnailSource& thumbnails;
     PropertySource& properties;
+    PathAnswers& paths;
     FileDrag* drag = nullptr; // without one nothing is dragged
 };
 

@@ -49,9 +49,10 @@ std::uint32_t pixel_format_of(const ovlib::GDIPImage& image)
 
 } // namespace
 
-ImageLoader::ImageLoader(ThumbnailSource& thumbnails, PropertySource& properties)
+ImageLoader::ImageLoader(ThumbnailSource& thumbnails, PropertySource& properties, PathAnswers& paths)
     : thumbnails_(thumbnails)
     , properties_(properties)
+    , paths_(paths)
 {
 }
 
@@ -65,7 +66,7 @@ bool ImageLoader::load(const std::wstring& entry)
     const std::scoped_lock hold{ loader_lock() };
     clear();
     app::set_current_directory(L"");
-    LoadedEntry loaded = load_entry(entry, ovlib::image_extensions, *this);
+    LoadedEntry loaded = load_entry(entry, ovlib::image_extensions, *this, paths_);
     if (loaded.state == LoaderState::nothing) {
         if (!loaded.path.empty())
             ovlib::WinApp::process_log() << failed_load_line;
@@ -90,7 +91,7 @@ void ImageLoader::clear()
 FileFacts ImageLoader::facts_to_show() const
 {
     app::set_current_directory(L"");
-    return media::facts_to_show(loaded_, facts_, properties_);
+    return media::facts_to_show(loaded_, facts_, properties_, paths_);
 }
 
 Content ImageLoader::content() const
@@ -116,11 +117,6 @@ Gdiplus::GpImage* ImageLoader::picture() const
     default:
         return nullptr;
     }
-}
-
-bool ImageLoader::exists(const std::wstring& path)
-{
-    return platform::exists(path);
 }
 
 std::wstring ImageLoader::absolute(const std::wstring& path)
@@ -192,7 +188,7 @@ bool ImageLoader::fetch_thumbnail(const std::wstring& path)
     if (!thumbnail_.take(std::move(picture)) && !thumbnail_.take(icon_picture(path)))
         return false;
     size_ = { thumbnail_.width(), thumbnail_.height() };
-    facts_ = read_file_facts(path, properties_);
+    facts_ = read_file_facts(path, properties_, paths_);
     return true;
 }
 

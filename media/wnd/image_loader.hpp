@@ -15,8 +15,8 @@ namespace media {
 // loaded and may be asked at any time.
 class ImageLoader : private ImageSource {
 public:
-    // Both live as long as the loader.
-    ImageLoader(ThumbnailSource& thumbnails, PropertySource& properties);
+    // All live as long as the loader.
+    ImageLoader(ThumbnailSource& thumbnails, PropertySource& properties, PathAnswers& paths);
     ImageLoader(const ImageLoader&) = delete;
     ImageLoader& operator=(const ImageLoader&) = delete;
     ~ImageLoader() override;
@@ -48,7 +48,6 @@ public:
     std::int32_t interpolation_mode = 0; // as GDI+ numbers it
 
 private:
-    bool exists(const std::wstring& path) override;
     std::wstring absolute(const std::wstring& path) override;
     bool decode_animation(const std::wstring& path) override;
     bool decode_picture(const std::wstring& path) override;
@@ -59,6 +58,7 @@ private:
 
     ThumbnailSource& thumbnails_;
     PropertySource& properties_;
+    PathAnswers& paths_;
     LoadedEntry loaded_;
     // The pictures read from the memory as long as they live.
     ovlib::GDIPMemory memory_;

@@ -1,6 +1,7 @@
 #include "media/wnd/small_picture.hpp"
 #include "look/theme.hpp"
 #include "media/image_layout.hpp"
+#include "platform/path_text.hpp"
 #include <shellapi.h>
 
 namespace media {
@@ -18,19 +19,29 @@ Rect square_at(Point at)
     return { at.x, at.y, at.x + small_picture_side, at.y + small_picture_side };
 }
 
+// The file whose icon stands for a path without a picture of its own: another one where the path itself must
+// not be asked for.
+std::wstring icon_file_of(const std::wstring& path, bool is_silent)
+{
+    if (placeholder_of(path) == Placeholder::address_icon)
+        return address_icon_file;
+    return is_silent ? std::wstring{ platform::file_name(path) } : path;
+}
+
 } // namespace
 
-void SmallPicture::fetch(const std::wstring& path, FileKind kind, ThumbnailSource& thumbnails)
+void SmallPicture::fetch(
+    const std::wstring& path, FileKind kind, ThumbnailSource& thumbnails, const PathAnswers& paths)
 {
     clear();
     if (path.empty())
         return;
     const unsigned turn = turn_;
-    const bool is_address = placeholder_of(path) == Placeholder::address_icon;
+    const std::wstring icon_file = icon_file_of(path, paths.is_silent(path));
     ShellThumbnail thumbnail;
     auto icon = std::make_unique<ovlib::SHIcon>();
-    if (is_address || !thumbnail.take(thumbnails.picture_of(path, small_picture_side)))
-        icon->load(is_address ? address_icon_file : path, SHIL_LARGE);
+    if (icon_file != path || !thumbnail.take(thumbnails.picture_of(path, small_picture_side)))
+        icon->load(icon_file, SHIL_LARGE);
     // Messages let through meanwhile may have brought a later file.
     if (turn != turn_)
         return;

@@ -20,8 +20,10 @@ public:
     // A strip that is drawn over videos; without one they stand plain.
     void set_film(ovlib::GDI::Bitmap film) { film_ = std::move(film); }
 
-    // Drops what was there. Nothing for an empty path.
-    void fetch(const std::wstring& path, FileKind kind, ThumbnailSource& thumbnails);
+    // Drops what was there. Nothing for an empty path; for a file whose share does not answer the icon of its
+    // kind, which is known from the name.
+    void fetch(
+        const std::wstring& path, FileKind kind, ThumbnailSource& thumbnails, const PathAnswers& paths);
     void clear();
     void draw(const ovlib::DC& dc, platform::Point at) const;
 

@@ -3,6 +3,7 @@
 #include "media/wnd/filewnd.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "tests/support/gui_app_controls.hpp"
+#include "tests/support/gui_silent_share.hpp"
 #include "tests/support/gui_window.hpp"
 #include "tests/support/picture_files.hpp"
 #include <mutex>
@@ -94,6 +95,31 @@ TEST_F(PaneOfWindow, ALoadHappensOnlyWhereTheFileMayHaveChanged)
     EXPECT_EQ(pane().loader().state(), LoaderState::nothing);
 }
 
+// Every question may take seconds: the load, the facts, the small picture, its icon and the names of the
+// combo share one answer.
+TEST_F(PaneOfWindow, AShareThatDoesNotAnswerIsAskedOnceForEachPageTurn)
+{
+    const gui::SilentShare share;
+    book::Book book = book_of({ page(L"一\r\n"), page(L"二\r\n"), page(L"三\r\n"), page(L"四\r\n") });
+    book.pages[1].files = { L"\\\\silent\\share\\a.png", L"\\\\silent\\share\\b.txt" };
+    book.pages[2].files = { L"\\\\silent\\share\\b.txt", L"\\\\silent\\share\\c.gif" };
+    book.pages[3].files = { add_png(L"d.png", ovlib::rgb(255, 0, 0)), L"\\\\silent\\share\\e.png",
+        L"\\\\silent\\other\\e.png" };
+    book.header.auto_file_search = 0;
+    open(std::move(book));
+    const auto questions_of_next_page = [&] {
+        gui::SilentShare::makers_questions = 0;
+        command(command::next_page);
+        return gui::SilentShare::makers_questions;
+    };
+    EXPECT_EQ(questions_of_next_page(), 1);
+    EXPECT_EQ(shown(), L"\\\\silent\\share\\a.png");
+    EXPECT_EQ(questions_of_next_page(), 1) << "the next load asks again";
+    EXPECT_EQ(shown(), L"\\\\silent\\share\\b.txt");
+    EXPECT_EQ(questions_of_next_page(), 2) << "once for each share";
+    EXPECT_EQ(pane().loader().state(), LoaderState::picture);
+}
+
 TEST_F(PaneOfWindow, AnInterpolationIsStoredAndReachesThePane)
 {
     open_pages({ { add_png(L"a.png", ovlib::rgb(255, 0, 0)) } });
@@ -136,11 +162,12 @@ TEST_F(PaneOfWindow, AWindowThatIsTakenAwayLeavesNoThread)
     book::Book shown = book();
     media::ShellThumbnails thumbnails;
     media::ShellPropertyReader properties;
+    media::PathAnswers paths;
     close();
     gui::TopWnd parent;
     ASSERT_TRUE(parent.create(L""));
     {
-        Silent pane{ &parent, &shown, { thumbnails, properties } };
+        Silent pane{ &parent, &shown, { thumbnails, properties, paths } };
         ASSERT_TRUE(pane.create(L""));
         pane.set_rect({ 0, 0, 100, 100 }, false);
         pane.show_selected_file();

@@ -1,5 +1,4 @@
 // What a turn to another page does not do anew, because it stands so already.
-#include "app/page_views.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_calls.hpp"
 
@@ -122,7 +121,7 @@ TEST_F(Turn, FillsTheFileComboOnlyWithOtherFiles)
     EXPECT_EQ(count_in_turn(CB_RESETCONTENT, combo), 0);
     EXPECT_EQ(SendMessageW(combo, CB_GETCURSEL, 0, 0), 1);
     EXPECT_EQ(count_in_turn(CB_RESETCONTENT, combo), 1);
-    EXPECT_EQ(control<ovlib::ComboBox>(command::file_combo).item_text(1), app::file_combo(book())->rows[1]);
+    EXPECT_EQ(control<ovlib::ComboBox>(command::file_combo).item_text(1), L"C:\\丙.txt");
     EXPECT_EQ(count_in_turn(CB_RESETCONTENT, combo), 1);
     EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), 0);
 }

@@ -343,7 +343,7 @@ TEST_F(Animation, IsStoppedWhileItWaitsForTheLoader)
         gui::poll_until([&] { return may_go.load(); });
     } };
     ASSERT_TRUE(gui::poll_until([&] { return is_held.load(); }));
-    media::ImageLoader loader{ thumbnails, properties };
+    media::ImageLoader loader{ thumbnails, properties, paths };
     may_go = true;
     loading.join();
     ASSERT_TRUE(loader.load(write_gif(L"a.gif", { 3, 3 })));
@@ -461,7 +461,7 @@ TEST_F(Animation, StartsAndStopsThousandsOfTimes)
 {
     const auto rounds = static_cast<int>(test_support::number_from_environment("PAGEWICK_SOAK_ROUNDS", 2000));
     show_frames(3, 3);
-    media::ImageLoader loader{ thumbnails, properties };
+    media::ImageLoader loader{ thumbnails, properties, paths };
     const std::wstring path = pane().loader().path();
     show({});
     ASSERT_TRUE(loader.load(path));

@@ -298,7 +298,7 @@ TEST_F(Loading, TheShellsPropertiesReachTheFacts)
         std::uint64_t read_duration() override { return 10'000'000; }
         int closed = 0;
     } known;
-    media::ImageLoader loader{ thumbnails, known };
+    media::ImageLoader loader{ thumbnails, known, paths };
     thumbnails.answer = [] { return gui::plain_bitmap(4, 4, blue); };
     EXPECT_TRUE(loader.load(write(L"a.mp4", FileContents(1, std::byte{}))));
     EXPECT_EQ(loader.facts().text, L".mp4  640x640  29fps  [00:01]");
@@ -309,7 +309,7 @@ TEST_F(Loading, TheShellsPropertiesReachTheFacts)
 TEST_F(Loading, ClearForgetsAllButThePath)
 {
     const std::wstring path = write(L"a.png", test_support::png_file(8, 8, plain(red)));
-    media::ImageLoader loader{ thumbnails, properties };
+    media::ImageLoader loader{ thumbnails, properties, paths };
     ASSERT_TRUE(loader.load(path));
     loader.clear();
     EXPECT_EQ(loader.state(), LoaderState::nothing);

@@ -103,7 +103,7 @@ TEST_F(StoredProperties, AClosedReaderReadsNothing)
 TEST_F(StoredProperties, ARealFileIsTold)
 {
     const std::wstring path = write(L"a.Mp3", test_support::FileContents(2048));
-    const media::FileFacts facts = media::read_file_facts(path, properties);
+    const media::FileFacts facts = media::read_file_facts(path, properties, paths);
     EXPECT_TRUE(facts.text.starts_with(L".Mp3"));
     EXPECT_EQ(facts.size_text, L"2.0 KB");
     EXPECT_FALSE(properties.is_opened());
@@ -121,7 +121,7 @@ protected:
     }
     void fetch(const std::wstring& path, FileKind kind = FileKind::unknown)
     {
-        picture.fetch(path, kind, thumbnails);
+        picture.fetch(path, kind, thumbnails, paths);
         draw();
     }
     void draw()
@@ -187,7 +187,7 @@ TEST_F(SmallPicture, OfNothingIsNothing)
 TEST_F(SmallPicture, OfALaterFileStays)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(32, 32, blue); };
-    thumbnails.meanwhile = [&] { picture.fetch(L"", FileKind::unknown, thumbnails); };
+    thumbnails.meanwhile = [&] { picture.fetch(L"", FileKind::unknown, thumbnails, paths); };
     fetch(file(L"a.txt"));
     EXPECT_EQ(ink(), 0) << "no file is the later choice";
 }

@@ -68,7 +68,7 @@ protected:
     }
     FileFacts facts(const std::wstring& path)
     {
-        FileFacts read = media::read_file_facts(path, source);
+        FileFacts read = media::read_file_facts(path, source, paths);
         EXPECT_FALSE(source.is_open);
         return read;
     }
@@ -82,6 +82,7 @@ protected:
 
     TempFolder folder;
     FakeProperties source;
+    media::PathAnswers paths;
 };
 
 TEST_F(ReadFileFacts, TellsAFolder)

@@ -16,7 +16,6 @@ const std::vector<std::wstring> decoders{ L".BMP", L".JPG", L".JPEG", L".GIF", L
 
 class FakeImages : public media::ImageSource {
 public:
-    bool exists(const std::wstring& path) override { return present.contains(path); }
     std::wstring absolute(const std::wstring& path) override { return L"C:\\data\\" + path; }
     bool decode_animation(const std::wstring& path) override { return ask(L"animation " + path); }
     bool decode_picture(const std::wstring& path) override { return ask(L"picture " + path); }
@@ -28,7 +27,6 @@ public:
         return answer;
     }
 
-    std::set<std::wstring> present;
     std::vector<std::wstring> asked;
     bool answer = true;
 };
@@ -43,9 +41,22 @@ public:
 
 class LoadEntry : public testing::Test {
 protected:
-    LoadedEntry load(const std::wstring& entry) { return media::load_entry(entry, decoders, images); }
-    FileFacts shown(const LoadedEntry& loaded) { return media::facts_to_show(loaded, own, properties); }
+    LoadedEntry load(const std::wstring& entry) { return media::load_entry(entry, decoders, images, paths); }
+    FileFacts shown(const LoadedEntry& loaded)
+    {
+        return media::facts_to_show(loaded, own, properties, paths);
+    }
+    platform::PathAnswer ask(const std::wstring& path)
+    {
+        asked_paths.push_back(path);
+        if (path.starts_with(L"\\\\far\\dead\\"))
+            return { platform::PathKind::nothing, true };
+        return { present.contains(path) ? platform::PathKind::regular_file : platform::PathKind::nothing };
+    }
 
+    std::set<std::wstring> present;
+    std::vector<std::wstring> asked_paths;
+    media::PathAnswers paths{ [this](const std::wstring& path) { return ask(path); } };
     FakeImages images;
     NoProperties properties;
     FileFacts own{ L".png  1x1  32bpp", L"1 Bytes", FileKind::image };
@@ -53,7 +64,7 @@ protected:
 
 TEST_F(LoadEntry, DecodesByTheExtension)
 {
-    images.present = { L"a.png", L"b.Gif", L"c.jpeg" };
+    present = { L"a.png", L"b.Gif", L"c.jpeg" };
     EXPECT_EQ(load(L"a.png"), (LoadedEntry{ LoaderState::picture, L"C:\\data\\a.png" }));
     EXPECT_EQ(load(L"b.Gif"), (LoadedEntry{ LoaderState::animation, L"C:\\data\\b.Gif" }));
     EXPECT_EQ(load(L"c.jpeg").state, LoaderState::picture);
@@ -64,14 +75,14 @@ TEST_F(LoadEntry, DecodesByTheExtension)
 
 TEST_F(LoadEntry, AsksTheShellForAnythingElse)
 {
-    images.present = { L"a.txt", L"png" };
+    present = { L"a.txt", L"png" };
     EXPECT_EQ(load(L"a.txt"), (LoadedEntry{ LoaderState::thumbnail, L"C:\\data\\a.txt" }));
     EXPECT_EQ(load(L"png").state, LoaderState::thumbnail);
 }
 
 TEST_F(LoadEntry, DoesNotAskTheShellForAPictureThatDoesNotDecode)
 {
-    images.present = { L"a.png" };
+    present = { L"a.png" };
     images.answer = false;
     EXPECT_EQ(load(L"a.png"), (LoadedEntry{ LoaderState::nothing, L"C:\\data\\a.png" }));
     EXPECT_EQ(images.asked, (std::vector<std::wstring>{ L"picture C:\\data\\a.png" }));
@@ -96,6 +107,21 @@ TEST_F(LoadEntry, ShowsAnAddressWhenTheShellHasAPictureOfIt)
     images.answer = false;
     EXPECT_EQ(load(L"http://x.invalid/a.png").state, LoaderState::nothing);
     EXPECT_EQ(images.asked.back(), L"picture http://x.invalid/a.png");
+}
+
+TEST_F(LoadEntry, AsksAShareThatDoesNotAnswerOnceForTheFileAndItsFacts)
+{
+    for (const wchar_t* entry :
+        { L"\\\\far\\dead\\a.png", L"\\\\far\\dead\\b.gif", L"\\\\far\\dead\\c.txt" }) {
+        const LoadedEntry loaded = load(entry);
+        EXPECT_EQ(loaded, (LoadedEntry{ LoaderState::nothing, entry }));
+        EXPECT_EQ(shown(loaded).text, L"unknown");
+    }
+    EXPECT_TRUE(images.asked.empty()) << "neither decoder nor shell is asked for them";
+    EXPECT_EQ(asked_paths.size(), 1u);
+    paths.forget();
+    load(L"\\\\far\\dead\\a.png");
+    EXPECT_EQ(asked_paths.size(), 2u);
 }
 
 TEST_F(LoadEntry, ShowsTheLoadersFactsOfWhatLoaded)

@@ -133,7 +133,8 @@ TEST(FileCombo, NamesTheEntriesOfThePage)
     book::Book book = one_page();
     book.pages[0].files = { folder.file(L"絵.png"), folder.file(L"無い.png"), L"https://example.com/a" };
     book.pages[0].current_file = 2;
-    const auto combo = app::file_combo(book);
+    media::PathAnswers paths;
+    const auto combo = app::file_combo(book, paths);
     ASSERT_TRUE(combo);
     EXPECT_EQ(combo->rows,
         (std::vector<std::wstring>{ L"絵.png", folder.file(L"無い.png"), L"https://example.com/a" }));
@@ -144,12 +145,13 @@ TEST(FileCombo, NamesTheEntriesOfThePage)
 TEST(FileCombo, OfNoFilesHasNoRowsAndOfNoPageKeepsWhatItShows)
 {
     book::Book book = one_page();
-    const auto combo = app::file_combo(book);
+    media::PathAnswers paths;
+    const auto combo = app::file_combo(book, paths);
     ASSERT_TRUE(combo);
     EXPECT_TRUE(combo->rows.empty());
     EXPECT_EQ(combo->visible_rows, 1u);
     book.header.position = 1;
-    EXPECT_FALSE(app::file_combo(book));
+    EXPECT_FALSE(app::file_combo(book, paths));
 }
 
 TEST(DisplayName, IsTheNameOfAFileOrFolder)
@@ -161,6 +163,18 @@ TEST(DisplayName, IsTheNameOfAFileOrFolder)
     EXPECT_EQ(media::display_name(folder.file(L"箱")), L"箱");
 }
 
+TEST(DisplayName, OfWhatLiesOnAShareThatDoesNotAnswerIsTheEntryItself)
+{
+    int asked = 0;
+    media::PathAnswers paths{ [&](const std::wstring&) {
+        ++asked;
+        return platform::PathAnswer{ platform::PathKind::nothing, true };
+    } };
+    for (const wchar_t* entry : { L"\\\\far\\dead\\a.png", L"\\\\far\\dead\\b.png" })
+        EXPECT_EQ(media::display_name(entry, paths), entry);
+    EXPECT_EQ(asked, 1);
+}
+
 TEST(DisplayName, OfAnythingElseIsTheEntryItself)
 {
     const test_support::TempFolder folder;
@@ -169,46 +183,6 @@ TEST(DisplayName, OfAnythingElseIsTheEntryItself)
     EXPECT_EQ(media::display_name(L"https://example.com/x.png"), L"https://example.com/x.png");
     EXPECT_EQ(media::display_name(L"x"), L"x");
     EXPECT_EQ(media::display_name(L""), L"");
-}
-
-using platform::PathAnswer;
-using platform::PathKind;
-
-// Everything on a share is a file, but for a share and a drive that do not answer.
-class SilentShare : public testing::Test {
-protected:
-    PathAnswer ask(const std::wstring& path)
-    {
-        asked.push_back(path);
-        if (path.starts_with(L"\\\\far\\dead\\") || path.starts_with(L"X:"))
-            return { PathKind::nothing, true };
-        return { path.starts_with(L"\\\\") ? PathKind::regular_file : PathKind::nothing };
-    }
-
-    std::vector<std::wstring> asked;
-    media::DisplayNames names{ [this](const std::wstring& path) { return ask(path); } };
-};
-
-TEST_F(SilentShare, IsAskedOnceForAllItsEntries)
-{
-    for (const wchar_t* entry :
-        { L"\\\\far\\dead\\a.png", L"\\\\far\\dead\\b.png", L"\\\\FAR\\Dead\\c\\d.png", L"//far/dead/e.png" })
-        EXPECT_EQ(names.of(entry), entry);
-    EXPECT_EQ(asked.size(), 2u) << "a share spelt with other separators is asked for itself";
-    EXPECT_EQ(names.of(L"X:\\a"), L"X:\\a");
-    EXPECT_EQ(names.of(L"X:\\b"), L"X:\\b");
-    EXPECT_EQ(asked.size(), 3u);
-}
-
-TEST_F(SilentShare, KeepsNoOtherFromBeingAsked)
-{
-    names.of(L"\\\\far\\dead\\a.png");
-    EXPECT_EQ(names.of(L"\\\\far\\alive\\a.png"), L"a.png");
-    EXPECT_EQ(names.of(L"\\\\far\\deader\\a.png"), L"a.png");
-    EXPECT_EQ(names.of(L"\\\\near\\dead\\a.png"), L"a.png");
-    EXPECT_EQ(names.of(L"C:\\a.png"), L"C:\\a.png");
-    EXPECT_EQ(names.of(L"C:\\b.png"), L"C:\\b.png");
-    EXPECT_EQ(asked.size(), 6u) << "a file that is merely missing says nothing of its drive";
 }
 
 } // namespace

@@ -125,8 +125,8 @@ protected:
     void make_pane()
     {
         pane_.reset();
-        pane_ = std::make_unique<media::FileWnd>(
-            parent_.get(), &book_, media::PaneShell{ thumbnails, properties, has_drag ? &drag : nullptr });
+        pane_ = std::make_unique<media::FileWnd>(parent_.get(), &book_,
+            media::PaneShell{ thumbnails, properties, paths, has_drag ? &drag : nullptr });
         ASSERT_TRUE(pane_->create(L""));
         pane_->set_rect({ 0, 0, width, height }, false);
     }
@@ -190,6 +190,7 @@ protected:
 
     FakeThumbnails thumbnails;
     media::ShellPropertyReader properties;
+    media::PathAnswers paths;
     FakeDrag drag;
     bool has_drag = true;
 

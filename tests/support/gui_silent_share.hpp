@@ -2,12 +2,20 @@
 #pragma once
 #include "ovlib/event.hpp"
 #include "tests/support/gui_calls.hpp"
+#include <atomic>
 #include <optional>
 #include <string>
 #include <windows.h>
 
-// The import itself, which the linker names after the function.
+#include <shobjidl.h>
+
+#include <shellapi.h>
+
+// The imports themselves, which the linker names after the functions.
+extern "C" void* __imp_CreateFileW; // NOLINT(bugprone-reserved-identifier)
 extern "C" void* __imp_GetFileAttributesW; // NOLINT(bugprone-reserved-identifier)
+extern "C" void* __imp_SHCreateItemFromParsingName; // NOLINT(bugprone-reserved-identifier)
+extern "C" void* __imp_SHGetFileInfoW; // NOLINT(bugprone-reserved-identifier)
 
 namespace gui {
 
@@ -22,12 +30,21 @@ public:
         broken_off.reset();
         maker = GetCurrentThreadId();
         makers_questions = 0;
-        // Its name would give a jump through the import, which by then leads here.
+        // Their names would give jumps through the imports, which by then lead here.
         original = reinterpret_cast<decltype(original)>(__imp_GetFileAttributesW);
+        original_open = reinterpret_cast<decltype(original_open)>(__imp_CreateFileW);
+        original_item = reinterpret_cast<decltype(original_item)>(__imp_SHCreateItemFromParsingName);
+        original_icon = reinterpret_cast<decltype(original_icon)>(__imp_SHGetFileInfoW);
         replaced_.emplace(&__imp_GetFileAttributesW, &attributes);
+        replaced_open_.emplace(&__imp_CreateFileW, &open);
+        replaced_item_.emplace(&__imp_SHCreateItemFromParsingName, &item);
+        replaced_icon_.emplace(&__imp_SHGetFileInfoW, &icon);
     }
     ~SilentShare()
     {
+        replaced_icon_.reset();
+        replaced_item_.reset();
+        replaced_open_.reset();
         replaced_.reset();
         CloseHandle(other_end_);
         CloseHandle(pipe_end);
@@ -38,12 +55,46 @@ public:
     // By another thread; and that such a call came back.
     static inline ovlib::Event asked{ ovlib::Event::Reset::manual };
     static inline ovlib::Event broken_off{ ovlib::Event::Reset::manual };
+    // For attributes, the file itself, the shell's item and its icon.
     static inline int makers_questions = 0;
 
+protected:
+    static inline std::atomic<bool> is_stuck = false;
+    static inline ovlib::Event released{ ovlib::Event::Reset::manual };
+
 private:
+    static bool is_silent(const wchar_t* path)
+    {
+        return std::wstring{ path }.find(L"silent") != std::wstring::npos;
+    }
+    static HANDLE WINAPI open(const wchar_t* path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
+        DWORD disposition, DWORD flags, HANDLE model)
+    {
+        if (!is_silent(path))
+            return original_open(path, access, share, security, disposition, flags, model);
+        ++makers_questions;
+        SetLastError(ERROR_BAD_NETPATH);
+        return INVALID_HANDLE_VALUE;
+    }
+    static HRESULT WINAPI item(const wchar_t* path, IBindCtx* context, REFIID id, void** made)
+    {
+        if (!is_silent(path))
+            return original_item(path, context, id, made);
+        ++makers_questions;
+        *made = nullptr;
+        return HRESULT_FROM_WIN32(ERROR_BAD_NETPATH);
+    }
+    static DWORD_PTR WINAPI icon(
+        const wchar_t* path, DWORD attributes, SHFILEINFOW* facts, UINT size, UINT wanted)
+    {
+        if (!is_silent(path))
+            return original_icon(path, attributes, facts, size, wanted);
+        ++makers_questions;
+        return 0;
+    }
     static DWORD WINAPI attributes(const wchar_t* path)
     {
-        if (std::wstring{ path }.find(L"silent") == std::wstring::npos)
+        if (!is_silent(path))
             return original(path);
         if (GetCurrentThreadId() == maker) {
             ++makers_questions;
@@ -51,7 +102,10 @@ private:
             asked.set();
             char byte = 0;
             DWORD count = 0;
-            ReadFile(pipe_end, &byte, 1, &count, nullptr);
+            if (is_stuck)
+                released.wait(INFINITE);
+            else
+                ReadFile(pipe_end, &byte, 1, &count, nullptr);
             broken_off.set();
         }
         SetLastError(ERROR_BAD_NETPATH);
@@ -59,11 +113,32 @@ private:
     }
 
     static inline decltype(GetFileAttributesW)* original = nullptr;
+    static inline decltype(CreateFileW)* original_open = nullptr;
+    static inline decltype(SHCreateItemFromParsingName)* original_item = nullptr;
+    static inline decltype(SHGetFileInfoW)* original_icon = nullptr;
     static inline HANDLE pipe_end = nullptr;
     static inline DWORD maker = 0;
 
     HANDLE other_end_ = nullptr;
     std::optional<ReplacedImport<decltype(GetFileAttributesW)>> replaced_;
+    std::optional<ReplacedImport<decltype(CreateFileW)>> replaced_open_;
+    std::optional<ReplacedImport<decltype(SHCreateItemFromParsingName)>> replaced_item_;
+    std::optional<ReplacedImport<decltype(SHGetFileInfoW)>> replaced_icon_;
+};
+
+// One whose waits cannot be broken off either. They end with it.
+class StuckShare : public SilentShare {
+public:
+    StuckShare()
+    {
+        released.reset();
+        is_stuck = true;
+    }
+    ~StuckShare()
+    {
+        is_stuck = false;
+        released.set();
+    }
 };
 
 } // namespace gui

@@ -187,9 +187,10 @@ private:
     test_support::TempFolder folder_;
     DrawnThumbnails thumbnails_;
     media::ShellPropertyReader properties_;
+    media::PathAnswers paths_;
     book::Book book_;
     gui::TopWnd parent_;
-    media::FileWnd pane_{ &parent_, &book_, { thumbnails_, properties_ } };
+    media::FileWnd pane_{ &parent_, &book_, { thumbnails_, properties_, paths_ } };
     ovlib::BackBuffer sheet_;
     int taken_ = 0;
 };
