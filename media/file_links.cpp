@@ -1,4 +1,5 @@
 #include "media/file_links.hpp"
+#include "platform/file.hpp"
 #include <utility>
 
 namespace media {
@@ -34,6 +35,15 @@ std::optional<std::wstring> HashedLinkNames::link_of(const std::wstring& path)
 {
     const std::optional<platform::Digest> digest = hash_.digest(hashed_bytes(path));
     return digest ? std::optional{ prefix_ + link_name(*digest) } : std::nullopt;
+}
+
+bool save_whole(const std::wstring& link, const std::function<bool(const std::wstring& file)>& write)
+{
+    const std::wstring unfinished = link + L".new";
+    if (write(unfinished) && platform::replace_file(unfinished, link))
+        return true;
+    platform::remove_file(unfinished);
+    return false;
 }
 
 } // namespace media

@@ -3,6 +3,7 @@
 #pragma once
 #include "platform/hash_provider.hpp"
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,11 @@ private:
     std::wstring prefix_;
     platform::HashProvider hash_;
 };
+
+// Has `write` make the file beside `link`, under a name that is never taken for a link's, and gives it its
+// own name when it is whole: a link that exists is one that leads somewhere. What a writing that failed
+// leaves is removed; where even that fails, the next one for this link replaces it.
+bool save_whole(const std::wstring& link, const std::function<bool(const std::wstring& file)>& write);
 
 // Keeps where files went. Used by the thread that made it.
 class LinkStore {

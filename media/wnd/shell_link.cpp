@@ -22,7 +22,8 @@ std::wstring ShellLink::resolve(const std::wstring& link)
 bool ShellLink::save(const std::wstring& target, const std::wstring& link)
 {
     return is_ready() && SUCCEEDED(link_->SetPath(target.c_str()))
-        && SUCCEEDED(file_->Save(link.c_str(), FALSE));
+        && save_whole(
+            link, [this](const std::wstring& file) { return SUCCEEDED(file_->Save(file.c_str(), FALSE)); });
 }
 
 } // namespace media

@@ -64,6 +64,27 @@ TEST_F(ShellLinks, ThatAreNoneLeadNowhere)
     EXPECT_EQ(links.resolve(folder.path()), L"");
 }
 
+TEST_F(ShellLinks, AreWrittenBesideTheirNameAndReplaceWhatWasLeftThere)
+{
+    const std::wstring link = folder.file(L"link.lnk");
+    std::wstring beside;
+    media::save_whole(link, [&](const std::wstring& file) {
+        beside = file;
+        return false;
+    });
+    {
+        const HANDLE taken = CreateFileW(
+            beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        ASSERT_NE(taken, INVALID_HANDLE_VALUE);
+        EXPECT_FALSE(links.save(made(L"a.txt"), link));
+        EXPECT_FALSE(std::filesystem::exists(link));
+        CloseHandle(taken);
+    }
+    ASSERT_TRUE(links.save(made(L"a.txt"), link));
+    EXPECT_EQ(target_of(link), folder.file(L"a.txt"));
+    EXPECT_FALSE(std::filesystem::exists(beside));
+}
+
 TEST_F(ShellLinks, AreNotSavedWhereNothingCanBe)
 {
     EXPECT_FALSE(links.save(made(L"a.txt"), folder.file(L"無い\\link.lnk")));

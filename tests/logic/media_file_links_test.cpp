@@ -1,5 +1,6 @@
-// The names of links.
+// The names of links, and how they are written.
 #include "media/file_links.hpp"
+#include "tests/support/temp_folder.hpp"
 #include <gtest/gtest.h>
 #include <string_view>
 
@@ -72,6 +73,85 @@ TEST(LinkNames, HashTwoBytesAUnitLowByteFirst)
 {
     EXPECT_EQ(media::hashed_bytes(L"a\u65E5"),
         (std::vector{ std::byte{ 0x61 }, std::byte{ 0 }, std::byte{ 0xE5 }, std::byte{ 0x65 } }));
+}
+
+class SaveWhole : public testing::Test {
+protected:
+    // Writes `text` and says whether that was all.
+    bool save(const std::wstring& text, bool is_whole)
+    {
+        return media::save_whole(link(), [&](const std::wstring& file) {
+            existed_while_written = platform::exists(link());
+            test_support::write_text(file, text);
+            return is_whole;
+        });
+    }
+    std::wstring link() const { return folder.file(L"a.lnk"); }
+    std::size_t files_in_folder() const
+    {
+        const std::filesystem::path path{ link_path().parent_path() };
+        return static_cast<std::size_t>(std::distance(
+            std::filesystem::directory_iterator{ path }, std::filesystem::directory_iterator{}));
+    }
+
+    test_support::TempFolder folder;
+    bool existed_while_written = false;
+
+private:
+    std::filesystem::path link_path() const
+    {
+#if defined(_WIN32)
+        return link();
+#else
+        return platform::to_utf8(link());
+#endif
+    }
+};
+
+TEST_F(SaveWhole, GivesTheNameToWhatIsWhole)
+{
+    EXPECT_TRUE(save(L"whole", true));
+    EXPECT_FALSE(existed_while_written);
+    EXPECT_EQ(test_support::read_text(link()), L"whole");
+    EXPECT_EQ(files_in_folder(), 1u);
+}
+
+TEST_F(SaveWhole, LeavesNothingOfAWritingThatBrokeOff)
+{
+    EXPECT_FALSE(save(L"ha", false));
+    EXPECT_FALSE(platform::exists(link()));
+    EXPECT_EQ(files_in_folder(), 0u);
+}
+
+TEST_F(SaveWhole, KeepsTheOldLinkWhenANewOneBrokeOff)
+{
+    ASSERT_TRUE(save(L"old", true));
+    EXPECT_FALSE(save(L"ne", false));
+    EXPECT_EQ(test_support::read_text(link()), L"old");
+    EXPECT_TRUE(save(L"new", true));
+    EXPECT_EQ(test_support::read_text(link()), L"new");
+    EXPECT_EQ(files_in_folder(), 1u);
+}
+
+// As a process leaves it that was ended in the middle.
+TEST_F(SaveWhole, ReplacesWhatAnEarlierWritingLeftBesideTheName)
+{
+    std::wstring beside;
+    media::save_whole(link(), [&](const std::wstring& file) {
+        beside = file;
+        return false;
+    });
+    test_support::write_text(beside, L"left by another process");
+    EXPECT_TRUE(save(L"whole", true));
+    EXPECT_EQ(test_support::read_text(link()), L"whole");
+    EXPECT_EQ(files_in_folder(), 1u);
+}
+
+TEST_F(SaveWhole, FailsWhereTheNameIsTaken)
+{
+    ASSERT_TRUE(platform::create_folder(link()));
+    EXPECT_FALSE(save(L"whole", true));
+    EXPECT_EQ(files_in_folder(), 1u) << "the folder alone";
 }
 
 } // namespace
