@@ -85,7 +85,8 @@ bool start_shortcut_creation(
     if (!start.auto_file_search)
         return false;
     // Before the queue is touched: a running worker holds its lock.
-    starter.stop_worker();
+    if (!starter.stop_worker())
+        return false;
     if (!starter.has_folder(start.link_folder) && !starter.create_folder(start.link_folder)) {
         starter.warn(L"ショートカットフォルダの作成に失敗\r\n" + start.link_folder);
         return false;

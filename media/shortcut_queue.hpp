@@ -72,8 +72,8 @@ public:
     virtual ~ShortcutStarter() = default;
     virtual void log(const std::wstring& line) = 0;
     virtual void warn(const std::wstring& text) = 0;
-    // Does nothing without a worker.
-    virtual void stop_worker() = 0;
+    // True when there is none any more. One that hangs in a call to the system may not be stopped in time.
+    virtual bool stop_worker() = 0;
     virtual bool start_worker() = 0;
     virtual bool has_folder(const std::wstring& path) = 0;
     virtual bool create_folder(const std::wstring& path) = 0;

@@ -1,6 +1,7 @@
 #include "ovlib/thread.hpp"
 
 #include <exception>
+#include <limits>
 #include <process.h>
 #include <system_error>
 #include <windows.h>
@@ -23,13 +24,19 @@ struct Thread::Record {
     bool is_joinable() const { return handle != nullptr; }
     void join() { join_after(WaitForSingleObject(handle_of_another(), INFINITE)); }
     // Breaking off reaches only the call that is running just then, so it is tried until none comes any more.
-    void join_breaking_off()
+    // False when that takes longer than `limit` milliseconds.
+    bool join_breaking_off(ULONGLONG limit)
     {
         constexpr DWORD pause = 10; // milliseconds
+        const ULONGLONG begin = GetTickCount64();
         DWORD waited = WAIT_TIMEOUT;
-        while ((waited = WaitForSingleObject(handle_of_another(), pause)) == WAIT_TIMEOUT)
+        while ((waited = WaitForSingleObject(handle_of_another(), pause)) == WAIT_TIMEOUT) {
+            if (GetTickCount64() - begin >= limit)
+                return false;
             CancelSynchronousIo(handle);
+        }
         join_after(waited);
+        return true;
     }
 
 private:
@@ -73,24 +80,34 @@ bool Thread::start(void* arg, std::uint32_t flag_value)
     return true;
 }
 
+template <class Join> bool Thread::stop_with(Join join)
+{
+    if (record_ == nullptr)
+        return true;
+    stop_flag_.exchange(1);
+    if (record_->is_joinable() && !join(*record_))
+        return false;
+    record_.reset();
+    return true;
+}
+
 void Thread::stop()
 {
-    stop_with(&Record::join);
+    stop_with([](Record& record) {
+        record.join();
+        return true;
+    });
 }
 
 void Thread::stop_breaking_off()
 {
-    stop_with(&Record::join_breaking_off);
+    constexpr ULONGLONG for_ever = std::numeric_limits<ULONGLONG>::max();
+    stop_with([](Record& record) { return record.join_breaking_off(for_ever); });
 }
 
-void Thread::stop_with(void (Record::*join)())
+bool Thread::stop_breaking_off_within(std::uint32_t limit)
 {
-    if (record_ == nullptr)
-        return;
-    stop_flag_.exchange(1);
-    if (record_->is_joinable())
-        (record_.get()->*join)();
-    record_.reset();
+    return stop_with([limit](Record& record) { return record.join_breaking_off(limit); });
 }
 
 // As in a standard thread, what run throws ends the process.

@@ -56,6 +56,11 @@ public:
     bool is_accepting_input() const { return input_.is_open(); }
     const book::Book& book() const { return book_; }
 
+    // Ends the work beside this window's thread. False when it hangs in a call to the system and was given up
+    // after ten seconds, or at once where that has happened before: nothing it works with may be destroyed
+    // then, and the process must end without it.
+    bool end_background_work();
+
     // `window`, which lives as long as this one, owns the Book while it is visible.
     void add_editing_window(ovlib::Wnd& window) { editing_windows_.push_back(&window); }
 
@@ -267,6 +272,7 @@ private:
     bool is_unusable_ = false; // the Book's settings could not be applied: it stays out of the history
     bool is_loading_ = false; // the Book is neither the old nor the new one: commands must wait
     bool is_closing_ = false; // from false to true once: no background work starts any more
+    bool has_given_up_ = false; // the background work hangs
     media::BackgroundThread shortcut_thread_;
 };
 

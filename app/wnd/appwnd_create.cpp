@@ -66,12 +66,20 @@ bool AppWnd::on_close()
     show(false);
     is_closing_ = true;
     on_release();
-    shortcut_thread_.stop_breaking_off();
+    end_background_work();
     save_at_close();
     store_settings();
     destroy_children();
     look::free_shared_fonts();
     return false;
+}
+
+bool AppWnd::end_background_work()
+{
+    constexpr std::uint32_t longest_wait = 10'000; // milliseconds
+    const std::uint32_t limit = has_given_up_ ? 0 : longest_wait;
+    has_given_up_ = !shortcut_thread_.stop_breaking_off_within(limit);
+    return !has_given_up_;
 }
 
 void AppWnd::save_at_close()

@@ -31,7 +31,7 @@ public:
     }
     void log(const std::wstring& line) override { ovlib::WinApp::process_log() << line; }
     void warn(const std::wstring& text) override { window_.show_message(text, BoxStyle::warning); }
-    void stop_worker() override { thread_.stop_breaking_off(); }
+    bool stop_worker() override { return window_.end_background_work(); }
     bool start_worker() override
     {
         try {

@@ -80,6 +80,16 @@ void start_common_controls()
     InitCommonControlsEx(&request);
 }
 
+// Work that hangs in a call to the system must not hold the end. What it works with is still there, and the
+// end of the process takes all of it at once: the usual way out would wait for locks that such a thread may
+// hold.
+int end_window(AppWnd& window, int result)
+{
+    if (!window.end_background_work())
+        TerminateProcess(GetCurrentProcess(), static_cast<UINT>(result));
+    return result;
+}
+
 int run_window()
 {
     const std::unique_ptr<AppWnd> window{ new (std::nothrow) AppWnd };
@@ -89,12 +99,12 @@ int run_window()
     }
     if (!window->create(program_name)) {
         tell(L"Error: ウィンドウの作成に失敗", BoxStyle::error);
-        return failed;
+        return end_window(*window, failed);
     }
     window->message_loop();
     free_app_bitmaps();
     ovlib::WinApp::process_log().flush();
-    return 0;
+    return end_window(*window, 0);
 }
 
 int run_with_libraries()

@@ -21,11 +21,15 @@ public:
     // thread that cannot be started raises std::system_error (resource_unavailable_try_again).
     bool start(void* arg, std::uint32_t flag_value);
     // Stores 1, joins, and is idle again; nothing when idle. From the thread itself: std::system_error
-    // (resource_deadlock_would_occur).
+    // (resource_deadlock_would_occur); when the system cannot join it: (no_such_process), and it is still
+    // held.
     void stop();
     // The same for a thread that may wait on the file system, where a dead share takes long to answer: the
     // call it waits in is broken off and fails, again and again until the thread has ended.
     void stop_breaking_off();
+    // The same for at most about `limit` milliseconds. False when the thread runs on, in a wait that cannot
+    // be broken off: it is held as before, and may be stopped again.
+    bool stop_breaking_off_within(std::uint32_t limit);
 
     bool is_held() const { return record_ != nullptr; }
     std::uint32_t stop_flag() const { return stop_flag_; }
@@ -38,7 +42,7 @@ protected:
 
 private:
     struct Record;
-    void stop_with(void (Record::*join)());
+    template <class Join> bool stop_with(Join join);
     static unsigned __stdcall enter(void* self) noexcept;
 
     std::unique_ptr<Record> record_;

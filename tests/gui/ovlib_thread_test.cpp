@@ -9,8 +9,12 @@
 #include "ovlib/system_time.hpp"
 #include "ovlib/thread.hpp"
 #include "ovlib/timer.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+
+// The import itself, which the linker names after the function.
+extern "C" void* __imp_WaitForSingleObject; // NOLINT(bugprone-reserved-identifier)
 
 namespace {
 
@@ -118,6 +122,55 @@ TEST(Thread, StoppingItselfIsADeadlockError)
     EXPECT_TRUE(worker.still_held);
     worker.stop();
     EXPECT_FALSE(worker.is_held());
+}
+
+// Waits for what CancelSynchronousIo does not reach.
+class Stubborn : public ovlib::Thread {
+public:
+    ~Stubborn() override
+    {
+        release.set();
+        stop();
+    }
+    void run() override { release.wait(INFINITE); }
+
+    Event release{ Event::Reset::manual };
+};
+
+TEST(Thread, ThatCannotBeBrokenOffIsGivenUpAfterTheLimitAndStillHeld)
+{
+    Stubborn worker;
+    worker.start(nullptr, 0);
+    const ULONGLONG begin = GetTickCount64();
+    EXPECT_FALSE(worker.stop_breaking_off_within(300));
+    EXPECT_GE(GetTickCount64() - begin, 300u);
+    EXPECT_TRUE(worker.is_held());
+    EXPECT_EQ(worker.stop_flag(), 1u);
+    worker.release.set();
+    EXPECT_TRUE(worker.stop_breaking_off_within(15'000));
+    EXPECT_FALSE(worker.is_held());
+    EXPECT_TRUE(worker.stop_breaking_off_within(0)) << "nothing is left to be stopped";
+}
+
+TEST(Thread, AFailedJoinIsANoSuchProcessErrorAndKeepsTheThread)
+{
+    Worker worker;
+    worker.start(nullptr, 0);
+    ASSERT_TRUE(worker.started.wait(15'000));
+    for (void (ovlib::Thread::*stop)() : { &ovlib::Thread::stop, &ovlib::Thread::stop_breaking_off }) {
+        const gui::ReplacedImport<decltype(WaitForSingleObject)> failing{ &__imp_WaitForSingleObject,
+            [](HANDLE, DWORD) -> DWORD { return WAIT_FAILED; } };
+        try {
+            (worker.*stop)();
+            ADD_FAILURE() << "the join cannot have succeeded";
+        } catch (const std::system_error& error) {
+            EXPECT_EQ(error.code(), std::errc::no_such_process);
+        }
+        EXPECT_TRUE(worker.is_held());
+    }
+    worker.stop();
+    EXPECT_FALSE(worker.is_held());
+    EXPECT_EQ(worker.ends, 1);
 }
 
 class Careless : public ovlib::Thread {

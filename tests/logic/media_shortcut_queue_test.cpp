@@ -189,7 +189,11 @@ class FakeStarter : public media::ShortcutStarter {
 public:
     void log(const std::wstring& line) override { steps.push_back(L"log " + line); }
     void warn(const std::wstring& text) override { steps.push_back(L"warn " + text); }
-    void stop_worker() override { steps.push_back(L"stop"); }
+    bool stop_worker() override
+    {
+        steps.push_back(L"stop");
+        return can_stop;
+    }
     bool start_worker() override
     {
         steps.push_back(L"start");
@@ -210,6 +214,7 @@ public:
     bool folder_there = true;
     bool can_create = true;
     bool can_start = true;
+    bool can_stop = true;
 };
 
 class StartShortcutCreation : public testing::Test {
@@ -249,6 +254,13 @@ TEST_F(StartShortcutCreation, QueuesNothingWhenTheBookDoesNotWantIt)
     request.auto_file_search = false;
     EXPECT_FALSE(start());
     EXPECT_EQ(starter.steps, (Texts{ logged }));
+}
+
+TEST_F(StartShortcutCreation, LeavesTheQueueToAWorkerThatCannotBeStopped)
+{
+    starter.can_stop = false;
+    EXPECT_FALSE(start());
+    EXPECT_EQ(starter.steps, (Texts{ logged, L"stop" }));
 }
 
 TEST_F(StartShortcutCreation, MakesTheFolder)
