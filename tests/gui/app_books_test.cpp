@@ -243,6 +243,21 @@ TEST_F(Books, AreToldWhenTheBackupAtLoadFails)
     EXPECT_EQ(asked.text, L"Error: バックアップフォルダの作成に失敗しました．\r\n" + file(L"book_backup"));
 }
 
+TEST_F(Books, StandInTheHistoryBeforeTheirBackupAtLoadIsMade)
+{
+    for (const wchar_t* name : { L"手帖.bok", L"別.bok" })
+        ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(name)));
+    set_history({ file(L"手帖.bok"), file(L"別.bok") });
+    ASSERT_TRUE(create());
+    app::settings().auto_backup = true;
+    test_support::write_text(file(L"book_backup"), L"a file where the folder should be");
+    std::vector<std::wstring> at_the_backup;
+    const MetBox met = answered(
+        IDOK, [&] { command(command::first_history_entry + 1); }, [&] { at_the_backup = history(); });
+    EXPECT_EQ(met.text, L"バックアップファイルの作成に失敗\r\n" + file(L"別.bok"));
+    EXPECT_EQ(at_the_backup, (std::vector<std::wstring>{ file(L"別.bok"), file(L"手帖.bok") }));
+}
+
 TEST_F(Books, AreBackedUpOverAnOldCopyOnlyAfterAQuestion)
 {
     open({ page(L"1\r\n") });

@@ -3,8 +3,12 @@
 #include <thread>
 
 #include "ovlib/event.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+
+// The import itself, which the linker names after the function.
+extern "C" void* __imp_MsgWaitForMultipleObjects; // NOLINT(bugprone-reserved-identifier)
 
 namespace {
 
@@ -110,6 +114,31 @@ TEST_F(Loops, WaitTellsOfAHandleThatIsSignalledAlready)
     ovlib::Event event(ovlib::Event::Reset::manual, true);
     EXPECT_TRUE(top.wait(event.handle()));
     EXPECT_EQ(top.signalled, event.handle());
+}
+
+// All kinds of input, touch and pointer included: one that does not wake the wait is served only when another
+// comes.
+TEST_F(Loops, WaitIsWokenByAnyKindOfInput)
+{
+    static DWORD count, time, mask;
+    static HANDLE awaited;
+    static BOOL waits_for_all;
+    const gui::ReplacedImport<decltype(MsgWaitForMultipleObjects)> noting{ &__imp_MsgWaitForMultipleObjects,
+        [](DWORD given, const HANDLE* handles, BOOL all, DWORD limit, DWORD wake) -> DWORD {
+            count = given;
+            awaited = handles[0];
+            waits_for_all = all;
+            time = limit;
+            mask = wake;
+            return WAIT_OBJECT_0;
+        } };
+    const ovlib::Event event;
+    EXPECT_TRUE(top.wait(event.handle()));
+    EXPECT_EQ(count, 1u);
+    EXPECT_EQ(awaited, event.handle());
+    EXPECT_FALSE(waits_for_all);
+    EXPECT_EQ(time, INFINITE);
+    EXPECT_EQ(mask, 0x1CFFu);
 }
 
 TEST_F(Loops, WaitServesMessagesUntilTheHandleIsSignalled)

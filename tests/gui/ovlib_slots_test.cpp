@@ -9,6 +9,7 @@
 #include "ovlib/gui/editbox.hpp"
 #include "ovlib/gui/gdip_image.hpp"
 #include "ovlib/gui/subwnd.hpp"
+#include "ovlib/thread.hpp"
 
 namespace {
 
@@ -183,6 +184,11 @@ TEST(Slots, OfDrawingFollowTheDestructor)
                            slot<bool (GDIPImage::*)(const std::wstring&)>(&GDIPImage::load),
                            slot(&GDIPImage::copy_from), slot(&GDIPImage::clear) },
         after_destructor);
+}
+
+TEST(Slots, OfAThreadAreItsEndAndItsRun)
+{
+    EXPECT_EQ(slot(&Thread::run), after_destructor);
 }
 
 #endif
