@@ -28,8 +28,10 @@ bool AppWnd::save_book(SaveCode code)
         mark_clean();
     if (step != SaveStep::write)
         return false;
-    if (changed)
+    if (changed) {
         take_edits_back();
+        step_page(0); // the hits were those of the old text
+    }
     return write_book();
 }
 
