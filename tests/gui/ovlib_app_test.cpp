@@ -3,49 +3,12 @@
 
 #include "ovlib/ini_data.hpp"
 #include "ovlib/win_app.hpp"
+#include "platform/path_text.hpp"
 #include "tests/support/gui_folder.hpp"
-#include "tests/support/text_cases.hpp"
 
 namespace {
 
 using ovlib::IniData;
-using ovlib::WinApp::parent_path;
-using test_support::expect_texts;
-
-TEST(WinApp, TheParentPathEndsBeforeTheLastSeparators)
-{
-    expect_texts(parent_path,
-        {
-            { L"C:\\Apps\\Pagewick\\pagewick.exe", L"C:\\Apps\\Pagewick" },
-            { L"C:/Apps/pagewick.exe", L"C:/Apps" },
-            { L"C:\\Apps\\\\//pagewick.exe", L"C:\\Apps" },
-            { L"folder\\pagewick.exe", L"folder" },
-            { L"C:\\Apps\\", L"C:\\Apps" },
-        });
-}
-
-TEST(WinApp, ARootIsNeverCutInto)
-{
-    expect_texts(parent_path,
-        {
-            { L"C:\\pagewick.exe", L"C:\\" },
-            { L"C:\\\\pagewick.exe", L"C:\\\\" },
-            { L"C:\\", L"C:\\" },
-            { L"\\pagewick.exe", L"\\" },
-            { L"C:pagewick.exe", L"C:" },
-            { L"\\\\server\\share\\pagewick.exe", L"\\\\server\\share" },
-            { L"\\\\server\\pagewick.exe", L"\\\\server\\" },
-        });
-}
-
-TEST(WinApp, ABareNameHasNoParent)
-{
-    expect_texts(parent_path,
-        {
-            { L"pagewick.exe", L"" },
-            { L"", L"" },
-        });
-}
 
 TEST(WinApp, IsInitializedFromTheEntryAndTheCommandLine)
 {
@@ -56,7 +19,7 @@ TEST(WinApp, IsInitializedFromTheEntryAndTheCommandLine)
     EXPECT_EQ(WinApp::show_command, SW_SHOWMINNOACTIVE);
     ASSERT_FALSE(WinApp::arguments.empty());
     EXPECT_EQ(WinApp::program_path, WinApp::arguments.front());
-    EXPECT_EQ(WinApp::data_root, parent_path(WinApp::program_path));
+    EXPECT_EQ(WinApp::data_root, platform::parent_path(WinApp::program_path));
     EXPECT_EQ(WinApp::program_path.substr(WinApp::program_path.size() - 13), L"gui_tests.exe");
     WinApp::initialize(nullptr, SW_SHOWNORMAL);
 }

@@ -36,6 +36,7 @@ TEST(ParentPath, NeverCutsIntoARoot)
     expect_texts(parent_path,
         {
             { L"C:\\pagewick.exe", L"C:\\" },
+            { L"C:\\\\pagewick.exe", L"C:\\\\" },
             { L"C:\\", L"C:\\" },
             { L"C:pagewick.exe", L"C:" },
             { L"\\pagewick.exe", L"\\" },
