@@ -11,6 +11,8 @@ using gui::MetBox;
 
 constexpr wchar_t leave_question[] = L"ページの内容が変更されています．\r\nファイルに保存しますか？";
 
+constexpr RECT nothing{};
+
 class Commands : public AppWindow {
 protected:
     std::wstring failure_text() const
@@ -219,6 +221,7 @@ TEST_F(Commands, AskOnceBeforeAnEditedPageIsLeftAndWriteOnYes)
     const MetBox met = answered(IDYES, [&] { command(command::next_page); });
     EXPECT_EQ(met.text, leave_question);
     EXPECT_EQ(met.caption, L"Pagewick v1.06 - 手帖");
+    EXPECT_EQ(met.icon, LoadIconW(nullptr, IDI_QUESTION));
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
     EXPECT_EQ(book().header.position, 1u);
 }
@@ -404,6 +407,26 @@ TEST_F(Commands, CloseOnceWhenTheProgramIsEndedInsideABox)
     EXPECT_EQ(met.text, leave_question);
     EXPECT_EQ(window().hwnd(), nullptr);
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
+}
+
+// As the palette asks that changed a colour of one box.
+TEST_F(Commands, RepaintTheBoxOfTheirCodeAlone)
+{
+    open({ page(L"1\r\n") });
+    window().show(true);
+    gui::pump();
+    for (int code = 0; code <= 3; ++code) {
+        command(command::repaint_box, 0, code);
+        for (int number = 0; number < 3; ++number) {
+            HWND const hwnd = box(command::box_1 + number);
+            RECT stale{};
+            GetUpdateRect(hwnd, &stale, FALSE);
+            RECT client{};
+            GetClientRect(hwnd, &client);
+            EXPECT_TRUE(EqualRect(&stale, number == code ? &client : &nothing)) << code << ' ' << number;
+        }
+        gui::pump();
+    }
 }
 
 TEST_F(Commands, SurviveARandomWalkWithoutDialogs)

@@ -155,14 +155,6 @@ TEST_F(Dispatch, ShowsThePageWhosePositionChangedWithoutAMask)
     EXPECT_EQ(box_text(command::box_1), L"2\r\n");
 }
 
-TEST_F(Dispatch, DropsBitsOfTheMaskThatNoViewServes)
-{
-    open({ page(L"1\r\n") });
-    command(command::request_refresh, 0xB80);
-    command(command::request_refresh, -1);
-    EXPECT_EQ(title(), L"手帖");
-}
-
 TEST_F(Dispatch, TellsTheConditionOfASearchThatFound)
 {
     book::Book marked = book_of({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
@@ -193,11 +185,28 @@ TEST_F(Dispatch, StoresTheInterpolation)
     }
 }
 
+TEST_F(Dispatch, ShowsTheIconOfABoxsStyle)
+{
+    open({ page(L"1\r\n") });
+    const auto icon_of = [&](app::BoxStyle style) {
+        return answered(
+            style == app::BoxStyle::question || style == app::BoxStyle::warning_question ? IDYES : IDOK,
+            [&] { EXPECT_NE(window().show_message(L"本文", style), 0); })
+            .icon;
+    };
+    EXPECT_EQ(icon_of(app::BoxStyle::plain), nullptr);
+    EXPECT_EQ(icon_of(app::BoxStyle::error), LoadIconW(nullptr, IDI_ERROR));
+    EXPECT_EQ(icon_of(app::BoxStyle::question), LoadIconW(nullptr, IDI_QUESTION));
+    EXPECT_EQ(icon_of(app::BoxStyle::warning), LoadIconW(nullptr, IDI_WARNING));
+    EXPECT_EQ(icon_of(app::BoxStyle::warning_question), LoadIconW(nullptr, IDI_WARNING));
+}
+
 TEST_F(Dispatch, TellsAboutTheProgram)
 {
     open({ page(L"1\r\n") });
     const MetBox met = answered(IDOK, [&] { command(command::about); });
     EXPECT_EQ(met.text, L"Pagewick v1.06\r\nby the Pagewick developers");
+    EXPECT_EQ(met.icon, nullptr);
 }
 
 TEST_F(Dispatch, SavesABookWhoseLastPositionWasDeleted)

@@ -26,6 +26,16 @@ protected:
         EXPECT_TRUE(driver.finish());
         return texts;
     }
+    int middle_of_place() const { return (place_.top + place_.bottom) / 2; }
+    // A window system may carry out an older move late.
+    static void put_cursor(POINT place)
+    {
+        EXPECT_TRUE(gui::pump_until([&] {
+            SetCursorPos(place.x, place.y);
+            POINT now{};
+            return GetCursorPos(&now) && now.x == place.x && now.y == place.y;
+        }));
+    }
 
     RECT place_{};
 };
@@ -38,9 +48,34 @@ TEST_F(Menus, OfTheBookComesUpBelowItsButton)
     EXPECT_EQ(texts[0], L"新規作成");
     EXPECT_EQ(texts[2], L"保存-");
     EXPECT_EQ(texts[6], L"Pagewick を終了する");
-    POINT corner{ 16, 0 };
-    ClientToScreen(window().hwnd(), &corner);
-    EXPECT_EQ(place_.left, corner.x);
+    RECT button{};
+    GetWindowRect(box(command::show_book_menu), &button);
+    EXPECT_EQ(place_.left, button.left);
+    EXPECT_NEAR(middle_of_place(), button.bottom, 1);
+}
+
+// Their flags put the middle of the menu to the place, those of the web its top.
+TEST_F(Menus, ComeUpAtTheCursor)
+{
+    book::Book with_file = book_of({ page(L"1\r\n") });
+    with_file.pages[0].files = { file(L"手帖.bok") };
+    open(with_file);
+    for (const POINT cursor : { POINT{ 640, 400 }, POINT{ 410, 530 } }) {
+        for (const int id : { command::show_folder_menu, command::show_file_menu }) {
+            put_cursor(cursor);
+            shown_by([&] { command(id); });
+            EXPECT_EQ(place_.left, cursor.x) << id;
+            EXPECT_NEAR(middle_of_place(), cursor.y, 1) << id;
+        }
+        put_cursor(cursor);
+        shown_by([&] { window().send(WM_NCRBUTTONUP, HTCAPTION, 0); });
+        EXPECT_EQ(place_.left, cursor.x);
+        EXPECT_NEAR(middle_of_place(), cursor.y, 1);
+        put_cursor(cursor);
+        shown_by([&] { command(command::show_web_menu); });
+        EXPECT_EQ(place_.left, cursor.x);
+        EXPECT_EQ(place_.top, cursor.y);
+    }
 }
 
 TEST_F(Menus, OfTheBookOffersToSaveAnEdit)
@@ -94,6 +129,31 @@ TEST_F(Menus, OfFilesFollowThePage)
     EXPECT_EQ(texts[9], L"画像を Viewer (手帖.bok) で開く");
     command(command::next_page);
     EXPECT_EQ(shown_by([&] { command(command::show_file_menu); })[2], L"ファイルを複製-");
+}
+
+TEST_F(Menus, OfFilesOfferNoCopyOfAFolder)
+{
+    CreateDirectoryW(file(L"箱").c_str(), nullptr);
+    book::Book with_folder = book_of({ page(L"1\r\n") });
+    with_folder.pages[0].files = { file(L"箱") };
+    open(with_folder);
+    const auto texts = shown_by([&] { command(command::show_file_menu); });
+    ASSERT_EQ(texts.size(), 12u);
+    EXPECT_EQ(texts[2], L"ファイルを複製-");
+    EXPECT_EQ(texts[3], L"ファイルの場所を開く-");
+    EXPECT_EQ(texts[8], L"ファイルを既定のアプリで開く");
+    EXPECT_EQ(texts[9], L"画像を Viewer (箱) で開く");
+}
+
+TEST_F(Menus, OfFilesCountARelativeEntryFromTheDataRoot)
+{
+    book::Book with_file = book_of({ page(L"1\r\n") });
+    with_file.pages[0].files = { L"手帖.bok" };
+    open(with_file);
+    SetCurrentDirectoryW(L"C:\\");
+    const auto texts = shown_by([&] { command(command::show_file_menu); });
+    ASSERT_EQ(texts.size(), 12u);
+    EXPECT_EQ(texts[2], L"ファイルを複製");
 }
 
 TEST_F(Menus, OfTheFolderFollowThePage)

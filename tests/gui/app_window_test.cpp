@@ -96,6 +96,28 @@ TEST_F(AppWindow, MovesTheBoundaryWithAMouseThatPressedAGap)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
+// Where a box stood, the gap shows the box's text until it is painted.
+TEST_F(AppWindow, PaintsBothGapsAnewWhenTheBoundaryMoves)
+{
+    open({ page(L"a") });
+    window().show(true);
+    gui::pump();
+    ASSERT_FALSE(GetUpdateRect(window().hwnd(), nullptr, FALSE));
+    const auto mouse = [&](UINT message, int y) { window().send(message, 0, MAKELPARAM(300, y)); };
+    mouse(WM_LBUTTONDOWN, 114);
+    mouse(WM_MOUSEMOVE, 300);
+    HRGN const stale = CreateRectRgn(0, 0, 0, 0);
+    GetUpdateRgn(window().hwnd(), stale, FALSE);
+    for (const int gap : { 300, 332 }) {
+        for (const int y : { gap, gap + 3 }) {
+            EXPECT_TRUE(PtInRegion(stale, 12, y)) << y;
+            EXPECT_TRUE(PtInRegion(stale, 661, y)) << y;
+        }
+    }
+    DeleteObject(stale);
+    mouse(WM_LBUTTONUP, 300);
+}
+
 TEST_F(AppWindow, IsMovedByItsBackground)
 {
     open({ page(L"a") });
@@ -159,19 +181,31 @@ protected:
         COLORREF text = 0;
         COLORREF back = 0;
         int mode = 0;
+
+        friend bool operator==(const Answer&, const Answer&) = default;
     };
-    Answer ask(UINT message, HWND control)
+    template <class Ask> static Answer answer_of(Ask ask)
     {
         HDC const dc = CreateCompatibleDC(nullptr);
         SetBkMode(dc, TRANSPARENT);
         Answer answer;
-        answer.brush =
-            window().send(message, reinterpret_cast<WPARAM>(dc), reinterpret_cast<LPARAM>(control));
+        answer.brush = ask(reinterpret_cast<WPARAM>(dc));
         answer.text = GetTextColor(dc);
         answer.back = GetBkColor(dc);
         answer.mode = GetBkMode(dc);
         DeleteDC(dc);
         return answer;
+    }
+    Answer ask(UINT message, HWND control)
+    {
+        return answer_of(
+            [&](WPARAM dc) { return window().send(message, dc, reinterpret_cast<LPARAM>(control)); });
+    }
+    Answer system_answer(UINT message, HWND control)
+    {
+        return answer_of([&](WPARAM dc) {
+            return DefWindowProcW(window().hwnd(), message, dc, reinterpret_cast<LPARAM>(control));
+        });
     }
     static COLORREF brush_color(LRESULT brush)
     {
@@ -218,12 +252,17 @@ TEST_F(BoxColors, OfAnotherEditControlAreTheThemes)
 
 TEST_F(BoxColors, AreLeftToTheSystemWithoutACurrentPage)
 {
-    book::Book lost = book_of({ page(L"a") });
-    lost.header.position = 7;
+    book::Page colored = page(L"a");
+    colored.text_color.fill(0x445566);
+    colored.back_color.fill(0xC0FFEE);
+    book::Book lost = book_of({ colored });
+    lost.header.position = ~std::uint64_t{ 0 };
     open(lost);
-    const Answer answer = ask(WM_CTLCOLOREDIT, box(command::box_1));
-    EXPECT_NE(answer.back, 0xC0FFEEu);
-    EXPECT_NE(answer.brush, 0); // DefWindowProc's
+    command(look::theme_dark);
+    for (const UINT message : { WM_CTLCOLOREDIT, WM_CTLCOLORSTATIC }) {
+        for (const int id : box_ids)
+            EXPECT_EQ(ask(message, box(id)), system_answer(message, box(id))) << message << ' ' << id;
+    }
 }
 
 TEST_F(BoxColors, CostNoHandles)

@@ -23,7 +23,19 @@ namespace gui {
 struct MetBox {
     std::wstring caption;
     std::wstring text;
+    HICON icon = nullptr;
 };
+
+// The picture beside the text; null for none.
+inline HICON box_icon(HWND dialog)
+{
+    HWND child = nullptr;
+    while ((child = FindWindowExW(dialog, child, L"STATIC", nullptr)) != nullptr) {
+        if ((GetWindowLongW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON && IsWindowVisible(child))
+            return reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
+    }
+    return nullptr;
+}
 
 // Keeps a file from being written while it lives. The attribute alone does not stop a privileged user.
 class Unwritable {
@@ -160,7 +172,7 @@ protected:
                     return;
                 HWND const dialog = dialog_of(thread);
                 constexpr int text_id = 65535;
-                met.push_back({ text_of(dialog), text_of(GetDlgItem(dialog, text_id)) });
+                met.push_back({ text_of(dialog), text_of(GetDlgItem(dialog, text_id)), box_icon(dialog) });
                 meanwhile();
                 PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
                 poll_until([&] { return !IsWindow(dialog); });
