@@ -1,7 +1,10 @@
 // The Book as a whole: start, load, save, history, and what a failed load leaves behind.
 #include "app/failures.hpp"
 #include "book/my_exception.hpp"
+#include "look/theme.hpp"
 #include "tests/support/gui_app.hpp"
+#include "tests/support/gui_file_dialog.hpp"
+#include <utility>
 
 namespace {
 
@@ -11,7 +14,21 @@ using gui::MetBox;
 
 constexpr wchar_t closing_words[] = L"\r\nアプリケーションを終了します．";
 
-class Books : public AppWindow { };
+class Books : public AppWindow {
+protected:
+    book::Book& open_book() { return const_cast<book::Book&>(book()); }
+    // What the system says of an error.
+    static std::wstring system_words(DWORD code)
+    {
+        wchar_t* words = nullptr;
+        FormatMessageW(
+            FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+            nullptr, code, 0, reinterpret_cast<wchar_t*>(&words), 0, nullptr);
+        std::wstring text = words ? words : L"";
+        LocalFree(words);
+        return text;
+    }
+};
 
 TEST_F(Books, OpenAtTheirStoredPosition)
 {
@@ -46,6 +63,7 @@ TEST_F(Books, ThatAreGoneAreNamedAndForgottenAndTheNextIsTried)
     set_history({ file(L"無い.bok"), file(L"手帖.bok") });
     const MetBox met = answered(IDOK, [&] { EXPECT_TRUE(create()); });
     EXPECT_EQ(met.text, L"ファイル [" + file(L"無い.bok") + L"] が見つかりませんでした．");
+    EXPECT_EQ(met.icon, LoadIconW(nullptr, IDI_WARNING));
     EXPECT_EQ(met.caption, L"Pagewick v1.06");
     EXPECT_EQ(history(), std::vector<std::wstring>{ file(L"手帖.bok") });
 }
@@ -73,7 +91,9 @@ TEST_F(Books, ThatCannotBeReadEndTheStartAndAreForgotten)
     set_history({ file(L"壊.bok") });
     const auto met = answered_all({ IDNO, IDOK }, [&] { EXPECT_FALSE(create()); });
     ASSERT_EQ(met.size(), 2u);
+    EXPECT_EQ(met[0].icon, LoadIconW(nullptr, IDI_WARNING));
     EXPECT_EQ(met[1].text, closing_words);
+    EXPECT_EQ(met[1].icon, LoadIconW(nullptr, IDI_ERROR));
     EXPECT_TRUE(history().empty());
 }
 
@@ -263,13 +283,95 @@ TEST_F(Books, AreBackedUpOverAnOldCopyOnlyAfterAQuestion)
     open({ page(L"1\r\n") });
     const MetBox done = answered(IDOK, [&] { command(command::backup_book); });
     EXPECT_EQ(done.text, L"バックアップしました:\r\n" + file(L"book_backup\\手帖.bok"));
+    EXPECT_EQ(done.icon, nullptr);
     type(command::box_1, L"x");
     command(command::save_if_changed);
     const MetBox question = answered(IDNO, [&] { command(command::backup_book); });
+    EXPECT_EQ(question.icon, LoadIconW(nullptr, IDI_QUESTION));
     EXPECT_EQ(question.text, L"手帖.bok はすでにバックアップフォルダに存在します．上書きしますか？");
     EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"1\r\n");
     EXPECT_EQ(answered_all({ IDYES, IDOK }, [&] { command(command::backup_book); }).size(), 2u);
     EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"x1\r\n");
+}
+
+TEST_F(Books, WithoutAPathOrAPageAreNotBackedUp)
+{
+    open({ page(L"1\r\n") });
+    const std::wstring refusal = L"Error: この Book は無効です．\r\n";
+    const std::wstring path = open_book().path;
+    open_book().path.clear();
+    EXPECT_EQ(answered(IDOK, [&] { command(command::backup_book); }).text, refusal);
+    open_book().path = path;
+    const std::vector<book::Page> pages = std::exchange(open_book().pages, {});
+    EXPECT_EQ(answered(IDOK, [&] { command(command::backup_book); }).text, refusal + path);
+    open_book().pages = pages;
+    EXPECT_FALSE(platform::exists(file(L"book_backup\\手帖.bok")));
+}
+
+TEST_F(Books, WhoseCopyFailsSayWhyAndNothingMore)
+{
+    open({ page(L"1\r\n") });
+    ASSERT_TRUE(DeleteFileW(file(L"手帖.bok").c_str()));
+    bool was_accepting = true;
+    const MetBox met = answered(
+        IDOK, [&] { command(command::backup_book); }, // another box would wait for ever
+        [&] { was_accepting = window().is_accepting_input(); });
+    EXPECT_EQ(met.caption, L"Pagewick");
+    EXPECT_NE(met.text.find(system_words(ERROR_FILE_NOT_FOUND)), std::wstring::npos) << met.text.c_str();
+    EXPECT_FALSE(was_accepting);
+    EXPECT_TRUE(window().is_accepting_input());
+    EXPECT_FALSE(platform::exists(file(L"book_backup\\手帖.bok")));
+}
+
+TEST_F(Books, WhoseCopyAtLoadFailsSayWhyAndWhichTheyAre)
+{
+    test_support::write_text(app::settings_file(app::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
+    ASSERT_TRUE(platform::create_folder(file(L"book_backup")));
+    test_support::write_text(file(L"book_backup\\手帖.bok"), L"old");
+    const gui::Unwritable guard{ file(L"book_backup\\手帖.bok") };
+    ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok") });
+    ASSERT_FALSE(CopyFileW(file(L"手帖.bok").c_str(), file(L"book_backup\\手帖.bok").c_str(), FALSE));
+    const std::wstring reason = system_words(GetLastError());
+    const auto met = answered_all({ IDOK, IDOK }, [&] { EXPECT_TRUE(create()); });
+    ASSERT_EQ(met.size(), 2u);
+    EXPECT_EQ(met[0].caption, L"Pagewick");
+    EXPECT_NE(met[0].text.find(reason), std::wstring::npos) << met[0].text.c_str();
+    EXPECT_EQ(met[1].text, L"バックアップファイルの作成に失敗\r\n" + file(L"手帖.bok"));
+    EXPECT_EQ(met[1].icon, LoadIconW(nullptr, IDI_WARNING));
+    EXPECT_EQ(box_text(command::box_1), L"1\r\n");
+}
+
+// A new Book has the standard theme whatever the one before had.
+TEST_F(Books, ThatAreNewHaveAFirstPageInStandardColours)
+{
+    open({ page(L"1\r\n") });
+    command(look::theme_dark);
+    const gui::FileDialogSpy spy{ file(L"新.bok") };
+    command(command::new_book);
+    const look::ThemePalette standard = look::theme_colors(look::theme_standard);
+    const book::Page first = saved(L"新.bok").pages.at(0);
+    EXPECT_EQ(first.text_color[0], standard.box1_text.value);
+    EXPECT_EQ(first.back_color[0], standard.box_back.value);
+    EXPECT_EQ(first.back_color[2], standard.box_back.value);
+    EXPECT_NE(first.back_color[0], look::theme_colors(look::theme_dark).box_back.value);
+    EXPECT_EQ(look::palette().current_theme, look::theme_standard);
+    EXPECT_EQ(history(), (std::vector{ file(L"新.bok"), file(L"手帖.bok") }));
+}
+
+TEST_F(Books, ThatCannotBeMadeLeaveTheThemeOfTheOneBefore)
+{
+    open({ page(L"1\r\n") });
+    command(look::theme_dark);
+    test_support::write_text(file(L"新.bok"), L"not to be written");
+    const gui::Unwritable guard{ file(L"新.bok") };
+    const gui::FileDialogSpy spy{ file(L"新.bok") };
+    const MetBox met = answered(IDOK, [&] { command(command::new_book); });
+    EXPECT_EQ(met.text, L"Book の作成に失敗");
+    EXPECT_EQ(met.icon, LoadIconW(nullptr, IDI_WARNING));
+    EXPECT_EQ(look::palette().current_theme, look::theme_dark);
+    EXPECT_EQ(look::palette().panel_back, look::theme_colors(look::theme_dark).panel_back);
+    EXPECT_EQ(history(), std::vector<std::wstring>{ file(L"手帖.bok") });
 }
 
 TEST_F(Books, AreWrittenAtTheCloseWithoutAQuestionTogetherWithTheSettings)

@@ -1,8 +1,19 @@
 // Answers the file dialogs of the system.
 #pragma once
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_driver.hpp"
+#include <algorithm>
+#include <array>
+#include <functional>
 #include <initializer_list>
 #include <string>
+#include <vector>
+
+#include <commdlg.h>
+
+// The imports themselves, which the linker names after the functions.
+extern "C" void* __imp_GetOpenFileNameW; // NOLINT(bugprone-reserved-identifier)
+extern "C" void* __imp_GetSaveFileNameW; // NOLINT(bugprone-reserved-identifier)
 
 namespace gui {
 
@@ -36,5 +47,50 @@ inline bool answer_with_name(HWND dialog, const std::wstring& name)
         cancel_dialog(dialog);
     return taken;
 }
+
+inline std::wstring current_directory()
+{
+    std::array<wchar_t, MAX_PATH> path{};
+    GetCurrentDirectoryW(MAX_PATH, path.data());
+    return path.data();
+}
+
+// A file dialog as the program asks for it. It answers with a path, or as if it were left.
+class FileDialogSpy {
+public:
+    struct Shown {
+        std::wstring title;
+        std::wstring folder;
+        std::wstring name;
+        std::wstring extension;
+        DWORD flags = 0;
+        std::wstring directory; // the current one
+    };
+
+    explicit FileDialogSpy(std::wstring answer = L"")
+    {
+        shown.clear();
+        chosen = std::move(answer);
+        meanwhile = [] {};
+    }
+
+    static inline std::vector<Shown> shown;
+    static inline std::wstring chosen;
+    static inline std::function<void()> meanwhile;
+
+private:
+    static std::wstring text_or_none(const wchar_t* text) { return text ? text : L""; }
+    static BOOL WINAPI note(OPENFILENAMEW* record)
+    {
+        shown.push_back({ text_or_none(record->lpstrTitle), text_or_none(record->lpstrInitialDir),
+            record->lpstrFile, text_or_none(record->lpstrDefExt), record->Flags, current_directory() });
+        meanwhile();
+        std::copy_n(chosen.c_str(), chosen.size() + 1, record->lpstrFile);
+        return chosen.empty() ? FALSE : TRUE;
+    }
+
+    ReplacedImport<decltype(GetOpenFileNameW)> open_{ &__imp_GetOpenFileNameW, &note };
+    ReplacedImport<decltype(GetSaveFileNameW)> save_{ &__imp_GetSaveFileNameW, &note };
+};
 
 } // namespace gui
