@@ -220,6 +220,7 @@ TEST_F(CurrentDirectory, IsTheDataRootForAnEntryHandedToTheShell)
     made(L"絵.png");
     const gui::ShellCalls shell;
     go_elsewhere();
+    made(L"elsewhere\\絵.png");
     command(command::open_file);
     go_elsewhere();
     command(command::show_file_in_folder);
