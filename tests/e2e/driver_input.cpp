@@ -56,6 +56,12 @@ void send_clicks(POINT screen, int count)
     send(inputs);
 }
 
+bool is_mouse_at(POINT screen)
+{
+    POINT now{};
+    return GetCursorPos(&now) && now.x == screen.x && now.y == screen.y;
+}
+
 } // namespace
 
 void type_text(std::wstring_view text)
@@ -84,16 +90,17 @@ void chord(std::initializer_list<WORD> keys)
 }
 
 // A window that the pointer has just entered takes over the state of the real keyboard, where nothing is
-// pressed, and Wine repeats what it told of a key for 50 ms: the key is down when it has stayed so for
-// longer.
+// pressed. Wine repeats its last answer about a key for 50 ms: "up" may be that old, and only a "down" that
+// lasts longer is true.
 HeldKey::HeldKey(WORD key)
     : key_(key)
 {
+    constexpr milliseconds longer_than_an_answer{ 60 };
+    const auto is_down = [&] { return GetAsyncKeyState(key_) < 0; };
     require("a key stays down", [&] {
         Inputs inputs{ key_input(key_, 0, 0) };
         send(inputs);
-        std::this_thread::sleep_for(milliseconds{ 60 });
-        return GetAsyncKeyState(key_) < 0;
+        return wait_until(is_down, longer_than_an_answer) && keeps(is_down, longer_than_an_answer);
     });
 }
 
@@ -109,13 +116,14 @@ void move_mouse(POINT screen)
     send(inputs);
 }
 
+// The X server may report an earlier move late, which carries the pointer back. Nothing shows that all moves
+// were reported, so the pointer is watched for a while.
 void rest_mouse(POINT screen)
 {
+    constexpr milliseconds last_report{ 120 };
     require("the pointer stays", [&] {
         move_mouse(screen);
-        std::this_thread::sleep_for(milliseconds{ 120 });
-        POINT now{};
-        if (GetCursorPos(&now) && now.x == screen.x && now.y == screen.y)
+        if (keeps([&] { return is_mouse_at(screen); }, last_report))
             return true;
         // A move to where Wine has it already would not reach the X server, which may have it elsewhere.
         move_mouse({ screen.x + 1, screen.y });
@@ -156,10 +164,11 @@ void lead_mouse(POINT from, POINT to)
 {
     constexpr int steps = 8;
     for (int step = 1; step <= steps; ++step) {
-        std::this_thread::sleep_for(milliseconds{ 15 });
-        Inputs move{ input_at(
-            { from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps }) };
-        send(move);
+        const POINT place{ from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps };
+        require("the pointer follows", [&] {
+            move_mouse(place);
+            return is_mouse_at(place);
+        });
     }
     rest_mouse(to);
 }

@@ -30,6 +30,19 @@ template <class Predicate> bool wait_until(Predicate holds, milliseconds limit =
     return true;
 }
 
+// True when `holds()` does at every look until `span` has passed; false at the first look at which it does
+// not.
+template <class Predicate> bool keeps(Predicate holds, milliseconds span)
+{
+    const auto end = std::chrono::steady_clock::now() + span;
+    while (holds()) {
+        if (std::chrono::steady_clock::now() >= end)
+            return true;
+        std::this_thread::sleep_for(milliseconds{ 4 });
+    }
+    return false;
+}
+
 template <class Predicate>
 void require(const std::string& what, Predicate holds, milliseconds limit = patience)
 {

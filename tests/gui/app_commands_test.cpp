@@ -409,7 +409,7 @@ TEST_F(Commands, CloseOnceWhenTheProgramIsEndedInsideABox)
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
 }
 
-// As the palette asks that changed a colour of one box.
+// As the palette asks after it changed a colour of that box.
 TEST_F(Commands, RepaintTheBoxOfTheirCodeAlone)
 {
     open({ page(L"1\r\n") });

@@ -1,6 +1,5 @@
-// What the main window hands to the system's older file dialogs, which are never shown here: where they
-// start, what is held back while they are open, and that paths count from the data root whatever the current
-// directory is.
+// Where the main window's file dialogs start, and the input while they are open. Paths count from the data
+// root, whatever the current directory is.
 #include "app/wnd/shell_folders.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_file_dialog.hpp"
@@ -139,7 +138,7 @@ TEST_F(OlderDialogs, GiveBackNoInputThatAnotherWindowHolds)
     EXPECT_EQ(FileDialogSpy::shown.size(), 4u);
 }
 
-TEST_F(OlderDialogs, HoldTheInputWhileAFailedCopyIsTold)
+TEST_F(OlderDialogs, HoldTheInputWhileTheFailureOfACopyIsShown)
 {
     open_with({ file(L"無い.png") });
     const FileDialogSpy spy{ file(L"写し.png") };

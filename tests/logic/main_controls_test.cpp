@@ -30,7 +30,7 @@ bool overlap(const Rect& one, const Rect& other)
         && other.top < one.bottom;
 }
 
-// The numbers are written out: a control that names another command by mistake would go on compiling.
+// The numbers are written out: a control with another command's name would still compile.
 TEST(MainControls, BearTheNumbersOfTheCommandsTheySend)
 {
     std::map<std::wstring_view, int> numbers;
