@@ -63,22 +63,6 @@ TEST(MainControls, HaveATextOrAPicture)
         EXPECT_NE(std::wstring_view(row.text).empty(), std::wstring_view(row.picture).empty()) << row.command;
 }
 
-TEST(MainControls, BearTheseTexts)
-{
-    std::map<int, std::wstring_view> texts;
-    for (const app::ButtonRow& row : button_rows) {
-        if (*row.text)
-            texts[row.command] = row.text;
-    }
-    for (const app::CheckRow& row : check_rows)
-        texts[row.command] = row.text;
-    const std::map<int, std::wstring_view> expected{ { 1001, L"Book" }, { 1006, L"保存" }, { 1028, L"資料" },
-        { 1014, L"マーク" }, { 1015, L"マーク追跡" }, { 2507, L"タブ" }, { 1016, L"タブ追跡" },
-        { 1020, L"昇順" }, { 1018, L"ランダム" }, { 1019, L"逆順" }, { 1022, L"AND検索" },
-        { 1023, L"大文字・小文字を区別しない" }, { 1024, L"ファイルリストも検索" } };
-    EXPECT_EQ(texts, expected);
-}
-
 TEST(MainControls, OfTheOrderAndThePageStandInTheirFrame)
 {
     const Rect frame = app::checks_frame(at);
