@@ -104,7 +104,7 @@ TEST_F(OlderDialogs, ForACopyProposeTheFilesName)
     EXPECT_EQ(shown.flags, 0x80006u);
 }
 
-// Page turns wait, and the history takes no clicks.
+// Neither a command nor the wheel turns a page meanwhile.
 TEST_F(OlderDialogs, HoldTheInputWhileTheyAreOpen)
 {
     open_with({ made(L"元.png") });

@@ -196,8 +196,8 @@ TEST(SortedOrder, ByStampsComparesUnitsNotLanguage)
     EXPECT_EQ(sorted(book, SortKey::box1).size(), 2u);
 }
 
-// Equal pages come in no promised order, but the same pages in the same one: what does not count must not
-// move them.
+// Equal pages have no promised order, but the sort is deterministic: what does not count must not change its
+// result.
 TEST(SortedOrder, OfPagesMadeInTheSameSecondTakesThemAsEqual)
 {
     constexpr std::size_t count = 40;
