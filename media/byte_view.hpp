@@ -17,6 +17,7 @@ public:
     {
     }
 
+    std::span<const std::byte> bytes() const { return bytes_; }
     std::uint64_t size() const { return bytes_.size(); }
     bool has(std::uint64_t at, std::uint64_t count) const { return at <= size() && count <= size() - at; }
     std::uint8_t byte(std::uint64_t at) const
@@ -28,7 +29,18 @@ public:
     {
         return static_cast<std::uint16_t>(number(at, 2, order));
     }
-    std::uint32_t number32(std::uint64_t at, ByteOrder order) const { return number(at, 4, order); }
+    std::uint32_t number32(std::uint64_t at, ByteOrder order) const
+    {
+        return static_cast<std::uint32_t>(number(at, 4, order));
+    }
+    // Of up to eight bytes.
+    std::uint64_t number(std::uint64_t at, unsigned count, ByteOrder order) const
+    {
+        std::uint64_t value = 0;
+        for (unsigned i = 0; i < count; ++i)
+            value = value << 8 | byte(at + (order == ByteOrder::big ? i : count - 1 - i));
+        return value;
+    }
     bool begins_with(std::string_view signature, std::uint64_t at = 0) const
     {
         if (!has(at, signature.size()))
@@ -40,14 +52,6 @@ public:
     }
 
 private:
-    std::uint32_t number(std::uint64_t at, unsigned count, ByteOrder order) const
-    {
-        std::uint32_t value = 0;
-        for (unsigned i = 0; i < count; ++i)
-            value = value << 8 | byte(at + (order == ByteOrder::big ? i : count - 1 - i));
-        return value;
-    }
-
     std::span<const std::byte> bytes_;
 };
 

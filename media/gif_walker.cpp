@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::uint8_t extension_block = 0x21;
 constexpr std::uint8_t image_block = 0x2C;
+constexpr std::uint8_t trailer = 0x3B;
 constexpr std::uint8_t graphic_control = 0xF9;
 constexpr std::uint64_t screen_size = 13; // signature and logical screen
 constexpr std::uint64_t descriptor_size = 10;
@@ -35,12 +36,15 @@ public:
     }
 
 private:
-    // False at the trailer, at the end and at what is no block.
+    // False at the trailer and at the end. What is no block is passed byte by byte, as some decoders do.
     bool step()
     {
         if (bytes_.byte(at_) == extension_block)
             return read_extension();
-        return bytes_.byte(at_) == image_block && read_image();
+        if (bytes_.byte(at_) == image_block)
+            return read_image();
+        is_broken_ = true;
+        return bytes_.byte(at_) != trailer && ++at_ < bytes_.size();
     }
 
     // The delay stands before the frame it is meant for, and ends with it.
@@ -61,11 +65,17 @@ private:
         };
         walk_.covered.width = std::max(walk_.covered.width, number(1) + number(5));
         walk_.covered.height = std::max(walk_.covered.height, number(3) + number(7));
-        walk_.delays.push_back(delay_);
+        walk_.frames_cost += decoding_cost({ number(5), number(7) });
+        if (!is_broken_)
+            walk_.delays.push_back(delay_);
         delay_ = 0;
-        constexpr std::uint64_t code_size = 1;
-        at_ += descriptor_size + color_table_size(bytes_.byte(at_ + 9)) + code_size;
-        return skip_pieces();
+        at_ += descriptor_size + color_table_size(bytes_.byte(at_ + 9));
+        constexpr std::uint8_t most_bits = 12;
+        if (bytes_.byte(at_++) <= most_bits)
+            return skip_pieces();
+        // What begins like no data is not passed as data: decoders look for the next block in it.
+        is_broken_ = true;
+        return at_ < bytes_.size();
     }
 
     // Pieces of up to 255 bytes, each after its length, up to an empty one.
@@ -83,6 +93,7 @@ private:
     ByteView bytes_;
     std::uint64_t at_ = 0;
     std::uint16_t delay_ = 0;
+    bool is_broken_ = false;
     GifWalk walk_;
 };
 

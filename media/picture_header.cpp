@@ -12,10 +12,12 @@ namespace {
 using namespace std::string_view_literals;
 using enum ByteOrder;
 using Size = std::optional<PictureSize>;
+using Claim = std::optional<PictureClaim>;
 
 constexpr auto png_signature = "\x89PNG\r\n\x1A\n"sv;
 
-// Signature, length and name of the first chunk, then width and height.
+// Signature, length and name of the first chunk, then width and height. Decoders differ in what they make of
+// another chunk before it.
 Size png_size(ByteView bytes, std::uint64_t at = 0)
 {
     if (!bytes.begins_with("IHDR", at + 12) || !bytes.has(at + 16, 8))
@@ -37,23 +39,36 @@ bool stands_alone(std::uint8_t marker)
     return marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8);
 }
 
+// The marker at or after a place: the first byte after FF that is neither filling nor FF kept as data. What
+// stands before it is skipped, as decoders do. The end of the bytes where there is none.
+std::uint64_t next_marker(ByteView bytes, std::uint64_t at)
+{
+    while (at < bytes.size()) {
+        const bool follows_ff = at > 0 && bytes.byte(at - 1) == 0xFF;
+        if (follows_ff && bytes.byte(at) != 0 && bytes.byte(at) != 0xFF)
+            return at;
+        ++at;
+    }
+    return bytes.size();
+}
+
 // Segments, each with its length, up to the first that starts a frame: precision, height, width.
 Size jpeg_size(ByteView bytes)
 {
-    std::uint64_t at = 2;
-    while (bytes.has(at, 4) && bytes.byte(at) == 0xFF) {
-        const std::uint8_t marker = bytes.byte(at + 1);
-        if (marker == 0xFF) {
-            ++at;
-        } else if (stands_alone(marker)) {
-            at += 2;
-        } else if (starts_frame(marker)) {
-            if (!bytes.has(at + 5, 4))
+    constexpr std::uint8_t end_of_image = 0xD9;
+    constexpr std::uint64_t shortest = 2; // the length counts itself
+    std::uint64_t at = next_marker(bytes, 3);
+    while (bytes.has(at, 1) && bytes.byte(at) != end_of_image) {
+        const std::uint8_t marker = bytes.byte(at);
+        if (starts_frame(marker)) {
+            if (!bytes.has(at + 4, 4))
                 return std::nullopt;
-            return PictureSize{ bytes.number16(at + 7, big), bytes.number16(at + 5, big) };
-        } else {
-            at += 2 + std::max<std::uint64_t>(bytes.number16(at + 2, big), 2);
+            return PictureSize{ bytes.number16(at + 6, big), bytes.number16(at + 4, big) };
         }
+        if (!stands_alone(marker))
+            at += std::max<std::uint64_t>(bytes.number16(at + 1, big), shortest);
+        // The FF of the next marker stands behind this one or behind its segment.
+        at = next_marker(bytes, at + 2);
     }
     return std::nullopt;
 }
@@ -77,99 +92,151 @@ Size bitmap_size(ByteView bytes, std::uint64_t at)
 }
 
 // Colours and mask of an icon stand above each other, so that half its bitmap's height is seen.
-PictureSize icon_picture_size(ByteView bytes, std::uint64_t entry)
+Size icon_picture_size(ByteView bytes, std::uint64_t entry)
 {
     const std::uint64_t at = bytes.number32(entry + 12, little);
     if (bytes.begins_with(png_signature, at))
-        return png_size(bytes, at).value_or(PictureSize{});
-    PictureSize size = bitmap_size(bytes, at).value_or(PictureSize{});
-    size.height /= 2;
+        return png_size(bytes, at);
+    Size size = bitmap_size(bytes, at);
+    if (size)
+        size->height /= 2;
     return size;
 }
 
-Size icon_size(ByteView bytes)
+// One picture that cannot be read spoils the icon: which of them is shown is the decoder's choice.
+Claim icon_claim(ByteView bytes)
 {
     constexpr std::uint64_t header = 6;
     constexpr std::uint64_t entry = 16;
     const std::uint64_t told = bytes.number16(4, little);
     const std::uint64_t count = std::min(told, (std::max(bytes.size(), header) - header) / entry);
-    Size largest;
+    Claim claim;
     for (std::uint64_t i = 0; i < count; ++i) {
-        const PictureSize size = icon_picture_size(bytes, header + i * entry);
-        if (!largest || size.pixels() > largest->pixels())
-            largest = size;
+        const Size size = icon_picture_size(bytes, header + i * entry);
+        if (!size || size->pixels() == 0)
+            return std::nullopt;
+        if (!claim)
+            claim.emplace();
+        if (size->pixels() > claim->size.pixels())
+            claim->size = *size;
+        // So that no sum is larger than its number can hold.
+        claim->cost = std::min(claim->cost, largest_decoding_cost)
+            + std::min(decoding_cost(*size), largest_decoding_cost);
     }
-    return largest;
+    return claim;
 }
 
-// Of the tags that name a side: one number, short, long or a byte.
-std::uint32_t tag_value(ByteView bytes, std::uint64_t entry, ByteOrder order)
+// Whole numbers of every width, which stand in the entry itself or, of eight bytes, where it points to. None
+// for other values, for several, and for what is no length.
+std::optional<std::uint32_t> tiff_number(ByteView bytes, std::uint64_t entry, ByteOrder order)
 {
-    switch (bytes.number16(entry + 2, order)) {
-    case 1:
-        return bytes.byte(entry + 8);
-    case 3:
-        return bytes.number16(entry + 8, order);
-    case 4:
-        return bytes.number32(entry + 8, order);
-    default:
-        return 0;
-    }
+    struct Type {
+        std::uint16_t number;
+        unsigned bytes;
+        bool has_sign;
+    };
+    static constexpr Type types[] = { { 1, 1, false }, { 3, 2, false }, { 4, 4, false }, { 6, 1, true },
+        { 8, 2, true }, { 9, 4, true }, { 16, 8, false }, { 17, 8, true } };
+    const auto type = std::ranges::find(types, bytes.number16(entry + 2, order), &Type::number);
+    if (type == std::end(types) || bytes.number32(entry + 4, order) != 1)
+        return std::nullopt;
+    const std::uint64_t at = type->bytes == 8 ? bytes.number32(entry + 8, order) : entry + 8;
+    if (!bytes.has(at, type->bytes))
+        return std::nullopt;
+    const std::uint64_t value = bytes.number(at, type->bytes, order);
+    const std::uint64_t limit =
+        type->has_sign ? std::uint64_t{ 1 } << (type->bytes * 8 - 1) : std::uint64_t{ 1 } << 32;
+    return value < std::min(limit, std::uint64_t{ 1 } << 32)
+        ? std::optional{ static_cast<std::uint32_t>(value) }
+        : std::nullopt;
 }
 
-// The first directory only: a still picture shows its first page.
+// The number of the first entry with this tag; a later one does not count. `absent` without any.
+std::optional<std::uint32_t> tiff_value(ByteView bytes, std::uint64_t directory, std::uint16_t tag,
+    ByteOrder order, std::optional<std::uint32_t> absent)
+{
+    constexpr std::uint64_t size = 12;
+    const std::uint64_t count = bytes.number16(directory, order);
+    for (std::uint64_t i = 0; i < count; ++i) {
+        const std::uint64_t entry = directory + 2 + i * size;
+        if (bytes.number16(entry, order) == tag)
+            return bytes.has(entry, size) ? tiff_number(bytes, entry, order) : std::nullopt;
+    }
+    return absent;
+}
+
+// The first directory only: a still picture shows its first page. Its tiles are decoded whole, however little
+// of them is seen.
 Size tiff_size(ByteView bytes, ByteOrder order)
 {
-    constexpr std::uint16_t width_tag = 256;
-    constexpr std::uint16_t height_tag = 257;
-    constexpr std::uint64_t entry = 12;
     const std::uint64_t directory = bytes.number32(4, order);
     if (!bytes.has(directory, 2))
         return std::nullopt;
-    PictureSize size;
-    const std::uint64_t count = bytes.number16(directory, order);
-    for (std::uint64_t i = 0; i < count && bytes.has(directory + 2 + i * entry, entry); ++i) {
-        const std::uint64_t at = directory + 2 + i * entry;
-        if (bytes.number16(at, order) == width_tag)
-            size.width = tag_value(bytes, at, order);
-        else if (bytes.number16(at, order) == height_tag)
-            size.height = tag_value(bytes, at, order);
-    }
-    return size;
+    const auto value = [&](std::uint16_t tag, std::optional<std::uint32_t> absent) {
+        return tiff_value(bytes, directory, tag, order, absent);
+    };
+    const auto width = value(256, std::nullopt);
+    const auto height = value(257, std::nullopt);
+    const auto tile_width = value(322, 0);
+    const auto tile_height = value(323, 0);
+    if (!width || !height || *width == 0 || *height == 0 || !tile_width || !tile_height)
+        return std::nullopt;
+    return PictureSize{ std::max(*width, *tile_width), std::max(*height, *tile_height) };
 }
 
-Size gif_size(std::span<const std::byte> bytes)
+Claim claim_of(Size size)
 {
-    const std::optional<GifWalk> gif = walk_gif(bytes);
-    return gif ? Size{ gif->covered } : std::nullopt;
+    return size ? Claim{ { *size, decoding_cost(*size) } } : std::nullopt;
+}
+
+Claim gif_claim(ByteView bytes)
+{
+    const std::optional<GifWalk> gif = walk_gif(bytes.bytes());
+    return gif ? Claim{ gif->claim() } : std::nullopt;
+}
+
+struct Kind {
+    std::string_view signature;
+    Claim (*read)(ByteView bytes);
+};
+
+// Longer forms of a kind that no decoder of the system reads are known as well, so that they stay out.
+constexpr Kind kinds[] = {
+    { png_signature, [](ByteView bytes) { return claim_of(png_size(bytes)); } },
+    { "\xFF\xD8"sv, [](ByteView bytes) { return claim_of(jpeg_size(bytes)); } },
+    { "GIF8"sv, gif_claim },
+    { "BM"sv, [](ByteView bytes) { return claim_of(bitmap_size(bytes, 14)); } },
+    { "II*\0"sv, [](ByteView bytes) { return claim_of(tiff_size(bytes, little)); } },
+    { "MM\0*"sv, [](ByteView bytes) { return claim_of(tiff_size(bytes, big)); } },
+    { "II+\0"sv, [](ByteView) { return Claim{}; } },
+    { "MM\0+"sv, [](ByteView) { return Claim{}; } },
+    { "\0\0\1\0"sv, icon_claim },
+    { "\0\0\2\0"sv, icon_claim },
+};
+
+const Kind* kind_of(ByteView bytes)
+{
+    const auto found =
+        std::ranges::find_if(kinds, [&](const Kind& kind) { return bytes.begins_with(kind.signature); });
+    return found == std::end(kinds) ? nullptr : &*found;
 }
 
 } // namespace
 
 std::optional<PictureSize> read_picture_size(std::span<const std::byte> bytes)
 {
-    const ByteView view{ bytes };
-    if (view.begins_with(png_signature))
-        return png_size(view);
-    if (view.begins_with("\xFF\xD8"sv))
-        return jpeg_size(view);
-    if (view.begins_with("GIF8"sv))
-        return gif_size(bytes);
-    if (view.begins_with("BM"sv))
-        return bitmap_size(view, 14);
-    if (view.begins_with("II*\0"sv))
-        return tiff_size(view, little);
-    if (view.begins_with("MM\0*"sv))
-        return tiff_size(view, big);
-    if (view.begins_with("\0\0\1\0"sv) || view.begins_with("\0\0\2\0"sv))
-        return icon_size(view);
-    return std::nullopt;
+    const Kind* const kind = kind_of(ByteView{ bytes });
+    const Claim claim = kind ? kind->read(ByteView{ bytes }) : std::nullopt;
+    return claim ? Size{ claim->size } : std::nullopt;
 }
 
 bool can_be_decoded(std::span<const std::byte> bytes)
 {
-    const std::optional<PictureSize> size = read_picture_size(bytes);
-    return !size || can_be_drawn(*size);
+    const Kind* const kind = kind_of(ByteView{ bytes });
+    if (!kind)
+        return true;
+    const Claim claim = kind->read(ByteView{ bytes });
+    return claim && can_be_decoded(*claim);
 }
 
 } // namespace media

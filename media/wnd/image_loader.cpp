@@ -140,7 +140,7 @@ bool ImageLoader::decode_picture(const std::wstring& path)
     return false;
 }
 
-// What claims more pixels than can be drawn does not reach the decoder.
+// What claims more than can be decoded, or nothing, does not reach the decoder.
 bool ImageLoader::load_animation(const std::wstring& path)
 {
     if (!memory_.read_file(path))
@@ -149,7 +149,7 @@ bool ImageLoader::load_animation(const std::wstring& path)
     {
         const BlockView block{ memory_ };
         walk = walk_gif(block.bytes());
-        if (!walk || !can_be_drawn(walk->covered))
+        if (!walk || !can_be_decoded(walk->claim()))
             return false;
     }
     if (!gif_.load_frames(memory_) || !note_size(gif_))

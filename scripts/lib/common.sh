@@ -35,7 +35,7 @@ run_tests() {
 packages=(
     ca-certificates cmake ninja-build g++ g++-mingw-w64-x86-64-posix
     clang clang-format clang-tidy libclang-rt-14-dev
-    googletest unicode-data
+    googletest unicode-data libmagickcore-6.q16-dev
     wine wine64 fonts-wine xvfb openbox xdotool wmctrl x11-utils imagemagick xclip
     fonts-noto-cjk fonts-ipafont fonts-dejavu-core locales
     edict ripgrep python3 libc-bin git

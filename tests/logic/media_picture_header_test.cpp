@@ -9,6 +9,8 @@ namespace {
 using namespace std::string_view_literals;
 using media::can_be_decoded;
 using media::can_be_drawn;
+using media::decoding_cost;
+using media::largest_decoding_cost;
 using media::PictureSize;
 using media::read_picture_size;
 using test_support::GifBytes;
@@ -58,6 +60,26 @@ Bytes icon(const std::vector<Bytes>& pictures, std::uint32_t type = 1)
     return bytes.bytes();
 }
 
+// One entry of a directory: a tag, the type of its value, and its four bytes.
+struct TiffEntry {
+    std::uint32_t tag;
+    std::uint32_t type;
+    std::uint32_t value;
+};
+
+constexpr std::uint32_t width_tag = 256;
+constexpr std::uint32_t height_tag = 257;
+constexpr std::uint32_t long_type = 4;
+
+Bytes tiff(const std::vector<TiffEntry>& entries, const Bytes& behind = {})
+{
+    PictureBytes bytes;
+    bytes.text("II*\0"sv).little32(8).little16(static_cast<std::uint32_t>(entries.size()));
+    for (const TiffEntry& entry : entries)
+        bytes.little16(entry.tag).little16(entry.type).little32(1).little32(entry.value);
+    return bytes.little32(0).append(behind).bytes();
+}
+
 TEST(PictureHeader, ReadsPng)
 {
     EXPECT_EQ(read_picture_size(png_header(640, 480)), (PictureSize{ 640, 480 }));
@@ -87,6 +109,33 @@ TEST(PictureHeader, ReadsEveryKindOfJpegFrame)
         add_frame(bytes, marker, 65535, 65535);
         EXPECT_EQ(read_picture_size(bytes.bytes()), (PictureSize{ 65535, 65535 })) << marker;
     }
+}
+
+TEST(PictureHeader, PassesWhatFillsAJpegBetweenItsSegments)
+{
+    PictureBytes filled = jpeg_start();
+    add_segment(filled, 0xE0, 14);
+    filled.byte(0xFF).byte(0xFF).byte(0xFF);
+    add_frame(filled, 0xC0, 32768, 32768);
+    EXPECT_EQ(read_picture_size(filled.bytes()), (PictureSize{ 32768, 32768 }));
+
+    PictureBytes padded = jpeg_start();
+    add_segment(padded, 0xE0, 14);
+    padded.zeros(5).byte(0xFF).byte(0x00).byte(0x77);
+    add_frame(padded, 0xC0, 32768, 32768);
+    EXPECT_EQ(read_picture_size(padded.bytes()), (PictureSize{ 32768, 32768 }));
+    EXPECT_FALSE(can_be_decoded(padded.bytes()));
+
+    PictureBytes at_the_start = jpeg_start().byte(0x12).byte(0xFF);
+    add_frame(at_the_start, 0xC0, 4, 3);
+    EXPECT_EQ(read_picture_size(at_the_start.bytes()), (PictureSize{ 4, 3 }));
+}
+
+TEST(PictureHeader, ReadsNoJpegFrameBehindItsEnd)
+{
+    PictureBytes ended = jpeg_start().byte(0xFF).byte(0xD9);
+    add_frame(ended, 0xC0, 4, 3);
+    EXPECT_EQ(read_picture_size(ended.bytes()), std::nullopt);
 }
 
 TEST(PictureHeader, ReadsJpegWhoseSegmentClaimsNoLength)
@@ -128,6 +177,71 @@ TEST(PictureHeader, ReadsTiffInBothByteOrders)
     big.big16(256).big16(3).big32(1).big16(640).big16(0xFFFF);
     big.big16(257).big16(1).big32(1).byte(200).zeros(3);
     EXPECT_EQ(read_picture_size(big.bytes()), (PictureSize{ 640, 200 }));
+}
+
+TEST(PictureHeader, ReadsTiffSidesOfEveryWholeType)
+{
+    struct Case {
+        std::uint32_t type;
+        std::uint32_t value;
+    };
+    for (const auto& [type, value] :
+        { Case{ 1, 200 }, { 3, 32768 }, { 4, 32768 }, { 6, 100 }, { 8, 32767 }, { 9, 32768 } }) {
+        const Bytes bytes = tiff({ { width_tag, type, value }, { height_tag, type, value } });
+        EXPECT_EQ(read_picture_size(bytes), (PictureSize{ value, value })) << type;
+    }
+    for (const std::uint32_t type : { 16u, 17u }) {
+        const Bytes eight = PictureBytes{}.little32(32768).little32(0).bytes();
+        const Bytes bytes = tiff({ { width_tag, type, 38 }, { height_tag, type, 38 } }, eight);
+        EXPECT_EQ(read_picture_size(bytes), (PictureSize{ 32768, 32768 })) << type;
+    }
+}
+
+TEST(PictureHeader, RefusesTiffSidesThatAreNoLength)
+{
+    struct Case {
+        std::uint32_t type;
+        std::uint32_t value;
+    };
+    const Bytes too_long = PictureBytes{}.little32(5).little32(1).bytes();
+    // Text, fraction, floating point and unknown types; negative numbers; eight bytes that are too much or
+    // missing.
+    for (const auto& [type, value] : { Case{ 2, 5 }, { 5, 5 }, { 11, 5 }, { 99, 5 }, { 6, 0x80 },
+             { 8, 0x8000 }, { 9, 0x80000000 }, { 16, 38 }, { 17, 0xFFFF } }) {
+        const Bytes bytes = tiff({ { width_tag, long_type, 5 }, { height_tag, type, value } }, too_long);
+        EXPECT_EQ(read_picture_size(bytes), std::nullopt) << type;
+        EXPECT_FALSE(can_be_decoded(bytes)) << type;
+    }
+    PictureBytes several;
+    several.text("II*\0"sv).little32(8).little16(2);
+    several.little16(256).little16(3).little32(2).little16(5).little16(5);
+    several.little16(257).little16(3).little32(1).little32(5);
+    EXPECT_FALSE(can_be_decoded(several.bytes()));
+}
+
+TEST(PictureHeader, TakesTheFirstOfATiffTagGivenTwice)
+{
+    const Bytes twice = tiff({ { width_tag, long_type, 32768 }, { width_tag, long_type, 8 },
+        { height_tag, long_type, 32768 }, { height_tag, long_type, 8 } });
+    EXPECT_EQ(read_picture_size(twice), (PictureSize{ 32768, 32768 }));
+    EXPECT_FALSE(can_be_decoded(twice));
+    EXPECT_FALSE(can_be_decoded(
+        tiff({ { width_tag, 2, 8 }, { width_tag, long_type, 8 }, { height_tag, long_type, 8 } })))
+        << "the first cannot be read";
+}
+
+TEST(PictureHeader, CountsTheTilesOfATiffThatAreLargerThanIt)
+{
+    constexpr std::uint32_t tile_width = 322;
+    constexpr std::uint32_t tile_height = 323;
+    const auto tiled = [](std::uint32_t type, std::uint32_t width, std::uint32_t height) {
+        return tiff({ { width_tag, long_type, 40 }, { height_tag, long_type, 30 },
+            { tile_width, type, width }, { tile_height, type, height } });
+    };
+    EXPECT_EQ(read_picture_size(tiled(long_type, 16, 16)), (PictureSize{ 40, 30 }));
+    EXPECT_EQ(read_picture_size(tiled(long_type, 32768, 64)), (PictureSize{ 32768, 64 }));
+    EXPECT_FALSE(can_be_decoded(tiled(long_type, 32768, 32768)));
+    EXPECT_FALSE(can_be_decoded(tiled(2, 16, 16)));
 }
 
 TEST(PictureHeader, ReadsTheLargestPictureOfAnIcon)
@@ -187,8 +301,98 @@ TEST(PictureSize, IsTooLargeFromTwoGigabytesOn)
 TEST(PictureSize, RefusesBytesThatClaimTooMuch)
 {
     EXPECT_FALSE(can_be_decoded(png_header(30000, 30000)));
-    EXPECT_TRUE(can_be_decoded(png_header(23000, 23000)));
+    EXPECT_FALSE(can_be_decoded(png_header(11586, 11586)));
+    EXPECT_TRUE(can_be_decoded(png_header(11585, 11585)));
     EXPECT_TRUE(can_be_decoded(PictureBytes{}.text("unknown").bytes()));
+}
+
+// A known kind without a size is a lie that decoders read each in their way.
+TEST(PictureSize, RefusesAKnownKindWhoseSizeCannotBeRead)
+{
+    PictureBytes late_header;
+    late_header.text("\x89PNG\r\n\x1A\n"sv).big32(0).text("aaAa").big32(0);
+    late_header.big32(13).text("IHDR").big32(5).big32(5).zeros(9);
+    PictureBytes no_frame = jpeg_start();
+    add_segment(no_frame, 0xE0, 14);
+    const Bytes unreadable[] = { late_header.bytes(), no_frame.bytes(), icon({}),
+        PictureBytes{}.text("II*\0"sv).little32(0xFFFFFFFF).bytes(),
+        PictureBytes{}.text("II+\0"sv).little16(8).little16(0).little32(16).zeros(40).bytes(),
+        PictureBytes{}.text("MM\0+"sv).big16(8).big16(0).zeros(4).big32(16).zeros(40).bytes(),
+        tiff({ { width_tag, long_type, 5 } }), tiff({ { height_tag, long_type, 5 } }),
+        PictureBytes{}.text("BM").zeros(12).bytes(), PictureBytes{}.text("GIF88a").zeros(20).bytes(),
+        icon({ bitmap_info(16, 32).bytes(), Bytes(8) }),
+        icon({ bitmap_info(16, 32).bytes(), late_header.bytes() }) };
+    for (const Bytes& bytes : unreadable) {
+        EXPECT_EQ(read_picture_size(bytes), std::nullopt) << &bytes - unreadable;
+        EXPECT_FALSE(can_be_decoded(bytes)) << &bytes - unreadable;
+    }
+}
+
+TEST(PictureSize, RefusesAPictureWithoutWidthOrHeight)
+{
+    PictureBytes jpeg = jpeg_start();
+    add_frame(jpeg, 0xC0, 5, 0);
+    const Bytes empty[] = { png_header(0, 5), png_header(5, 0), jpeg.bytes(), bmp(0, 5), bmp(5, 0),
+        tiff({ { width_tag, long_type, 0 }, { height_tag, long_type, 5 } }), GifBytes{ 0, 5 }.bytes(),
+        icon({ bitmap_info(16, 32).bytes(), bitmap_info(16, 1).bytes() }) };
+    for (const Bytes& bytes : empty)
+        EXPECT_FALSE(can_be_decoded(bytes)) << &bytes - empty;
+}
+
+TEST(PictureSize, CountsTheFramesOfAGifTogether)
+{
+    const auto frames = [](std::uint32_t side, int count) {
+        GifBytes gif{ side, side };
+        for (int i = 0; i < count; ++i)
+            gif.frame(0, 0, side, side);
+        return gif.bytes();
+    };
+    EXPECT_TRUE(can_be_decoded(frames(4000, 8)));
+    EXPECT_FALSE(can_be_decoded(frames(4000, 9)));
+    EXPECT_FALSE(can_be_decoded(frames(4000, 40)));
+    EXPECT_TRUE(can_be_decoded(frames(64, 20'000))) << "many small ones are no burden";
+    EXPECT_FALSE(can_be_decoded(GifBytes{ 12'000, 12'000 }.frame(0, 0, 1, 1).bytes()))
+        << "the screen counts too";
+}
+
+// What decoders may find there counts, although it is no frame that plays.
+TEST(PictureSize, CountsTheFramesBehindABreakOfAGif)
+{
+    PictureBytes gif;
+    gif.append(GifBytes{ 4, 4 }.frames(1).bytes_without_end()).zeros(3);
+    EXPECT_TRUE(can_be_decoded(gif.bytes()));
+    gif.byte(0x2C).zeros(4).little16(60'000).little16(60'000).byte(0).byte(2).byte(0);
+    EXPECT_EQ(read_picture_size(gif.bytes()), (PictureSize{ 60'000, 60'000 }));
+    EXPECT_FALSE(can_be_decoded(gif.bytes()));
+    PictureBytes no_data;
+    no_data.append(GifBytes{ 4, 4 }.bytes_without_end());
+    no_data.byte(0x2C).zeros(4).little16(4).little16(4).byte(0).byte(13).byte(12);
+    no_data.byte(0x2C).zeros(4).little16(60'000).little16(60'000).byte(0).byte(2).byte(0);
+    EXPECT_FALSE(can_be_decoded(no_data.bytes())) << "no data of 12 bytes, because 13 bits are none";
+}
+
+TEST(PictureSize, CountsThePicturesOfAnIconTogether)
+{
+    EXPECT_TRUE(can_be_decoded(icon(std::vector<Bytes>(8, png_header(4000, 4000)))));
+    EXPECT_FALSE(can_be_decoded(icon(std::vector<Bytes>(9, png_header(4000, 4000)))));
+    EXPECT_FALSE(can_be_decoded(icon(std::vector<Bytes>(9, png_header(0xFFFFFFFF, 0xFFFFFFFF)))));
+}
+
+// A row has its price, however short it is.
+TEST(PictureSize, RefusesPicturesFarFromAnyScreensShape)
+{
+    const auto tiff_of = [](std::uint32_t width, std::uint32_t height) {
+        return tiff({ { width_tag, long_type, width }, { height_tag, long_type, height } });
+    };
+    EXPECT_FALSE(can_be_decoded(tiff_of(1, 30'000'000)));
+    EXPECT_FALSE(can_be_decoded(tiff_of(30'000'000, 1)));
+    EXPECT_FALSE(can_be_decoded(tiff_of(1, 2'097'153)));
+    EXPECT_TRUE(can_be_decoded(tiff_of(1, 2'097'152)));
+    EXPECT_TRUE(can_be_decoded(tiff_of(100, 1'000'000)));
+    EXPECT_EQ(decoding_cost({ 100, 1'000 }), 100'000u);
+    EXPECT_EQ(decoding_cost({ 1, 1'000 }), 64'000u);
+    EXPECT_EQ(decoding_cost({ 0xFFFFFFFF, 0xFFFFFFFF }), std::uint64_t{ 0xFFFFFFFF } * 0xFFFFFFFF);
+    EXPECT_EQ(largest_decoding_cost * 4, 512u << 20);
 }
 
 } // namespace
