@@ -4,6 +4,7 @@
 #include "media/gif_play.hpp"
 #include "process_holdings.hpp"
 #include "tests/support/environment.hpp"
+#include "tests/support/hostile_pictures.hpp"
 #include "tests/support/picture_files.hpp"
 #include <chrono>
 #include <iostream>
@@ -304,9 +305,17 @@ TEST_F(FilePane, HostileFilesLeaveAClearMessageAndALivingProgram)
     FileContents cut = MovingGif(65, 65).frames(5, 20).bytes();
     cut.resize(cut.size() / 2);
     const std::wstring half_pair{ L'x', wchar_t{ 0xD842 }, L'.', L'p', L'n', L'g' };
-    open_pages({ { add_file(L"a.png", {}), add_file(L"b.png", big), add_file(L"c.gif", FileContents(99)),
-        half_pair, std::wstring(300, L'長') + L".png", add_file(L"d.gif", cut),
-        add_file(L"e.png", test_support::png_file(65, 65, plain(green))) } });
+    std::vector<std::wstring> hostile{ add_file(L"a.png", {}), add_file(L"b.png", big),
+        add_file(L"c.gif", FileContents(99)), half_pair, std::wstring(300, L'長') + L".png" };
+    for (const auto& [name, bytes] : test_support::pictures_hiding_their_side(32'768))
+        hostile.push_back(add_file(name, bytes));
+    // A picture behind each, so that no message is taken for the one of the next file.
+    const std::wstring good = add_file(L"e.png", test_support::png_file(65, 65, plain(green)));
+    std::vector<std::wstring> entries;
+    for (const std::wstring& entry : hostile)
+        entries.insert(entries.end(), { entry, good });
+    entries.insert(entries.end(), { add_file(L"d.gif", cut), good });
+    open_pages({ entries });
     const auto error_shows = [&] {
         for (int x = 8; x < 120; ++x) {
             for (const COLORREF color : column_on_screen(in_pane(x, 8), 30)) {
@@ -316,8 +325,11 @@ TEST_F(FilePane, HostileFilesLeaveAClearMessageAndALivingProgram)
         }
         return false;
     };
-    for (int entry = 0; entry < 5; ++entry) {
+    for (const std::wstring& entry : hostile) {
+        SCOPED_TRACE(testing::PrintToString(entry));
         expect_soon(true, error_shows);
+        main_window().send_command(command::next_file);
+        expect_in_view(green);
         main_window().send_command(command::next_file);
     }
     // Whether half an animation plays is the decoder's to say.

@@ -7,14 +7,18 @@
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
 #include "tests/support/gui_pane.hpp"
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 #include <process.h>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 extern "C" void* __imp_GdipDrawImageRectI;
 extern "C" void* __imp_GdipImageSelectActiveFrame;
+extern "C" void* __imp_SetEvent;
+extern "C" void* __imp_WaitForSingleObject;
 extern "C" void* __imp__beginthreadex;
 extern "C" void* __imp_timeBeginPeriod;
 extern "C" void* __imp_timeEndPeriod;
@@ -34,6 +38,8 @@ public:
     {
         drawn_ = 0;
         selected_ = 0;
+        last_ = none;
+        frames_.clear();
         fails_ = throws_ = false;
         original_draw_ = draw_.original();
         original_select_ = select_.original();
@@ -41,6 +47,22 @@ public:
 
     int drawn() const { return drawn_; }
     int selected() const { return selected_; }
+    // The frames in the order in which they were drawn, from the first that was selected on.
+    std::vector<UINT> frames() const
+    {
+        const std::scoped_lock hold{ guard_ };
+        return frames_;
+    }
+    bool begin_with(const std::vector<UINT>& expected) const
+    {
+        const std::vector<UINT> drawn = frames();
+        return drawn.size() >= expected.size() && std::equal(expected.begin(), expected.end(), drawn.begin());
+    }
+    void forget_frames()
+    {
+        const std::scoped_lock hold{ guard_ };
+        frames_.clear();
+    }
     void fail() { fails_ = true; }
     void throw_next() { throws_ = true; }
 
@@ -48,16 +70,21 @@ private:
     using Draw = Gdiplus::GpStatus WINAPI(Gdiplus::GpGraphics*, Gdiplus::GpImage*, INT, INT, INT, INT);
     using Select = Gdiplus::GpStatus WINAPI(Gdiplus::GpImage*, GDIPCONST GUID*, UINT);
 
+    static constexpr UINT none = 0xFFFFFFFF;
+
     static Gdiplus::GpStatus WINAPI note_draw(
         Gdiplus::GpGraphics* graphics, Gdiplus::GpImage* image, INT x, INT y, INT width, INT height)
     {
         ++drawn_;
+        if (const std::scoped_lock hold{ guard_ }; last_ != none)
+            frames_.push_back(last_);
         return original_draw_(graphics, image, x, y, width, height);
     }
     static Gdiplus::GpStatus WINAPI note_select(
         Gdiplus::GpImage* image, GDIPCONST GUID* dimension, UINT frame)
     {
         ++selected_;
+        last_ = frame;
         if (throws_)
             throw std::runtime_error("a broken frame");
         return fails_ ? Gdiplus::GenericError : original_select_(image, dimension, frame);
@@ -65,12 +92,68 @@ private:
 
     static inline std::atomic<int> drawn_ = 0;
     static inline std::atomic<int> selected_ = 0;
+    static inline std::atomic<UINT> last_ = none;
+    static inline std::mutex guard_;
+    static inline std::vector<UINT> frames_; // under the guard
     static inline std::atomic<bool> fails_ = false;
     static inline std::atomic<bool> throws_ = false;
     static inline Draw* original_draw_ = nullptr;
     static inline Select* original_select_ = nullptr;
     gui::ReplacedImport<Draw> draw_;
     gui::ReplacedImport<Select> select_;
+};
+
+// Counts what other threads than this one wait for, and what wakes them.
+class ThreadWaits {
+public:
+    ThreadWaits()
+        : wait_(&__imp_WaitForSingleObject, &note_wait)
+        , set_(&__imp_SetEvent, &note_set)
+    {
+        own_thread_ = GetCurrentThreadId();
+        waits_ = sets_ = 0;
+        last_time_ = 0;
+        original_wait_ = wait_.original();
+        original_set_ = set_.original();
+    }
+
+    int begun() const { return waits_; }
+    DWORD last_time() const { return last_time_; }
+    int woken() const { return sets_; }
+    // Until the thread has come round several times more.
+    bool go_on() const
+    {
+        constexpr int several = 6;
+        const int before = waits_;
+        return gui::pump_until([&] { return waits_ >= before + several; });
+    }
+
+private:
+    using Wait = DWORD WINAPI(HANDLE, DWORD);
+    using Set = BOOL WINAPI(HANDLE);
+
+    static DWORD WINAPI note_wait(HANDLE handle, DWORD milliseconds)
+    {
+        if (GetCurrentThreadId() != own_thread_) {
+            last_time_ = milliseconds;
+            ++waits_;
+        }
+        return original_wait_(handle, milliseconds);
+    }
+    static BOOL WINAPI note_set(HANDLE handle)
+    {
+        ++sets_;
+        return original_set_(handle);
+    }
+
+    static inline std::atomic<DWORD> own_thread_ = 0;
+    static inline std::atomic<int> waits_ = 0;
+    static inline std::atomic<int> sets_ = 0;
+    static inline std::atomic<DWORD> last_time_ = 0;
+    static inline Wait* original_wait_ = nullptr;
+    static inline Set* original_set_ = nullptr;
+    gui::ReplacedImport<Wait> wait_;
+    gui::ReplacedImport<Set> set_;
 };
 
 class Animation : public gui::Pane {
@@ -103,18 +186,53 @@ protected:
         }
         return ink > 40;
     }
+    // Paused, in a pane that is wide enough for the delay to stand beside the picture.
+    void show_beside_its_delay(std::initializer_list<int> delays)
+    {
+        ShowWindow(parent().hwnd(), SW_SHOW);
+        pane().set_rect({ 0, 0, width + 60, height / 2 }, false);
+        book().header.gif_autoplay = 0;
+        show_gif(delays);
+    }
+    void point_into_pane()
+    {
+        POINT inside{ 200, 70 };
+        ClientToScreen(pane().hwnd(), &inside);
+        SetCursorPos(inside.x, inside.y);
+    }
+    bool is_delay_told(const wchar_t* delay)
+    {
+        ovlib::BackBuffer expected;
+        if (!expected.create(140, 30))
+            return false;
+        gui::clear(expected, ground());
+        ovlib::GDI::TextStream text{ expected.dc() };
+        text.back_mode = TRANSPARENT;
+        text.color = look::palette().viewer_text;
+        text.font = look::shared_font(look::SharedFont::ui_9_bold);
+        text.draw(delay, { 5, 5, 140, 30 });
+        const std::scoped_lock hold{ media::drawing_lock() };
+        for (int y = 0; y < expected.height; ++y) {
+            for (int x = 0; x < expected.width; ++x) {
+                if (at(x, y) != gui::pixel(expected, x, y))
+                    return false;
+            }
+        }
+        return true;
+    }
     platform::Rect bar() { return pane().gif_thread().bar(); }
     void press_bar(int permille) { press(bar().left + bar().width() * permille / 1000, bar().top + 3); }
 };
 
 TEST_F(Animation, PlaysItsFramesInTurn)
 {
+    const DecoderCalls calls;
     show_frames(4, 3);
-    for (int round = 0; round < 2; ++round) {
-        for (const auto shade : { MovingGif::black, MovingGif::white, MovingGif::red, MovingGif::green })
-            EXPECT_TRUE(waited([&] { return is_in_view(shade); })) << round << " " << shade;
-    }
+    ASSERT_TRUE(waited([&] { return calls.frames().size() >= 9; }));
+    EXPECT_TRUE(calls.begin_with({ 0, 1, 2, 3, 0, 1, 2, 3, 0 })) << testing::PrintToString(calls.frames());
     EXPECT_EQ(state(), PlayState::playing);
+    for (const auto shade : { MovingGif::black, MovingGif::white, MovingGif::red, MovingGif::green })
+        EXPECT_TRUE(waited([&] { return is_in_view(shade); })) << shade;
 }
 
 TEST_F(Animation, OfOneFrameStandsAndItsThumbAtTheLeft)
@@ -141,8 +259,9 @@ TEST_F(Animation, BeginsPausedOnItsFirstFrameWhereTheBookSaysSo)
     show_paused({ 3, 3, 3 });
     EXPECT_EQ(state(), PlayState::paused);
     const DecoderCalls calls;
+    const ThreadWaits waits;
     EXPECT_TRUE(is_in_view(MovingGif::black));
-    Sleep(200);
+    ASSERT_TRUE(waits.go_on());
     EXPECT_EQ(calls.drawn(), 0) << "nothing changed, nothing is drawn";
     EXPECT_EQ(frame(), 0u);
 }
@@ -154,7 +273,10 @@ TEST_F(Animation, AClickBesideTheBarPausesAndGoesOn)
     EXPECT_EQ(state(), PlayState::paused);
     ASSERT_TRUE(waited([&] { return is_paused_shown(); }));
     const std::uint32_t stood = frame();
-    Sleep(150);
+    {
+        const ThreadWaits waits;
+        ASSERT_TRUE(waits.go_on());
+    }
     EXPECT_EQ(frame(), stood);
     press(200, 100);
     EXPECT_EQ(state(), PlayState::playing);
@@ -180,11 +302,14 @@ TEST_F(Animation, AClickOnTheBarChoosesAFrame)
 
 TEST_F(Animation, GoesOnFromTheFrameThatWasChosen)
 {
+    DecoderCalls calls;
     show_paused({ 3, 3, 3, 3, 3 });
     press_bar(700);
     ASSERT_TRUE(waited([&] { return is_in_view(MovingGif::green); }));
+    calls.forget_frames();
     press(200, 100);
-    EXPECT_TRUE(waited([&] { return is_in_view(MovingGif::blue); }));
+    ASSERT_TRUE(waited([&] { return calls.frames().size() >= 4; }));
+    EXPECT_TRUE(calls.begin_with({ 3, 4, 0, 1 })) << testing::PrintToString(calls.frames());
 }
 
 TEST_F(Animation, HasNoBarInANarrowPane)
@@ -195,16 +320,17 @@ TEST_F(Animation, HasNoBarInANarrowPane)
     EXPECT_EQ(state(), PlayState::paused);
 }
 
-TEST_F(Animation, KeepsItsBarWhenThePaneChanges)
+TEST_F(Animation, KeepsItsBarWhenThePaneChangesUntilTheNextLoad)
 {
+    const DecoderCalls calls;
     show_frames(3, 3);
     const platform::Rect before = bar();
     pane().set_rect({ 0, 0, width / 2, height / 2 }, false);
-    EXPECT_EQ(bar(), before);
-    Sleep(100);
-    pane().set_rect({ 0, 0, width, height }, false);
+    const int drawn = calls.drawn();
+    ASSERT_TRUE(waited([&] { return calls.drawn() > drawn + 3; }));
+    EXPECT_EQ(bar(), before) << "the run goes on with its own";
     pane().show_selected_file();
-    EXPECT_EQ(bar(), before);
+    EXPECT_EQ(bar(), (platform::Rect{ 64, height / 2 - 24, width / 2 - 64, height / 2 - 12 }));
 }
 
 TEST_F(Animation, ShowsDelayAndBarWhileTheMouseIsOverIt)
@@ -239,34 +365,10 @@ TEST_F(Animation, ShowsDelayAndBarWhileTheMouseIsOverIt)
 // Not the time that it is shown for, which is shorter.
 TEST_F(Animation, TellsTheDelayAsTheFileHasIt)
 {
-    ShowWindow(parent().hwnd(), SW_SHOW);
-    // Wide enough that the text stands beside the picture.
-    pane().set_rect({ 0, 0, width + 60, height / 2 }, false);
-    book().header.gif_autoplay = 0;
-    show_gif({ 25, 3 });
-    ovlib::BackBuffer expected;
-    ASSERT_TRUE(expected.create(140, 30));
-    gui::clear(expected, ground());
-    ovlib::GDI::TextStream text{ expected.dc() };
-    text.back_mode = TRANSPARENT;
-    text.color = look::palette().viewer_text;
-    text.font = look::shared_font(look::SharedFont::ui_9_bold);
-    text.draw(L"delay: 250", { 5, 5, 140, 30 });
-    const auto is_told = [&] {
-        const std::scoped_lock hold{ media::drawing_lock() };
-        for (int y = 0; y < expected.height; ++y) {
-            for (int x = 0; x < expected.width; ++x) {
-                if (at(x, y) != gui::pixel(expected, x, y))
-                    return false;
-            }
-        }
-        return true;
-    };
-    EXPECT_FALSE(is_told());
-    POINT inside{ 200, 70 };
-    ClientToScreen(pane().hwnd(), &inside);
-    SetCursorPos(inside.x, inside.y);
-    EXPECT_TRUE(waited(is_told));
+    show_beside_its_delay({ 25, 3 });
+    EXPECT_FALSE(is_delay_told(L"delay: 250"));
+    point_into_pane();
+    EXPECT_TRUE(waited([&] { return is_delay_told(L"delay: 250"); }));
     SetCursorPos(1, 1);
 }
 
@@ -274,8 +376,18 @@ TEST_F(Animation, TellsZeroOfAFrameThatCannotBeSelected)
 {
     DecoderCalls calls;
     calls.fail();
+    show_beside_its_delay({ 25, 3 });
+    point_into_pane();
+    EXPECT_TRUE(waited([&] { return is_delay_told(L"delay: 0"); }));
+    SetCursorPos(1, 1);
+}
+
+TEST_F(Animation, GoesOnAtOnceAfterAFrameThatCannotBeSelected)
+{
+    DecoderCalls calls;
+    calls.fail();
     show_frames(3, 6000);
-    EXPECT_TRUE(waited([&] { return calls.selected() > 3; })) << "it goes on at once, not after a minute";
+    EXPECT_TRUE(waited([&] { return calls.selected() > 3; })) << "not after a minute";
     EXPECT_TRUE(is_in_view(MovingGif::black)) << "drawn as it stands";
 }
 
@@ -323,41 +435,51 @@ TEST_F(Animation, AStopDoesNotWaitForALongFrame)
     end_pane();
 }
 
+// A click wakes nobody, so that the wait for the frame's end is the one that was begun.
 TEST_F(Animation, APauseDoesNotEndALongFrame)
 {
+    const ThreadWaits waits;
     show_gif({ 65535, 3, 3 });
-    ASSERT_TRUE(waited([&] { return frame() == 1; }));
+    ASSERT_TRUE(waited([&] { return waits.last_time() > 600'000; }));
+    const int begun = waits.begun();
+    const int woken = waits.woken();
     press(200, 100);
     press(200, 100);
-    Sleep(100);
+    EXPECT_EQ(waits.woken(), woken);
+    EXPECT_EQ(waits.begun(), begun);
     EXPECT_EQ(frame(), 1u) << "clicks leave its timing alone";
 }
 
+// A load that lets messages through holds the lock and may ask for the end of the animation.
 TEST_F(Animation, IsStoppedWhileItWaitsForTheLoader)
 {
-    std::atomic<bool> is_held = false;
-    std::atomic<bool> may_go = false;
-    std::thread loading{ [&] {
-        const std::scoped_lock hold{ media::loader_lock() };
-        is_held = true;
-        gui::poll_until([&] { return may_go.load(); });
-    } };
-    ASSERT_TRUE(gui::poll_until([&] { return is_held.load(); }));
     media::ImageLoader loader{ thumbnails, properties, paths };
-    may_go = true;
-    loading.join();
     ASSERT_TRUE(loader.load(write_gif(L"a.gif", { 3, 3 })));
     media::ImageCanvas canvas{ pane(), loader };
     ASSERT_TRUE(canvas.fit());
+    std::atomic<bool> is_held = false;
+    std::atomic<bool> may_end = false;
+    std::atomic<bool> has_ended = false;
+    std::thread loading{ [&] {
+        const std::scoped_lock hold{ media::loader_lock() };
+        is_held = true;
+        gui::poll_until([&] { return may_end.load(); });
+        has_ended = true;
+    } };
+    EXPECT_TRUE(gui::poll_until([&] { return is_held.load(); }));
+    const DecoderCalls calls;
     media::GifThread thread;
     {
-        const std::scoped_lock hold{ media::loader_lock() };
-        ASSERT_TRUE(thread.play(canvas, PlayState::playing));
-        Sleep(20);
-        EXPECT_EQ(thread.current_frame(), 0u);
+        const ThreadWaits waits;
+        EXPECT_TRUE(thread.play(canvas, PlayState::playing));
+        EXPECT_TRUE(gui::poll_until([&] { return waits.begun() > 5; }));
+        EXPECT_EQ(calls.selected(), 0) << "nothing is decoded while something loads";
         thread.stop();
     }
+    EXPECT_FALSE(has_ended) << "it did not wait for the load to end";
     EXPECT_FALSE(thread.is_held());
+    may_end = true;
+    loading.join();
 }
 
 TEST_F(Animation, ThatCannotBeStartedStandsStillAndIsLogged)

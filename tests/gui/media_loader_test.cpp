@@ -4,6 +4,7 @@
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
 #include "tests/support/gui_pane.hpp"
+#include "tests/support/hostile_pictures.hpp"
 #include <thread>
 
 extern "C" void* __imp_GdipLoadImageFromStream;
@@ -159,6 +160,43 @@ TEST_F(Loading, APictureThatClaimsMoreThanCanBeDrawnDoesNotReachTheDecoder)
     expect_failed(write(L"big.gif", gif));
     EXPECT_EQ(decoded, 0);
     expect_failed(write(L"small.png", test_support::png_file(8, 8, plain(red))));
+    EXPECT_EQ(decoded, 1) << "the decoder was watched";
+}
+
+// At this side the decoder counts their bytes as none and writes them all the same.
+TEST_F(Loading, PicturesThatHideTheirSideDoNotEndTheProgram)
+{
+    for (const auto& [name, bytes] : test_support::pictures_hiding_their_side(64)) {
+        show({ write(name, bytes) });
+        EXPECT_EQ(loader().state(), LoaderState::picture) << name << " decodes while it is small";
+        EXPECT_EQ(loader().size(), (platform::Size{ 64, 64 })) << name;
+    }
+    for (const auto& [name, bytes] : test_support::pictures_hiding_their_side(32'768))
+        expect_failed(write(name, bytes));
+    show({ write(L"small.png", test_support::png_file(8, 8, plain(red))) });
+    EXPECT_EQ(middle(), red);
+}
+
+TEST_F(Loading, AnAnimationWithTooMuchInAllItsFramesDoesNotReachTheDecoder)
+{
+    const auto gif_of = [](int frames) {
+        test_support::GifBytes gif{ 4'000, 4'000 };
+        for (int i = 0; i < frames; ++i)
+            gif.frame(0, 0, 4'000, 4'000);
+        return gif.bytes();
+    };
+    static int decoded;
+    decoded = 0;
+    using Decode = Gdiplus::GpStatus WINAPI(IStream*, Gdiplus::GpImage**);
+    const gui::ReplacedImport<Decode> decoder{ &__imp_GdipLoadImageFromStream,
+        [](IStream*, Gdiplus::GpImage**) {
+            ++decoded;
+            return Gdiplus::GenericError;
+        } };
+    expect_failed(write(L"forty.gif", gif_of(40)));
+    expect_failed(write(L"as_picture.png", gif_of(40)));
+    EXPECT_EQ(decoded, 0);
+    expect_failed(write(L"eight.gif", gif_of(8)));
     EXPECT_EQ(decoded, 1) << "the decoder was watched";
 }
 
