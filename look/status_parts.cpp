@@ -70,7 +70,8 @@ StatusPart sizes(const book::Book& book)
 StatusPart dates(const book::Book& book)
 {
     StatusPart part;
-    if (const book::Page* page = current_page(book)) {
+    const book::Page* page = current_page(book);
+    if (page != nullptr && page->stamp.size() >= 2 * book::time_length) {
         part.runs = { label(L"created "), value(date_text(page->stamp.substr(0, book::time_length))),
             label(L"    modified "), value(date_text(page->stamp.substr(book::time_length))) };
     }

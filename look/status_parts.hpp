@@ -34,8 +34,8 @@ struct StatusPart {
 
 inline constexpr int path_margin = 8; // what a path leaves free of its part's width
 
-// Empty for an index out of range and where the Book has nothing to tell. Throws std::out_of_range for the
-// dates of a page whose stamp has fewer than 14 characters.
+// Empty for an index out of range and where the Book has nothing to show, such as a stamp without two whole
+// dates.
 StatusPart status_part(const book::Book& book, int index);
 
 // "2024.01.02 03:04:05" of 20240102030405. A shorter text gets the separators it has room for.

@@ -3,7 +3,6 @@
 #include "look/wnd/fonts.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include <commctrl.h>
-#include <stdexcept>
 #include <utility>
 
 namespace look {
@@ -76,12 +75,9 @@ void MyStatusBar::invalidate_part(int index) const
     InvalidateRect(hwnd(), &place, FALSE);
 }
 
-// The dates of a damaged stamp raise; nothing may pass from here into the system's painting.
 StatusPart MyStatusBar::part_of_book(int index) const
-try {
+{
     return book_ != nullptr ? status_part(*book_, index) : StatusPart{};
-} catch (const std::out_of_range&) {
-    return {};
 }
 
 void MyStatusBar::draw_part(int index, HDC dc, const RECT& rect)
