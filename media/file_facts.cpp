@@ -7,6 +7,8 @@
 #include "platform/text.hpp"
 #include <algorithm>
 #include <bit>
+#include <cmath>
+#include <limits>
 
 namespace media {
 
@@ -55,10 +57,10 @@ std::uint32_t read_unsigned(PropertySource& source, FileProperty property)
     return value.type == PropertyValue::unsigned32 ? static_cast<std::uint32_t>(value.bits) : 0;
 }
 
-// Whole frames a second, of a rate a thousand times as high.
-std::int64_t read_frame_rate(PropertySource& source)
+// Whole frames a second, of a rate a thousand times as high. A file may claim anything.
+std::uint32_t read_frame_rate(PropertySource& source)
 {
-    constexpr double limit = 9.0e18; // a file may claim anything
+    constexpr auto most = std::numeric_limits<std::uint32_t>::max();
     const PropertyValue value = source.read(FileProperty::frame_rate);
     double rate = 0;
     if (value.type == PropertyValue::unsigned32)
@@ -66,7 +68,9 @@ std::int64_t read_frame_rate(PropertySource& source)
     else if (value.type == PropertyValue::real64)
         rate = std::bit_cast<double>(value.bits);
     rate /= 1000.0;
-    return rate > -limit && rate < limit ? static_cast<std::int64_t>(rate) : 0;
+    if (!std::isfinite(rate) || rate < 0)
+        return 0;
+    return rate < most ? static_cast<std::uint32_t>(rate) : most;
 }
 
 std::wstring size_of_picture(std::uint32_t width, std::uint32_t height)

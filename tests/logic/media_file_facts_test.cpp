@@ -203,10 +203,14 @@ TEST_F(ReadFileFacts, CutsTheFrameRateToWholeFrames)
     };
     EXPECT_EQ(of_double(59940.0), L".mp4  0x0  59fps");
     EXPECT_EQ(of_double(999.9), L".mp4  0x0  0fps");
-    EXPECT_EQ(of_double(-29970.0), L".mp4  0x0  -29fps");
+    EXPECT_EQ(of_double(-29970.0), L".mp4  0x0  0fps");
+    EXPECT_EQ(of_double(-std::numeric_limits<double>::infinity()), L".mp4  0x0  0fps");
+    EXPECT_EQ(of_double(4294967294999.0), L".mp4  0x0  4294967294fps");
+    EXPECT_EQ(of_double(4294967295000.0), L".mp4  0x0  4294967295fps");
+    EXPECT_EQ(of_double(4294967296000.0), L".mp4  0x0  4294967295fps");
     EXPECT_EQ(of_double(std::numeric_limits<double>::quiet_NaN()), L".mp4  0x0  0fps");
     EXPECT_EQ(of_double(std::numeric_limits<double>::infinity()), L".mp4  0x0  0fps");
-    EXPECT_EQ(of_double(1e300), L".mp4  0x0  0fps");
+    EXPECT_EQ(of_double(1e300), L".mp4  0x0  4294967295fps");
     EXPECT_EQ(frame_rate_line(0xFFFF'FFFF'0000'7530, PropertyValue::unsigned32), L".mp4  0x0  30fps");
     EXPECT_EQ(frame_rate_line(30000, signed64), L".mp4  0x0  0fps");
 }
