@@ -1,5 +1,4 @@
 #include "media/display_name.hpp"
-#include "platform/path_text.hpp"
 
 namespace media {
 
@@ -7,11 +6,11 @@ using platform::PathKind;
 
 std::wstring display_name(const std::wstring& entry, PathAnswers& paths)
 {
-    const std::wstring name{ platform::file_name(entry) };
-    if (name.empty() || name == entry)
+    const std::size_t separator = entry.find_last_of(L"\\/");
+    if (separator == std::wstring::npos || separator + 1 == entry.size())
         return entry;
     const PathKind kind = paths.kind_of(entry);
-    return kind == PathKind::regular_file || kind == PathKind::folder ? name : entry;
+    return kind == PathKind::regular_file || kind == PathKind::folder ? entry.substr(separator + 1) : entry;
 }
 
 std::wstring display_name(const std::wstring& entry)

@@ -185,4 +185,15 @@ TEST(DisplayName, OfAnythingElseIsTheEntryItself)
     EXPECT_EQ(media::display_name(L""), L"");
 }
 
+// A drive alone divides nothing: such an entry counts from the drive's current folder.
+TEST(DisplayName, BeginsAfterASeparatorOnly)
+{
+    media::PathAnswers paths{ [](const std::wstring&) {
+        return platform::PathAnswer{ platform::PathKind::regular_file };
+    } };
+    EXPECT_EQ(media::display_name(L"C:name.txt", paths), L"C:name.txt");
+    EXPECT_EQ(media::display_name(L"C:\name.txt", paths), L"name.txt");
+    EXPECT_EQ(media::display_name(L"C:folder/name.txt", paths), L"name.txt");
+}
+
 } // namespace
