@@ -25,4 +25,13 @@ void blend_rect(const PixelRows& rows, ovlib::Color color, int alpha, const plat
     }
 }
 
+bool has_any_alpha(std::span<const std::uint8_t> pixels)
+{
+    constexpr std::size_t pixel = 4;
+    for (std::size_t alpha = pixel - 1; alpha < pixels.size(); alpha += pixel)
+        if (pixels[alpha] != 0)
+            return true;
+    return false;
+}
+
 } // namespace media

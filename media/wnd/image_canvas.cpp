@@ -171,8 +171,11 @@ void ImageCanvas::draw_address_icon(const Rect& rect)
 void ImageCanvas::draw_thumbnail(const Rect& rect)
 {
     const ShellThumbnail& from = loader_.thumbnail();
+    // Made for each drawing, because the ground follows the theme.
+    const ovlib::GDI::Bitmap of_icon =
+        from.icon() ? icon_picture(*from.icon(), palette().viewer_back) : ovlib::GDI::Bitmap{};
     const ovlib::MemDC source{ dc().handle() };
-    const ObjectSelection selected{ source, from.bitmap() };
+    const ObjectSelection selected{ source, of_icon ? of_icon.handle() : from.bitmap() };
     const StretchMode mode{ dc(), HALFTONE };
     StretchBlt(dc().handle(), rect.left, rect.top, rect.width(), rect.height(), source.handle(), 0, 0,
         from.width(), from.height(), SRCCOPY);

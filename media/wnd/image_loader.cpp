@@ -185,7 +185,7 @@ bool ImageLoader::fetch_thumbnail(const std::wstring& path)
     ovlib::GDI::Bitmap picture = thumbnails_.picture_of(path, thumbnail_side);
     if (!picture)
         return false;
-    if (!thumbnail_.take(std::move(picture)) && !thumbnail_.take(icon_picture(path)))
+    if (!thumbnail_.take(std::move(picture)) && !thumbnail_.take_icon(path))
         return false;
     size_ = { thumbnail_.width(), thumbnail_.height() };
     facts_ = read_file_facts(path, properties_, paths_);

@@ -1,6 +1,5 @@
 #include "media/wnd/shell_thumbnail.hpp"
 #include "ovlib/gui/dc.hpp"
-#include "ovlib/gui/shicon.hpp"
 #include <shlobj.h>
 #include <shobjidl.h>
 #include <utility>
@@ -29,7 +28,7 @@ bool ShellThumbnail::take(ovlib::GDI::Bitmap picture)
     BITMAP facts{};
     const bool is_picture = picture && GetObjectW(picture.handle(), sizeof facts, &facts) != 0
         && (facts.bmWidth > 1 || facts.bmHeight > 1);
-    if (bitmap_ || !is_picture)
+    if (*this || !is_picture)
         return false;
     bitmap_ = std::move(picture);
     width_ = static_cast<int>(facts.bmWidth);
@@ -37,24 +36,38 @@ bool ShellThumbnail::take(ovlib::GDI::Bitmap picture)
     return true;
 }
 
+bool ShellThumbnail::take_icon(const std::wstring& path)
+{
+    auto icon = std::make_unique<ovlib::SHIcon>();
+    icon->load(path, SHIL_JUMBO);
+    if (*this || !*icon)
+        return false;
+    width_ = icon->width();
+    height_ = icon->height();
+    icon_ = std::move(icon);
+    return true;
+}
+
 void ShellThumbnail::clear()
 {
     bitmap_.reset();
+    icon_.reset();
     width_ = height_ = 0;
 }
 
-ovlib::GDI::Bitmap icon_picture(const std::wstring& path)
+ovlib::GDI::Bitmap icon_picture(const ovlib::SHIcon& icon, ovlib::Color ground)
 {
-    ovlib::SHIcon icon;
-    icon.load(path, SHIL_JUMBO);
     ovlib::GDI::Bitmap picture;
     const ovlib::MemDC dc;
-    if (!icon || !dc)
+    if (!dc)
         return picture;
     picture.create(icon.width(), icon.height());
     if (!picture)
         return picture;
     const ovlib::ObjectSelection selected{ dc, picture };
+    const ovlib::GDI::Brush brush{ ovlib::GDI::solid_brush(ground) };
+    const RECT all{ 0, 0, icon.width(), icon.height() };
+    FillRect(dc.handle(), &all, brush.handle());
     DrawIconEx(dc.handle(), 0, 0, icon.icon(), icon.width(), icon.height(), 0, nullptr, DI_NORMAL);
     return picture;
 }

@@ -1,6 +1,9 @@
 // The shell's own picture of a file.
 #pragma once
 #include "ovlib/gui/gdi_object.hpp"
+#include "ovlib/gui/shicon.hpp"
+#include "platform/color.hpp"
+#include <memory>
 #include <string>
 #include <windows.h>
 
@@ -28,21 +31,26 @@ public:
     // Refused, with false, for what is no bitmap and while a picture is held. A shell that has no picture may
     // answer with a single pixel: that is refused too.
     bool take(ovlib::GDI::Bitmap picture);
+    // In the place of a picture that the shell answered for but does not have: the largest icon of the file.
+    // False when there is none and while something is held.
+    bool take_icon(const std::wstring& path);
     void clear();
 
+    // One of the two; the other is null.
     HBITMAP bitmap() const { return bitmap_.handle(); }
+    const ovlib::SHIcon* icon() const { return icon_.get(); }
     int width() const { return width_; }
     int height() const { return height_; }
-    explicit operator bool() const { return static_cast<bool>(bitmap_); }
+    explicit operator bool() const { return bitmap_ || icon_; }
 
 private:
     ovlib::GDI::Bitmap bitmap_;
+    std::unique_ptr<ovlib::SHIcon> icon_;
     int width_ = 0;
     int height_ = 0;
 };
 
-// In the place of a picture that the shell answered for but does not have: the largest icon of the file, on
-// black as the shell itself leaves it. Empty when there is none.
-ovlib::GDI::Bitmap icon_picture(const std::wstring& path);
+// An icon in its natural size on a ground. Empty when no bitmap can be had.
+ovlib::GDI::Bitmap icon_picture(const ovlib::SHIcon& icon, ovlib::Color ground);
 
 } // namespace media

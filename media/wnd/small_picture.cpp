@@ -1,8 +1,11 @@
 #include "media/wnd/small_picture.hpp"
 #include "look/theme.hpp"
+#include "media/blend.hpp"
 #include "media/image_layout.hpp"
 #include "platform/path_text.hpp"
+#include <cstdint>
 #include <shellapi.h>
+#include <vector>
 
 namespace media {
 
@@ -28,6 +31,24 @@ std::wstring icon_file_of(const std::wstring& path, bool is_silent)
     return is_silent ? std::wstring{ platform::file_name(path) } : path;
 }
 
+// Its pixels, with a 0 for the alpha that it does not have.
+bool has_alpha(const ShellThumbnail& thumbnail)
+{
+    constexpr WORD bits_with_alpha = 32;
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = thumbnail.width();
+    info.bmiHeader.biHeight = thumbnail.height();
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = bits_with_alpha;
+    std::vector<std::uint8_t> pixels(
+        static_cast<std::size_t>(thumbnail.width()) * static_cast<std::size_t>(thumbnail.height()) * 4);
+    const ovlib::MemDC dc;
+    const int rows = GetDIBits(dc.handle(), thumbnail.bitmap(), 0, static_cast<UINT>(thumbnail.height()),
+        pixels.data(), &info, DIB_RGB_COLORS);
+    return rows != 0 && has_any_alpha(pixels);
+}
+
 } // namespace
 
 void SmallPicture::fetch(
@@ -46,6 +67,7 @@ void SmallPicture::fetch(
     if (turn != turn_)
         return;
     kind_ = kind;
+    is_blended_ = thumbnail.bitmap() && has_alpha(thumbnail);
     thumbnail_ = std::move(thumbnail);
     icon_ = std::move(icon);
 }
@@ -78,8 +100,13 @@ void SmallPicture::draw_thumbnail(const ovlib::DC& dc, Point at) const
     const Point place = icon_place(square_at(at), { thumbnail_.width(), thumbnail_.height() });
     const ovlib::MemDC source{ dc.handle() };
     const ObjectSelection selected{ source, thumbnail_.bitmap() };
-    BitBlt(dc.handle(), place.x, place.y, thumbnail_.width(), thumbnail_.height(), source.handle(), 0, 0,
-        SRCCOPY);
+    const int width = thumbnail_.width();
+    const int height = thumbnail_.height();
+    if (is_blended_)
+        AlphaBlend(dc.handle(), place.x, place.y, width, height, source.handle(), 0, 0, width, height,
+            BLENDFUNCTION{ AC_SRC_OVER, 0, 255, AC_SRC_ALPHA });
+    else
+        BitBlt(dc.handle(), place.x, place.y, width, height, source.handle(), 0, 0, SRCCOPY);
     if (is_video)
         draw_film(dc, at);
 }

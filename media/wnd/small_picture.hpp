@@ -34,6 +34,7 @@ private:
     ovlib::GDI::Bitmap film_;
     FileKind kind_ = FileKind::unknown;
     ShellThumbnail thumbnail_;
+    bool is_blended_ = false; // the thumbnail, for its alpha
     std::unique_ptr<ovlib::SHIcon> icon_;
     unsigned turn_ = 0; // of fetching
 };

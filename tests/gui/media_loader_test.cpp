@@ -299,6 +299,22 @@ TEST_F(Loading, AShellThatHasNoPictureGivesTheFilesIcon)
     EXPECT_EQ(loader().size().width, loader().size().height);
 }
 
+TEST_F(Loading, AnIconInPlaceOfAPictureHasTheGroundOfThePane)
+{
+    thumbnails.answer = [] { return gui::plain_bitmap(1, 1, blue); };
+    show({ write(L"a.txt", FileContents(3, std::byte{ 'a' })) });
+    ASSERT_EQ(loader().state(), LoaderState::thumbnail);
+    // The square of it, inside its frame, is 240 pixels wide and high.
+    const auto corner = [&] { return at(width / 2 - 112, height / 2 - 112); };
+    const Color first = ground();
+    EXPECT_EQ(corner(), first);
+    look::load_theme(look::theme_blue);
+    pane().apply_theme();
+    ASSERT_NE(ground(), first);
+    EXPECT_EQ(corner(), ground());
+    look::load_theme(look::theme_standard);
+}
+
 TEST_F(Loading, WhatTheShellDoesNotKnowIsTold)
 {
     expect_failed(L"無い.txt");

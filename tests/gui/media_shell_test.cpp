@@ -148,6 +148,30 @@ TEST_F(SmallPicture, IsTheShellsPictureInTheMiddleOfItsSquare)
     EXPECT_EQ(ink(), 32 * 16);
 }
 
+TEST_F(SmallPicture, WithAnyAlphaLetsTheGroundThrough)
+{
+    static constexpr std::uint32_t clear = 0;
+    static constexpr std::uint32_t half_blue = 0x80000080; // multiplied already
+    static constexpr std::uint32_t full_blue = 0xFF0000FF;
+    thumbnails.answer = [] { return gui::premultiplied_bitmap(32, 32, { clear, half_blue, full_blue }); };
+    fetch(file(L"a.txt"));
+    EXPECT_EQ(drawn(10, 10), back);
+    EXPECT_NEAR(drawn(11, 10).blue(), 0x80 + back.blue() / 2, 2);
+    EXPECT_NEAR(drawn(11, 10).red(), back.red() / 2, 2);
+    EXPECT_EQ(drawn(12, 10), blue);
+    fetch(file(L"a.mp4"), FileKind::video);
+    EXPECT_EQ(drawn(19, 26), look::palette().viewer_back) << "the ground of a video";
+}
+
+TEST_F(SmallPicture, WithoutAnyAlphaIsCopied)
+{
+    static constexpr std::uint32_t plain_blue = 0x000000FF;
+    thumbnails.answer = [] { return gui::premultiplied_bitmap(32, 32, { 0, plain_blue }); };
+    fetch(file(L"a.txt"));
+    EXPECT_EQ(drawn(10, 10), rgb(0, 0, 0));
+    EXPECT_EQ(drawn(11, 10), blue);
+}
+
 TEST_F(SmallPicture, OfAVideoIsAStripOfFilm)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(16, 16, blue); };

@@ -238,4 +238,15 @@ TEST_F(Blend, ChangesOnlyTheInside)
     media::blend_rect({}, ovlib::rgb(0, 0, 0), 0, { 0, 0, 1, 1 });
 }
 
+TEST(AnyAlpha, IsOneByteOfAnyPixel)
+{
+    EXPECT_FALSE(media::has_any_alpha({}));
+    std::vector<std::uint8_t> pixels(4 * 3, 200);
+    EXPECT_TRUE(media::has_any_alpha(pixels));
+    pixels[3] = pixels[7] = pixels[11] = 0;
+    EXPECT_FALSE(media::has_any_alpha(pixels)) << "colours are none";
+    pixels[11] = 1;
+    EXPECT_TRUE(media::has_any_alpha(pixels));
+}
+
 } // namespace

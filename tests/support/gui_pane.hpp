@@ -38,6 +38,24 @@ inline ovlib::GDI::Bitmap plain_bitmap(int width, int height, ovlib::Color color
     return bitmap;
 }
 
+// A bitmap of 32 bits whose columns repeat these pixels, alpha in the highest byte.
+inline ovlib::GDI::Bitmap premultiplied_bitmap(
+    int width, int height, const std::vector<std::uint32_t>& columns)
+{
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    ovlib::GDI::Bitmap bitmap{ CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0) };
+    auto* const pixels = static_cast<std::uint32_t*>(bits);
+    for (int i = 0; pixels && i < width * height; ++i)
+        pixels[i] = columns[static_cast<std::size_t>(i % width) % columns.size()];
+    return bitmap;
+}
+
 class FakeThumbnails : public media::ThumbnailSource {
 public:
     ovlib::GDI::Bitmap picture_of(const std::wstring& path, int side) override
