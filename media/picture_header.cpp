@@ -221,6 +221,48 @@ const Kind* kind_of(ByteView bytes)
     return found == std::end(kinds) ? nullptr : &*found;
 }
 
+bool is_metafile(ByteView bytes)
+{
+    return (bytes.begins_with("\1\0\0\0"sv) && bytes.begins_with(" EMF", 40))
+        || bytes.begins_with("\xD7\xCD\xC6\x9A"sv) || bytes.begins_with("\1\0\x09\0"sv)
+        || bytes.begins_with("\2\0\x09\0"sv);
+}
+
+// A bitmap inside a metafile: version, 1, width, height, bytes of a row and format, then 0 before plain
+// pixels or 1 before a whole picture.
+bool can_draw_inner_picture(ByteView bytes, std::uint64_t at)
+{
+    constexpr std::uint64_t header = 28;
+    const std::uint64_t rest = bytes.size() - at;
+    if (rest < header)
+        return true;
+    const std::uint32_t packing = bytes.number32(at + 24, little);
+    if (packing != 0) {
+        const ByteView inner{ bytes.bytes().subspan(static_cast<std::size_t>(at + header)) };
+        const Kind* const kind = kind_of(inner);
+        const Claim claim = kind ? kind->read(inner) : std::nullopt;
+        return claim && can_be_decoded(*claim);
+    }
+    const PictureSize size{ bytes.number32(at + 8, little), bytes.number32(at + 12, little) };
+    const std::uint64_t row = length_of(bytes.number32(at + 16, little));
+    return decoding_cost(size) <= largest_decoding_cost && row * size.height <= rest - header;
+}
+
+// Bitmaps are objects of their own, or parts of brushes and of other metafiles; everywhere the same two
+// numbers begin them, at an even place. So all of the file is looked through instead of its records.
+bool can_draw_inner_pictures(ByteView bytes)
+{
+    constexpr std::uint32_t version = 0xDBC01; // the rest is of the graphics' own
+    constexpr std::uint32_t bitmap = 1;
+    for (std::uint64_t at = 0; at + 8 <= bytes.size(); at += 2) {
+        const bool begins_bitmap =
+            bytes.number32(at, little) >> 12 == version && bytes.number32(at + 4, little) == bitmap;
+        if (begins_bitmap && !can_draw_inner_picture(bytes, at))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 std::optional<PictureSize> read_picture_size(std::span<const std::byte> bytes)
@@ -232,11 +274,12 @@ std::optional<PictureSize> read_picture_size(std::span<const std::byte> bytes)
 
 bool can_be_decoded(std::span<const std::byte> bytes)
 {
-    const Kind* const kind = kind_of(ByteView{ bytes });
-    if (!kind)
-        return true;
-    const Claim claim = kind->read(ByteView{ bytes });
-    return claim && can_be_decoded(*claim);
+    const ByteView view{ bytes };
+    if (const Kind* const kind = kind_of(view)) {
+        const Claim claim = kind->read(view);
+        return claim && can_be_decoded(*claim);
+    }
+    return !is_metafile(view) || can_draw_inner_pictures(view);
 }
 
 } // namespace media

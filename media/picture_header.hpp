@@ -53,8 +53,8 @@ constexpr bool can_be_decoded(const PictureClaim& claim)
 // first page, and its tiles where they are larger. None for other bytes, and where a size cannot be read.
 std::optional<PictureSize> read_picture_size(std::span<const std::byte> bytes);
 
-// False for bytes of a known kind whose header claims too much, nothing, or what cannot be read. Other bytes
-// are the decoder's to judge.
+// False for bytes of a known kind whose header claims too much, nothing, or what cannot be read, and for a
+// metafile with such a picture in it. Other bytes are the decoder's to judge.
 bool can_be_decoded(std::span<const std::byte> bytes);
 
 } // namespace media

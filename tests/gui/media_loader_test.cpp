@@ -177,6 +177,15 @@ TEST_F(Loading, PicturesThatHideTheirSideDoNotEndTheProgram)
     EXPECT_EQ(middle(), red);
 }
 
+// Its picture is decoded only when it is drawn.
+TEST_F(Loading, AMetafileShowsUnlessAPictureInItClaimsTooMuch)
+{
+    show({ write(L"small.emf", test_support::metafile_with(test_support::png_file(64, 64, plain(red)))) });
+    EXPECT_EQ(loader().state(), LoaderState::picture);
+    constexpr std::uint32_t side = 32'768;
+    expect_failed(write(L"big.emf", test_support::metafile_with(test_support::square_tiff(side, {}))));
+}
+
 TEST_F(Loading, AnAnimationWithTooMuchInAllItsFramesDoesNotReachTheDecoder)
 {
     const auto gif_of = [](int frames) {

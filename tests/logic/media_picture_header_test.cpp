@@ -1,5 +1,6 @@
 // Sizes told by the first bytes of a picture.
 #include "media/picture_header.hpp"
+#include "tests/support/hostile_pictures.hpp"
 #include "tests/support/picture_bytes.hpp"
 #include <gtest/gtest.h>
 #include <string_view>
@@ -376,6 +377,35 @@ TEST(PictureSize, CountsThePicturesOfAnIconTogether)
     EXPECT_TRUE(can_be_decoded(icon(std::vector<Bytes>(8, png_header(4000, 4000)))));
     EXPECT_FALSE(can_be_decoded(icon(std::vector<Bytes>(9, png_header(4000, 4000)))));
     EXPECT_FALSE(can_be_decoded(icon(std::vector<Bytes>(9, png_header(0xFFFFFFFF, 0xFFFFFFFF)))));
+}
+
+// What it holds is decoded when it is drawn, long after the metafile itself was read.
+TEST(PictureSize, RefusesAMetafileWithAPictureThatClaimsTooMuch)
+{
+    using test_support::metafile_with;
+    EXPECT_TRUE(can_be_decoded(metafile_with(png_header(64, 64))));
+    EXPECT_FALSE(can_be_decoded(metafile_with(png_header(32768, 32768))));
+    EXPECT_FALSE(can_be_decoded(metafile_with(png_header(0, 64))));
+    EXPECT_FALSE(can_be_decoded(metafile_with(metafile_with(png_header(64, 64))))) << "no picture at all";
+    EXPECT_EQ(read_picture_size(metafile_with(png_header(64, 64))), std::nullopt);
+    Bytes other = metafile_with(png_header(32768, 32768));
+    other[40] = std::byte{ 'x' };
+    EXPECT_TRUE(can_be_decoded(other)) << "no metafile to any decoder";
+}
+
+TEST(PictureSize, RefusesPlainPixelsOfAMetafileThatItDoesNotHold)
+{
+    const auto with_pixels = [](std::uint32_t width, std::uint32_t height, std::uint32_t row,
+                                 std::size_t held) {
+        PictureBytes placeable;
+        placeable.text("\xD7\xCD\xC6\x9A"sv).zeros(18).little32(0xDBC01002).little32(1);
+        placeable.little32(width).little32(height).little32(row).little32(0x26200A).little32(0);
+        return placeable.zeros(held).bytes();
+    };
+    EXPECT_TRUE(can_be_decoded(with_pixels(10, 10, 40, 400)));
+    EXPECT_FALSE(can_be_decoded(with_pixels(10, 10, 40, 399)));
+    EXPECT_TRUE(can_be_decoded(with_pixels(10, 10, 0 - 40u, 400))) << "rows from below";
+    EXPECT_FALSE(can_be_decoded(with_pixels(40'000, 40'000, 0, 0)));
 }
 
 // A row has its price, however short it is.

@@ -80,6 +80,38 @@ inline std::vector<std::byte> padded_jpeg(std::uint32_t side, std::size_t most)
     return jpeg.zeros(squares < most ? squares : most).text("\xFF\xD9"sv).bytes();
 }
 
+// A metafile of 64 pixels square that draws this picture, which it holds packed.
+inline std::vector<std::byte> metafile_with(const std::vector<std::byte>& picture)
+{
+    constexpr std::uint32_t side = 64;
+    constexpr std::uint32_t side_as_real = 0x42800000;
+    constexpr std::uint32_t version = 0xDBC01002;
+    PictureBytes object;
+    object.little32(version).little32(1).zeros(16).little32(1); // a bitmap, packed
+    object.append(picture).zeros((4 - picture.size() % 4) % 4);
+    const auto object_size = static_cast<std::uint32_t>(object.bytes().size());
+
+    PictureBytes plus;
+    plus.text("EMF+").little16(0x4001).little16(0).little32(28).little32(16);
+    plus.little32(version).little32(0).little32(96).little32(96);
+    plus.little16(0x4008).little16(0x0500).little32(12 + object_size).little32(object_size);
+    plus.append(object.bytes());
+    plus.little16(0x401A).little16(0).little32(12 + 40).little32(40).little32(1).little32(
+        2); // all of it, in pixels
+    for (int rect = 0; rect < 2; ++rect)
+        plus.zeros(8).little32(side_as_real).little32(side_as_real);
+    plus.little16(0x4002).little16(0).little32(12).little32(0);
+    const auto plus_size = static_cast<std::uint32_t>(plus.bytes().size());
+
+    PictureBytes emf;
+    emf.little32(1).little32(88).zeros(8).little32(side - 1).little32(side - 1);
+    emf.zeros(8).little32(2000).little32(2000).text(" EMF").little32(0x10000);
+    emf.little32(88 + 12 + plus_size + 20).little32(3).little16(1).zeros(14);
+    emf.little32(1024).little32(768).little32(320).little32(240);
+    emf.little32(70).little32(12 + plus_size).little32(plus_size).append(plus.bytes());
+    return emf.little32(14).little32(20).little32(0).little32(16).little32(20).bytes();
+}
+
 struct HostilePicture {
     const wchar_t* name;
     std::vector<std::byte> bytes;
