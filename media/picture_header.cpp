@@ -92,9 +92,8 @@ Size bitmap_size(ByteView bytes, std::uint64_t at)
 }
 
 // Colours and mask of an icon stand above each other, so that half its bitmap's height is seen.
-Size icon_picture_size(ByteView bytes, std::uint64_t entry)
+Size icon_picture_size(ByteView bytes, std::uint64_t at)
 {
-    const std::uint64_t at = bytes.number32(entry + 12, little);
     if (bytes.begins_with(png_signature, at))
         return png_size(bytes, at);
     Size size = bitmap_size(bytes, at);
@@ -103,25 +102,38 @@ Size icon_picture_size(ByteView bytes, std::uint64_t entry)
     return size;
 }
 
+// The larger of what an entry says of its picture, in one byte a side, and of what stands in the picture
+// itself: it depends on the decoder which of them counts. None for a picture without width or height.
+Size icon_entry_size(ByteView bytes, std::uint64_t entry)
+{
+    const Size size = icon_picture_size(bytes, bytes.number32(entry + 12, little));
+    if (!size || size->pixels() == 0)
+        return std::nullopt;
+    constexpr std::uint32_t side_of_zero = 256;
+    const auto told = [&](std::uint64_t at) {
+        return bytes.byte(at) == 0 ? side_of_zero : std::uint32_t{ bytes.byte(at) };
+    };
+    return PictureSize{ std::max(size->width, told(entry)), std::max(size->height, told(entry + 1)) };
+}
+
 // One picture that cannot be read spoils the icon: which of them is shown is the decoder's choice.
 Claim icon_claim(ByteView bytes)
 {
     constexpr std::uint64_t header = 6;
     constexpr std::uint64_t entry = 16;
+    constexpr std::uint64_t too_much = largest_decoding_cost + 1; // so that a sum fits its number
     const std::uint64_t told = bytes.number16(4, little);
     const std::uint64_t count = std::min(told, (std::max(bytes.size(), header) - header) / entry);
     Claim claim;
     for (std::uint64_t i = 0; i < count; ++i) {
-        const Size size = icon_picture_size(bytes, header + i * entry);
-        if (!size || size->pixels() == 0)
+        const Size size = icon_entry_size(bytes, header + i * entry);
+        if (!size)
             return std::nullopt;
         if (!claim)
             claim.emplace();
         if (size->pixels() > claim->size.pixels())
             claim->size = *size;
-        // So that no sum is larger than its number can hold.
-        claim->cost = std::min(claim->cost, largest_decoding_cost)
-            + std::min(decoding_cost(*size), largest_decoding_cost);
+        claim->cost = std::min(claim->cost + std::min(decoding_cost(*size), too_much), too_much);
     }
     return claim;
 }

@@ -255,6 +255,15 @@ TEST(PictureHeader, ReadsTheLargestPictureOfAnIcon)
         (PictureSize{ 30000, 30000 }));
 }
 
+// Some decoders believe the entry, where 0 is 256, and others the picture.
+TEST(PictureHeader, TakesTheLargerOfAnIconsEntryAndPicture)
+{
+    Bytes bytes = icon({ bitmap_info(5, 14).bytes() });
+    EXPECT_EQ(read_picture_size(bytes), (PictureSize{ 16, 16 }));
+    bytes[7] = std::byte{ 0 };
+    EXPECT_EQ(read_picture_size(bytes), (PictureSize{ 16, 256 }));
+}
+
 TEST(PictureHeader, KnowsNothingOfOtherBytes)
 {
     EXPECT_EQ(read_picture_size({}), std::nullopt);
@@ -377,6 +386,7 @@ TEST(PictureSize, CountsThePicturesOfAnIconTogether)
     EXPECT_TRUE(can_be_decoded(icon(std::vector<Bytes>(8, png_header(4000, 4000)))));
     EXPECT_FALSE(can_be_decoded(icon(std::vector<Bytes>(9, png_header(4000, 4000)))));
     EXPECT_FALSE(can_be_decoded(icon(std::vector<Bytes>(9, png_header(0xFFFFFFFF, 0xFFFFFFFF)))));
+    EXPECT_FALSE(can_be_decoded(icon({ png_header(0xFFFFFFFF, 0xFFFFFFFF) }))) << "one is enough";
 }
 
 // What it holds is decoded when it is drawn, long after the metafile itself was read.
