@@ -1,9 +1,24 @@
 #include "ovlib/gui/basewnd.hpp"
 
+#include <algorithm>
+
 #include "ovlib/win_app.hpp"
 #include "wnd_proc.hpp"
 
 namespace ovlib {
+
+namespace {
+
+// The system cuts a window with a frame down to the size of the screen: what its layout has on the right and
+// at the bottom would be lost instead of lying beyond an edge, from where the user can move it into view.
+void allow_any_size(MINMAXINFO& limits)
+{
+    constexpr LONG any_size = 0x7FFF;
+    limits.ptMaxTrackSize = { std::max(limits.ptMaxTrackSize.x, any_size),
+        std::max(limits.ptMaxTrackSize.y, any_size) };
+}
+
+} // namespace
 
 std::wstring window_class_name(const std::wstring& path, int line)
 {
@@ -42,6 +57,7 @@ bool BaseWnd::create(const std::wstring& title)
     if (hwnd == nullptr)
         return false;
     created_ = true;
+    take_first_place(params);
     on_created();
     return true;
 }
@@ -67,7 +83,23 @@ std::int64_t BaseWnd::default_proc(WndMessage& message)
 {
     if (message.message == WM_CHAR && message.wparam == VK_TAB && focus_next())
         return 0;
-    return DefWindowProcW(message.hwnd, message.message, message.wparam, message.lparam);
+    const LRESULT result = DefWindowProcW(message.hwnd, message.message, message.wparam, message.lparam);
+    if (message.message == WM_GETMINMAXINFO)
+        allow_any_size(*reinterpret_cast<MINMAXINFO*>(message.lparam));
+    return result;
+}
+
+// A window without a caption is placed by whoever shows it.
+void BaseWnd::take_first_place(const CREATESTRUCTW& params)
+{
+    const LONG style = GetWindowLongW(hwnd_, GWL_STYLE);
+    if (!is_top_level() || (style & WS_CAPTION) != WS_CAPTION)
+        return;
+    const SIZE own = size();
+    const bool is_cut = params.cx != CW_USEDEFAULT && (own.cx < params.cx || own.cy < params.cy);
+    if (is_cut)
+        resize(params.cx, params.cy, false);
+    bring_into_view(false);
 }
 
 void BaseWnd::on_created()

@@ -1,6 +1,9 @@
 // Where a window stands and how it is shown.
 #include "ovlib/gui/wnd.hpp"
 
+#include "controls/window_place.hpp"
+#include "ovlib/gui/geometry.hpp"
+
 namespace ovlib {
 
 namespace {
@@ -17,6 +20,17 @@ RECT window_rect(HWND hwnd)
     return rect;
 }
 
+// Of the screen that has most of `place`, or is nearest to it.
+platform::Rect work_area(const platform::Rect& place)
+{
+    const RECT rect = to_rect(place);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (!GetMonitorInfoW(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor))
+        return place;
+    return from_rect(monitor.rcWork);
+}
+
 } // namespace
 
 void Wnd::set_topmost(bool topmost)
@@ -30,10 +44,21 @@ void Wnd::center(const Wnd* over, bool repaint)
     RECT frame{ 0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN) };
     if (over != nullptr)
         frame = window_rect(over->hwnd_);
-    const SIZE own = size();
-    const LONG left = frame.left + (frame.right - frame.left - own.cx) / 2;
-    const LONG top = frame.top + (frame.bottom - frame.top - own.cy) / 2;
-    set_rect({ left, top, left + own.cx, top + own.cy }, repaint);
+    const platform::Rect place = centered(to_size(size()), from_rect(frame));
+    set_rect(to_rect(is_top_level() ? brought_into_view(place, work_area(place)) : place), repaint);
+}
+
+void Wnd::bring_into_view(bool repaint)
+{
+    const platform::Rect own = from_rect(window_rect(hwnd_));
+    const platform::Rect place = brought_into_view(own, work_area(own));
+    if (place != own)
+        Wnd::move(place.left, place.top, repaint);
+}
+
+bool Wnd::is_top_level() const
+{
+    return (GetWindowLongW(hwnd_, GWL_STYLE) & WS_CHILD) == 0;
 }
 
 void Wnd::move(POINT point, bool repaint)

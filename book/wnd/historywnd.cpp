@@ -156,6 +156,7 @@ void HistoryWnd::come_to_cursor()
     GetCursorPos(&cursor);
     const platform::Point corner = history_corner({ cursor.x, cursor.y }, size().cx);
     move(corner.x, corner.y, false);
+    bring_into_view(false);
 }
 
 void HistoryWnd::refill()

@@ -25,6 +25,9 @@ public:
     virtual HWND create_window(const std::wstring& title, CREATESTRUCTW& params);
 
 private:
+    // In view, and of the size asked for: the object learns too late of the size that the system allows.
+    void take_first_place(const CREATESTRUCTW& params);
+
     bool created_ = false;
 };
 

@@ -45,7 +45,8 @@ public:
     virtual bool is_enabled() const;
     virtual void enable(bool enabled);
     virtual void set_topmost(bool topmost);
-    // Over the window rectangle of `over`, or on the primary screen when null.
+    // Over the window rectangle of `over`, or on the primary screen when null; a top-level window then comes
+    // into view.
     virtual void center(const Wnd* over, bool repaint);
     virtual void move(POINT point, bool repaint);
     virtual void move(int x, int y, bool repaint);
@@ -112,6 +113,10 @@ public:
 protected:
     explicit Wnd(Wnd* parent);
 
+    // Moves a top-level window into the work area of its screen. One that is larger keeps its size and begins
+    // at the area's upper left corner, so that its caption can be reached.
+    void bring_into_view(bool repaint);
+    bool is_top_level() const;
     // Controls of the system die with their parent without a message to the library.
     void forget_dead_children();
     bool is_window() const { return hwnd_ != nullptr && IsWindow(hwnd_) != FALSE; }
