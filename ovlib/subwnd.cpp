@@ -12,6 +12,14 @@ RECT SubWnd::rect() const
     return BaseWnd::rect();
 }
 
+// With its parent still disabled the system would activate a window of another program instead.
+void SubWnd::destroy()
+{
+    if (is_running() && parent() != nullptr)
+        parent()->enable(true);
+    ChildWnd::destroy();
+}
+
 void SubWnd::dispatch(MSG& message)
 {
     if (parent() != nullptr)

@@ -5,6 +5,7 @@
 #include "ovlib/event.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_pump.hpp"
+#include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
 
 // The import itself, which the linker names after the function.
@@ -227,6 +228,25 @@ TEST_F(ModalRun, DisablesItsParentUntilItsWindowIsGone)
     EXPECT_EQ(sub.hwnd(), nullptr);
     EXPECT_TRUE(top.is_enabled());
     EXPECT_TRUE(gui::pump_until([&] { return GetForegroundWindow() == top.hwnd(); }));
+}
+
+// A window of another program waits in the same way as the other one here does.
+TEST_F(ModalRun, ActivatesItsParentWhenItEndsAndNoOtherWindow)
+{
+    TopWnd other;
+    ASSERT_TRUE(other.create(L"other"));
+    ASSERT_TRUE(gui::bring_to_front(other));
+    int activations = 0;
+    other.answer = [&](WndMessage& message) {
+        activations += message.message == WM_ACTIVATE && LOWORD(message.wparam) != WA_INACTIVE ? 1 : 0;
+        return false;
+    };
+    sub.post(WM_CLOSE, 0, 0);
+    sub.run();
+    EXPECT_TRUE(gui::pump_until([&] { return GetForegroundWindow() == top.hwnd(); }));
+    EXPECT_EQ(GetActiveWindow(), top.hwnd());
+    EXPECT_EQ(activations, 0);
+    other.destroy();
 }
 
 TEST_F(ModalRun, CanRunAgain)

@@ -9,6 +9,8 @@ namespace ovlib {
 class SubWnd : public ChildWnd {
 public:
     RECT rect() const override;
+    // Ends a run too: the parent is enabled first, so that the system can make it the active window.
+    void destroy() override;
     // To the parent, so that the top window's accelerators see the message.
     void dispatch(MSG& message) override;
     void create_params(CREATESTRUCTW& params) override;
