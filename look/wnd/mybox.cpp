@@ -172,15 +172,27 @@ void MyBox::bring_back(const Kept& kept)
     show(true);
 }
 
+// The text is the page's own by the time the box comes back, and what was typed in it may be another page's.
+void MyBox::lose(Kept kept)
+{
+    kept.text.clear();
+    kept.is_modified = false;
+    kept.has_focus = false; // by then the user is elsewhere
+    lost_ = std::move(kept);
+}
+
 bool MyBox::set_wrap(bool wrap)
 {
-    if (wrap == wrap_)
+    if (wrap == wrap_ && !is_lost())
         return false;
     wrap_ = wrap;
-    const Kept before = kept();
+    const Kept before = is_lost() ? *lost_ : kept();
+    lost_.reset();
     destroy();
-    if (!create(L""))
+    if (!create(L"")) {
+        lose(before);
         return false;
+    }
     bring_back(before);
     return true;
 }

@@ -4,6 +4,7 @@
 #include "ovlib/gui/editbox.hpp"
 #include "ovlib/gui/gdi_object.hpp"
 #include "ovlib/gui/menu.hpp"
+#include <optional>
 
 namespace look {
 
@@ -18,11 +19,12 @@ public:
     bool on_message(ovlib::WndMessage& message) override;
 
     // Word wrap cannot change in a living control: the control is replaced by a new one, with a new handle,
-    // that has everything but undo, selection and scroll position. False when nothing changed and when the
-    // box was lost.
+    // that has everything but undo, selection and scroll position. False when nothing changed and when no new
+    // control could be made: then the box is lost, and the next call brings it back, empty and unchanged.
     virtual bool set_wrap(bool wrap);
 
     bool is_wrapped() const { return wrap_; }
+    bool is_lost() const { return lost_.has_value(); }
     // Its items are as they were when it was last shown.
     const ovlib::Menu& menu() const { return menu_; }
     // Sets `font` on the box and keeps it. Null for no font.
@@ -46,6 +48,7 @@ private:
 
     Kept kept() const;
     void bring_back(const Kept& kept);
+    void lose(Kept kept);
     bool on_command(int id);
     bool on_context_menu();
     BoxMenuState menu_state() const;
@@ -53,6 +56,7 @@ private:
 
     ovlib::GDI::Font font_;
     bool wrap_ = false;
+    std::optional<Kept> lost_; // of a control that could not be made anew
     ovlib::Menu menu_;
 };
 

@@ -170,6 +170,71 @@ TEST_F(MyBox, WrapDoesNotTakeTheFocusFromAnother)
     EXPECT_EQ(GetFocus(), a_.hwnd());
 }
 
+class LostBox : public MyBox, public testing::WithParamInterface<bool> {
+protected:
+    void lose()
+    {
+        place_ = q_.rect();
+        q_.set_text(L"一行目");
+        q_.set_modified(true);
+        const gui::RefusedWindows refused{ L"Edit" };
+        EXPECT_FALSE(q_.set_wrap(true));
+        EXPECT_EQ(q_.hwnd(), nullptr);
+        EXPECT_TRUE(q_.is_lost());
+        EXPECT_FALSE(q_.set_wrap(true)) << "it fails again";
+        EXPECT_TRUE(q_.is_lost());
+    }
+
+    RECT place_{};
+};
+
+TEST_P(LostBox, ComesBackWithTheNextWrapWhateverItsValue)
+{
+    lose();
+    ASSERT_TRUE(q_.set_wrap(GetParam()));
+    EXPECT_FALSE(q_.is_lost());
+    EXPECT_EQ((style(q_) & WS_HSCROLL) == 0, GetParam());
+    const RECT place = q_.rect();
+    EXPECT_TRUE(EqualRect(&place, &place_));
+    EXPECT_TRUE(q_.is_visible());
+    EXPECT_TRUE(q_.is_subclassed());
+    EXPECT_EQ(q_.text(), L"") << "it may be another page's by now";
+    EXPECT_FALSE(q_.is_modified());
+    EXPECT_FALSE(q_.is_read_only());
+    EXPECT_EQ(q_.limit(), a_.limit());
+}
+
+TEST_P(LostBox, WorksAsBefore)
+{
+    lose();
+    ASSERT_TRUE(q_.set_wrap(GetParam()));
+    d_.set_focus();
+    SendMessageW(GetFocus(), WM_CHAR, VK_TAB, 1);
+    EXPECT_EQ(GetFocus(), q_.hwnd());
+    SendMessageW(GetFocus(), WM_CHAR, L'字', 1);
+    EXPECT_EQ(q_.text(), L"字");
+    SendMessageW(GetFocus(), WM_CHAR, VK_TAB, 1);
+    EXPECT_EQ(GetFocus(), a_.hwnd());
+    EXPECT_EQ(commands_during([&] { q_.send(WM_COMMAND, command::accelerator_save, 0); }),
+        std::vector<int>{ command::save_if_changed });
+    q_.set_read_only(true);
+    ovlib::WndMessage menu{ q_.hwnd(), WM_CONTEXTMENU, 0, -1, 0 };
+    EXPECT_TRUE(q_.on_message(menu));
+    q_.send(WM_COMMAND, command::box_select_all, 0);
+    EXPECT_EQ(q_.selected_text(), L"字");
+}
+
+TEST_P(LostBox, LeavesTheFocusWhereItIsNow)
+{
+    q_.set_focus();
+    lose();
+    d_.set_focus();
+    ASSERT_TRUE(q_.set_wrap(GetParam()));
+    EXPECT_EQ(GetFocus(), d_.hwnd());
+}
+
+INSTANTIATE_TEST_SUITE_P(Wrap, LostBox, testing::Bool());
+
 TEST_F(MyBox, TabGoesRoundTheThreeBoxesAlsoAfterWrapping)
 {
     q_.set_wrap(true);

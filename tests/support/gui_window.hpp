@@ -2,6 +2,8 @@
 #pragma once
 #include <algorithm>
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "ovlib/gui/editbox.hpp"
@@ -90,6 +92,34 @@ public:
     }
 
     LONG extra_style = 0;
+};
+
+// While it lives, the system makes no window of that class in this thread.
+class RefusedWindows {
+public:
+    explicit RefusedWindows(std::wstring class_name)
+    {
+        refused_ = std::move(class_name);
+        hook_ = SetWindowsHookExW(WH_CBT, &RefusedWindows::on_event, nullptr, GetCurrentThreadId());
+    }
+    RefusedWindows(const RefusedWindows&) = delete;
+    RefusedWindows& operator=(const RefusedWindows&) = delete;
+    ~RefusedWindows() { UnhookWindowsHookEx(hook_); }
+
+private:
+    static LRESULT CALLBACK on_event(int code, WPARAM wparam, LPARAM lparam)
+    {
+        if (code == HCBT_CREATEWND) {
+            wchar_t name[64] = {};
+            GetClassNameW(reinterpret_cast<HWND>(wparam), name, 64);
+            if (lstrcmpiW(name, refused_.c_str()) == 0)
+                return 1;
+        }
+        return CallNextHookEx(nullptr, code, wparam, lparam);
+    }
+
+    inline static std::wstring refused_;
+    HHOOK hook_;
 };
 
 } // namespace gui
