@@ -1,8 +1,11 @@
-// The main window's buttons and check boxes as data. A control's identifier is the command that it sends.
+// The main window's buttons and check boxes as data, and its fields to type in. A control's identifier is the
+// command that it sends.
 #pragma once
 #include "app/command_ids.hpp"
 #include "app/main_layout.hpp"
 #include <array>
+#include <cstddef>
+#include <optional>
 
 namespace app {
 
@@ -54,5 +57,22 @@ inline constexpr std::array check_rows{
     CheckRow{ command::toggle_file_list_search, L"ファイルリストも検索", &MainLayout::file_list_search_check,
         CheckWidth::as_text },
 };
+
+// The fields that the user types in, in the order in which Tab goes through them.
+inline constexpr std::array typing_fields{ int{ command::box_1 }, int{ command::box_2 },
+    int{ command::box_3 }, int{ command::search_box } };
+
+// The place in that list of the field that gets the keyboard when the window itself was given it: the field
+// that had it last, or the next one in the order of Tab that can take it. Nothing when none can.
+constexpr std::optional<std::size_t> field_for_keyboard(
+    std::size_t last, const std::array<bool, typing_fields.size()>& can_take)
+{
+    for (std::size_t step = 0; step < can_take.size(); ++step) {
+        const std::size_t place = (last + step) % can_take.size();
+        if (can_take[place])
+            return place;
+    }
+    return std::nullopt;
+}
 
 } // namespace app

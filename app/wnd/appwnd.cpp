@@ -83,6 +83,10 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
         return on_background_press(message);
     case WM_NCRBUTTONUP:
         return on_background_release(message);
+    case WM_NCLBUTTONDOWN:
+        return on_background_grip(message);
+    case WM_SETFOCUS:
+        return on_focus();
     case WM_LBUTTONDOWN:
         return on_press(ovlib::mouse_point(message));
     case WM_MOUSEMOVE:

@@ -31,6 +31,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,7 +78,6 @@ private:
     bool on_create(ovlib::WndMessage& message);
     bool create_view();
     bool create_boxes();
-    bool create_controls();
     void make_book_dialogs();
     bool on_close();
     void save_at_close();
@@ -105,6 +105,7 @@ private:
     bool on_set_cursor(ovlib::WndMessage& message);
     void show_cursor(Point point) const;
     bool on_hit_test(ovlib::WndMessage& message);
+    bool on_background_grip(const ovlib::WndMessage& message);
     bool on_press(Point point);
     bool on_mouse_move(Point point);
     bool on_release();
@@ -174,7 +175,11 @@ private:
     RefreshMask search_moved_file();
 
     // The controls beside the boxes.
-    void note_box_focus(int id);
+    std::array<ovlib::Wnd*, typing_fields.size()> fields();
+    void order_fields();
+    void note_field_focus(int id);
+    bool on_focus();
+    bool is_focused_button(std::int64_t handle) const;
     void refresh_controls(View view);
     void refresh_file_combo();
     void refresh_file_pane();
@@ -222,6 +227,7 @@ private:
     void refresh_views(RefreshMask& pending);
     void serve_view(View view);
     void refresh_box_state();
+    void bring_lost_boxes_back(bool wrap);
     void show_page(const book::Page* page);
     void restore_scroll(const book::Page& page);
     void store_scroll();
@@ -260,6 +266,9 @@ private:
     MainLayout layout_;
     BoxGap dragged_gap_ = BoxGap::none;
     ovlib::WheelSteps wheel_;
+    // Where the mouse holds the window by its background, from the window's corner.
+    std::optional<Point> grip_;
+    std::size_t last_field_ = 0; // the field that had the keyboard last, as a place in the order of Tab
     std::array<ovlib::GDI::Brush, book::box_count> box_brushes_;
     ovlib::GDI::Brush edit_brush_;
     HACCEL accelerators_ = nullptr;

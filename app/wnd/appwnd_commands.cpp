@@ -80,10 +80,20 @@ bool AppWnd::on_command(const ovlib::WndMessage& message)
 {
     const CommandInput input{ LOWORD(message.wparam), HIWORD(message.wparam), message.lparam };
     if (input.code == EN_SETFOCUS)
-        note_box_focus(input.id);
+        note_field_focus(input.id);
+    const bool is_click = input.code == BN_CLICKED && is_focused_button(input.lparam);
     if (!is_loading_)
         commands_.run([this, &input] { run_command(input); });
+    // A button that was clicked has the keyboard, and nothing to type into.
+    if (is_click && is_focused_button(input.lparam))
+        set_focus();
     return true;
+}
+
+bool AppWnd::is_focused_button(std::int64_t handle) const
+{
+    HWND const control = reinterpret_cast<HWND>(static_cast<std::intptr_t>(handle));
+    return control && control == GetFocus() && dynamic_cast<ovlib::Button*>(from_handle(control));
 }
 
 void AppWnd::run_command(const CommandInput& input)

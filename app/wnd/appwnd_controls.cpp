@@ -5,22 +5,46 @@
 #include "app/wnd/data_root.hpp"
 #include "book/page_order.hpp"
 #include "look/page_slider.hpp"
+#include <algorithm>
 
 namespace app {
 
-bool AppWnd::create_controls()
+std::array<ovlib::Wnd*, typing_fields.size()> AppWnd::fields()
 {
-    controls_.set_focus_keeper(q_box_);
-    return controls_.create();
+    return { &q_box_, &a_box_, &d_box_, &controls_.search_box() };
 }
 
-// The box that had the focus last gets it back from a control that is disabled.
-void AppWnd::note_box_focus(int id)
+void AppWnd::order_fields()
 {
-    for (look::MyBox* box : boxes()) {
-        if (box->control_id() == id)
-            controls_.set_focus_keeper(*box);
+    constexpr std::uint16_t group = 1;
+    std::uint16_t index = 0;
+    for (ovlib::Wnd* field : fields())
+        field->set_tab_order(group, ++index);
+}
+
+void AppWnd::note_field_focus(int id)
+{
+    const auto found = std::ranges::find(typing_fields, id);
+    if (found != typing_fields.end())
+        last_field_ = static_cast<std::size_t>(found - typing_fields.begin());
+}
+
+// The system gives the keyboard to the frame when the window becomes active: at the start, after a box of its
+// own and after another program. What is typed belongs to the text.
+bool AppWnd::on_focus()
+{
+    if (is_closing_)
+        return false;
+    const auto all = fields();
+    std::array<bool, typing_fields.size()> can_take{};
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const auto style = static_cast<DWORD>(GetWindowLongW(all[i]->hwnd(), GWL_STYLE));
+        can_take[i] = (style & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE;
     }
+    const std::optional<std::size_t> place = field_for_keyboard(last_field_, can_take);
+    if (place)
+        all[*place]->set_focus();
+    return place.has_value();
 }
 
 void AppWnd::refresh_controls(View view)

@@ -6,6 +6,7 @@
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "ovlib/gui/dc.hpp"
+#include <algorithm>
 
 namespace app {
 
@@ -35,8 +36,9 @@ bool AppWnd::create_view()
     }
     resize(main_window_size.width, main_window_size.height, false);
     center(nullptr, false);
-    if (!create_boxes() || !create_controls() || !file_pane_->create())
+    if (!create_boxes() || !controls_.create() || !file_pane_->create())
         return false;
+    order_fields();
     if (!history_window_.create(L""))
         return false;
     banner_.create(L""); // without it a search that fails is silent
@@ -47,14 +49,7 @@ bool AppWnd::create_view()
 
 bool AppWnd::create_boxes()
 {
-    constexpr std::uint16_t group = 1;
-    std::uint16_t index = 0;
-    for (look::MyBox* box : boxes()) {
-        if (!box->create(L""))
-            return false;
-        box->set_tab_order(group, ++index);
-    }
-    return true;
+    return std::ranges::all_of(boxes(), [](look::MyBox* box) { return box->create(L""); });
 }
 
 // A fatal failure inside a command and the command that closes the program send this message too, and boxes

@@ -1,4 +1,4 @@
-// Where the children stand, and the boundary between the boxes.
+// Where the children are, the boundary between the boxes, and how the window is moved by its background.
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/file_pane.hpp"
 #include "ovlib/gui/geometry.hpp"
@@ -39,7 +39,7 @@ int AppWnd::set_divider(int y)
     return layout_.boxes.first.bottom;
 }
 
-// The background moves the window; over a gap the window sees the mouse itself.
+// The background is the window's caption; over a gap the window sees the mouse as in a client area.
 bool AppWnd::on_hit_test(ovlib::WndMessage& message)
 {
     message.result = default_proc(message);
@@ -67,7 +67,7 @@ bool AppWnd::on_set_cursor(ovlib::WndMessage& message)
 
 void AppWnd::show_cursor(Point point) const
 {
-    const bool over_gap = dragged_gap_ != BoxGap::none || gap_under(point) != BoxGap::none;
+    const bool over_gap = dragged_gap_ != BoxGap::none || (!grip_ && gap_under(point) != BoxGap::none);
     SetCursor(LoadCursorW(nullptr, over_gap ? IDC_SIZENS : IDC_ARROW));
 }
 
@@ -80,21 +80,44 @@ bool AppWnd::on_press(Point point)
     return true;
 }
 
+// The background moves the window as a caption does, but not by the system's own loop: that puts a window
+// back whose top was carried above the screen, and on a low screen this is the way to its bottom.
+bool AppWnd::on_background_grip(const ovlib::WndMessage& message)
+{
+    const auto lparam = static_cast<LPARAM>(message.lparam);
+    const POINT mouse{ GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
+    POINT inside = mouse;
+    ScreenToClient(hwnd(), &inside);
+    const RECT client = client_rect();
+    if (message.wparam != HTCAPTION || !PtInRect(&client, inside))
+        return false;
+    SetForegroundWindow(hwnd());
+    const POINT corner = position();
+    grip_ = Point{ static_cast<int>(mouse.x - corner.x), static_cast<int>(mouse.y - corner.y) };
+    SetCapture(hwnd());
+    return true;
+}
+
 bool AppWnd::on_mouse_move(Point point)
 {
     show_cursor(point);
-    if (dragged_gap_ != BoxGap::none)
+    if (grip_) {
+        POINT mouse{ point.x, point.y };
+        ClientToScreen(hwnd(), &mouse);
+        move(mouse.x - grip_->x, mouse.y - grip_->y, true);
+    } else if (dragged_gap_ != BoxGap::none) {
         book_.header.divider = set_divider(dragged_divider(dragged_gap_, point.y));
+    }
     return true;
 }
 
 bool AppWnd::on_release()
 {
-    // Giving the capture back sends a message that comes here again.
-    if (dragged_gap_ == BoxGap::none)
-        return false;
     dragged_gap_ = BoxGap::none;
-    ReleaseCapture();
+    grip_.reset();
+    // Another window may have taken the mouse: then it is no longer this one's to release.
+    if (GetCapture() == hwnd())
+        ReleaseCapture();
     return false;
 }
 

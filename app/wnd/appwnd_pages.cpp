@@ -20,6 +20,17 @@ void scroll_to(look::MyBox& box, int line)
         box.scroll_v_to(line);
 }
 
+void renew_text(look::MyBox& box, const std::wstring& text, bool keeps_selection)
+{
+    int start = 0;
+    int end = 0;
+    if (keeps_selection)
+        box.selection(start, end);
+    box.renew_text(text);
+    if (keeps_selection)
+        box.set_selection(start, end);
+}
+
 } // namespace
 
 void AppWnd::apply_book_settings()
@@ -78,6 +89,7 @@ void AppWnd::refresh_box_state()
             box->set_read_only(read_only);
     }
     const bool wrap = book_.header.wrap_text != 0;
+    bring_lost_boxes_back(wrap);
     if (wrap == q_box_.is_wrapped())
         return;
     q_box_.set_wrap(wrap);
@@ -88,11 +100,32 @@ void AppWnd::refresh_box_state()
     step_page(0);
 }
 
+// A box that could not be made anew when the wrapping changed. What it held is taken from the page, and while
+// it was away the boundary may have moved and another font been chosen.
+void AppWnd::bring_lost_boxes_back(bool wrap)
+{
+    for (std::size_t i = 0; i < book::box_count; ++i) {
+        look::MyBox& box = *boxes()[i];
+        if (!box.is_lost() || !box.set_wrap(wrap))
+            continue;
+        place_boxes();
+        box.set_read_only(is_busy() || !book_.current_page());
+        if (const book::Page* page = shown_page())
+            box.renew_text(page->text[i]);
+        box.set_modified(false);
+    }
+}
+
 void AppWnd::show_page(const book::Page* page)
 {
     if (!page || has_edits())
         return;
-    shown_index_ = static_cast<std::size_t>(page - book_.pages.data());
+    const auto index = static_cast<std::size_t>(page - book_.pages.data());
+    // A page that is shown again stays where the user has it.
+    const bool is_shown_already = index == shown_index_;
+    if (is_shown_already)
+        store_scroll();
+    shown_index_ = index;
     // Scrolling moves what is on the screen, which is still the text of the old page. The frame and its bars
     // cost more than the text: they draw themselves when they change, unless drawing is off.
     const bool scrolls = page->scroll_first != 0 || page->scroll_third != 0;
@@ -103,7 +136,7 @@ void AppWnd::show_page(const book::Page* page)
     q_box_.set_tab_stops(tab_stop);
     d_box_.set_tab_stops(tab_stop);
     for (std::size_t box = 0; box < book::box_count; ++box)
-        boxes()[box]->renew_text(page->text[box]);
+        renew_text(*boxes()[box], page->text[box], is_shown_already);
     restore_scroll(*page);
     for (look::MyBox* box : boxes()) {
         if (scrolls)
@@ -122,10 +155,11 @@ void AppWnd::restore_scroll(const book::Page& page)
 
 void AppWnd::store_scroll()
 {
-    if (book::Page* page = shown_page()) {
+    book::Page* page = shown_page();
+    if (page && !q_box_.is_lost())
         page->scroll_first = q_box_.scroll_v_pos();
+    if (page && !d_box_.is_lost())
         page->scroll_third = d_box_.scroll_v_pos();
-    }
 }
 
 void AppWnd::mark_clean()

@@ -107,8 +107,8 @@ look::MyCheckBox* MainControls::check(int command) const
 
 void MainControls::enable(ovlib::Wnd& control, bool enabled)
 {
-    if (!enabled && focus_keeper_ && control.focus() == control.hwnd())
-        focus_keeper_->set_focus();
+    if (!enabled && control.focus() == control.hwnd())
+        control.parent()->set_focus();
     control.enable(enabled);
 }
 

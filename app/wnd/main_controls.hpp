@@ -36,10 +36,6 @@ public:
     ovlib::ComboBox& file_combo() { return file_combo_; }
     look::MyStatusBar& status_bar() { return status_bar_; }
 
-    // Takes the focus from a control that is about to be disabled: with nobody to have it, keys and wheel
-    // would be lost. Lives as long as the controls.
-    void set_focus_keeper(ovlib::Wnd& wnd) { focus_keeper_ = &wnd; }
-
     void show_buttons(std::span<const ButtonState> states);
     // Whether there is something to save.
     void show_edited(bool edited);
@@ -52,12 +48,12 @@ public:
 private:
     bool create_buttons();
     bool create_checks();
+    // A control that is disabled leaves the focus to its parent: without a focus, keys and wheel are lost.
     void enable(ovlib::Wnd& control, bool enabled);
     bool is_on(int command) const;
     // Whether the combo stands as it is to stand.
     bool shows(const FileCombo& files) const;
 
-    ovlib::Wnd* focus_keeper_ = nullptr;
     // One for each row, in the order of the rows.
     std::vector<std::unique_ptr<look::ImageButton>> buttons_;
     std::vector<std::unique_ptr<look::MyCheckBox>> checks_;

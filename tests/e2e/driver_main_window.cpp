@@ -44,6 +44,13 @@ app::MainLayout MainWindowTest::layout() const
     return app::main_layout({ client.right, client.bottom });
 }
 
+POINT MainWindowTest::background() const
+{
+    const app::MainLayout at = layout();
+    const app::Rect& box = at.boxes.third;
+    return on_screen((box.right + at.file_pane.left) / 2, box.top + box.height() / 4);
+}
+
 POINT MainWindowTest::tab_place(std::size_t number, std::size_t count) const
 {
     const app::Rect strip = layout().tabs;

@@ -42,8 +42,8 @@ protected:
     POINT middle(const app::Rect& rect) const;
     // With the boundary where a Book without one has it.
     app::MainLayout layout() const;
-    // Between the columns, where no control stands.
-    POINT background() const { return on_screen(687, 300); }
+    // Between the columns, where no control is.
+    POINT background() const;
     // A place of that tab of `count` which no other tab covers.
     POINT tab_place(std::size_t number, std::size_t count) const;
     POINT thumb_place(std::size_t position, std::size_t count) const;

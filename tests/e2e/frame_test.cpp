@@ -1,7 +1,5 @@
 // The window as a whole: moved by whatever of it is no control.
 #include "driver_main_window.hpp"
-#include "driver_outer_mouse.hpp"
-#include "driver_screen.hpp"
 
 using namespace e2e;
 
@@ -23,43 +21,42 @@ protected:
         expect_soon(
             pair(expected), [&] { return pair(corner()); }, where);
     }
-    // The window manager takes the press up late: until it has, moves lead nowhere. It tells the window of
-    // its place at the end only, so what is seen at the left edge tells that the window follows.
-    void carry(POINT from, POINT by)
-    {
-        const POINT edge = moved(corner(), { 6, 500 });
-        const COLORREF before = color_on_screen(edge);
-        outer_mouse::move(from);
-        outer_mouse::press(from);
-        const auto has_moved = [&] { return color_on_screen(edge) != before; };
-        int aside = 0;
-        require("the window follows the mouse", [&] {
-            outer_mouse::move(moved(from, { ++aside % 40, 0 }));
-            return wait_until(has_moved, milliseconds{ 100 });
-        });
-        outer_mouse::move(moved(from, by));
-    }
 };
 
 } // namespace
 
-TEST_F(Frame, IsMovedByItsBackgroundWithAllThatStandsInIt)
+TEST_F(Frame, IsMovedByItsBackgroundWithAllThatIsInIt)
 {
     open_numbered(2);
     const POINT start = corner();
     const POINT grip = background();
     const RECT box_before = box(command::box_1).rect();
     constexpr POINT by{ 60, 40 };
-    carry(grip, by);
-    outer_mouse::release(moved(grip, by));
+    drag(grip, moved(grip, by));
     expect_corner(moved(start, by));
-    outer_mouse::move(moved(grip, { 0, 0 }));
-    expect_corner(moved(start, by));
-    EXPECT_EQ(box(command::box_1).rect().left, box_before.left + by.x);
-    EXPECT_EQ(box(command::box_1).rect().top, box_before.top + by.y);
+    move_mouse(grip);
     click_control(command::next_page);
     expect_page(L"二");
     write_first(L"い");
+    expect_corner(moved(start, by));
+    EXPECT_EQ(box(command::box_1).rect().left, box_before.left + by.x);
+    EXPECT_EQ(box(command::box_1).rect().top, box_before.top + by.y);
+}
+
+// On a screen that is too low it is the way to what lies at the bottom.
+TEST_F(Frame, IsCarriedByItsBackgroundBeyondTheTopOfTheScreenAndBack)
+{
+    open_numbered(2);
+    const POINT start = corner();
+    const POINT grip = background();
+    const POINT up{ -30, -start.y - 100 };
+    drag(grip, moved(grip, up));
+    expect_corner({ start.x - 30, -100 });
+    click_control(command::next_page);
+    expect_page(L"二");
+    expect_corner({ start.x - 30, -100 });
+    drag(moved(grip, up), grip);
+    expect_corner(start);
 }
 
 TEST_F(Frame, StaysWhereItIsWhenAControlIsDragged)
@@ -67,10 +64,7 @@ TEST_F(Frame, StaysWhereItIsWhenAControlIsDragged)
     open_numbered(2);
     const POINT start = corner();
     const POINT grip = box(command::box_3).center();
-    outer_mouse::move(grip);
-    outer_mouse::press(grip);
-    outer_mouse::move(moved(grip, { 60, 40 }));
-    outer_mouse::release(moved(grip, { 60, 40 }));
+    drag(grip, moved(grip, { 60, 40 }));
     click_control(command::next_page);
     expect_page(L"二");
     expect_corner(start);

@@ -260,6 +260,8 @@ void Model::show()
     if (is_edited())
         return;
     const Page& page = book.pages[index_at(book.header.position)];
+    if (page.id == shown_)
+        store_scroll(); // a page that is shown again stays where it is
     shown_ = page.id;
     for (std::size_t box = 0; box < boxes.size(); ++box)
         boxes[box] = { page.data.text[box], false };

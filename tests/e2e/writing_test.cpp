@@ -215,11 +215,13 @@ TEST_F(Writing, ADoubleClickSelectsNoWord)
     EXPECT_NE(box(app::command::box_1).text().find(L'+'), 0u);
 }
 
-TEST_F(Writing, TabGoesFromBoxToBoxAndShiftTabWritesATab)
+TEST_F(Writing, TabGoesThroughTheBoxesAndTheSearchBoxAndShiftTabWritesATab)
 {
+    using namespace app;
     open_numbered_book(1);
-    program().click_on(box(app::command::box_1));
-    for (const int id : { app::command::box_2, app::command::box_3 }) {
+    program().click_on(box(command::box_1));
+    for (const int id : { command::box_2, command::box_3, command::search_box, command::box_1, command::box_2,
+             command::box_3 }) {
         press(VK_TAB);
         expect_soon(id, [&] { return GetDlgCtrlID(program().focus().handle()); });
     }

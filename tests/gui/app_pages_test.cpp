@@ -1,5 +1,6 @@
 // The page in the boxes: what is shown, what marks the title, and where edits go.
 #include "tests/support/gui_app.hpp"
+#include "tests/support/gui_window.hpp"
 
 namespace {
 
@@ -136,10 +137,102 @@ TEST_F(PageInBoxes, CanBeTabbedThroughAlsoInAWrappedBook)
     wrapped.header.wrap_text = 1;
     open(wrapped);
     SetFocus(box(command::box_1));
-    for (const int next : { command::box_2, command::box_3, command::box_1 }) {
+    for (const int next : { command::box_2, command::box_3, command::search_box, command::box_1 }) {
         SendMessageW(GetFocus(), WM_CHAR, VK_TAB, 1);
         EXPECT_EQ(GetFocus(), box(next));
     }
+}
+
+TEST_F(PageInBoxes, FillsABoxThatComesBackAfterItCouldNotBeMadeAnew)
+{
+    book::Book wrapped = book_of({ page(L"一\r\n", L"二", L"三\r\n"), page(L"四\r\n", L"五", L"六\r\n") });
+    wrapped.header.wrap_text = 1;
+    ASSERT_TRUE(wrapped.save_to(file(L"折返し.bok")));
+    ASSERT_TRUE(book_of({ page(L"a\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok"), file(L"折返し.bok") });
+    ASSERT_TRUE(create());
+    {
+        const gui::RefusedWindows refused{ L"Edit" };
+        command(command::first_history_entry + 1);
+        ASSERT_EQ(box(command::box_1), nullptr);
+        ASSERT_EQ(box(command::box_3), nullptr);
+    }
+    SetFocus(window().hwnd());
+    EXPECT_EQ(GetFocus(), box(command::box_2)) << "a box that is lost takes no keyboard";
+
+    command(command::next_page);
+
+    EXPECT_EQ(box_text(command::box_1), L"四\r\n");
+    EXPECT_EQ(box_text(command::box_3), L"六\r\n");
+    EXPECT_EQ(GetWindowLongW(box(command::box_1), GWL_STYLE) & (ES_AUTOHSCROLL | ES_READONLY), 0);
+    EXPECT_EQ(title(), L"折返し");
+    const SIZE client = window().client_size();
+    const app::Rect expected = app::main_layout({ client.cx, client.cy }).boxes.third;
+    RECT place{};
+    GetWindowRect(box(command::box_3), &place);
+    MapWindowPoints(nullptr, window().hwnd(), reinterpret_cast<POINT*>(&place), 2);
+    EXPECT_EQ((app::Rect{ place.left, place.top, place.right, place.bottom }), expected);
+    type(command::box_3, L"新");
+    command(command::save_if_changed);
+    EXPECT_EQ(saved(L"折返し.bok").pages[1].text[2], L"新六\r\n");
+    EXPECT_EQ(saved(L"折返し.bok").pages[0].text[2], L"三\r\n");
+}
+
+class PageShownAgain : public PageInBoxes {
+protected:
+    void SetUp() override
+    {
+        open({ page(lines(200).c_str(), L"見出しの文字", lines(300).c_str()), page(L"b") });
+        SendMessageW(box(command::box_1), EM_SETSEL, 5, 9);
+        SendMessageW(box(command::box_2), EM_SETSEL, 3, 3);
+        SendMessageW(box(command::box_3), EM_SETSEL, 700, 700);
+        SendMessageW(box(command::box_1), EM_LINESCROLL, 0, 20);
+        SendMessageW(box(command::box_3), EM_LINESCROLL, 0, 130);
+    }
+    DWORD selection(int id) const { return static_cast<DWORD>(SendMessageW(box(id), EM_GETSEL, 0, 0)); }
+    void expect_same_place()
+    {
+        EXPECT_EQ(selection(command::box_1), MAKELONG(5, 9));
+        EXPECT_EQ(selection(command::box_2), MAKELONG(3, 3));
+        EXPECT_EQ(selection(command::box_3), MAKELONG(700, 700));
+        EXPECT_EQ(first_line(command::box_1), 20);
+        EXPECT_EQ(first_line(command::box_3), 130);
+    }
+};
+
+TEST_F(PageShownAgain, KeepsItsScrollAndCaretWhenMarksAreTracked)
+{
+    command(command::toggle_mark);
+    for (int times = 0; times < 2; ++times) {
+        command(command::toggle_mark_tracking);
+        expect_same_place();
+    }
+}
+
+TEST_F(PageShownAgain, KeepsItsScrollAndCaretWhenTabsAreTracked)
+{
+    command(command::toggle_tab);
+    for (int times = 0; times < 2; ++times) {
+        command(command::toggle_tab_tracking);
+        expect_same_place();
+    }
+}
+
+TEST_F(PageShownAgain, KeepsItsScrollAndCaretWhenSavingUnderAnotherNameIsCancelled)
+{
+    const gui::MetBox met = answered(IDCANCEL, [this] { command(command::save_book_as); });
+    EXPECT_EQ(met.caption, L"Book に名前を付けて保存する");
+    expect_same_place();
+}
+
+TEST_F(PageShownAgain, BeginsAnewOnAnotherPageAndComesBackWithoutItsCaret)
+{
+    command(command::next_page);
+    EXPECT_EQ(selection(command::box_1), 0u);
+    EXPECT_EQ(first_line(command::box_1), 0);
+    command(command::previous_page);
+    EXPECT_EQ(selection(command::box_1), 0u);
+    EXPECT_EQ(first_line(command::box_1), 20);
 }
 
 class NoCurrentPage : public PageInBoxes {

@@ -1,5 +1,6 @@
 // The main window: its class and place, the messages it rewrites, its colours and the boundary between its
 // boxes.
+#include "app/main_controls.hpp"
 #include "app/main_layout.hpp"
 #include "look/theme.hpp"
 #include "tests/support/gui_app.hpp"
@@ -19,6 +20,15 @@ RECT in_client(HWND control)
     MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&rect), 2);
     return rect;
 }
+
+class LaidOut : public AppWindow {
+protected:
+    app::MainLayout layout()
+    {
+        const SIZE client = window().client_size();
+        return app::main_layout({ client.cx, client.cy });
+    }
+};
 
 void expect_rect(const RECT& actual, const app::Rect& expected)
 {
@@ -74,11 +84,14 @@ TEST_F(AppWindow, PutsAStrayBoundaryBackIntoItsRange)
     EXPECT_EQ(in_client(box(command::box_2)).top, 676);
 }
 
-TEST_F(AppWindow, MovesTheBoundaryWithAMouseThatPressedAGap)
+TEST_F(LaidOut, MovesTheBoundaryWithAMouseThatPressedAGap)
 {
     open({ page(L"a") });
-    const auto mouse = [&](UINT message, int y) { window().send(message, 0, MAKELPARAM(300, y)); };
-    mouse(WM_LBUTTONDOWN, 114);
+    const app::PageBoxes boxes = layout().boxes;
+    const auto mouse = [&](UINT message, int y) {
+        window().send(message, 0, MAKELPARAM((boxes.first.left + boxes.first.right) / 2, y));
+    };
+    mouse(WM_LBUTTONDOWN, app::gap_rect(boxes, app::BoxGap::upper).top + 2);
     EXPECT_EQ(GetCapture(), window().hwnd());
     mouse(WM_MOUSEMOVE, 300);
     EXPECT_EQ(book().header.divider, 300);
@@ -89,7 +102,7 @@ TEST_F(AppWindow, MovesTheBoundaryWithAMouseThatPressedAGap)
     mouse(WM_MOUSEMOVE, 400);
     EXPECT_EQ(book().header.divider, 300);
 
-    mouse(WM_LBUTTONDOWN, 334); // the lower gap
+    mouse(WM_LBUTTONDOWN, app::gap_rect(app::with_divider(boxes, 300), app::BoxGap::lower).top + 2);
     mouse(WM_MOUSEMOVE, 234);
     EXPECT_EQ(book().header.divider, 202);
     window().send(WM_KILLFOCUS, 0, 0);
@@ -118,14 +131,57 @@ TEST_F(AppWindow, PaintsBothGapsAnewWhenTheBoundaryMoves)
     mouse(WM_LBUTTONUP, 300);
 }
 
-TEST_F(AppWindow, IsMovedByItsBackground)
+TEST_F(LaidOut, LeavesTheMouseToAWindowThatTookItDuringADrag)
 {
     open({ page(L"a") });
-    const RECT rect = window().rect();
-    EXPECT_EQ(window().send(WM_NCHITTEST, 0, MAKELPARAM(rect.right - 100, rect.bottom - 100)), HTCAPTION);
-    POINT gap{ 300, 114 };
-    ClientToScreen(window().hwnd(), &gap);
-    EXPECT_EQ(window().send(WM_NCHITTEST, 0, MAKELPARAM(gap.x, gap.y)), HTCLIENT);
+    const app::Rect gap = app::gap_rect(layout().boxes, app::BoxGap::upper);
+    window().send(WM_LBUTTONDOWN, 0, MAKELPARAM(gap.left + 50, gap.top + 1));
+    ASSERT_EQ(GetCapture(), window().hwnd());
+    SetCapture(box(command::box_1));
+    EXPECT_EQ(GetCapture(), box(command::box_1));
+    window().send(WM_MOUSEMOVE, 0, MAKELPARAM(gap.left + 50, gap.top + 100));
+    EXPECT_EQ(book().header.divider, gap.top) << "the drag is over";
+    ReleaseCapture();
+}
+
+TEST_F(LaidOut, IsMovedByItsBackgroundAlsoBeyondTheTopOfTheScreen)
+{
+    open({ page(L"a") });
+    const RECT before = window().rect();
+    const app::MainLayout at = layout();
+    const POINT grip{ (at.boxes.first.right + at.file_pane.left) / 2, at.boxes.first.top };
+    POINT screen = grip;
+    ClientToScreen(window().hwnd(), &screen);
+    const auto mouse = [&](UINT message, LONG x, LONG y) { window().send(message, 0, MAKELPARAM(x, y)); };
+    window().send(WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
+    ASSERT_EQ(GetCapture(), window().hwnd());
+    mouse(WM_MOUSEMOVE, grip.x - 60, grip.y - before.top - 200);
+    mouse(WM_MOUSEMOVE, grip.x + 10, grip.y + 5); // from where the window is by now
+    const RECT after = window().rect();
+    EXPECT_EQ(after.left, before.left - 50);
+    EXPECT_EQ(after.top, -195);
+    EXPECT_EQ(after.right - after.left, before.right - before.left);
+    mouse(WM_LBUTTONUP, grip.x, grip.y);
+    EXPECT_EQ(GetCapture(), nullptr);
+    mouse(WM_MOUSEMOVE, grip.x + 30, grip.y + 30);
+    EXPECT_EQ(window().rect().top, -195);
+}
+
+TEST_F(LaidOut, HasItsBackgroundForACaptionAndItsGapsForAClientArea)
+{
+    open({ page(L"a") });
+    const app::MainLayout at = layout();
+    const auto hit = [this](LONG x, LONG y) {
+        POINT screen{ x, y };
+        ClientToScreen(window().hwnd(), &screen);
+        return window().send(WM_NCHITTEST, 0, MAKELPARAM(screen.x, screen.y));
+    };
+    EXPECT_EQ(hit((at.boxes.first.right + at.file_pane.left) / 2, at.boxes.first.top), HTCAPTION);
+    for (const app::BoxGap gap : { app::BoxGap::upper, app::BoxGap::lower }) {
+        const app::Rect rect = app::gap_rect(at.boxes, gap);
+        EXPECT_EQ(hit(rect.left, rect.top), HTCLIENT);
+        EXPECT_EQ(hit(rect.right, rect.top), HTCAPTION);
+    }
 }
 
 TEST_F(AppWindow, TakesADoubleClickOnAControlForASecondClick)
@@ -162,6 +218,45 @@ TEST_F(AppWindow, GivesTheAcceleratorToTheFocusedBoxWhichSaves)
     EXPECT_FALSE(is_modified(command::box_1));
     EXPECT_EQ(saved().pages[0].text[0], L"いa\r\n");
     EXPECT_EQ(GetFocus(), box(command::box_1));
+}
+
+TEST_F(AppWindow, GivesAKeyboardOfItsOwnToTheFieldThatHadItLast)
+{
+    open({ page(L"a\r\n") });
+    EXPECT_EQ(GetFocus(), box(command::box_1)) << "at the start";
+    for (const int field : app::typing_fields) {
+        SetFocus(box(field));
+        SetFocus(box(command::file_combo));
+        SetFocus(window().hwnd());
+        EXPECT_EQ(GetFocus(), box(field)) << field;
+    }
+}
+
+TEST_F(AppWindow, GivesTheKeyboardToAnotherFieldWhenTheLastOneCannotTakeIt)
+{
+    open({ page(L"a\r\n") });
+    SetFocus(box(command::box_2));
+    EnableWindow(box(command::box_2), FALSE);
+    ShowWindow(box(command::box_3), SW_HIDE);
+    SetFocus(window().hwnd());
+    EXPECT_EQ(GetFocus(), box(command::search_box));
+}
+
+TEST_F(AppWindow, KeepsTheKeyboardInABoxThatIsMadeAnew)
+{
+    book::Book wrapped = book_of({ page(L"a\r\n") });
+    wrapped.header.wrap_text = 1;
+    ASSERT_TRUE(wrapped.save_to(file(L"折返し.bok")));
+    ASSERT_TRUE(book_of({ page(L"a\r\n") }).save_to(file(L"手帖.bok")));
+    set_history({ file(L"手帖.bok"), file(L"折返し.bok") });
+    ASSERT_TRUE(create());
+    for (const int id : { int{ command::box_1 }, int{ command::box_3 } }) {
+        SetFocus(box(id));
+        HWND const before = box(id);
+        command(command::first_history_entry + 1); // the other Book
+        ASSERT_NE(box(id), before);
+        EXPECT_EQ(GetFocus(), box(id)) << id;
+    }
 }
 
 TEST_F(AppWindow, IgnoresTheAcceleratorsCommandItself)

@@ -48,6 +48,21 @@ TEST(MainControls, BearTheNumbersOfTheCommandsTheySend)
     EXPECT_EQ(button_rows.size() + check_rows.size(), expected.size());
 }
 
+TEST(TypingFields, GiveTheKeyboardToTheOneThatHadItLast)
+{
+    for (std::size_t last = 0; last < app::typing_fields.size(); ++last)
+        EXPECT_EQ(app::field_for_keyboard(last, { true, true, true, true }), last);
+}
+
+TEST(TypingFields, PassOverThoseThatCannotTakeTheKeyboard)
+{
+    EXPECT_EQ(app::field_for_keyboard(0, { false, true, true, true }), 1u);
+    EXPECT_EQ(app::field_for_keyboard(1, { true, false, false, true }), 3u);
+    EXPECT_EQ(app::field_for_keyboard(3, { true, true, true, false }), 0u);
+    EXPECT_EQ(app::field_for_keyboard(2, { false, true, false, false }), 1u);
+    EXPECT_EQ(app::field_for_keyboard(2, { false, false, false, false }), std::nullopt);
+}
+
 TEST(MainControls, StandBesideEachOther)
 {
     const std::vector<Rect> places = all_places();
