@@ -91,7 +91,7 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
     expect_page(L"夜二");
     expect_title(L"夜");
     rest_mouse(background());
-    expect_color(look::theme_colors(look::theme_dark).panel_back, on_screen(687, 200));
+    expect_color(look::theme_colors(look::theme_dark).panel_back, background());
     click_control(command::next_page);
     expect_page(L"夜一");
     retype(command::box_1, L"夜の記");
@@ -101,7 +101,7 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
     expect_page(L"昼の記");
     expect_title(L"手帖");
     rest_mouse(background());
-    expect_color(look::theme_colors(look::theme_standard).panel_back, on_screen(687, 200));
+    expect_color(look::theme_colors(look::theme_standard).panel_back, background());
     click_control(command::next_page);
     expect_page(L"三");
     choose_file(command::open_book, night);

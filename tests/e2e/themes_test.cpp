@@ -17,7 +17,7 @@ protected:
         const app::MainLayout at = layout();
         RECT client{};
         GetClientRect(main_window().handle(), &client);
-        expect_color(colors.panel_back, on_screen(687, 300), where);
+        expect_color(colors.panel_back, background(), where);
         expect_color(colors.panel_back.shade(-80), on_screen(at.tabs.right - 30, at.tabs.top + 10), where);
         expect_color(colors.viewer_back, middle(at.file_pane), where);
         expect_color(colors.status_back, on_screen(client.right - 4, client.bottom - 4), where);

@@ -177,6 +177,7 @@ TEST_F(Screens, History)
     settle();
     main_menu().choose(command::show_history, Hand::mouse);
     require("the history shows", [&] { return program().is_active(history_window()); });
-    rest_mouse(on_screen(700, 740));
+    const app::MainLayout at = layout();
+    rest_mouse(on_screen((at.slider.right + at.file_pane.left) / 2, at.slider.bottom)); // beside the window
     take("history", true);
 }
