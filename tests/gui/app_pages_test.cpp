@@ -186,9 +186,11 @@ protected:
         SendMessageW(box(command::box_1), EM_SETSEL, 5, 9);
         SendMessageW(box(command::box_2), EM_SETSEL, 3, 3);
         SendMessageW(box(command::box_3), EM_SETSEL, 700, 700);
-        SendMessageW(box(command::box_1), EM_LINESCROLL, 0, 20);
-        SendMessageW(box(command::box_3), EM_LINESCROLL, 0, 130);
+        scroll_to(command::box_1, 20);
+        scroll_to(command::box_3, 130);
     }
+    // The selection may have scrolled the box already.
+    void scroll_to(int id, int line) const { SendMessageW(box(id), EM_LINESCROLL, 0, line - first_line(id)); }
     DWORD selection(int id) const { return static_cast<DWORD>(SendMessageW(box(id), EM_GETSEL, 0, 0)); }
     void expect_same_place()
     {
