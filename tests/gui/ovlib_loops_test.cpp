@@ -241,8 +241,19 @@ TEST_F(ModalRun, ActivatesItsParentWhenItEndsAndNoOtherWindow)
         activations += message.message == WM_ACTIVATE && LOWORD(message.wparam) != WA_INACTIVE ? 1 : 0;
         return false;
     };
-    sub.post(WM_CLOSE, 0, 0);
+    // It ends when it is in front: what a window manager says of the other window comes late.
+    sub.answer = [&](WndMessage& message) {
+        if (message.message != WM_TIMER)
+            return false;
+        if (GetForegroundWindow() == sub.hwnd() && GetActiveWindow() == sub.hwnd()) {
+            activations = 0;
+            sub.post(WM_CLOSE, 0, 0);
+        }
+        return true;
+    };
+    SetTimer(sub.hwnd(), 1, 50, nullptr);
     sub.run();
+    EXPECT_EQ(sub.hwnd(), nullptr);
     EXPECT_TRUE(gui::pump_until([&] { return GetForegroundWindow() == top.hwnd(); }));
     EXPECT_EQ(GetActiveWindow(), top.hwnd());
     EXPECT_EQ(activations, 0);
