@@ -25,6 +25,10 @@ else()
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # The cache sees a precompiled header only with it.
         target_compile_options(pagewick_compiler INTERFACE -fpch-preprocess)
+    else()
+        # Cheap here, and dear among the static checks.
+        target_compile_options(pagewick_compiler INTERFACE
+            -Wreserved-identifier -Wzero-as-null-pointer-constant -Wempty-body -Wdangling -Wunreachable-code)
     endif()
 endif()
 

@@ -34,7 +34,7 @@ run_tests() {
 # Everything the build, the tests and the screen need, as Debian 12 names it.
 packages=(
     ca-certificates cmake ninja-build g++ g++-mingw-w64-x86-64-posix
-    clang clang-format clang-tidy libclang-rt-14-dev
+    clang clang-format clang-tidy libclang-rt-14-dev lld llvm ccache
     googletest unicode-data libmagickcore-6.q16-dev
     wine wine64 fonts-wine xvfb openbox xdotool wmctrl x11-utils imagemagick xclip
     fonts-noto-cjk fonts-ipafont fonts-dejavu-core locales
