@@ -43,10 +43,13 @@ const FileUnit* find_unit(const FileUnit* first, const FileUnit* last, FileUnit 
 void append_units(std::wstring& text, FileText units)
 {
     // One pass where units are widened: appending would go by way of a temporary.
-    if (sizeof(FileUnit) != sizeof(wchar_t) && text.empty())
-        text = std::wstring(units.begin(), units.end());
-    else
-        text.append(units.begin(), units.end());
+    if constexpr (sizeof(FileUnit) != sizeof(wchar_t)) {
+        if (text.empty()) {
+            text = std::wstring(units.begin(), units.end());
+            return;
+        }
+    }
+    text.append(units.begin(), units.end());
 }
 
 LineReader::LineReader(ByteSource& source)

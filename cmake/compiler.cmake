@@ -19,6 +19,12 @@ target_include_directories(pagewick_compiler INTERFACE ${PROJECT_SOURCE_DIR} ${P
 
 if(MSVC)
     target_compile_options(pagewick_compiler INTERFACE /W4 /WX /utf-8 /permissive- /EHsc)
+    # The C library's own bounds-checked functions exist nowhere else.
+    target_compile_definitions(pagewick_compiler INTERFACE _CRT_SECURE_NO_WARNINGS)
+    # Static, so that a program is one file that needs nothing but the system.
+    set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+    # GoogleTest asks for policies older than that setting, and would be built with another runtime.
+    set(CMAKE_POLICY_DEFAULT_CMP0091 NEW)
 else()
     target_compile_options(pagewick_compiler INTERFACE
         -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
@@ -36,6 +42,29 @@ if(WIN32)
     target_compile_definitions(pagewick_compiler INTERFACE
         UNICODE _UNICODE NOMINMAX STRICT _WIN32_WINNT=0x0A00 WINVER=0x0A00)
 endif()
+
+if(MINGW)
+    # As every compiler of the system marks its programs: an older version gets borders and scrolling of its time.
+    target_link_options(pagewick_compiler INTERFACE
+        -Wl,--major-subsystem-version,6 -Wl,--minor-subsystem-version,0)
+endif()
+
+# Resources that hold a manifest. Visual Studio's linker would make a second one and refuse both.
+function(pagewick_resources target)
+    target_sources(${target} PRIVATE ${ARGN})
+    set_source_files_properties(${ARGN} PROPERTIES OBJECT_DEPENDS
+        "${PROJECT_SOURCE_DIR}/app/wnd/pagewick.ico;${PROJECT_SOURCE_DIR}/app/wnd/pagewick.manifest")
+    if(MSVC)
+        target_link_options(${target} PRIVATE /MANIFEST:NO)
+    endif()
+endfunction()
+
+# A program with an entry in wide characters, which Visual Studio's linker finds unasked.
+function(pagewick_wide_entry target)
+    if(MINGW)
+        target_link_options(${target} PRIVATE -municode)
+    endif()
+endfunction()
 
 if(PAGEWICK_SANITIZE)
     target_compile_options(pagewick_compiler INTERFACE

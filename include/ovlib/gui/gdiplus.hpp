@@ -10,4 +10,11 @@ using std::max;
 using std::min;
 } // namespace Gdiplus
 
+#if defined(_MSC_VER)
+#pragma warning(push)
+#pragma warning(disable : 4458) // its parameters hide members of their own classes
+#endif
 #include <gdiplus.h>
+#if defined(_MSC_VER)
+#pragma warning(pop)
+#endif
