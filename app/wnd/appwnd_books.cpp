@@ -93,6 +93,7 @@ bool AppWnd::open_book(std::wstring& path)
 
 // The path is the caller's own copy: it may have been the Book's, which loading clears, or an entry of the
 // history, which forgetting erases.
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the copy is what is wanted
 bool AppWnd::load_book(std::wstring path)
 {
     set_current_directory(L"");

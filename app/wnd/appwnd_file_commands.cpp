@@ -129,7 +129,7 @@ std::wstring AppWnd::ask_for_copy_of(const std::wstring& source)
     dialog.set_file_name(std::wstring{ platform::file_name(source) });
     dialog.set_default_extension(extension_without_point(source));
     const InputGate::Hold hold{ input_ };
-    const std::wstring chosen = dialog.show() ? dialog.result() : std::wstring{};
+    std::wstring chosen = dialog.show() ? dialog.result() : std::wstring{};
     set_current_directory(L"");
     return chosen;
 }
