@@ -28,7 +28,7 @@ bool TabWnd::on_message(ovlib::WndMessage& message)
 {
     switch (message.message) {
     case WM_CREATE:
-        on_create();
+        make_tip_and_menu();
         return false;
     case WM_DESTROY:
         destroy_children();
@@ -57,7 +57,7 @@ bool TabWnd::on_message(ovlib::WndMessage& message)
 }
 
 // The strip works without its tip.
-void TabWnd::on_create()
+void TabWnd::make_tip_and_menu()
 {
     if (tip_.create(L""))
         tip_.set_font(shared_font(SharedFont::jp_9_bold));

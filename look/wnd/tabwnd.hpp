@@ -31,7 +31,7 @@ public:
     const ovlib::Menu& menu() const { return menu_; }
 
 private:
-    void on_create();
+    void make_tip_and_menu();
     bool on_paint();
     bool on_mouse_move(platform::Point point);
     bool on_mouse_leave();

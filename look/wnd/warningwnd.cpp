@@ -41,7 +41,7 @@ bool WarningWnd::on_message(ovlib::WndMessage& message)
 {
     switch (message.message) {
     case WM_CREATE:
-        on_create();
+        make_font_and_icon();
         return false;
     case WM_DESTROY:
         timer_.stop();
@@ -59,7 +59,7 @@ bool WarningWnd::on_message(ovlib::WndMessage& message)
     }
 }
 
-void WarningWnd::on_create()
+void WarningWnd::make_font_and_icon()
 {
     font_.renew(shared_font(SharedFont::ui_9_bold), ovlib::GDI::Ownership::borrowed);
     icon_.reset(static_cast<HICON>(LoadImageW(

@@ -31,7 +31,7 @@ private:
     };
     using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
 
-    void on_create();
+    void make_font_and_icon();
     void on_timer();
     bool on_paint();
     void hide();
