@@ -68,7 +68,7 @@ bool FileWnd::on_message(ovlib::WndMessage& message)
 {
     switch (message.message) {
     case WM_CREATE:
-        on_create();
+        load_mark();
         return false;
     case WM_DESTROY:
         on_destroy();
@@ -122,7 +122,7 @@ void FileWnd::set_rect(const RECT& rect, bool repaint)
         DeleteObject(region);
 }
 
-void FileWnd::on_create()
+void FileWnd::load_mark()
 {
     many_files_mark_.renew(ovlib::GDI::load_bitmap(app::folders().res + L"\\files.bmp"));
 }

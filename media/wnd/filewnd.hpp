@@ -56,7 +56,7 @@ public:
     const GifThread& gif_thread() const { return gif_thread_; }
 
 private:
-    void on_create();
+    void load_mark();
     void on_destroy();
     bool on_paint();
     bool on_command(const ovlib::WndMessage& message);
