@@ -86,6 +86,7 @@ void FileDialog::set_folder(const std::wstring& path)
 void FileDialog::set_filters(const std::vector<FileFilter>& filters)
 {
     std::vector<COMDLG_FILTERSPEC> list;
+    list.reserve(filters.size());
     for (const FileFilter& filter : filters)
         list.push_back({ filter.name.c_str(), filter.pattern.c_str() });
     if (dialog_ && !list.empty())

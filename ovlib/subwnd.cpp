@@ -9,6 +9,7 @@ SubWnd::SubWnd(Wnd* parent, int control_id)
 
 RECT SubWnd::rect() const
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): top-level, so on the screen
     return BaseWnd::rect();
 }
 
@@ -31,7 +32,7 @@ void SubWnd::dispatch(MSG& message)
 void SubWnd::create_params(CREATESTRUCTW& params)
 {
     // Top-level: a control id in the place of the menu would make the creation fail.
-    BaseWnd::create_params(params);
+    BaseWnd::create_params(params); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void SubWnd::run()
