@@ -22,7 +22,7 @@ MENUITEMINFOW text_info(UINT mask, const std::wstring& text)
     return info;
 }
 
-MENUITEMINFOW row_info(const MenuRow& row, bool has_picture)
+MENUITEMINFOW row_info(const MenuRow& row, HBITMAP picture)
 {
     MENUITEMINFOW info = text_info(MIIM_ID | MIIM_FTYPE | MIIM_STATE, row.text);
     info.wID = static_cast<UINT>(row.id);
@@ -32,9 +32,9 @@ MENUITEMINFOW row_info(const MenuRow& row, bool has_picture)
         info.fState |= MFS_CHECKED;
     if (row.is_default)
         info.fState |= MFS_DEFAULT;
-    if (has_picture) {
+    if (picture != nullptr) {
         info.fMask |= MIIM_BITMAP;
-        info.hbmpItem = HBMMENU_CALLBACK;
+        info.hbmpItem = picture;
     }
     return info;
 }
@@ -93,9 +93,8 @@ bool BaseMenu::add_row(const MenuRow& row, const MenuPictures* pictures)
 {
     if (row.kind == MenuKind::separator)
         return add_separator();
-    const bool has_picture =
-        row.picture == MenuPicture::by_id && pictures != nullptr && pictures->has(row.id);
-    MENUITEMINFOW info = row_info(row, has_picture);
+    const bool may_have_one = row.picture == MenuPicture::by_id && pictures != nullptr;
+    MENUITEMINFOW info = row_info(row, may_have_one ? pictures->item_bitmap(row.id) : nullptr);
     if (row.kind == MenuKind::item)
         return append(info);
     Menu inner;

@@ -4,14 +4,23 @@
 
 #include "controls/menu_rows.hpp"
 #include "ovlib/gui/dc.hpp"
+#include "ovlib/win_app.hpp"
 
 namespace ovlib {
 
 namespace {
 
+constexpr WORD bits_with_alpha = 32;
+
+bool is_as_the_system_draws(HBITMAP picture)
+{
+    BITMAP facts{};
+    return GetObjectW(picture, sizeof facts, &facts) != 0 && facts.bmBitsPixel == bits_with_alpha
+        && facts.bmWidth == menu_picture_size.width && facts.bmHeight == menu_picture_size.height;
+}
+
 void blend(HDC target, const platform::Rect& place, HBITMAP picture, std::uint8_t opacity)
 {
-    constexpr WORD bits_with_alpha = 32;
     BITMAP facts{};
     if (GetObjectW(picture, sizeof facts, &facts) == 0)
         return;
@@ -24,14 +33,23 @@ void blend(HDC target, const platform::Rect& place, HBITMAP picture, std::uint8_
 
 } // namespace
 
-MenuPictures::MenuPictures(Find find)
+MenuPainter menu_painter()
+{
+    return WinApp::is_wine() ? MenuPainter::owner : MenuPainter::system;
+}
+
+MenuPictures::MenuPictures(Find find, MenuPainter painter)
     : find_(std::move(find))
+    , painter_(painter)
 {
 }
 
-bool MenuPictures::has(int id) const
+HBITMAP MenuPictures::item_bitmap(int id) const
 {
-    return find_ && find_(id) != nullptr;
+    HBITMAP const picture = find_ ? find_(id) : nullptr;
+    if (picture == nullptr)
+        return nullptr;
+    return painter_ == MenuPainter::system && is_as_the_system_draws(picture) ? picture : HBMMENU_CALLBACK;
 }
 
 // A menu sends 0 where a control sends its id.

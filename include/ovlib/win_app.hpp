@@ -21,4 +21,10 @@ void initialize(HINSTANCE module, int show);
 // The path before its last separators; a root such as `C:\` is never cut into, and a bare name has no parent.
 std::wstring parent_path(std::wstring_view path);
 
+// Whether the system is Wine, which draws some things otherwise than Windows.
+inline bool is_wine()
+{
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
 } // namespace ovlib::WinApp

@@ -133,9 +133,8 @@ TEST_F(MenuPicture, OfAnUnknownIdIsNothing)
 {
     EXPECT_TRUE(draw(unknown, 0, { 0, 0, side, side })) << "it was asked for all the same";
     EXPECT_EQ(gui::count_pixels(target, back), target.width * target.height);
-    EXPECT_TRUE(pictures.has(known));
-    EXPECT_FALSE(pictures.has(unknown));
-    EXPECT_FALSE(MenuPictures(nullptr).has(known));
+    EXPECT_EQ(pictures.item_bitmap(unknown), nullptr);
+    EXPECT_EQ(MenuPictures(nullptr).item_bitmap(known), nullptr);
 }
 
 TEST_F(MenuPicture, WithoutAlphaCoversItsSquare)
@@ -198,6 +197,56 @@ TEST_F(MenuPicture, CostsNoHandles)
     ASSERT_TRUE(draw(known, 0, { 0, 0, side, side }));
     EXPECT_EQ(gui::count_pixels(target, red), side * side / 4);
     EXPECT_TRUE(ovlib::GDI::Brush(ovlib::GDI::solid_brush(red)));
+}
+
+// What the items of a menu hold as their bitmaps, from the menu itself.
+class MenuBitmap : public MenuPicture {
+protected:
+    static HBITMAP bitmap_of(HMENU menu, UINT position)
+    {
+        MENUITEMINFOW info{};
+        info.cbSize = sizeof info;
+        info.fMask = MIIM_BITMAP;
+        EXPECT_TRUE(GetMenuItemInfoW(menu, position, TRUE, &info));
+        return info.hbmpItem;
+    }
+    // Of an item with a picture, and of one inside a submenu that has the same.
+    void expect_bitmaps(ovlib::MenuPainter painter, HBITMAP expected)
+    {
+        const MenuPictures painted{ [this](int id) { return id == known ? picture.handle() : nullptr; },
+            painter };
+        const ovlib::MenuRows rows{ ovlib::menu_item(known, L"絵"), ovlib::menu_item(unknown, L"絵なし"),
+            ovlib::submenu(L"中", { ovlib::menu_item(known, L"絵") }, true, known) };
+        ovlib::Menu menu;
+        ASSERT_TRUE(menu.add_rows(rows, &painted));
+        EXPECT_EQ(bitmap_of(menu.handle(), 0), expected);
+        EXPECT_EQ(bitmap_of(menu.handle(), 1), nullptr);
+        EXPECT_EQ(bitmap_of(menu.handle(), 2), expected);
+        EXPECT_EQ(bitmap_of(GetSubMenu(menu.handle(), 2), 0), expected);
+    }
+};
+
+TEST_F(MenuBitmap, IsThePictureItselfWhereTheSystemDraws)
+{
+    expect_bitmaps(ovlib::MenuPainter::system, picture.handle());
+    // The menu is destroyed: what it showed is not its own.
+    ASSERT_TRUE(draw(known, 0, { 0, 0, side, side }));
+    EXPECT_EQ(gui::count_pixels(target, red), side * side / 4);
+}
+
+TEST_F(MenuBitmap, AsksTheOwnerWhereTheSystemWouldDrawOnBlack)
+{
+    expect_bitmaps(ovlib::MenuPainter::owner, HBMMENU_CALLBACK);
+}
+
+TEST_F(MenuBitmap, AsksTheOwnerForAPictureOfAnotherForm)
+{
+    picture = plain_green(24);
+    expect_bitmaps(ovlib::MenuPainter::system, HBMMENU_CALLBACK);
+    BITMAPINFO info = ovlib::bitmap_info(side * 2, side);
+    info.bmiHeader.biBitCount = 32;
+    picture = ovlib::GDI::Bitmap{ CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, nullptr, nullptr, 0) };
+    expect_bitmaps(ovlib::MenuPainter::system, HBMMENU_CALLBACK);
 }
 
 // The real menu, from the screen.
