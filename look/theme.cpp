@@ -91,6 +91,22 @@ ThemePalette theme_colors(std::int32_t identifier)
     return colors;
 }
 
+void color_frame(Color caption, const SetFrameAttribute& set)
+{
+    // DWMWA_USE_IMMERSIVE_DARK_MODE, DWMWA_CAPTION_COLOR and DWMWA_TEXT_COLOR: Windows 10 knows the first
+    // only.
+    constexpr std::uint32_t dark_mode = 20;
+    constexpr std::uint32_t caption_color = 35;
+    constexpr std::uint32_t text_color = 36;
+    constexpr Color black{ 0x000000 };
+    constexpr Color white{ 0xFFFFFF };
+    const bool is_bright = caption.is_bright();
+    if (set(caption_color, caption.value))
+        set(text_color, (is_bright ? black : white).value);
+    else
+        set(dark_mode, is_bright ? 0 : 1);
+}
+
 std::int32_t load_theme(std::int32_t identifier)
 {
     const ThemePalette colors = theme_colors(identifier);

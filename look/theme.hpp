@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/color.hpp"
 #include <cstdint>
+#include <functional>
 
 namespace look {
 
@@ -33,5 +34,12 @@ ThemePalette theme_colors(std::int32_t identifier);
 
 // Loads a theme and returns the identifier to store in the Book: 6006 becomes 6005, an unknown one 6000.
 std::int32_t load_theme(std::int32_t identifier);
+
+// Sets an attribute of a window's frame by its number; false where the system knows no such attribute.
+using SetFrameAttribute = std::function<bool(std::uint32_t attribute, std::uint32_t value)>;
+
+// A title bar in this colour, with a text that reads on it: light on dark, dark on bright. Where the system
+// takes no colours, its own dark or light title bar, whichever is nearer.
+void color_frame(Color caption, const SetFrameAttribute& set);
 
 } // namespace look

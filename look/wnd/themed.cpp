@@ -44,9 +44,9 @@ void repaint_with_controls(HWND hwnd)
 
 void color_caption(HWND hwnd)
 {
-    constexpr DWORD caption_color_attribute = 35;
-    const COLORREF color = palette().caption.value;
-    DwmSetWindowAttribute(hwnd, caption_color_attribute, &color, sizeof color);
+    color_frame(palette().caption, [hwnd](std::uint32_t attribute, std::uint32_t value) {
+        return SUCCEEDED(DwmSetWindowAttribute(hwnd, attribute, &value, sizeof value));
+    });
 }
 
 void color_list_view(ovlib::ListView& list)

@@ -213,26 +213,35 @@ TEST_F(Themes, ReachTheControlsOfTheProgram)
     }
 }
 
-std::map<HWND, COLORREF> captions;
-HRESULT WINAPI note_caption(HWND hwnd, DWORD attribute, const void* value, DWORD size)
+using Attributes = std::map<DWORD, DWORD>;
+std::map<HWND, Attributes> frames;
+bool system_takes_colors = false;
+HRESULT WINAPI note_attribute(HWND hwnd, DWORD attribute, const void* value, DWORD size)
 {
-    if (attribute == 35 && size == 4)
-        captions[hwnd] = *static_cast<const COLORREF*>(value);
-    return E_INVALIDARG; // as a system answers that knows no such attribute
+    EXPECT_EQ(size, sizeof(DWORD));
+    frames[hwnd][attribute] = *static_cast<const DWORD*>(value);
+    return system_takes_colors || attribute < 35 ? S_OK : E_INVALIDARG;
 }
 
-TEST_F(Themes, ColourTheCaptionOfEveryTopLevelWindowWhetherOrNotTheSystemCan)
+TEST_F(Themes, ColourTheFrameOfEveryTopLevelWindowAsFarAsTheSystemCan)
 {
     open_windows();
-    captions.clear();
     const gui::ReplacedImport<decltype(DwmSetWindowAttribute)> spy{ &__imp_DwmSetWindowAttribute,
-        &note_caption };
-    command(6003);
-    EXPECT_TRUE(captions.contains(window().hwnd()));
-    EXPECT_TRUE(captions.contains(sub->hwnd()));
-    for (const auto& [hwnd, color] : captions)
-        EXPECT_EQ(color, 0x9BAAFFu);
-    EXPECT_EQ(book().header.theme, 6003);
+        &note_attribute };
+    const auto expect_frames = [&](int theme, bool takes_colors, const Attributes& expected) {
+        frames.clear();
+        system_takes_colors = takes_colors;
+        command(theme);
+        EXPECT_TRUE(frames.contains(window().hwnd()));
+        EXPECT_TRUE(frames.contains(sub->hwnd()));
+        for (const auto& [hwnd, attributes] : frames)
+            EXPECT_EQ(attributes, expected) << theme;
+        EXPECT_EQ(book().header.theme, theme);
+    };
+    expect_frames(6003, true, { { 35, 0x9BAAFF }, { 36, 0x000000 } });
+    expect_frames(6002, true, { { 35, 0x3C3030 }, { 36, 0xFFFFFF } });
+    expect_frames(6003, false, { { 35, 0x9BAAFF }, { 20, 0 } });
+    expect_frames(6002, false, { { 35, 0x3C3030 }, { 20, 1 } });
 }
 
 TEST_F(Themes, RepaintOutsideTheDrawingLock)

@@ -1,8 +1,10 @@
 // The colours of every theme, the computed ones included.
 #include "look/theme.hpp"
 #include <array>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
+#include <map>
 
 namespace {
 
@@ -135,6 +137,41 @@ TEST(Theme, DrawsLinesLighterInDarkAndDarkerElsewhere)
             EXPECT_GT(colors.panel_line.luminance(), colors.panel_back.luminance());
         else
             EXPECT_LT(colors.panel_line.luminance(), colors.panel_back.luminance());
+    }
+}
+
+// Each number with the value it was set to.
+using Attributes = std::map<std::uint32_t, std::uint32_t>;
+
+Attributes frame_of(Color caption, bool system_takes_colors)
+{
+    Attributes set;
+    look::color_frame(caption, [&](std::uint32_t attribute, std::uint32_t value) {
+        EXPECT_FALSE(set.contains(attribute)) << attribute << " twice";
+        set[attribute] = value;
+        return system_takes_colors || attribute < 35;
+    });
+    return set;
+}
+
+TEST(Frame, HasATextThatReadsOnItsColour)
+{
+    EXPECT_EQ(frame_of(Color{ 0x555050 }, true), (Attributes{ { 35, 0x555050 }, { 36, 0xFFFFFF } }));
+    EXPECT_EQ(frame_of(Color{ 0xC4E6A2 }, true), (Attributes{ { 35, 0xC4E6A2 }, { 36, 0x000000 } }));
+}
+
+TEST(Frame, IsTheDarkOneOfASystemThatTakesNoColourWhenItsColourIsDark)
+{
+    EXPECT_EQ(frame_of(Color{ 0x3C3030 }, false), (Attributes{ { 35, 0x3C3030 }, { 20, 1 } }));
+    EXPECT_EQ(frame_of(Color{ 0xFFC4B7 }, false), (Attributes{ { 35, 0xFFC4B7 }, { 20, 0 } }));
+}
+
+TEST(Frame, ReadsInEveryTheme)
+{
+    for (std::int32_t identifier = 6000; identifier <= 6005; ++identifier) {
+        const Color caption = look::theme_colors(identifier).caption;
+        const Color text{ frame_of(caption, true).at(36) };
+        EXPECT_GE(std::abs(text.luminance() - caption.luminance()), 128) << identifier;
     }
 }
 
