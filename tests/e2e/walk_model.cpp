@@ -3,6 +3,7 @@
 #include "book/linguistic_sort.hpp"
 #include "book/query.hpp"
 #include "look/theme.hpp"
+#include "platform/text.hpp"
 #include "tests/support/memory_stream.hpp"
 #include "tests/support/naive_search.hpp"
 #include <algorithm>
@@ -400,9 +401,8 @@ std::string Model::learn(const std::wstring& file, const book::Book& on_disk, co
                 continue;
             const std::wstring time = start < known.size() ? known.substr(start, half_stamp) : L"";
             if (!is_time(time) || time < earliest || time > latest)
-                return "page " + std::to_string(i) + " bears the stamp "
-                    + std::string(known.begin(), known.end()) + " and not the time of this step, "
-                    + std::string(earliest.begin(), earliest.end());
+                return "page " + std::to_string(i) + " bears the stamp " + platform::to_utf8(known)
+                    + " and not the time of this step, " + platform::to_utf8(earliest);
         }
         page.data.stamp = filled(before, known);
         if (Page* living = file == path ? page_with(page.id) : nullptr;
