@@ -143,12 +143,12 @@ Claim icon_claim(ByteView bytes)
 std::optional<std::uint32_t> tiff_number(ByteView bytes, std::uint64_t entry, ByteOrder order)
 {
     struct Type {
-        std::uint16_t number;
         unsigned bytes;
+        std::uint16_t number;
         bool has_sign;
     };
-    static constexpr Type types[] = { { 1, 1, false }, { 3, 2, false }, { 4, 4, false }, { 6, 1, true },
-        { 8, 2, true }, { 9, 4, true }, { 16, 8, false }, { 17, 8, true } };
+    static constexpr Type types[] = { { 1, 1, false }, { 2, 3, false }, { 4, 4, false }, { 1, 6, true },
+        { 2, 8, true }, { 4, 9, true }, { 8, 16, false }, { 8, 17, true } };
     const auto type = std::ranges::find(types, bytes.number16(entry + 2, order), &Type::number);
     if (type == std::end(types) || bytes.number32(entry + 4, order) != 1)
         return std::nullopt;
