@@ -164,11 +164,21 @@ TEST_F(Banner, IsCentredOverItsParent)
 
 TEST_F(Banner, OfALongTextIsWiderThanItsParentAndStaysCentred)
 {
+    top_.center(nullptr, true);
     banner_.show(std::wstring(80, L'長'));
     const RECT rect = banner_.rect();
     const RECT around = top_.rect();
     EXPECT_GT(rect.right - rect.left, around.right - around.left);
     EXPECT_NEAR(rect.left + rect.right, around.left + around.right, 1);
+}
+
+TEST_F(Banner, ThatWouldPassTheEdgeOfTheScreenComesIntoView)
+{
+    top_.move(0, 0, true);
+    banner_.show(std::wstring(80, L'長'));
+    const RECT rect = banner_.rect();
+    EXPECT_GT(rect.right - rect.left, top_.size().cx);
+    EXPECT_EQ(rect.left, 0);
 }
 
 TEST_F(Banner, TakesNoFocus)
