@@ -115,8 +115,7 @@ TEST(BannerLayout, HasItsPartsAtTheirPlaces)
     EXPECT_EQ(layout.line_start, (Point{ 6, 25 }));
     EXPECT_EQ(layout.line_end, (Point{ 224, 25 }));
     EXPECT_EQ(layout.icon, (Rect{ 6, 6, 22, 22 }));
-    EXPECT_EQ(layout.title.left, 24);
-    EXPECT_EQ(layout.title.top, 6);
+    EXPECT_EQ(layout.title, (Rect{ 24, 6, 224, 25 }));
     EXPECT_EQ(layout.headline, (Rect{ 0, 40, 230, 62 }));
     EXPECT_EQ(layout.text, (Rect{ 0, 62, 230, 80 }));
 }

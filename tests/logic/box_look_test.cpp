@@ -125,6 +125,7 @@ TEST(SharedFonts, FollowTheirTable)
     EXPECT_EQ(place, look::shared_font_count);
     EXPECT_EQ(look::shared_font_record(SharedFont::arial_9, 96).height, -12);
     EXPECT_EQ(look::shared_font_record(SharedFont::arial_8, 96).height, -11); // 10.67
+    EXPECT_EQ(look::shared_font_record(SharedFont::ui_14_bold, 288).height, -56);
 }
 
 } // namespace

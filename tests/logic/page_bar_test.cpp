@@ -106,12 +106,14 @@ TEST(PageBarIndicator, StandsOverTheMiddleOfItsPage)
 
 TEST(PageBarFrame, IsSunken)
 {
-    const ovlib::Color panel{ 0xD7D2D2 };
-    const auto frame = look::page_bar_frame(panel);
-    EXPECT_EQ(
-        frame[0], (ovlib::Stroke{ { Point{ 0, 16 }, Point{ 0, 0 }, Point{ 369, 0 } }, panel.shade(-150) }));
-    EXPECT_EQ(
-        frame[1], (ovlib::Stroke{ { Point{ 369, 0 }, Point{ 369, 15 }, Point{ 0, 15 } }, panel.shade(200) }));
+    // Of a bright panel and a dark one: rounding makes neighbouring shades of either alike.
+    for (const ovlib::Color panel : { ovlib::Color{ 0xD7D2D2 }, ovlib::Color{ 0x000000 } }) {
+        const auto frame = look::page_bar_frame(panel);
+        EXPECT_EQ(frame[0],
+            (ovlib::Stroke{ { Point{ 0, 16 }, Point{ 0, 0 }, Point{ 369, 0 } }, panel.shade(-150) }));
+        EXPECT_EQ(frame[1],
+            (ovlib::Stroke{ { Point{ 369, 0 }, Point{ 369, 15 }, Point{ 0, 15 } }, panel.shade(200) }));
+    }
 }
 
 } // namespace

@@ -121,6 +121,8 @@ TEST(TabCaption, CountsASurrogatePairAsOne)
 {
     EXPECT_EQ(look::tab_caption(emoji(41)), emoji(40));
     EXPECT_EQ(look::tab_caption(L"a" + emoji(40)), L"a" + emoji(39));
+    const std::wstring all_of_it = std::wstring(39, L'a') + emoji(1);
+    EXPECT_EQ(look::tab_caption(all_of_it), all_of_it);
 }
 
 TEST(TabCaption, CountsALoneSurrogateAsOne)
