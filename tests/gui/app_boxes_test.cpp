@@ -39,6 +39,12 @@ protected:
     {
         return static_cast<DWORD>(GetWindowLongW(box.hwnd(), GWL_STYLE));
     }
+    // Of a character, in the client area.
+    static int x_of(look::MyBox& box, int index)
+    {
+        return static_cast<std::int16_t>(
+            LOWORD(box.send(EM_POSFROMCHAR, static_cast<std::uint64_t>(index), 0)));
+    }
     // The commands that the parent got, but for notifications of the text.
     std::vector<int> commands_during(const std::function<void()>& action)
     {
@@ -61,15 +67,17 @@ protected:
 
 TEST_F(MyBox, HasTheStylesOfItsClass)
 {
-    CREATESTRUCTW params{};
-    q_.create_params(params);
-    EXPECT_EQ(static_cast<DWORD>(params.style), 0x56B011C4u);
-    EXPECT_EQ(params.dwExStyle, static_cast<DWORD>(WS_EX_CLIENTEDGE));
-    d_.create_params(params);
-    EXPECT_EQ(static_cast<DWORD>(params.style), 0x56B011C4u);
-    a_.create_params(params);
-    EXPECT_EQ(static_cast<DWORD>(params.style), 0x56800180u);
-    EXPECT_EQ(params.dwExStyle, static_cast<DWORD>(WS_EX_CLIENTEDGE));
+    const auto expect_style = [](look::MyBox& box, DWORD style) {
+        SCOPED_TRACE(box.control_id());
+        CREATESTRUCTW params{};
+        box.create_params(params);
+        EXPECT_EQ(static_cast<DWORD>(params.style), style);
+        EXPECT_EQ(params.dwExStyle, static_cast<DWORD>(WS_EX_CLIENTEDGE));
+        EXPECT_EQ(params.lpCreateParams, static_cast<ovlib::Wnd*>(&box));
+    };
+    expect_style(q_, 0x56B011C4);
+    expect_style(a_, 0x56800180);
+    expect_style(d_, 0x56B011C4);
 }
 
 TEST_F(MyBox, TakesItsFrameFromTheExtendedStyleOnly)
@@ -136,22 +144,25 @@ TEST_F(MyBox, WrapKeepsEverythingButUndoAndSelection)
 {
     HFONT const font = CreateFontW(-20, 0, 0, 0, 700, 0, 0, 0, 1, 0, 0, 0, 0, L"メイリオ");
     q_.take_font(font);
-    q_.set_text(L"一行目\r\n二行目");
+    q_.set_text(L"一行目\r\n\t二行目");
     q_.set_modified(true);
     q_.set_read_only(true);
     q_.set_focus();
     q_.set_selection(2, 3);
-    const int limit = q_.limit();
+    q_.set_limit(1234);
+    q_.set_tab_stops(4);
+    const int after_tab = x_of(q_, 6);
     const RECT place = q_.rect();
     HWND const before = q_.hwnd();
 
     ASSERT_TRUE(q_.set_wrap(true));
 
     EXPECT_NE(q_.hwnd(), before);
-    EXPECT_EQ(q_.text(), L"一行目\r\n二行目");
+    EXPECT_EQ(q_.text(), L"一行目\r\n\t二行目");
     EXPECT_TRUE(q_.is_modified());
     EXPECT_TRUE(q_.is_read_only());
-    EXPECT_EQ(q_.limit(), limit);
+    EXPECT_EQ(q_.limit(), 1234);
+    EXPECT_EQ(x_of(q_, 6), after_tab);
     EXPECT_EQ(q_.font(), font);
     const RECT new_place = q_.rect();
     EXPECT_TRUE(EqualRect(&place, &new_place));

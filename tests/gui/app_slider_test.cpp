@@ -1,4 +1,5 @@
 // The slider of the main window turns pages.
+#include "look/wnd/fonts.hpp"
 #include "tests/support/gui_app_controls.hpp"
 
 namespace {
@@ -21,6 +22,12 @@ TEST_F(MainSlider, StandsWhereTheBookStands)
     EXPECT_EQ(slider().value, 2);
     command(command::add_page_at_end);
     EXPECT_EQ(slider().max, 3);
+}
+
+TEST_F(MainSlider, HasTheSmallBoldFontForItsNumber)
+{
+    open_three();
+    EXPECT_EQ(slider().font(), look::shared_font(look::SharedFont::jp_7_bold));
 }
 
 TEST_F(MainSlider, TurnsToThePageItIsMovedTo)

@@ -4,12 +4,15 @@
 #include "book/wnd/historywnd.hpp"
 #include "platform/process_log.hpp"
 #include "tests/support/built_files.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_look.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
 #include "tests/support/picture_file.hpp"
 #include <gtest/gtest.h>
+
+extern "C" void* __imp_ImageList_Create;
 
 namespace {
 
@@ -204,6 +207,20 @@ TEST_F(HistoryWindow, GoesWithoutPicturesWhenAFileIsMissing)
     EXPECT_EQ(SendMessageW(window_.list().hwnd(), LVM_GETIMAGELIST, LVSIL_SMALL, 0), 0);
     EXPECT_EQ(ovlib::WinApp::process_log().buffered(),
         L"HistoryWnd: Failed to create bitmap1\r\nHistoryWnd: Failed to create bitmap2\r\n");
+}
+
+TEST_F(HistoryWindow, GoesWithoutPicturesWhenThereIsNoListForThem)
+{
+    ovlib::WinApp::process_log().set_path(folder_.file(L"log.txt"));
+    {
+        const gui::ReplacedImport<decltype(ImageList_Create)> failing{ &__imp_ImageList_Create,
+            [](int, int, UINT, int, int) -> HIMAGELIST { return nullptr; } };
+        create();
+    }
+    EXPECT_EQ(SendMessageW(window_.list().hwnd(), LVM_GETIMAGELIST, LVSIL_SMALL, 0), 0);
+    EXPECT_EQ(ovlib::WinApp::process_log().buffered(), L"Failed to create ImageList\r\n");
+    show_with({ L"C:\\a.bok" });
+    EXPECT_EQ(window_.list().cell_text(0, 0), L"a.bok");
 }
 
 // An opaque pixel of the picture keeps its colour on its way through the image list.

@@ -4,10 +4,13 @@
 #include "look/wnd/my_check_box.hpp"
 #include "look/wnd/themed.hpp"
 #include "tests/support/gui_button.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_copies.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_pump.hpp"
 #include <gtest/gtest.h>
+
+extern "C" void* __imp_GdipSetSmoothingMode;
 
 namespace {
 
@@ -109,6 +112,24 @@ TEST_P(ThemedButtons, FaceKeepsItsCornersUnderTheFocus)
     for (int x = 3; x < size.cx - 3; ++x)
         changed += pixel(canvas.picture, x, 3) != palette().button_face ? 1 : 0;
     EXPECT_GE(changed, (size.cx - 6) / 2) << "the focus is a dotted line three pixels inside";
+}
+
+// The call itself: not every system smooths what it draws.
+TEST_P(ThemedButtons, AskForSmoothCorners)
+{
+    using namespace Gdiplus;
+    using Set = GpStatus __stdcall(GpGraphics*, SmoothingMode);
+    static std::vector<SmoothingMode> modes;
+    modes.clear();
+    const gui::ReplacedImport<Set> noted{ &__imp_GdipSetSmoothingMode,
+        [](GpGraphics*, SmoothingMode mode) -> GpStatus {
+            modes.push_back(mode);
+            return Ok;
+        } };
+    ASSERT_TRUE(canvas.draw(button, 0));
+    EXPECT_EQ(modes, std::vector<SmoothingMode>{ SmoothingModeAntiAlias });
+    ASSERT_TRUE(canvas.draw(check, 0));
+    EXPECT_EQ(modes, (std::vector<SmoothingMode>{ SmoothingModeAntiAlias, SmoothingModeAntiAlias }));
 }
 
 TEST_P(ThemedButtons, SquareFaceReachesItsCorners)
@@ -227,8 +248,12 @@ TEST_P(ThemedButtons, CheckBoxChoosesItsTextColourByItsState)
     check.toggle();
     const std::int32_t other = GetParam() == theme_dark ? theme_standard : theme_dark;
     load_theme(other);
+    gui::pump();
+    check.drawn = 0;
     check.apply_theme();
     EXPECT_EQ(check.colors(), check_box_colors(palette(), true));
+    gui::pump();
+    EXPECT_EQ(check.drawn, 1) << "without the window around it";
 }
 
 // What the screen shows at a place of a control's own.

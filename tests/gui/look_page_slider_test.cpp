@@ -87,6 +87,32 @@ TEST_F(PageSlider, ShowsTheNumberOfThePageBesideTheTrack)
     EXPECT_EQ(gui::pixel(slider.buffer, 352, 15), slider.back) << "the longest number has room";
 }
 
+TEST_F(PageSlider, WritesTheNumberInTheFontThatItWasGiven)
+{
+    const ovlib::GDI::Font larger{ CreateFontW(-18, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+        OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, NONANTIALIASED_QUALITY, DEFAULT_PITCH, L"Arial") };
+    for (HFONT const given : { font.handle(), larger.handle() }) {
+        slider.set_font(given);
+        EXPECT_EQ(slider.font(), given);
+        slider.show_page(100'000, 88'887);
+
+        ovlib::BackBuffer expected;
+        ASSERT_TRUE(expected.create(355, 30));
+        gui::clear(expected, slider.back);
+        const ovlib::DC& dc = expected.dc();
+        const ovlib::ObjectSelection selected(dc, given);
+        TEXTMETRICW metrics{};
+        GetTextMetricsW(dc.handle(), &metrics);
+        SetBkMode(dc.handle(), TRANSPARENT);
+        SetTextColor(dc.handle(), look::page_label_color(slider.back, slider.fill).value);
+        TextOutW(dc.handle(), 277 + 6, (30 - metrics.tmHeight) / 2, L"88888", 5);
+        for (int y = 1; y < 29; ++y) {
+            for (int x = 283; x < 354; ++x)
+                ASSERT_EQ(gui::pixel(slider.buffer, x, y), gui::pixel(expected, x, y)) << x << ' ' << y;
+        }
+    }
+}
+
 TEST_F(PageSlider, TakesTheColoursOfEveryTheme)
 {
     for (std::int32_t theme = 6000; theme <= 6005; ++theme) {

@@ -1,6 +1,7 @@
 // The strip of page tabs, under the real mouse.
 #include "app/command_ids.hpp"
 #include "look/wnd/tabwnd.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_look.hpp"
 #include "tests/support/gui_picture.hpp"
@@ -8,6 +9,9 @@
 #include "tests/support/gui_typing.hpp"
 #include <atomic>
 #include <gtest/gtest.h>
+
+extern "C" void* __imp_CreateDIBSection;
+extern "C" void* __imp_CreateWindowExW;
 
 namespace {
 
@@ -233,6 +237,36 @@ TEST_F(Tabs, WritesCaptionsInWhiteAndOnAHotTabInItsShade)
     EXPECT_TRUE(has(0, blue.shade(150)));
     EXPECT_FALSE(has(0, blue.shade(-150)));
     EXPECT_TRUE(has(1, white));
+}
+
+// One that does not fit ends in dots. The same text drawn beside the strip shows font, place and all.
+TEST_F(Tabs, WritesALongCaptionInItsFontWithAnEllipsis)
+{
+    place(120);
+    add_page(L"shown, without a tab", false);
+    const std::wstring caption = L"長い見出し & long caption";
+    add_page(caption.c_str());
+    strip_.rebuild();
+    paint();
+    const platform::Rect& tab = strip_.items()[0].rect;
+    ASSERT_EQ(strip_.items()[0].caption, caption);
+
+    ovlib::BackBuffer expected;
+    ASSERT_TRUE(expected.create(120, 24));
+    gui::clear(expected, blue);
+    const ovlib::DC& dc = expected.dc();
+    const ovlib::ObjectSelection font(dc, look::shared_font(look::SharedFont::ui_9_bold));
+    SIZE size{};
+    GetTextExtentPoint32W(dc.handle(), caption.c_str(), static_cast<int>(caption.size()), &size);
+    ASSERT_GT(size.cx, tab.width()) << "too long";
+    SetBkMode(dc.handle(), TRANSPARENT);
+    SetTextColor(dc.handle(), white.value);
+    RECT room{ 4, (24 - size.cy) / 2, tab.width() - 2, (24 - size.cy) / 2 + size.cy };
+    DrawTextW(dc.handle(), caption.c_str(), -1, &room, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    for (int y = room.top; y < room.bottom; ++y) {
+        for (int x = room.left; x < room.right; ++x)
+            ASSERT_EQ(gui::pixel(strip_.buffer(), x, y), gui::pixel(expected, x, y)) << x << ' ' << y;
+    }
 }
 
 TEST_F(Tabs, ALaterTabLiesOverAnEarlierOne)
@@ -469,6 +503,88 @@ TEST_F(Tabs, HaveSwatchesInTheSizeOfAMenusMark)
         EXPECT_EQ(at(swatch.checked, 3, 3), color) << i;
         EXPECT_EQ(at(swatch.checked, 5, 5), color) << i;
     }
+}
+
+struct CheckBitmaps {
+    HBITMAP unchecked = nullptr;
+    HBITMAP checked = nullptr;
+};
+
+CheckBitmaps check_bitmaps(const ovlib::Menu& menu, UINT item)
+{
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_CHECKMARKS;
+    GetMenuItemInfoW(menu.handle(), item, TRUE, &info);
+    return { info.hbmpUnchecked, info.hbmpChecked };
+}
+
+bool is_color_item(UINT item)
+{
+    return item == default_item || (item >= first_named && item <= last_named);
+}
+
+TEST_F(Tabs, PopupHasASwatchAtEveryColour)
+{
+    for (UINT item = 0; item < item_count; ++item) {
+        const CheckBitmaps shown = check_bitmaps(strip_.menu(), item);
+        EXPECT_EQ(shown.unchecked != nullptr, is_color_item(item)) << item;
+        EXPECT_EQ(shown.checked != nullptr, is_color_item(item)) << item;
+        if (is_color_item(item)) {
+            EXPECT_NE(shown.checked, shown.unchecked) << item;
+        }
+    }
+}
+
+TEST_F(Tabs, PopupIsPlainWithoutSwatches)
+{
+    open_three();
+    std::unique_ptr<look::TabWnd> plain;
+    {
+        const gui::ReplacedImport<decltype(CreateDIBSection)> failing{ &__imp_CreateDIBSection,
+            [](HDC, const BITMAPINFO*, UINT, void**, HANDLE, DWORD) -> HBITMAP { return nullptr; } };
+        plain = std::make_unique<look::TabWnd>(&top_, &book_);
+    }
+    ASSERT_TRUE(plain->create(L""));
+    plain->set_rect({ 2, 40, 482, 64 }, true);
+    plain->rebuild();
+    gui::pump();
+    EXPECT_EQ(plain->menu().count(), item_count);
+    for (UINT item = 0; item < item_count; ++item) {
+        EXPECT_EQ(check_bitmaps(plain->menu(), item).unchecked, nullptr) << item;
+        EXPECT_EQ(check_bitmaps(plain->menu(), item).checked, nullptr) << item;
+    }
+    EXPECT_EQ(gui::pixel(plain->buffer(), plain->items()[1].rect.left + 80, 20), blue);
+}
+
+TEST_F(Tabs, WorkWithoutATip)
+{
+    open_three();
+    look::TabWnd bare{ &top_, &book_ };
+    {
+        static decltype(CreateWindowExW)* original;
+        const gui::ReplacedImport<decltype(CreateWindowExW)> failing{ &__imp_CreateWindowExW,
+            [](DWORD extended, LPCWSTR name, LPCWSTR title, DWORD style, int x, int y, int width, int height,
+                HWND parent, HMENU menu, HINSTANCE instance, LPVOID data) -> HWND {
+                if ((extended & WS_EX_TOOLWINDOW) != 0)
+                    return nullptr;
+                return original(
+                    extended, name, title, style, x, y, width, height, parent, menu, instance, data);
+            } };
+        original = failing.original();
+        ASSERT_TRUE(bare.create(L""));
+    }
+    ASSERT_EQ(bare.tip().hwnd(), nullptr);
+    bare.set_rect({ 2, 40, 482, 64 }, true);
+    bare.rebuild();
+    bare.send(WM_MOUSEMOVE, 0, MAKELPARAM(bare.items()[1].rect.left + 20, 12));
+    EXPECT_EQ(bare.hover_tab(), 2u);
+    EXPECT_EQ(bare.tip().shown_text(), L"");
+    bare.send(WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(bare.hover_tab(), 0u);
+    bare.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(bare.items()[2].rect.left + 20, 12));
+    EXPECT_EQ(sent_, (std::vector<Sent>{ { command::go_to_tab, 3 } }));
+    EXPECT_EQ(bare.menu().count(), item_count);
 }
 
 TEST_F(Tabs, ShowTheGreatestNumberOfThem)

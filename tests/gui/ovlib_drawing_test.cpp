@@ -452,6 +452,22 @@ TEST_F(Text, ARegionWithoutAListIsOnlyDrawn)
     EXPECT_EQ(stream.x, extent(L"one").cx);
 }
 
+TEST_F(Text, ARunKeepsToTheWidthThatLimitsItsMeasuring)
+{
+    const SIZE two = extent(L"MM MM");
+    ovlib::GDI::TextStream stream(buffer.dc());
+    stream.flags = DT_NOPREFIX | DT_WORDBREAK;
+    stream.width = static_cast<int>(two.cx);
+    stream << L"MM MM MM";
+    EXPECT_EQ(stream.x, two.cx);
+    EXPECT_EQ(stream.line_height, 2 * two.cy);
+    stream.x = 0;
+    stream.width = static_cast<int>(two.cx) - 1;
+    stream << L"MM MM MM";
+    EXPECT_LT(stream.x, two.cx);
+    EXPECT_EQ(stream.line_height, 3 * two.cy) << "one word a line";
+}
+
 TEST_F(Text, IsDrawnIntoAGivenRectangleWithoutMeasuring)
 {
     ovlib::GDI::TextStream stream(buffer.dc());

@@ -4,10 +4,16 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "look/wnd/mybox.hpp"
 #include "ovlib/gui/check_box.hpp"
+#include "ovlib/gui/classic_dialog.hpp"
+#include "ovlib/gui/combobox.hpp"
 #include "ovlib/gui/dc.hpp"
 #include "ovlib/gui/editbox.hpp"
 #include "ovlib/gui/gdip_image.hpp"
+#include "ovlib/gui/modern_dialog.hpp"
+#include "ovlib/gui/slider.hpp"
+#include "ovlib/gui/statusbar.hpp"
 #include "ovlib/gui/subwnd.hpp"
 #include "ovlib/thread.hpp"
 
@@ -175,6 +181,87 @@ TEST(Slots, OfDrawnButtonsStandInTheirOrder)
     expect_consecutive({ slot(&C::draw_box), slot(&C::fit_to_text), slot(&C::set_checked), slot(&C::toggle),
                            slot(&C::is_checked) },
         slot(&B::draw_frame) + 1);
+}
+
+TEST(Slots, OfMyBoxFollowThoseOfEditBox)
+{
+    EXPECT_EQ(slot(&look::MyBox::set_wrap), slot(&EditBox::save_file) + 1);
+}
+
+TEST(Slots, OfComboBoxStandInTheirOrder)
+{
+    using C = ComboBox;
+    const std::vector<std::ptrdiff_t> slots{
+        slot(&C::count),
+        slot(&C::clear),
+        slot<void (C::*)(bool)>(&C::show_list),
+        slot(&C::remove),
+        slot(&C::insert),
+        slot<int (C::*)(const std::wstring&, std::int64_t)>(&C::add),
+        slot<int (C::*)(const std::wstring&)>(&C::add),
+        slot(&C::set_item_data),
+        slot(&C::item_data),
+        slot(&C::set_min_visible),
+        slot(&C::select),
+        slot(&C::selected),
+        slot(&C::clear_selection),
+        slot<int (C::*)(int) const>(&C::text_length),
+        slot(&C::item_text),
+        slot(&C::replace),
+        slot(&C::find_exact),
+        slot(&C::edit_child),
+    };
+    expect_consecutive(slots, slot(&SysControl::is_subclassed) + 1);
+}
+
+TEST(Slots, OfSliderStandInTheirOrder)
+{
+    using S = Slider;
+    const std::vector<std::ptrdiff_t> slots{
+        slot(&S::layout),
+        slot(&S::update_thumb),
+        slot(&S::value_to_x),
+        slot(&S::x_to_value),
+        slot(&S::draw_border),
+        slot(&S::draw_track_frame),
+        slot(&S::draw_track),
+        slot(&S::draw_thumb),
+        slot(&S::draw_label),
+        slot(&S::redraw),
+        slot(&S::notify),
+    };
+    expect_consecutive(slots, slot(&BaseWnd::create_window) + 1);
+}
+
+TEST(Slots, OfStatusBarStandInTheirOrder)
+{
+    using S = StatusBar;
+    const std::vector<std::ptrdiff_t> slots{
+        slot(&S::borders),
+        slot(&S::part_count),
+        slot(&S::part_rect),
+        slot(&S::part_text),
+        slot(&S::set_part_text),
+        slot(&S::set_parts),
+        slot(&S::draw_part),
+    };
+    expect_consecutive(slots, slot(&SysControl::is_subclassed) + 1);
+}
+
+TEST(Slots, OfTheDialogsFollowTheDestructor)
+{
+    using M = modern::FileDialog;
+    using O = modern::FileOpenDialog;
+    expect_consecutive({ slot(&M::set_title), slot(&M::options), slot(&M::set_options), slot(&M::set_folder),
+                           slot(&M::set_filters), slot(&M::set_file_name), slot(&M::set_default_extension),
+                           slot(&M::show), slot(&O::allow_multiple), slot(&O::get_result) },
+        after_destructor);
+    EXPECT_EQ(slot(&classic::FileDialog::show), after_destructor);
+}
+
+TEST(Slots, OfThreadFollowTheDestructor)
+{
+    EXPECT_EQ(slot(&Thread::run), after_destructor);
 }
 
 TEST(Slots, OfDrawingFollowTheDestructor)

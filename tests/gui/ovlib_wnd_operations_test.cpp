@@ -3,9 +3,12 @@
 #include <string>
 
 #include "ovlib/system_error.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+
+extern "C" void* __imp_SetLayeredWindowAttributes;
 
 namespace {
 
@@ -75,6 +78,26 @@ TEST_F(WndOperations, AlphaOf255ClearsTheLayeredStyle)
     EXPECT_EQ(alpha, 0);
     top.set_alpha(255);
     EXPECT_FALSE(is_layered());
+}
+
+TEST_F(WndOperations, AlphaOf255SetsNoAttributes)
+{
+    static int calls;
+    calls = 0;
+    const gui::ReplacedImport<decltype(SetLayeredWindowAttributes)> counted{
+        &__imp_SetLayeredWindowAttributes,
+        [](HWND, COLORREF, BYTE, DWORD) -> BOOL {
+            ++calls;
+            return TRUE;
+        }
+    };
+    top.set_alpha(255);
+    EXPECT_EQ(calls, 0) << "not layered before";
+    top.set_alpha(254);
+    EXPECT_EQ(calls, 1);
+    top.set_alpha(255);
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(GetWindowLongW(top.hwnd(), GWL_EXSTYLE) & WS_EX_LAYERED, 0);
 }
 
 TEST_F(WndOperations, MovesResizesAndPlaces)

@@ -137,6 +137,9 @@ TEST(Wnd, HasTheClassOfItsPlace)
     EXPECT_EQ(wnd.class_background(), GetStockObject(WHITE_BRUSH));
     EXPECT_NE(wnd.class_icon(), nullptr);
     EXPECT_NE(wnd.class_small_icon(), nullptr);
+    EXPECT_EQ(GetClassLongPtrW(wnd.hwnd(), GCL_STYLE), static_cast<ULONG_PTR>(CS_HREDRAW | CS_VREDRAW));
+    EXPECT_EQ(GetClassLongPtrW(wnd.hwnd(), GCLP_HCURSOR),
+        reinterpret_cast<ULONG_PTR>(LoadCursorW(nullptr, IDC_ARROW)));
     EXPECT_EQ(GetWindowLongW(wnd.hwnd(), GWL_STYLE) & WS_OVERLAPPEDWINDOW, WS_OVERLAPPEDWINDOW);
     wnd.destroy();
 }
