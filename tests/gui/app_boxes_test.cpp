@@ -305,6 +305,35 @@ TEST_F(MyBox, CarriesOutTheCommandsOfItsMenu)
     EXPECT_EQ(q_.text(), L"abcabc");
 }
 
+TEST_F(MyBox, TakesTheCommandsOfItsMenuAndOfTheAcceleratorAndNoOthers)
+{
+    const auto takes = [&](int id) {
+        ovlib::WndMessage message{ q_.hwnd(), WM_COMMAND, static_cast<std::uint64_t>(id), 0, 0 };
+        return q_.on_message(message);
+    };
+    for (int id = command::box_undo; id <= command::box_look; ++id)
+        EXPECT_TRUE(takes(id)) << id;
+    EXPECT_TRUE(takes(command::accelerator_save));
+    for (const int id :
+        std::initializer_list<int>{ command::box_undo - 1, command::box_look + 1, command::save_if_changed })
+        EXPECT_FALSE(takes(id)) << id;
+}
+
+// The control itself reports the focus, when the message reaches it.
+TEST_F(MyBox, LeavesTheFocusToTheControlToo)
+{
+    a_.set_focus();
+    std::vector<int> notices;
+    top_.answer = [&](ovlib::WndMessage& message) {
+        if (message.message == WM_COMMAND && reinterpret_cast<HWND>(message.lparam) == q_.hwnd())
+            notices.push_back(HIWORD(message.wparam));
+        return false;
+    };
+    q_.set_focus();
+    top_.answer = nullptr;
+    EXPECT_EQ(notices, std::vector<int>{ EN_SETFOCUS });
+}
+
 TEST_F(MyBox, ShowsNoMenuWhileReadOnly)
 {
     q_.set_read_only(true);

@@ -7,6 +7,7 @@
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_copies.hpp"
 #include "tests/support/gui_folder.hpp"
+#include "tests/support/gui_look.hpp"
 #include "tests/support/gui_pump.hpp"
 #include <gtest/gtest.h>
 
@@ -291,6 +292,29 @@ TEST_P(ThemedButtons, ShowAChangeOfTheirOwnAtOnce)
     EXPECT_EQ(button.drawn, 0) << "nothing changed";
     button.set_highlighted(false);
     EXPECT_EQ(on_screen(button, 2, 13), palette().button_face);
+}
+
+TEST(SharedFontObjects, AreMadeFromTheirRecordsAndFreedTogether)
+{
+    std::vector<HFONT> made;
+    {
+        const gui::Look look;
+        const ovlib::MemDC dc;
+        const int pixels_per_inch = GetDeviceCaps(dc.handle(), LOGPIXELSY);
+        for (std::size_t i = 0; i < shared_font_count; ++i) {
+            const auto font = static_cast<SharedFont>(i);
+            const book::LogFont wanted = shared_font_record(font, pixels_per_inch);
+            LOGFONTW record{};
+            made.push_back(shared_font(font));
+            ASSERT_NE(GetObjectW(made.back(), sizeof record, &record), 0) << i;
+            EXPECT_EQ(record.lfHeight, wanted.height) << i;
+            EXPECT_EQ(record.lfWeight, wanted.weight) << i;
+        }
+    }
+    for (std::size_t i = 0; i < shared_font_count; ++i) {
+        EXPECT_EQ(shared_font(static_cast<SharedFont>(i)), nullptr) << i;
+        EXPECT_EQ(GetObjectType(made[i]), 0u) << i;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Themes, ThemedButtons, testing::Range(theme_standard, theme_blue + 1));

@@ -67,6 +67,22 @@ protected:
         SetFocus(focus);
     }
 
+    // What the control itself reports of a focus that comes and goes.
+    std::vector<int> notices_of_focus()
+    {
+        std::vector<int> notices;
+        other_.set_focus();
+        top_.answer = [&](ovlib::WndMessage& message) {
+            if (message.message == WM_COMMAND && reinterpret_cast<HWND>(message.lparam) == field_.hwnd())
+                notices.push_back(HIWORD(message.wparam));
+            return false;
+        };
+        field_.set_focus();
+        other_.set_focus();
+        top_.answer = nullptr;
+        return notices;
+    }
+
     gui::TopWnd top_;
     Field field_{ &top_, 1049 };
     gui::Edit other_{ &top_, 7 };
@@ -88,6 +104,16 @@ TEST_F(InputFormTest, HasTheStyleOfItsClass)
     EXPECT_EQ(static_cast<DWORD>(params.style), 0x56800080u);
     EXPECT_EQ(params.dwExStyle, 0u);
     EXPECT_EQ(style(field_) & ES_NOHIDESEL, 0u);
+}
+
+TEST_F(InputFormTest, LeavesTheFocusToTheControlToo)
+{
+    EXPECT_EQ(notices_of_focus(), (std::vector<int>{ EN_SETFOCUS, EN_KILLFOCUS }));
+}
+
+TEST_F(SearchBoxTest, LeavesTheFocusToTheControlToo)
+{
+    EXPECT_EQ(notices_of_focus(), (std::vector<int>{ EN_SETFOCUS, EN_KILLFOCUS }));
 }
 
 TEST_F(InputFormTest, IsSubclassedWithoutATabOrder)

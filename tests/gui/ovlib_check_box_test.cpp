@@ -115,6 +115,25 @@ TEST_F(CheckBox, ShowsATickWhenChecked)
     EXPECT_EQ(pixel(canvas.picture, 0, 10), colors.frame);
 }
 
+TEST_F(CheckBox, ItsTickIsTenPointsHighAndNotBold)
+{
+    box.set_checked(true);
+    ASSERT_TRUE(canvas.draw(box, 0));
+    const ovlib::DC& dc = expected.picture.dc();
+    const int height = MulDiv(10, GetDeviceCaps(dc.handle(), LOGPIXELSY), 72);
+    const ovlib::GDI::Font arial{ CreateFontW(
+        -height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Arial") };
+    gui::clear(expected.picture, colors.fill);
+    const ovlib::ObjectSelection selection(dc, arial);
+    SetBkMode(dc.handle(), TRANSPARENT);
+    SetTextColor(dc.handle(), colors.mark.value);
+    TextOutW(dc.handle(), 1, 0, L"\u2714", 1);
+    for (LONG y = tick_area.top; y < tick_area.bottom; ++y) {
+        for (LONG x = tick_area.left; x < tick_area.right; ++x)
+            ASSERT_EQ(pixel(canvas.picture, x, y), pixel(expected.picture, x, y)) << x << ", " << y;
+    }
+}
+
 TEST_F(CheckBox, FadesTickAndTextWhenDisabled)
 {
     box.set_checked(true);

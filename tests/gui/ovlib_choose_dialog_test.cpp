@@ -127,7 +127,9 @@ TEST_F(ChooseDialog, GivesTheChosenFont)
     EXPECT_EQ(dialog.options(), 321u);
     dialog.set_font(font_of(L"メイリオ", -16));
     std::wstring face;
+    HWND owner = nullptr;
     DialogDriver driver([&](HWND box) {
+        owner = GetWindow(box, GW_OWNER);
         gui::poll_until([&] { return !gui::text_of(GetDlgItem(box, face_list)).empty(); });
         face = gui::text_of(GetDlgItem(box, face_list));
         select_size(box, L"24");
@@ -136,6 +138,7 @@ TEST_F(ChooseDialog, GivesTheChosenFont)
     });
     EXPECT_TRUE(dialog.show());
     EXPECT_TRUE(driver.finish());
+    EXPECT_EQ(owner, top.hwnd());
     EXPECT_EQ(face, L"メイリオ");
     EXPECT_EQ(std::wstring(dialog.font().lfFaceName), L"メイリオ");
     EXPECT_EQ(dialog.font().lfHeight, -32);

@@ -20,10 +20,15 @@ public:
     bool on_message(ovlib::WndMessage& message) override
     {
         ++seen[message.message];
+        if (message.message == CB_ADDSTRING && refusal != 0) {
+            message.result = refusal;
+            return true;
+        }
         return ComboBox::on_message(message);
     }
 
     std::map<std::uint32_t, int> seen;
+    int refusal = 0; // the answer to an added text; 0 to ask the system
 };
 
 class Combo : public testing::Test {
@@ -55,6 +60,19 @@ TEST_F(Combo, HasTheStyleItIsGiven)
     EXPECT_EQ(combo.control_id(), combo_id);
     EXPECT_EQ(combo.count(), 0);
     EXPECT_EQ(combo.selected(), CB_ERR);
+}
+
+TEST_F(Combo, GivesNoValueToATextThatWasNotAdded)
+{
+    combo.set_subclassed(true);
+    fill();
+    combo.seen.clear();
+    for (const int refusal : { CB_ERR, CB_ERRSPACE }) {
+        combo.refusal = refusal;
+        EXPECT_EQ(combo.add(L"one too many", 7), refusal);
+    }
+    EXPECT_EQ(combo.seen[CB_ADDSTRING], 2);
+    EXPECT_EQ(combo.seen[CB_SETITEMDATA], 0);
 }
 
 TEST_F(Combo, AddsWithAndWithoutAValue)

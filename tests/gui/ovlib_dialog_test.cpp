@@ -62,6 +62,25 @@ TEST_F(ClassicDialog, OpensOneFile)
     EXPECT_EQ(dialog.options() & 0x80004u, 0x80004u);
 }
 
+TEST_F(ClassicDialog, BeginsEachTimeWithTheNameItWasGivenAlone)
+{
+    FileSaveDialog dialog(&top);
+    dialog.set_options(OFN_EXPLORER);
+    dialog.set_folder(folder.path());
+    for (const wchar_t* const name : { L"a long name.bok", L"b.bok" }) {
+        dialog.set_file_name(name);
+        std::wstring shown;
+        gui::DialogDriver driver([&](HWND box) {
+            gui::poll_until([&] { return !gui::text_of(gui::name_field(box)).empty(); });
+            shown = gui::text_of(gui::name_field(box));
+            cancel_dialog(box);
+        });
+        EXPECT_FALSE(dialog.show());
+        EXPECT_TRUE(driver.finish());
+        EXPECT_EQ(shown, name);
+    }
+}
+
 TEST_F(ClassicDialog, CancelGivesNothing)
 {
     FileOpenDialog dialog(&top);

@@ -76,6 +76,22 @@ TEST_F(Focus, TabGoesToTheNextLargerNumberAndWrapsToTheSmallest)
     EXPECT_EQ(b.text(), L"") << "the Tab was swallowed";
 }
 
+TEST_F(Focus, OnlyTheCharacterOfTabMovesIt)
+{
+    PlainChild plain{ &top, 9 };
+    ASSERT_TRUE(plain.create(L""));
+    plain.set_tab_order(1, 1);
+    a.set_tab_order(1, 2);
+    b.set_tab_order(1, 3);
+    for (ovlib::Wnd* const from : { static_cast<ovlib::Wnd*>(&plain), static_cast<ovlib::Wnd*>(&a) }) {
+        from->set_focus();
+        from->send(WM_KEYDOWN, VK_TAB, 0);
+        from->send(WM_APP, VK_TAB, 0);
+        from->send(WM_CHAR, L'x', 0);
+        EXPECT_EQ(GetFocus(), from->hwnd());
+    }
+}
+
 TEST_F(Focus, ALonelyWindowFocusesItself)
 {
     a.set_tab_order(1, 1);
@@ -146,6 +162,15 @@ TEST_F(Focus, ASubclassedControlAnswersForItselfOrAsksTheSystems)
     EXPECT_EQ(a.send(WM_APP, 0, 0), 9);
     a.set_text(L"abc");
     EXPECT_EQ(a.text_length(), 3);
+}
+
+TEST_F(Focus, ASubclassedControlLosesItsHandleWhoeverDestroysIt)
+{
+    a.set_subclassed(true);
+    DestroyWindow(a.hwnd());
+    EXPECT_EQ(a.hwnd(), nullptr);
+    EXPECT_FALSE(a.is_subclassed());
+    EXPECT_TRUE(a.create(L"again"));
 }
 
 TEST_F(Focus, SubclassingFollowsSuccess)

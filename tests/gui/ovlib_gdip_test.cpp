@@ -52,6 +52,7 @@ TEST(ImageExtensions, ArePatternsWithoutTheirAsterisk)
 class Gdip : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(session.is_ready()); }
+    void TearDown() override { ovlib::image_extensions.clear(); }
 
     ovlib::GDIPSession session;
 };

@@ -74,6 +74,23 @@ TEST_F(Loops, TheMessageLoopDispatchesUntilQuitAndReturnsItsCode)
     EXPECT_EQ(top.passed(WM_APP), 2);
 }
 
+// A timer comes only when nothing else waits, a quit included.
+TEST_F(Loops, TheMessageLoopOfALivingWindowGoesOn)
+{
+    top.answer = [&](WndMessage& message) {
+        if (message.message == WM_APP)
+            SetTimer(top.hwnd(), 1, 10, nullptr);
+        if (message.message != WM_TIMER)
+            return false;
+        KillTimer(top.hwnd(), 1);
+        PostQuitMessage(17);
+        return true;
+    };
+    top.post(WM_APP, 0, 0);
+    EXPECT_EQ(top.message_loop(), 17);
+    EXPECT_EQ(top.passed(WM_TIMER), 1);
+}
+
 TEST_F(Loops, ClosingAPlainBaseWindowEndsTheMessageLoop)
 {
     gui::Watched<ovlib::BaseWnd> wnd;

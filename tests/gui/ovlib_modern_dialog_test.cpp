@@ -132,6 +132,24 @@ TEST_F(ModernDialog, AFolderThatIsNoPlaceLeavesTheSystemsChoice)
     EXPECT_EQ(fake.folders_set, 1);
 }
 
+TEST_F(ModernDialog, HandsItsTextsToTheSystem)
+{
+    const FakeAnswers answers;
+    FakeFileDialog fake(answers);
+    FileOpenDialog dialog(&top, fake.pointer());
+    dialog.set_title(L"Book を開く");
+    dialog.set_file_name(L"手帖");
+    dialog.set_default_extension(L"bok");
+    dialog.set_filters({});
+    EXPECT_TRUE(fake.type_lists.empty()) << "the system takes a list only once";
+    dialog.set_filters({ { L"Book Files", L"*.bok" }, { L"All", L"*.*" } });
+    EXPECT_EQ(fake.title, L"Book を開く");
+    EXPECT_EQ(fake.file_name, L"手帖");
+    EXPECT_EQ(fake.default_extension, L"bok");
+    ASSERT_EQ(fake.type_lists.size(), 1u);
+    EXPECT_EQ(fake.type_lists[0], (FakeFileDialog::Types{ { L"Book Files", L"*.bok" }, { L"All", L"*.*" } }));
+}
+
 TEST_F(ModernDialog, OpensAtItsDefaultForAnEmptyFolder)
 {
     FileOpenDialog dialog(&top);

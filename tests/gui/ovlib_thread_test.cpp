@@ -236,8 +236,21 @@ TEST(Event, AutomaticIsTakenByOneWaitManualStays)
     Event manual(Event::Reset::manual, true);
     EXPECT_TRUE(manual.wait(0));
     EXPECT_TRUE(manual.wait(0));
-    manual.reset();
+    EXPECT_TRUE(manual.reset());
     EXPECT_FALSE(manual.wait(0));
+    EXPECT_TRUE(manual.set());
+}
+
+TEST(Event, GivesItsHandleBack)
+{
+    HANDLE handle = nullptr;
+    DWORD flags = 0;
+    {
+        const Event event;
+        handle = event.handle();
+        ASSERT_TRUE(GetHandleInformation(handle, &flags));
+    }
+    EXPECT_FALSE(GetHandleInformation(handle, &flags));
 }
 
 TEST(Timer, TicksUntilItIsStopped)

@@ -2,6 +2,9 @@
 #pragma once
 #include <array>
 #include <cwchar>
+#include <string>
+#include <utility>
+#include <vector>
 #include <windows.h>
 
 #include <shobjidl.h>
@@ -96,7 +99,13 @@ public:
     STDMETHODIMP_(ULONG) AddRef() override { return static_cast<ULONG>(++held); }
     STDMETHODIMP_(ULONG) Release() override { return static_cast<ULONG>(--held); }
     STDMETHODIMP Show(HWND) override { return answers_.show; }
-    STDMETHODIMP SetFileTypes(UINT, const COMDLG_FILTERSPEC*) override { return E_NOTIMPL; }
+    STDMETHODIMP SetFileTypes(UINT count, const COMDLG_FILTERSPEC* list) override
+    {
+        auto& types = type_lists.emplace_back();
+        for (UINT i = 0; i < count; ++i)
+            types.emplace_back(list[i].pszName, list[i].pszSpec);
+        return S_OK;
+    }
     STDMETHODIMP SetFileTypeIndex(UINT) override { return E_NOTIMPL; }
     STDMETHODIMP GetFileTypeIndex(UINT*) override { return E_NOTIMPL; }
     STDMETHODIMP Advise(IFileDialogEvents*, DWORD*) override { return E_NOTIMPL; }
@@ -111,14 +120,26 @@ public:
     }
     STDMETHODIMP GetFolder(IShellItem**) override { return E_NOTIMPL; }
     STDMETHODIMP GetCurrentSelection(IShellItem**) override { return E_NOTIMPL; }
-    STDMETHODIMP SetFileName(LPCWSTR) override { return E_NOTIMPL; }
+    STDMETHODIMP SetFileName(LPCWSTR text) override
+    {
+        file_name = text;
+        return S_OK;
+    }
     STDMETHODIMP GetFileName(LPWSTR*) override { return E_NOTIMPL; }
-    STDMETHODIMP SetTitle(LPCWSTR) override { return E_NOTIMPL; }
+    STDMETHODIMP SetTitle(LPCWSTR text) override
+    {
+        title = text;
+        return S_OK;
+    }
     STDMETHODIMP SetOkButtonLabel(LPCWSTR) override { return E_NOTIMPL; }
     STDMETHODIMP SetFileNameLabel(LPCWSTR) override { return E_NOTIMPL; }
     STDMETHODIMP GetResult(IShellItem**) override { return E_NOTIMPL; }
     STDMETHODIMP AddPlace(IShellItem*, FDAP) override { return E_NOTIMPL; }
-    STDMETHODIMP SetDefaultExtension(LPCWSTR) override { return E_NOTIMPL; }
+    STDMETHODIMP SetDefaultExtension(LPCWSTR text) override
+    {
+        default_extension = text;
+        return S_OK;
+    }
     STDMETHODIMP Close(HRESULT) override { return E_NOTIMPL; }
     STDMETHODIMP SetClientGuid(REFGUID) override { return E_NOTIMPL; }
     STDMETHODIMP ClearClientData() override { return E_NOTIMPL; }
@@ -132,8 +153,14 @@ public:
 
     Microsoft::WRL::ComPtr<IFileDialog> pointer() { return { this }; }
 
+    using Types = std::vector<std::pair<std::wstring, std::wstring>>; // name and pattern
+
     int held = 0;
     int folders_set = 0;
+    std::vector<Types> type_lists;
+    std::wstring title;
+    std::wstring file_name;
+    std::wstring default_extension;
 
 private:
     const FakeAnswers& answers_;
