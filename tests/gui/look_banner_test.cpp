@@ -1,5 +1,6 @@
 // The banner of a search without result, with its real timer.
 #include "look/wnd/warningwnd.hpp"
+#include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_look.hpp"
 #include "tests/support/gui_picture.hpp"
@@ -8,6 +9,9 @@
 #include "tests/support/gui_window.hpp"
 #include <chrono>
 #include <gtest/gtest.h>
+
+extern "C" void* __imp_DrawIconEx;
+extern "C" void* __imp_LoadImageW;
 
 namespace {
 
@@ -59,6 +63,32 @@ TEST_F(Banner, IsCreatedHiddenAndTransparent)
     EXPECT_EQ(style & (WS_POPUP | WS_CAPTION), static_cast<DWORD>(WS_POPUP));
     EXPECT_EQ(ex_style & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE),
         static_cast<DWORD>(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE));
+}
+
+// The program's icon, which this one does not carry.
+TEST_F(Banner, DrawsTheSmallIconOfTheProgramInItsCorner)
+{
+    static HICON icon;
+    static std::vector<int> drawn;
+    icon = CopyIcon(LoadIconW(nullptr, IDI_APPLICATION));
+    drawn.clear();
+    const gui::ReplacedImport<decltype(LoadImageW)> load{ &__imp_LoadImageW,
+        [](HINSTANCE, LPCWSTR name, UINT type, int width, int height, UINT) -> HANDLE {
+            const bool is_wanted =
+                name == MAKEINTRESOURCEW(1000) && type == IMAGE_ICON && width == 16 && height == 16;
+            return is_wanted ? icon : nullptr;
+        } };
+    const gui::ReplacedImport<decltype(DrawIconEx)> draw{ &__imp_DrawIconEx,
+        [](HDC, int x, int y, HICON shown, int width, int height, UINT, HBRUSH, UINT flags) -> BOOL {
+            if (shown == icon)
+                drawn = { x, y, width, height, static_cast<int>(flags) };
+            return TRUE;
+        } };
+    look::WarningWnd with_icon{ &top_ };
+    ASSERT_TRUE(with_icon.create(L""));
+    with_icon.show(L"x");
+    UpdateWindow(with_icon.hwnd());
+    EXPECT_EQ(drawn, (std::vector<int>{ 6, 6, 16, 16, DI_NORMAL }));
 }
 
 TEST_F(Banner, LivesItsWholeLifeByItsTimer)

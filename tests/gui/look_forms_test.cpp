@@ -111,6 +111,14 @@ TEST_F(InputFormTest, LeavesTheFocusToTheControlToo)
     EXPECT_EQ(notices_of_focus(), (std::vector<int>{ EN_SETFOCUS, EN_KILLFOCUS }));
 }
 
+TEST_F(InputFormTest, LeavesTheClickToTheControlToo)
+{
+    field_.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    EXPECT_EQ(GetCapture(), field_.hwnd());
+    field_.send(WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
 TEST_F(SearchBoxTest, LeavesTheFocusToTheControlToo)
 {
     EXPECT_EQ(notices_of_focus(), (std::vector<int>{ EN_SETFOCUS, EN_KILLFOCUS }));

@@ -128,6 +128,15 @@ TEST_F(PageSlider, TakesTheColoursOfEveryTheme)
     }
 }
 
+TEST_F(PageSlider, ShowsNewColoursOnTheScreenByItself)
+{
+    look::load_theme(look::theme_dark);
+    slider.apply_theme();
+    gui::pump();
+    const ovlib::ClientDC screen(slider);
+    EXPECT_EQ(Color{ GetPixel(screen.handle(), 20, 15) }, palette().slider_back);
+}
+
 TEST_F(PageSlider, FollowsAChangeOfThemeWithTheOtherWindows)
 {
     look::load_theme(look::theme_dark);

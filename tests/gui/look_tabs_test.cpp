@@ -440,6 +440,17 @@ TEST_F(Tabs, PopupPaintsTheTabInTheChosenColour)
     EXPECT_EQ(pixel(second + 60, 20), look::tab_color(6));
 }
 
+TEST_F(Tabs, AChosenColourAsksForAPaint)
+{
+    open_three();
+    use_menu(20, [](const ShownMenu&) {});
+    paint();
+    ASSERT_FALSE(GetUpdateRect(strip_.hwnd(), nullptr, FALSE));
+    ovlib::WndMessage message{ strip_.hwnd(), WM_COMMAND, command::first_tab_color, 0, 0 };
+    EXPECT_TRUE(strip_.on_message(message));
+    EXPECT_TRUE(GetUpdateRect(strip_.hwnd(), nullptr, FALSE));
+}
+
 TEST_F(Tabs, PopupAsksTheParentToRemoveTheTab)
 {
     open_three();
