@@ -123,6 +123,20 @@ TEST_F(Banner, TellsTheSystemTheAlphaOfEveryTick)
     EXPECT_EQ(system_alpha(), 0);
 }
 
+TEST_F(Banner, BeginsAnewWhenItIsCreatedAgain)
+{
+    banner_.show(L"x");
+    tick();
+    tick();
+    banner_.destroy();
+    ASSERT_TRUE(banner_.create(L""));
+    EXPECT_EQ(banner_.fade().alpha(), 0);
+    EXPECT_EQ(system_alpha(), 0);
+    banner_.show(L"x");
+    tick();
+    EXPECT_EQ(system_alpha(), 40);
+}
+
 TEST_F(Banner, IgnoresATickThatComesAfterItsTimerWasStopped)
 {
     tick();
@@ -218,7 +232,11 @@ TEST_F(Banner, TakesNoFocus)
     gui::pump();
     EXPECT_EQ(GetFocus(), top_.hwnd());
     EXPECT_EQ(banner_.send(WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATE);
-    EXPECT_EQ(banner_.send(WM_ERASEBKGND, 0, 0), 1);
+    ovlib::BackBuffer surface;
+    ASSERT_TRUE(surface.create(4, 4));
+    const auto dc = reinterpret_cast<std::uintptr_t>(surface.dc().handle());
+    EXPECT_EQ(banner_.send(WM_ERASEBKGND, dc, 0), 1);
+    EXPECT_EQ(gui::count_pixels(surface, look::Color{ 0 }), 16) << "nothing was erased";
 }
 
 // The banner's picture at a size that the text needs.

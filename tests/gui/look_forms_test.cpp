@@ -111,6 +111,14 @@ TEST_F(InputFormTest, LeavesTheFocusToTheControlToo)
     EXPECT_EQ(notices_of_focus(), (std::vector<int>{ EN_SETFOCUS, EN_KILLFOCUS }));
 }
 
+TEST_F(InputFormTest, WithoutAWindowOfItsParentIsNotCreated)
+{
+    gui::TopWnd uncreated;
+    look::InputForm form{ &uncreated, 1049 };
+    EXPECT_FALSE(form.create(L""));
+    EXPECT_EQ(form.hwnd(), nullptr);
+}
+
 TEST_F(InputFormTest, LeavesTheClickToTheControlToo)
 {
     field_.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));

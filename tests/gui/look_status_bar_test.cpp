@@ -234,6 +234,33 @@ TEST_F(StatusBar, WritesLabelsAndValuesInTheirOwnColours)
     EXPECT_EQ(count_pixels(canvas, palette().status_label), 0);
 }
 
+// The same runs written beside the bar show font, colour and place of each.
+TEST_F(StatusBar, WritesThePageNumberLargerThanTheCount)
+{
+    book.header.position = 2;
+    ink(0);
+    BackBuffer expected;
+    ASSERT_TRUE(expected.create(400, 30));
+    gui::clear(expected, palette().status_back);
+    const HDC dc = expected.dc().handle();
+    SetBkMode(dc, TRANSPARENT);
+    int x = 10 + 5;
+    const auto write = [&](const wchar_t* text, look::SharedFont font, Color color, int y) {
+        const ovlib::ObjectSelection selected(expected.dc(), look::shared_font(font));
+        SetTextColor(dc, color.value);
+        TextOutW(dc, x, y, text, lstrlenW(text));
+        SIZE size{};
+        GetTextExtentPoint32W(dc, text, lstrlenW(text), &size);
+        x += static_cast<int>(size.cx);
+    };
+    write(L"3", look::SharedFont::ui_11_bold, palette().status_value, 4);
+    write(L"/8", look::SharedFont::ui_8_bold, palette().status_label, 4 + 3);
+    for (int y = 4; y < 26; ++y) {
+        for (int left = 10; left < 100; ++left)
+            ASSERT_EQ(gui::pixel(canvas, left, y), gui::pixel(expected, left, y)) << left << ' ' << y;
+    }
+}
+
 TEST_F(StatusBar, OfAnEmptyBookShowsOnlyTheGround)
 {
     book = {};

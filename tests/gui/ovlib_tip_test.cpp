@@ -74,7 +74,11 @@ TEST_F(Tip, TakesNoFocusAndIsNotActivated)
     tip_.show(L"x", { 300, 250 });
     EXPECT_EQ(GetFocus(), top_.hwnd());
     EXPECT_EQ(tip_.send(WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATE);
-    EXPECT_EQ(tip_.send(WM_ERASEBKGND, 0, 0), 1);
+    ovlib::BackBuffer surface;
+    ASSERT_TRUE(surface.create(4, 4));
+    const auto dc = reinterpret_cast<std::uintptr_t>(surface.dc().handle());
+    EXPECT_EQ(tip_.send(WM_ERASEBKGND, dc, 0), 1);
+    EXPECT_EQ(gui::count_pixels(surface, rgb(0, 0, 0)), 16) << "nothing was erased";
 }
 
 TEST_F(Tip, StaysInsideItsParentsRightEdge)
