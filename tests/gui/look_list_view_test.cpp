@@ -131,6 +131,30 @@ TEST_F(ThemedList, TitlesStandInTheirCellsAndAreCutAtTheirEnds)
     EXPECT_EQ(drawn_columns(narrow, first_width + 33, first_width + 39), 0) << "cut before the line";
 }
 
+TEST_F(ThemedList, TitlesStandInTheMiddleAndEndInDots)
+{
+    list.set_column_width(1, 50);
+    gui::pump();
+    ovlib::BackBuffer picture;
+    look_at_header(picture);
+    ovlib::BackBuffer expected;
+    ASSERT_TRUE(expected.create(picture.width, picture.height));
+    gui::clear(expected, look::palette().panel_back);
+    const platform::Rect place =
+        look::header_title_rect({ first_width, 0, first_width + 50, picture.height });
+    RECT room{ place.left, place.top, place.right, place.bottom };
+    const ovlib::DC& dc = expected.dc();
+    const ovlib::ObjectSelection font(dc, reinterpret_cast<HFONT>(SendMessageW(header(), WM_GETFONT, 0, 0)));
+    SetBkMode(dc.handle(), TRANSPARENT);
+    SetTextColor(dc.handle(), look::palette().list_text.value);
+    DrawTextW(
+        dc.handle(), L"場所 & 行", -1, &room, DT_SINGLELINE | DT_NOPREFIX | DT_VCENTER | DT_END_ELLIPSIS);
+    for (int y = place.top; y < place.bottom; ++y) {
+        for (int x = place.left; x < place.right; ++x)
+            ASSERT_EQ(gui::pixel(picture, x, y), gui::pixel(expected, x, y)) << x << ' ' << y;
+    }
+}
+
 TEST_F(ThemedList, FollowsWhenAllWindowsChangeTheirTheme)
 {
     look::load_theme(look::theme_dark);
