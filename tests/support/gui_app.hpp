@@ -134,6 +134,9 @@ protected:
     {
         if (window_ && window_->hwnd())
             window_->send(WM_CLOSE, 0, 0);
+        // Some systems leave the windows that a refused one owned.
+        if (window_)
+            window_->destroy_children();
         take_quit();
         window_.reset();
     }
