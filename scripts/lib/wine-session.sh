@@ -154,9 +154,11 @@ open_screen() {
     # What close_screen and those who join need to know.
     printf '%s=%q\n' kind "$kind" screen_pid "$screen_pid" manager_pid "$manager_pid" >"$folder/processes"
     local run=${folder#"$wine_home/"}
-    printf 'export %s=%q\n' WINEPREFIX "$WINEPREFIX" DISPLAY "${DISPLAY:-}" PAGEWICK_RUN "${run//\//-}" >"$folder/environment"
-    # shellcheck disable=SC1091
-    source "$folder/environment"
+    export PAGEWICK_RUN=${run//\//-}
+    {
+        echo "unset LC_ALL LANGUAGE"
+        declare -p WINEPREFIX WINEARCH WINEDEBUG WINEDLLOVERRIDES LANG DISPLAY PAGEWICK_RUN
+    } >"$folder/environment"
     start_wine
 }
 
