@@ -31,6 +31,11 @@ else()
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # The cache sees a precompiled header only with it.
         target_compile_options(pagewick_compiler INTERFACE -fpch-preprocess)
+        if(MINGW)
+            # GCC takes an inline function for its own copy and keeps values in registers that this copy spares. The linker
+            # may choose the copy of another file, compiled with other options, that does not.
+            target_compile_options(pagewick_compiler INTERFACE -fno-ipa-ra)
+        endif()
     else()
         # Cheap here, and dear among the static checks.
         target_compile_options(pagewick_compiler INTERFACE

@@ -13,11 +13,16 @@ RECT SubWnd::rect() const
     return BaseWnd::rect();
 }
 
-// With its parent still disabled the system would activate a window of another program instead.
+// With its parent still disabled the system would activate a window of another program instead. Without a
+// window manager Wine activates whatever comes next on the screen, so the parent comes to the front before
+// this window ends.
 void SubWnd::destroy()
 {
-    if (is_running() && parent() != nullptr)
+    if (is_running() && parent() != nullptr) {
         parent()->enable(true);
+        if (GetActiveWindow() == hwnd_)
+            SetForegroundWindow(parent()->hwnd());
+    }
     ChildWnd::destroy();
 }
 

@@ -140,13 +140,13 @@ class Unit:
         self.tests = data["units"][name]
         self.results = Path(os.environ.get("PAGEWICK_RESULTS") or Path(table).parent / "results")
         self.file = self.results / (re.sub(r"[^\w.]", "_", self.name) + ".json")
-        self.passed, self.failed, self.notes = [], [], []
+        self.passed, self.failed, self.skipped, self.notes = [], [], [], []
         self.seconds = 0.0
 
     def save(self):
         self.results.mkdir(parents=True, exist_ok=True)
         self.file.write_text(json.dumps({"unit": self.name, "tests": self.tests, "passed": self.passed, "failed": self.failed,
-                                         "notes": self.notes, "seconds": self.seconds}))
+                                         "skipped": self.skipped, "notes": self.notes, "seconds": self.seconds}))
 
     def run(self):
         self.save()  # whatever ends this process, the tests without a result count as failed
@@ -154,28 +154,33 @@ class Unit:
         folder = lane_folder() if is_windows(self.program) else None
         log = str(self.file) + ".log"
         for _ in range(MAX_PROCESSES):
-            left = [test for test in self.tests if test not in self.passed and test not in self.failed]
+            left = self.without_result()
             if not left:
                 break
             status = run_program(self.program, ["--gtest_filter=" + ":".join(left)], log, folder)
             self.judge(read_log(log), left, status, folder)
         self.seconds = time.monotonic() - started
         self.save()
-        done = self.passed + self.failed
-        self.failed += [test for test in self.tests if test not in done]
+        self.failed += self.without_result()
         self.save()
-        print(f"{self.name}: {len(self.passed)} of {len(self.tests)} tests passed in {self.seconds:.1f} s")
-        return 0 if len(self.passed) == len(self.tests) else 1
+        print(f"{self.name}: {len(self.passed)} passed, {len(self.failed)} failed, {len(self.skipped)} skipped in {self.seconds:.1f} s")
+        return 1 if self.failed else 0
+
+    def without_result(self):
+        done = set(self.passed + self.failed + self.skipped)
+        return [test for test in self.tests if test not in done]
 
     def judge(self, text, left, status, folder):
         ran = set(re.findall(r"^\[ RUN      \] (\S+)", text, re.M))
         passed = set(re.findall(r"^\[       OK \] (\S+)", text, re.M))
+        skipped = set(re.findall(r"^\[  SKIPPED \] (\S+)", text, re.M))
         failed = set(re.findall(r"^\[  FAILED  \] ([^\s,]+).*\(\d+ ms\)", text, re.M))
         unfit = re.search(re.escape(UNFIT) + ".*", text)
         if unfit:  # said before the test did anything
-            ran -= set(re.findall(r"^\[ RUN      \] (\S+)", text, re.M)[-1:]) - passed - failed
+            ran -= set(re.findall(r"^\[ RUN      \] (\S+)", text, re.M)[-1:]) - passed - failed - skipped
         self.passed += [test for test in left if test in passed]
-        broken = [test for test in left if test in ran and test not in passed]
+        self.skipped += [test for test in left if test in skipped - passed]
+        broken = [test for test in left if test in ran - passed - skipped]
         self.failed += broken
         ended = re.search(r"^\[==========\] .* ran\.", text, re.M)
         if broken or (not ended and not unfit and ran):
@@ -193,21 +198,25 @@ class Unit:
 
 
 def sum_up(options):
-    passed, failed, notes, seconds = 0, [], [], {}
+    passed, skipped, failed, notes, seconds = 0, [], [], [], {}
     for folder in options.folders:
         for file in sorted(Path(folder).glob("*.json")):
             unit = json.loads(file.read_text())
             passed += len(unit["passed"])
-            failed += [f'{unit["unit"].split(".")[0]}: {test}' for test in unit["tests"] if test not in unit["passed"]]
+            done = unit["passed"] + unit["skipped"]
+            skipped += [f'{unit["unit"].split(".")[0]}: {test}' for test in unit["skipped"]]
+            failed += [f'{unit["unit"].split(".")[0]}: {test}' for test in unit["tests"] if test not in done]
             notes += [f'{unit["unit"]}: {note}' for note in unit["notes"]]
             seconds[unit["unit"]] = unit["seconds"]
     slowest = sorted(seconds.items(), key=lambda item: -item[1])[:8]
     print("Slowest: " + ", ".join(f"{name} {time:.0f} s" for name, time in slowest))
     for note in notes:
         print(f"Noted: {note}")
+    for test in skipped:
+        print(f"Skipped: {test}")
     for test in failed:
         print(f"Failed: {test}")
-    print(f"{passed} passed, {len(failed)} failed")
+    print(f"{passed} passed, {len(failed)} failed" + (f", {len(skipped)} skipped" if skipped else ""))
     return 1 if failed or passed == 0 else 0
 
 

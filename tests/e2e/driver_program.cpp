@@ -34,7 +34,8 @@ Program::Program(const std::filesystem::path& file, const std::wstring& argument
     // Another current folder than the data root: the program has to find its own.
     if (!CreateProcessW(file.c_str(), command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
             L"C:\\", &startup, &process_))
-        throw DriverError("cannot start " + platform::to_utf8(file.wstring()));
+        throw DriverError("cannot start " + platform::to_utf8(file.wstring()) + ": error "
+            + std::to_string(GetLastError()));
     AssignProcessToJobObject(job_, process_.hProcess);
     ResumeThread(process_.hThread);
 }

@@ -192,7 +192,7 @@ TEST(DisplayName, BeginsAfterASeparatorOnly)
         return platform::PathAnswer{ platform::PathKind::regular_file };
     } };
     EXPECT_EQ(media::display_name(L"C:name.txt", paths), L"C:name.txt");
-    EXPECT_EQ(media::display_name(L"C:\name.txt", paths), L"name.txt");
+    EXPECT_EQ(media::display_name(L"C:\\name.txt", paths), L"name.txt");
     EXPECT_EQ(media::display_name(L"C:folder/name.txt", paths), L"name.txt");
 }
 

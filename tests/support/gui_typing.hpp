@@ -73,14 +73,25 @@ inline POINT on_screen(const ovlib::Wnd& wnd, POINT point)
     return point;
 }
 
-// Waits until the pointer is there, since a window system may carry out an older move late.
+// Waits until the pointer stays there: a window system may carry out an older move late. Each new try comes
+// from beside the place, since a move to where the system has the pointer already would change nothing on the
+// screen.
 inline bool point_at(POINT screen)
 {
+    constexpr std::chrono::milliseconds last_report{ 80 };
+    auto there_since = std::chrono::steady_clock::now();
+    bool is_there = false;
     return pump_until([&] {
-        SetCursorPos(screen.x, screen.y);
         POINT now{};
         GetCursorPos(&now);
-        return now.x == screen.x && now.y == screen.y;
+        const auto time = std::chrono::steady_clock::now();
+        if (is_there && now.x == screen.x && now.y == screen.y)
+            return time - there_since >= last_report;
+        SetCursorPos(screen.x + 1, screen.y);
+        SetCursorPos(screen.x, screen.y);
+        is_there = true;
+        there_since = time;
+        return false;
     });
 }
 

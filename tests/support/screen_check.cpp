@@ -27,8 +27,8 @@ public:
         info.lpszClassName = L"pagewick_screen_probe";
         RegisterClassW(&info); // fails from the second time on
         is_clicked_ = false;
-        window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, info.lpszClassName, L"", WS_POPUP | WS_VISIBLE, place_.x,
-            place_.y, side, side, nullptr, nullptr, info.hInstance, nullptr);
+        window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, info.lpszClassName, L"",
+            WS_POPUP | WS_VISIBLE, place_.x, place_.y, side, side, nullptr, nullptr, info.hInstance, nullptr);
     }
     Probe(const Probe&) = delete;
     Probe& operator=(const Probe&) = delete;
@@ -67,8 +67,8 @@ public:
         GetWindowRect(window_, &at);
         std::ostringstream text;
         text << "a window at " << place_.x << ',' << place_.y << " is at " << at.left << ',' << at.top << ", "
-             << (has_focus() ? "has" : "does not get") << " the focus and " << (is_clicked_ ? "was" : "was not")
-             << " met by a click; in front is ";
+             << (has_focus() ? "has" : "does not get") << " the focus and "
+             << (is_clicked_ ? "was" : "was not") << " met by a click; in front is ";
         for (const wchar_t* unit = name; *unit; ++unit)
             text << static_cast<char>(*unit < 0x7F ? *unit : L'?');
         return text.str();

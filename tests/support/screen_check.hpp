@@ -1,9 +1,10 @@
-// Whether the screen is fit for tests with windows: a window gets the focus, is at the place it was given, and is met by a
-// click there.
+// Whether the screen is fit for tests with windows: a window gets the focus, is at the place it was given,
+// and is met by a click there.
 //
-// A busy machine, another program on the screen or a window manager can make a screen unfit for minutes. Tests would then
-// fail for no fault of the program, so the check comes before them: an unfit screen is reported, the process ends before
-// its next test begins, and the runner goes on with that test on another screen.
+// A busy machine, another program on the screen or a window manager can make a screen unfit for minutes.
+// Tests would then fail for no fault of the program, so the check comes before them: an unfit screen is
+// reported, the process ends before its next test begins, and the runner goes on with that test on another
+// screen.
 #pragma once
 
 namespace test_support {
