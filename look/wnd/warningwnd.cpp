@@ -83,8 +83,6 @@ void WarningWnd::show(const std::wstring& text)
     center(parent(), false);
     timer_.start(hwnd(), timer_id, fade_.begin());
     show_cmd(SW_SHOWNA);
-    // While it is hidden its owner may have come before it: Wine keeps only visible windows over their owner.
-    SetWindowPos(hwnd(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     InvalidateRect(hwnd(), nullptr, FALSE);
 }
 

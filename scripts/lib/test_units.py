@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs the tests of a GoogleTest program in units: many tests share a process where they share no state.
 
-    test_units.py list TARGET PROGRAM FILE [--size N] [--alone PATTERN]... [--screen]
+    test_units.py list TARGET PROGRAM FILE [--size N] [--alone PATTERN]... [--screen] [--managed PATTERN]...
         writes FILE for ctest (one add_test a unit) and FILE.json, the tests of each unit
     test_units.py run FILE.json UNIT
         runs one unit and leaves its results in a folder "results" beside FILE.json
@@ -25,7 +25,7 @@ ROOT = Path(__file__).resolve().parents[2]
 MAX_PROCESSES = 8
 # A program that finds its screen unfit says so before it begins a test, see tests/support/screen_check.hpp.
 UNFIT = "The screen is unfit: "
-LANE_VARIABLE = "CTEST_RESOURCE_GROUP_0_SCREENS"
+LANE_VARIABLES = ("CTEST_RESOURCE_GROUP_0_SCREENS", "CTEST_RESOURCE_GROUP_0_MANAGED")
 
 
 def is_windows(program):
@@ -37,8 +37,8 @@ def lane_folder():
     lanes = os.environ.get("PAGEWICK_LANES")
     if not lanes:
         return os.environ.get("PAGEWICK_SESSION")
-    match = re.match(r"id:(\w+)", os.environ.get(LANE_VARIABLE, "id:1"))
-    return str(Path(lanes) / match.group(1))
+    given = [os.environ[name] for name in LANE_VARIABLES if name in os.environ] or ["id:1"]
+    return str(Path(lanes) / re.match(r"id:(\w+)", given[0]).group(1))
 
 
 def lane_environment(folder):
@@ -125,7 +125,8 @@ def list_units(options):
         lines.append(f'add_test("{name}" python3 "{__file__}" run "{table}" "{unit}")')
         properties = f"TIMEOUT {options.patience + options.seconds * len(members)} COST {options.seconds * len(members)}"
         if options.screen:
-            properties += " RESOURCE_GROUPS screens:1"
+            is_managed = any(fnmatch.fnmatchcase(unit, pattern) for pattern in options.managed)
+            properties += f" RESOURCE_GROUPS {'managed' if is_managed else 'screens'}:1"
         lines.append(f'set_tests_properties("{name}" PROPERTIES {properties})')
     write_if_changed(listing, "\n".join(lines) + "\n")
     os.utime(listing)
@@ -231,6 +232,7 @@ def main():
     lister.add_argument("--patience", type=int, default=120)
     lister.add_argument("--alone", action="append", default=[])
     lister.add_argument("--screen", action="store_true")
+    lister.add_argument("--managed", action="append", default=[])
     lister.set_defaults(call=list_units)
     runner = commands.add_parser("run")
     runner.add_argument("table")

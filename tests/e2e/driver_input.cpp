@@ -116,14 +116,34 @@ void move_mouse(POINT screen)
     send(inputs);
 }
 
+namespace {
+
+// The place may be an older one in between: what counts is that it is this one for a while at the end.
+bool comes_to_rest_at(POINT screen)
+{
+    using clock = std::chrono::steady_clock;
+    constexpr milliseconds last_report{ 120 };
+    constexpr milliseconds limit{ 600 };
+    auto there_since = clock::now();
+    return wait_until(
+        [&] {
+            const auto now = clock::now();
+            if (!is_mouse_at(screen))
+                there_since = now;
+            return now - there_since >= last_report;
+        },
+        limit);
+}
+
+} // namespace
+
 // The X server may report an earlier move late, which carries the pointer back. Nothing shows that all moves
 // were reported, so the pointer is watched for a while.
 void rest_mouse(POINT screen)
 {
-    constexpr milliseconds last_report{ 120 };
-    require("the pointer stays", [&] {
+    require("the pointer stays at " + std::to_string(screen.x) + "," + std::to_string(screen.y), [&] {
         move_mouse(screen);
-        if (keeps([&] { return is_mouse_at(screen); }, last_report))
+        if (comes_to_rest_at(screen))
             return true;
         // A move to where Wine has it already would not reach the X server, which may have it elsewhere.
         move_mouse({ screen.x + 1, screen.y });

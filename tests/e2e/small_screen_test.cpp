@@ -21,7 +21,7 @@ protected:
     {
         const RECT window = main_window().rect();
         const RECT area = work_area();
-        const POINT from{ background().x, area.bottom - 80 }; // so low that the way up ends on the screen
+        const POINT from = background();
         const POINT to{ from.x + std::min(area.right - window.right, 0L),
             from.y + std::min(area.bottom - window.bottom, 0L) };
         drag(from, to);

@@ -12,11 +12,15 @@
 #include <string_view>
 #include <vector>
 
-// The decoder keeps what it allocates once; its own leaks are not looked for here.
+// The decoder keeps what it allocates once; its own leaks are not looked for here. The sanitizer asks for
+// this name.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreserved-identifier"
 extern "C" const char* __asan_default_options()
 {
     return "detect_leaks=0";
 }
+#pragma clang diagnostic pop
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t max_size);
 

@@ -1,6 +1,7 @@
 // The main window's popup menus on the screen, and the mouse on its background.
 #include "tests/support/gui_app.hpp"
 #include "tests/support/gui_menu.hpp"
+#include "tests/support/gui_typing.hpp"
 
 namespace {
 
@@ -28,14 +29,7 @@ protected:
     }
     int middle_of_place() const { return (place_.top + place_.bottom) / 2; }
     // A window system may carry out an older move late.
-    static void put_cursor(POINT place)
-    {
-        EXPECT_TRUE(gui::pump_until([&] {
-            SetCursorPos(place.x, place.y);
-            POINT now{};
-            return GetCursorPos(&now) && now.x == place.x && now.y == place.y;
-        }));
-    }
+    static void put_cursor(POINT place) { EXPECT_TRUE(gui::point_at(place)); }
 
     RECT place_{};
 };

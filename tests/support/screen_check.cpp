@@ -27,6 +27,7 @@ public:
         info.lpszClassName = L"pagewick_screen_probe";
         RegisterClassW(&info); // fails from the second time on
         is_clicked_ = false;
+        GetCursorPos(&pointer_);
         window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, info.lpszClassName, L"",
             WS_POPUP | WS_VISIBLE, place_.x, place_.y, side, side, nullptr, nullptr, info.hInstance, nullptr);
     }
@@ -35,6 +36,7 @@ public:
     ~Probe()
     {
         DestroyWindow(window_);
+        SetCursorPos(pointer_.x, pointer_.y);
         pump();
     }
 
@@ -110,6 +112,7 @@ private:
 
     static inline bool is_clicked_ = false;
     POINT place_;
+    POINT pointer_{}; // where it was before: a smaller screen than this corner's would not let it move again
     HWND window_ = nullptr;
 };
 
