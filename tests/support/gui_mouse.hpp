@@ -28,12 +28,19 @@ public:
     bool move(POINT client)
     {
         place_ = client;
+        constexpr std::chrono::milliseconds last_report{ 60 }; // an older place may come in between
+        auto there_since = std::chrono::steady_clock::now();
+        bool was_there = false;
         return pump_until([&] {
+            if (was_there && is_there())
+                return std::chrono::steady_clock::now() - there_since >= last_report;
             const POINT screen = screen_place();
             SetCursorPos(screen.x, screen.y);
             send({ move_input() });
             pump();
-            return is_there();
+            was_there = is_there();
+            there_since = std::chrono::steady_clock::now();
+            return false;
         });
     }
     // Without serving the press.
