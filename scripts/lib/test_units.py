@@ -101,15 +101,12 @@ def group(tests, size, alone):
     return units
 
 
-def write_if_changed(path, text):
-    if not path.exists() or path.read_text() != text:
-        path.write_text(text)
-
-
 def list_units(options):
     listing, table = Path(options.file), Path(options.file + ".json")
     program = Path(options.program)
-    if table.exists() and listing.exists() and listing.stat().st_mtime > max(program.stat().st_mtime, Path(__file__).stat().st_mtime):
+    # The last of them holds the arguments of this call.
+    sources = (program, Path(__file__), listing.parent / f"include-{options.target}.cmake")
+    if table.exists() and listing.exists() and listing.stat().st_mtime > max(source.stat().st_mtime for source in sources):
         return 0
     log = options.file + ".log"
     run_program(str(program), ["--gtest_list_tests"], log, lane_folder())
@@ -128,8 +125,7 @@ def list_units(options):
             is_managed = any(fnmatch.fnmatchcase(unit, pattern) for pattern in options.managed)
             properties += f" RESOURCE_GROUPS {'managed' if is_managed else 'screens'}:1"
         lines.append(f'set_tests_properties("{name}" PROPERTIES {properties})')
-    write_if_changed(listing, "\n".join(lines) + "\n")
-    os.utime(listing)
+    listing.write_text("\n".join(lines) + "\n")
     return 0
 
 
@@ -161,7 +157,6 @@ class Unit:
             status = run_program(self.program, ["--gtest_filter=" + ":".join(left)], log, folder)
             self.judge(read_log(log), left, status, folder)
         self.seconds = time.monotonic() - started
-        self.save()
         self.failed += self.without_result()
         self.save()
         print(f"{self.name}: {len(self.passed)} passed, {len(self.failed)} failed, {len(self.skipped)} skipped in {self.seconds:.1f} s")
