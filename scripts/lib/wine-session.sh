@@ -12,12 +12,25 @@
 #   inherit   the screen in DISPLAY
 wine_home=$build/wine
 screen_size=1600x1000
+# Room beside Wine's own desktop, where the X server's pointer rests outside of every window.
+server_size=1616x1016
 
 wine_environment() {
     export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
     # A menu of the desktop is nobody's here: Wine would start a program for each link that is saved.
     export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LANG=ja_JP.UTF-8
     unset LC_ALL LANGUAGE
+}
+
+# Wine's own processes and those of a screen's programs load it, see still_pointer.c.
+ensure_still_pointer() {
+    local source=$root/scripts/lib/still_pointer.c library=$wine_home/still_pointer.so
+    [ "$library" -nt "$source" ] && return 0
+    cc -shared -fPIC -O2 -Wall -Wextra -Werror -o "$library.new" "$source" && mv "$library.new" "$library"
+}
+
+keep_pointer_still() {
+    export PAGEWICK_POINTER=$1/pointer LD_PRELOAD=$wine_home/still_pointer.so
 }
 
 replace_font() { wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$1" /d "$2" /f >/dev/null; }
@@ -51,9 +64,11 @@ fill_prefix() {
 
 # Made beside its place and renamed, so that a broken run leaves no half prefix.
 ensure_template() {
+    wine_environment
     mkdir -p "$wine_home"
     exec 8>"$wine_home/template.lock"
     flock 8
+    ensure_still_pointer
     if [ ! -d "$wine_home/template" ]; then
         say "Preparing a Wine prefix under build/ (once)"
         rm -rf "$wine_home/template.new"
@@ -91,14 +106,17 @@ poll() {
     done
 }
 
+# A server that is reset when its last client leaves would put its pointer back in the middle.
 # Server and manager run in sessions of their own, so that Ctrl+C reaches the script, which closes them in order.
+# start_server FOLDER SIZE
 start_server() {
     : >"$1/display"
-    setsid Xvfb -displayfd 3 -screen 0 ${screen_size}x24 -nolisten tcp 3>"$1/display" >"$1/xvfb.log" 2>&1 &
+    setsid Xvfb -displayfd 3 -screen 0 "$2"x24 -nolisten tcp -noreset 3>"$1/display" >"$1/xvfb.log" 2>&1 &
     screen_pid=$!
     poll 20 test -s "$1/display" || return 1
     DISPLAY=:$(tr -d '[:space:]' <"$1/display")
     export DISPLAY
+    xdotool mousemove 32000 32000
 }
 
 start_manager() {
@@ -125,8 +143,8 @@ start_display() {
     local attempt
     for attempt in 1 2 3; do
         if [ "$1" = desktop ]; then
-            if start_server "$2"; then return 0; fi
-        elif start_server "$2" && start_manager "$2" && poll 20 has_manager "$2"; then
+            if start_server "$2" $server_size; then return 0; fi
+        elif start_server "$2" $screen_size && start_manager "$2" && poll 20 has_manager "$2"; then
             return 0
         fi
         stop_processes
@@ -142,7 +160,6 @@ start_wine() {
 
 open_screen() {
     local kind=$1 folder=$2
-    wine_environment
     ensure_template
     screen_pid=
     manager_pid=
@@ -150,7 +167,10 @@ open_screen() {
     export WINEPREFIX=$folder/prefix
     copy_template "$WINEPREFIX"
     [ "$kind" != desktop ] || use_desktop_of_wine "$WINEPREFIX"
-    [ "$kind" = inherit ] || start_display "$kind" "$folder"
+    if [ "$kind" != inherit ]; then
+        start_display "$kind" "$folder"
+        keep_pointer_still "$folder"
+    fi
     # What close_screen and those who join need to know.
     printf '%s=%q\n' kind "$kind" screen_pid "$screen_pid" manager_pid "$manager_pid" >"$folder/processes"
     local run=${folder#"$wine_home/"}
@@ -158,6 +178,7 @@ open_screen() {
     {
         echo "unset LC_ALL LANGUAGE"
         declare -p WINEPREFIX WINEARCH WINEDEBUG WINEDLLOVERRIDES LANG DISPLAY PAGEWICK_RUN
+        [ "$kind" = inherit ] || declare -p PAGEWICK_POINTER LD_PRELOAD
     } >"$folder/environment"
     start_wine
 }

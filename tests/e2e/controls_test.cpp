@@ -91,7 +91,7 @@ TEST_F(MainControls, TheSliderAsksBeforeItLeavesAnEditedPage)
     program().wait_for_box().answer(IDNO);
     expect_page(numeral(5));
     EXPECT_EQ(title(), L"手帖");
-    rest_mouse(thumb_at(1, 5));
+    move_mouse(thumb_at(1, 5));
     click_control(command::previous_page);
     expect_page(numeral(4));
 }
@@ -124,7 +124,7 @@ TEST_F(MainControls, TheBookMenuTakesKeys)
 {
     open_numbered(1);
     // A menu that comes up under the pointer highlights what is there.
-    rest_mouse(background());
+    move_mouse(background());
     PopupMenu menu(
         program(), app::book_menu(false), [this] { main_window().post_command(command::show_book_menu); });
     menu.choose_by_steps(5); // makes a backup

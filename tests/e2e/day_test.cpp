@@ -90,7 +90,7 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
     program().wait_for_file_dialog().choose(night.wstring());
     expect_page(L"夜二");
     expect_title(L"夜");
-    rest_mouse(background());
+    move_mouse(background());
     expect_color(look::theme_colors(look::theme_dark).panel_back, background());
     click_control(command::next_page);
     expect_page(L"夜一");
@@ -100,7 +100,7 @@ TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
     choose_file(command::open_book, file);
     expect_page(L"昼の記");
     expect_title(L"手帖");
-    rest_mouse(background());
+    move_mouse(background());
     expect_color(look::theme_colors(look::theme_standard).panel_back, background());
     click_control(command::next_page);
     expect_page(L"三");

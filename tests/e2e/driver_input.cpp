@@ -44,8 +44,6 @@ INPUT input_at(POINT screen, DWORD flags = 0)
     return input;
 }
 
-// Every press says where it is: between two inputs the X server may carry the pointer back to where it was
-// before.
 void send_clicks(POINT screen, int count)
 {
     Inputs inputs{ input_at(screen) };
@@ -114,41 +112,8 @@ void move_mouse(POINT screen)
 {
     Inputs inputs{ input_at(screen) };
     send(inputs);
-}
-
-namespace {
-
-// The place may be an older one in between: what counts is that it is this one for a while at the end.
-bool comes_to_rest_at(POINT screen)
-{
-    using clock = std::chrono::steady_clock;
-    constexpr milliseconds last_report{ 120 };
-    constexpr milliseconds limit{ 600 };
-    auto there_since = clock::now();
-    return wait_until(
-        [&] {
-            const auto now = clock::now();
-            if (!is_mouse_at(screen))
-                there_since = now;
-            return now - there_since >= last_report;
-        },
-        limit);
-}
-
-} // namespace
-
-// The X server may report an earlier move late, which carries the pointer back. Nothing shows that all moves
-// were reported, so the pointer is watched for a while.
-void rest_mouse(POINT screen)
-{
-    require("the pointer stays at " + std::to_string(screen.x) + "," + std::to_string(screen.y), [&] {
-        move_mouse(screen);
-        if (comes_to_rest_at(screen))
-            return true;
-        // A move to where Wine has it already would not reach the X server, which may have it elsewhere.
-        move_mouse({ screen.x + 1, screen.y });
-        return false;
-    });
+    require("the pointer is at " + std::to_string(screen.x) + "," + std::to_string(screen.y),
+        [&] { return is_mouse_at(screen); });
 }
 
 void click(POINT screen)
@@ -185,24 +150,20 @@ void lead_mouse(POINT from, POINT to)
     constexpr int steps = 8;
     for (int step = 1; step <= steps; ++step) {
         const POINT place{ from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps };
-        require("the pointer follows", [&] {
-            move_mouse(place);
-            return is_mouse_at(place);
-        });
+        move_mouse(place);
     }
-    rest_mouse(to);
 }
 
 void turn_wheel(POINT screen, int notches)
 {
-    rest_mouse(screen);
+    move_mouse(screen);
     Inputs inputs{ mouse_input(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)) };
     send(inputs);
 }
 
 void stroke_touchpad(POINT screen, int delta, int turns)
 {
-    rest_mouse(screen);
+    move_mouse(screen);
     Inputs inputs(static_cast<std::size_t>(turns), mouse_input(MOUSEEVENTF_WHEEL, static_cast<DWORD>(delta)));
     send(inputs);
 }

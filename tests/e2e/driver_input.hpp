@@ -27,8 +27,6 @@ private:
 };
 
 void move_mouse(POINT screen);
-// Until the pointer has stayed there: what the X server tells late of an earlier move may carry it back.
-void rest_mouse(POINT screen);
 void click(POINT screen);
 // The two halves of a click; the pointer may go elsewhere in between.
 void press_mouse(POINT screen);

@@ -1,14 +1,20 @@
 // A screen of another size, as a laptop has it.
 #pragma once
-#include <functional>
 #include <windows.h>
 
 namespace e2e {
 
-// Runs `body`, which is all of the test that calls it, on a screen of that size. The screen's mode is changed
-// where the system allows it. Where it does not, as on a virtual screen of one mode, Wine shows a desktop of
-// that size, and this test alone is run there by another process of this program. Throws DriverError when
-// neither works.
-void on_small_screen(SIZE size, const std::function<void()>& body);
+// Changes the size of the screen for as long as it lives; throws DriverError where the screen keeps its own.
+// A process goes by the work area that it met first, so a test with one of these needs a process of its own.
+class SmallScreen {
+public:
+    explicit SmallScreen(SIZE size);
+    SmallScreen(const SmallScreen&) = delete;
+    SmallScreen& operator=(const SmallScreen&) = delete;
+    ~SmallScreen();
+
+private:
+    SIZE old_size_;
+};
 
 } // namespace e2e

@@ -109,33 +109,28 @@ void EndToEnd::chord(std::initializer_list<WORD> keys) const
     e2e::chord(keys);
 }
 
-// The pointer rests before each press: some controls ask the system where it is, and for some milliseconds
-// after a move the X server may report the place before.
 void EndToEnd::click(POINT screen) const
 {
     program().await_input();
-    rest_mouse(screen);
     e2e::click(screen);
 }
 
 void EndToEnd::double_click(POINT screen) const
 {
     program().await_input();
-    rest_mouse(screen);
     e2e::double_click(screen);
 }
 
 void EndToEnd::right_click(POINT screen) const
 {
     program().await_input();
-    rest_mouse(screen);
     e2e::right_click(screen);
 }
 
 void EndToEnd::drag(POINT from, POINT to) const
 {
     program().await_input();
-    rest_mouse(from);
+    move_mouse(from);
     press_mouse(from);
     require("the mouse is held", [&] { return program().holds_mouse(); });
     lead_mouse(from, to);

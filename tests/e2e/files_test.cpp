@@ -38,7 +38,7 @@ protected:
     PopupMenu file_menu(const app::FileMenuState& state)
     {
         return { program(), app::file_menu(state), [this] {
-                    rest_mouse(background());
+                    move_mouse(background());
                     main_window().post_command(command::show_file_menu);
                 } };
     }

@@ -24,7 +24,7 @@ protected:
         std::size_t number, std::size_t count, std::size_t color, const Where& where = Where::current())
     {
         // A tab under the mouse shows no fill of its own.
-        rest_mouse(background());
+        move_mouse(background());
         expect_color(look::tab_color(color), tab_edge(number, count), where);
     }
     fs::path open_tabbed(std::size_t tabs, std::size_t pages)

@@ -26,7 +26,7 @@ protected:
         expect_color(colors.check_fill, on_screen(at.mark_check.left + 6, at.mark_check.top + 10), where);
     }
     // Where nothing follows the pointer.
-    void rest_pointer() const { rest_mouse(background()); }
+    void rest_pointer() const { move_mouse(background()); }
 };
 
 class Themes : public ThemeOfPages, public testing::WithParamInterface<int> { };

@@ -67,7 +67,7 @@ TEST_F(Turning, TheWheelOverTheWindowTurnsPages)
 TEST_F(Turning, CtrlAndTheWheelCarryThePageOverItsNeighbour)
 {
     const fs::path file = open_numbered_book(3);
-    rest_mouse(background());
+    move_mouse(background());
     {
         const HeldKey ctrl(VK_CONTROL);
         turn_wheel(background(), -1);

@@ -190,7 +190,7 @@ TEST_F(Background, ShowsTheCursorOfAGapBeforeTheMouseMoves)
 {
     open({ page(L"1\r\n") });
     const POINT gap = gap_point();
-    SetCursorPos(gap.x, gap.y);
+    gui::point_at(gap);
     const auto own = static_cast<std::uint64_t>(reinterpret_cast<UINT_PTR>(window().hwnd()));
     EXPECT_EQ(window().send(WM_SETCURSOR, own, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE)), TRUE);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZENS));

@@ -7,6 +7,7 @@
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_look.hpp"
+#include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
 #include "tests/support/picture_file.hpp"
@@ -106,12 +107,12 @@ TEST_F(HistoryWindow, ShowsNameFolderAndCount)
 TEST_F(HistoryWindow, StandsAtTheCursorWhenItWasHidden)
 {
     create();
-    SetCursorPos(700, 300);
+    ASSERT_TRUE(gui::point_at({ 700, 300 }));
     window_.show(true);
     const RECT place = window_.rect();
     EXPECT_EQ(place.top, 300 - 64);
     EXPECT_EQ(place.left, 700 - (place.right - place.left) / 2);
-    SetCursorPos(400, 500);
+    ASSERT_TRUE(gui::point_at({ 400, 500 }));
     window_.show(true);
     EXPECT_EQ(window_.rect().left, place.left) << "a shown window only comes forward";
 }

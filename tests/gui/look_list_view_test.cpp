@@ -4,6 +4,7 @@
 #include "look/wnd/my_list_view.hpp"
 #include "look/wnd/themed.hpp"
 #include "tests/support/gui_crowd.hpp"
+#include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_screen_copies.hpp"
@@ -31,7 +32,7 @@ protected:
         list.add_row(L"語");
         top.show(true);
         SetForegroundWindow(top.hwnd());
-        SetCursorPos(700, 600);
+        ASSERT_TRUE(gui::point_at({ 700, 600 }));
         gui::pump();
     }
     void TearDown() override
@@ -170,7 +171,7 @@ TEST_F(ThemedList, AColumnIsResizedByTheMouse)
 {
     const RECT rect = header_rect();
     const int y = (rect.top + rect.bottom) / 2;
-    SetCursorPos(rect.left + first_width - 1, y);
+    ASSERT_TRUE(gui::point_at({ rect.left + first_width - 1, y }));
     const auto press = [](DWORD flag) {
         INPUT input{};
         input.type = INPUT_MOUSE;
@@ -181,7 +182,7 @@ TEST_F(ThemedList, AColumnIsResizedByTheMouse)
     press(MOUSEEVENTF_LEFTDOWN);
     ASSERT_TRUE(gui::pump_until([&] { return GetCapture() == header(); }));
     constexpr int further = 40;
-    SetCursorPos(rect.left + first_width - 1 + further, y);
+    ASSERT_TRUE(gui::point_at({ rect.left + first_width - 1 + further, y }));
     gui::pump_until([&] { return list.column_width(0) != first_width; });
     press(MOUSEEVENTF_LEFTUP);
     EXPECT_TRUE(gui::pump_until([&] { return GetCapture() == nullptr; }));

@@ -83,30 +83,16 @@ protected:
         return gui::pixel(strip_.buffer(), x, y);
     }
     POINT on_strip(int x) const { return gui::on_screen(strip_, { x, 12 }); }
-    // Moves to and fro, since a window system may carry out an older move late.
     bool hover(int x)
     {
-        int moves = 0;
-        return gui::pump_until([&] {
-            const std::uint64_t expected = look::tab_at(strip_.items(), { x, 12 });
-            if (strip_.hover_tab() == expected && moves > 0)
-                return true;
-            const POINT place = on_strip(x + ++moves % 2);
-            SetCursorPos(place.x, place.y);
-            return false;
-        });
+        gui::point_at(on_strip(x));
+        return gui::pump_until([&] { return strip_.hover_tab() == look::tab_at(strip_.items(), { x, 12 }); });
     }
-    // Off the strip, to and fro like `hover`.
+    // Off the strip.
     template <class State> bool leave_until(State state)
     {
-        int moves = 0;
-        return gui::pump_until([&] {
-            if (moves > 0 && state())
-                return true;
-            const POINT place = gui::on_screen(top_, { 200 + ++moves % 2, 300 });
-            SetCursorPos(place.x, place.y);
-            return false;
-        });
+        gui::point_at(gui::on_screen(top_, { 200, 300 }));
+        return gui::pump_until(state);
     }
     void use_menu(int x, const std::function<void(const ShownMenu&)>& act)
     {

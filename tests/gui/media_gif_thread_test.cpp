@@ -6,6 +6,7 @@
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
+#include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_pane.hpp"
 #include <algorithm>
 #include <atomic>
@@ -159,7 +160,7 @@ private:
 class Animation : public gui::Pane {
 protected:
     // Away from the pane, so that nothing stands over the picture.
-    Animation() { SetCursorPos(1, 1); }
+    Animation() { gui::point_at({ 1, 1 }); }
 
     void show_frames(std::size_t frames, std::uint32_t delay)
     {
@@ -198,7 +199,7 @@ protected:
     {
         POINT inside{ 200, 70 };
         ClientToScreen(pane().hwnd(), &inside);
-        SetCursorPos(inside.x, inside.y);
+        gui::point_at(inside);
     }
     bool is_delay_told(const wchar_t* delay)
     {
@@ -350,14 +351,14 @@ TEST_F(Animation, ShowsDelayAndBarWhileTheMouseIsOverIt)
     const Color bare = bar_color();
     POINT inside{ 200, 100 };
     ClientToScreen(pane().hwnd(), &inside);
-    SetCursorPos(inside.x, inside.y);
+    gui::point_at(inside);
     EXPECT_TRUE(waited([&] { return ink_of_delay() > 20; }));
     EXPECT_NE(bar_color(), bare);
     const auto colors = media::seek_bar_colors(look::palette().accent, look::palette().panel_back);
     EXPECT_EQ(at(bar().left, bar().top + 3), colors.left_and_top);
     EXPECT_EQ(at(bar().right - 1, bar().top + 3), colors.right_and_bottom);
     EXPECT_EQ(at(bar().left + 20, bar().bottom - 1), colors.right_and_bottom);
-    SetCursorPos(1, 1);
+    ASSERT_TRUE(gui::point_at({ 1, 1 }));
     EXPECT_TRUE(waited([&] { return ink_of_delay() == 0; }));
     EXPECT_EQ(bar_color(), bare);
 }
@@ -369,7 +370,7 @@ TEST_F(Animation, TellsTheDelayAsTheFileHasIt)
     EXPECT_FALSE(is_delay_told(L"delay: 250"));
     point_into_pane();
     EXPECT_TRUE(waited([&] { return is_delay_told(L"delay: 250"); }));
-    SetCursorPos(1, 1);
+    ASSERT_TRUE(gui::point_at({ 1, 1 }));
 }
 
 TEST_F(Animation, TellsZeroOfAFrameThatCannotBeSelected)
@@ -379,7 +380,7 @@ TEST_F(Animation, TellsZeroOfAFrameThatCannotBeSelected)
     show_beside_its_delay({ 25, 3 });
     point_into_pane();
     EXPECT_TRUE(waited([&] { return is_delay_told(L"delay: 0"); }));
-    SetCursorPos(1, 1);
+    ASSERT_TRUE(gui::point_at({ 1, 1 }));
 }
 
 TEST_F(Animation, GoesOnAtOnceAfterAFrameThatCannotBeSelected)

@@ -124,8 +124,7 @@ public:
     // Leaves all popups, however deep.
     void leave() const
     {
-        while (!popups_of(thread_).empty()) {
-            const auto before = popups_of(thread_).size();
+        while (const std::size_t before = popups_of(thread_).size()) {
             press_key(VK_ESCAPE);
             poll_until([&] { return popups_of(thread_).size() < before; });
         }

