@@ -28,7 +28,6 @@ protected:
         return texts;
     }
     int middle_of_place() const { return (place_.top + place_.bottom) / 2; }
-    // A window system may carry out an older move late.
     static void put_cursor(POINT place) { EXPECT_TRUE(gui::point_at(place)); }
 
     RECT place_{};
