@@ -1,9 +1,11 @@
 // Which picture a menu item bears.
 #pragma once
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include <array>
 
 namespace app {
+
+namespace command = core::command;
 
 struct BitmapFile {
     int command;

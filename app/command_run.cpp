@@ -1,7 +1,26 @@
 #include "app/command_run.hpp"
+#include "app/file_commands.hpp"
 #include <utility>
 
 namespace app {
+
+core::Needs met_needs(const WindowState& windows, const book::Book& book)
+{
+    using enum core::Needs;
+    core::Needs met = nothing;
+    const auto add = [&met](bool holds, core::Needs need) { met = holds ? met | need : met; };
+    add(windows.accepts_input, input);
+    add(!windows.is_busy, free_book);
+    add(!book.pages.empty(), pages);
+    const book::Page* current = book.current_page();
+    if (!current)
+        return met;
+    const std::wstring* selected = current_entry(*current);
+    add(true, page);
+    add(selected && !selected->empty(), entry);
+    add(!current->reference_folder.empty(), folder);
+    return met;
+}
 
 CommandRun::CommandRun(Hooks hooks)
     : hooks_(std::move(hooks))
@@ -25,10 +44,10 @@ void CommandRun::run(const std::function<void()>& action)
 // view adds the one before it; views that have not settled then never will.
 void CommandRun::refresh_views()
 {
-    constexpr std::size_t round_limit = service_order.size();
-    constexpr auto standing = static_cast<RefreshMask>(View::history_enabled);
+    constexpr std::size_t round_limit = core::service_order.size();
+    constexpr auto standing = static_cast<core::RefreshMask>(core::View::history_enabled);
     for (std::size_t round = 0; pending_ != 0 && round < round_limit; ++round) {
-        const RefreshMask served = pending_ & standing;
+        const core::RefreshMask served = pending_ & standing;
         if (hooks_.is_gone() || !guarded([this] { hooks_.refresh(pending_); }))
             break;
         pending_ &= ~served;

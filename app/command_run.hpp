@@ -1,20 +1,31 @@
-// How commands nest: whatever an action sends or raises, the views are refreshed once, when the outermost
-// ends.
+// What commands may rely on, and how they nest: whatever an action sends or raises, the views are refreshed
+// once, when the outermost ends.
 #pragma once
-#include "app/refresh.hpp"
+#include "book/book.hpp"
+#include "core/command_rules.hpp"
+#include "core/refresh.hpp"
 #include <exception>
 #include <functional>
 
 namespace app {
 
+struct WindowState {
+    bool accepts_input = true;
+    bool is_busy = false; // the page editor or the replace window is open
+};
+// What holds just now, of all that a command may need.
+core::Needs met_needs(const WindowState& windows, const book::Book& book);
+
+namespace refresh = core::refresh;
+
 // Runs actions on the user interface thread. Nothing that an action or the refresh raises leaves `run`.
 class CommandRun {
 public:
     struct Hooks {
-        std::function<void(RefreshMask& pending)> refresh; // serves the mask, which is live
+        std::function<void(core::RefreshMask& pending)> refresh; // serves the mask, which is live
         std::function<void(const std::exception_ptr&)> report;
         std::function<bool()> is_gone; // the window ended meanwhile: nothing is left to refresh
-        std::function<RefreshMask()> overdue; // what must be refreshed, whatever the commands asked for
+        std::function<core::RefreshMask()> overdue; // what must be refreshed, whatever the commands asked for
     };
 
     explicit CommandRun(Hooks hooks);
@@ -22,10 +33,10 @@ public:
     void run(const std::function<void()>& action);
     // Asks for a refresh of these views when the outermost action ends. Bits that name no view are dropped:
     // nothing would ever serve them.
-    void merge(RefreshMask mask) { pending_ |= mask & refresh::full; }
+    void merge(core::RefreshMask mask) { pending_ |= mask & refresh::full; }
 
     int depth() const { return depth_; }
-    RefreshMask pending() const { return pending_; }
+    core::RefreshMask pending() const { return pending_; }
 
 private:
     bool guarded(const std::function<void()>& action);
@@ -33,7 +44,7 @@ private:
 
     Hooks hooks_;
     int depth_ = 0;
-    RefreshMask pending_ = 0;
+    core::RefreshMask pending_ = 0;
 };
 
 } // namespace app

@@ -1,6 +1,6 @@
 #include "app/failures.hpp"
-#include "app/titles.hpp"
 #include "book/my_exception.hpp"
+#include "core/titles.hpp"
 #include "platform/text.hpp"
 #include <cstdint>
 
@@ -36,7 +36,8 @@ FailureNotice failure_notice(const std::exception_ptr& failure, FailedAt where)
 std::wstring end_of_logon_text(const platform::LocalTime& time)
 {
     std::wstring text = L"-- ";
-    text.append(program_name).append(L" --\r\nThe last modifications were saved.\r\n@ WM_ENDSESSION\r\n\r\n");
+    text.append(core::program_name)
+        .append(L" --\r\nThe last modifications were saved.\r\n@ WM_ENDSESSION\r\n\r\n");
     text += std::to_wstring(time.year) + L'/' + padded(time.month) + L'/' + padded(time.day);
     text += L' ' + padded(time.hour) + L':' + padded(time.minute) + L':' + padded(time.second);
     return text;

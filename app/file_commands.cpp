@@ -1,10 +1,12 @@
 #include "app/file_commands.hpp"
-#include "app/command_ids.hpp"
 #include "book/linguistic_sort.hpp"
+#include "core/command_ids.hpp"
 #include <algorithm>
 #include <utility>
 
 namespace app {
+
+namespace command = core::command;
 
 namespace {
 

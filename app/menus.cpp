@@ -1,8 +1,10 @@
 #include "app/menus.hpp"
-#include "app/command_ids.hpp"
 #include "book/book_header.hpp"
+#include "core/command_ids.hpp"
 
 namespace app {
+
+namespace command = core::command;
 
 namespace {
 

@@ -79,9 +79,10 @@ bool swap_with_neighbour(book::Book& book, int direction)
 
 void color_all_pages(book::Book& book, const look::ThemePalette& palette)
 {
+    const book::PageColors colors = look::page_colors(palette);
     for (book::Page& page : book.pages) {
-        page.text_color = { palette.box1_text.value, palette.box2_text.value, palette.box3_text.value };
-        page.back_color.fill(palette.box_back.value);
+        page.text_color = colors.text;
+        page.back_color = colors.back;
     }
 }
 

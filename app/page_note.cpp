@@ -31,4 +31,12 @@ bool still_stands(const EntryNote& note, const book::Book& book)
     return note_entry(book) == note;
 }
 
+bool replace_entry(book::Book& book, const EntryNote& note, const std::wstring& path)
+{
+    if (!still_stands(note, book))
+        return false;
+    book.pages[note.page.index].files[note.place] = path;
+    return true;
+}
+
 } // namespace app

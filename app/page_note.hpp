@@ -35,5 +35,7 @@ struct EntryNote {
 // The selected entry of the current page; none without one.
 std::optional<EntryNote> note_entry(const book::Book& book);
 bool still_stands(const EntryNote& note, const book::Book& book);
+// Puts `path` in the place of the noted entry; false when that no longer stands. The stamp stays.
+bool replace_entry(book::Book& book, const EntryNote& note, const std::wstring& path);
 
 } // namespace app

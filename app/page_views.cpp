@@ -1,20 +1,12 @@
 #include "app/page_views.hpp"
-#include "app/command_ids.hpp"
 #include "book/page_order.hpp"
+#include "core/command_ids.hpp"
 #include "media/display_name.hpp"
 #include <algorithm>
 
 namespace app {
 
-namespace {
-
-const book::Page* page_of(const book::Book& book)
-{
-    const std::size_t index = book.position_to_index(book.header.position);
-    return index == book::npos ? nullptr : &book.pages[index];
-}
-
-} // namespace
+namespace command = core::command;
 
 std::vector<ButtonState> page_buttons(const book::Book& book, bool is_busy)
 {
@@ -28,7 +20,7 @@ std::vector<ButtonState> page_buttons(const book::Book& book, bool is_busy)
         { command::reverse_order, book::is_reversed(header), free },
         { command::show_book_menu, false, free },
     };
-    if (const book::Page* page = page_of(book)) {
+    if (const book::Page* page = book.current_page()) {
         const bool has_tab = page->tab_number != 0;
         const bool may_toggle_tab = has_tab || book.tab_count < book::tab_limit;
         buttons.push_back({ command::toggle_mark, page->mark != 0, free });
@@ -39,13 +31,13 @@ std::vector<ButtonState> page_buttons(const book::Book& book, bool is_busy)
 
 std::optional<bool> folder_button_lit(const book::Book& book)
 {
-    const book::Page* page = page_of(book);
+    const book::Page* page = book.current_page();
     return page ? std::optional{ !page->reference_folder.empty() } : std::nullopt;
 }
 
 std::wstring file_counter_text(const book::Book& book)
 {
-    const book::Page* page = page_of(book);
+    const book::Page* page = book.current_page();
     if (!page || page->files.empty())
         return {};
     return std::to_wstring(page->current_file + 1) + L'/' + std::to_wstring(page->files.size());
@@ -59,7 +51,7 @@ std::size_t visible_combo_rows(std::size_t count)
 
 std::optional<FileCombo> file_combo(const book::Book& book, media::PathAnswers& paths)
 {
-    const book::Page* page = page_of(book);
+    const book::Page* page = book.current_page();
     if (!page)
         return std::nullopt;
     FileCombo combo;

@@ -1,5 +1,5 @@
 #include "app/save_rules.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include <utility>
 
 namespace app {

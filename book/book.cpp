@@ -1,6 +1,5 @@
 #include "book/book.hpp"
-#include "book/text.hpp"
-#include "look/theme.hpp"
+#include "book/page_text.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
 
@@ -10,14 +9,13 @@ namespace {
 
 constexpr std::uint32_t not_fatal = 0;
 
-Page empty_page()
+Page empty_page(const PageColors& colors)
 {
-    const look::ThemePalette& colors = look::palette();
     Page page;
     page.stamp = current_time_text();
     page.stamp += page.stamp;
-    page.text_color = { colors.box1_text.value, colors.box2_text.value, colors.box3_text.value };
-    page.back_color.fill(colors.box_back.value);
+    page.text_color = colors.text;
+    page.back_color = colors.back;
     return page;
 }
 
@@ -39,6 +37,12 @@ Page* Book::current_page()
     return index == npos ? nullptr : &pages[index];
 }
 
+const Page* Book::current_page() const
+{
+    const std::size_t index = position_to_index(header.position);
+    return index == npos ? nullptr : &pages[index];
+}
+
 Page* Book::insert_page(std::size_t index, Page page)
 {
     if (pages.size() >= page_limit)
@@ -52,9 +56,9 @@ Page* Book::insert_page(std::size_t index, Page page)
     return &*inserted;
 }
 
-void Book::new_page(std::size_t index)
+void Book::new_page(std::size_t index, const PageColors& colors)
 {
-    insert_page(index, empty_page());
+    insert_page(index, empty_page(colors));
 }
 
 bool Book::remove_selected()
@@ -66,7 +70,7 @@ bool Book::remove_selected()
     return removed;
 }
 
-bool Book::remove_page_at(std::uint64_t position)
+bool Book::remove_page_at(std::uint64_t position, const PageColors& colors)
 {
     const std::size_t index = position_to_index(position);
     if (index == npos)
@@ -74,7 +78,7 @@ bool Book::remove_page_at(std::uint64_t position)
     pages.erase(pages.begin() + static_cast<std::ptrdiff_t>(index));
     needs_update = true;
     if (pages.empty())
-        new_page(0);
+        new_page(0, colors);
     header.position = std::min<std::uint64_t>(header.position, pages.size() - 1);
     return true;
 }

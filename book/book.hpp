@@ -36,17 +36,18 @@ public:
     std::size_t position_to_index(std::uint64_t position) const;
     // The page at header.position, or null.
     Page* current_page();
+    const Page* current_page() const;
 
     // Puts `page` at stored place `index`, makes that number the position and sets needs_update. Null past
     // the end. Throws PageCountOver on a full Book, whatever the index.
     Page* insert_page(std::size_t index, Page page);
-    // The same with an empty page in the theme's colours, stamped now.
-    void new_page(std::size_t index);
+    // The same with an empty page in these colours, stamped now.
+    void new_page(std::size_t index, const PageColors& colors);
     // Erases every page whose selection is exactly `selected`; true when one went.
     bool remove_selected();
-    // Erases the page at `position`, keeps the position inside, and leaves one empty page in an emptied Book.
-    // False when there is no page there.
-    bool remove_page_at(std::uint64_t position);
+    // Erases the page at `position` and keeps the position inside. An emptied Book gets one empty page in
+    // these colours. False when there is no page there.
+    bool remove_page_at(std::uint64_t position, const PageColors& colors);
 
     // Moves the position by one and returns the page there; null, unmoved, at either end or for direction 0.
     Page* step(int direction);

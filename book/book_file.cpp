@@ -1,7 +1,7 @@
 #include "book/book_file.hpp"
 #include "book/header_text.hpp"
 #include "book/page_numbers.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include <algorithm>
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "book/history_list.hpp"
 #include "book/line_reader.hpp"
 #include "book/line_writer.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include <utility>
 
 namespace book {

@@ -12,6 +12,12 @@ inline constexpr std::size_t box_count = 3;
 // Characters of one half of a stamp.
 inline constexpr std::size_t time_length = 14;
 
+// Of the three boxes, as COLORREF.
+struct PageColors {
+    std::array<std::uint32_t, box_count> text{};
+    std::array<std::uint32_t, box_count> back{};
+};
+
 enum class PageSelection : std::uint32_t { none = 0, selected = 1, pasted = 2 };
 
 // A record, copied by value. Text is UTF-16 with CR LF between lines and never holds U+0003, which divides

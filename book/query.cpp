@@ -1,5 +1,5 @@
 #include "book/query.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "platform/text.hpp"
 
 namespace book {

@@ -1,7 +1,7 @@
 // How buttons and check boxes of the program look: colours by theme and state, and the place of a picture.
 #pragma once
 #include "controls/button_layout.hpp"
-#include "controls/check_box.hpp"
+#include "controls/check_box_layout.hpp"
 #include "look/theme.hpp"
 
 namespace look {

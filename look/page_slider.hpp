@@ -1,6 +1,6 @@
 // How the slider that moves through the pages stands, reads and decides.
 #pragma once
-#include "controls/slider.hpp"
+#include "controls/slider_model.hpp"
 #include <cstddef>
 #include <cstdint>
 #include <string>

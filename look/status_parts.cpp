@@ -1,12 +1,12 @@
 #include "look/status_parts.hpp"
-#include "media/byte_size.hpp"
+#include "core/byte_size.hpp"
 #include "platform/decimal.hpp"
 
 namespace look {
 
 namespace {
 
-using media::format_byte_size;
+using core::format_byte_size;
 
 StatusRun value(std::wstring text)
 {
@@ -61,8 +61,8 @@ StatusPart sizes(const book::Book& book)
 {
     StatusPart part;
     if (const book::Page* page = current_page(book)) {
-        part.runs = { value(format_byte_size(text_bytes(*page))),
-            label(L"/" + format_byte_size(book.file_size)) };
+        part.runs = { value(core::format_byte_size(text_bytes(*page))),
+            label(L"/" + core::format_byte_size(book.file_size)) };
     }
     return part;
 }

@@ -1,5 +1,5 @@
 #include "look/tab_strip.hpp"
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
 
@@ -116,12 +116,12 @@ Color tab_color(std::size_t index)
 
 bool is_tab_color_command(int id)
 {
-    return id >= app::command::first_tab_color && id <= app::command::last_tab_color;
+    return id >= core::command::first_tab_color && id <= core::command::last_tab_color;
 }
 
 Color chosen_tab_color(int id)
 {
-    const int index = std::max(id - app::command::first_tab_color, 0);
+    const int index = std::max(id - core::command::first_tab_color, 0);
     return tab_color(static_cast<std::size_t>(index));
 }
 
@@ -129,13 +129,13 @@ ovlib::MenuRows tab_menu()
 {
     ovlib::MenuRows rows;
     for (std::size_t i = 0; i < named_tab_color_count; ++i) {
-        const int id = app::command::first_tab_color + static_cast<int>(i);
+        const int id = core::command::first_tab_color + static_cast<int>(i);
         rows.push_back(ovlib::menu_item(id, tab_color_table[i].name));
         if (i == 0)
             rows.push_back(ovlib::menu_separator());
     }
     rows.push_back(ovlib::menu_separator());
-    rows.push_back(ovlib::menu_item(app::command::remove_tab, L"タブの削除"));
+    rows.push_back(ovlib::menu_item(core::command::remove_tab, L"タブの削除"));
     return rows;
 }
 

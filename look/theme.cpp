@@ -1,5 +1,5 @@
 #include "look/theme.hpp"
-#include "media/drawing_lock.hpp"
+#include "core/locks.hpp"
 #include <array>
 
 namespace look {
@@ -78,6 +78,13 @@ const ThemePalette& palette()
     return loaded;
 }
 
+book::PageColors page_colors(const ThemePalette& colors)
+{
+    book::PageColors made{ { colors.box1_text.value, colors.box2_text.value, colors.box3_text.value } };
+    made.back.fill(colors.box_back.value);
+    return made;
+}
+
 ThemePalette theme_colors(std::int32_t identifier)
 {
     const std::size_t column = column_of(identifier);
@@ -110,7 +117,7 @@ void color_frame(Color caption, const SetFrameAttribute& set)
 std::int32_t load_theme(std::int32_t identifier)
 {
     const ThemePalette colors = theme_colors(identifier);
-    const std::scoped_lock hold{ media::drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     loaded = colors;
     return colors.current_theme;
 }

@@ -1,5 +1,6 @@
 // The colours of the program. One palette, overwritten when a theme is chosen and read when windows paint.
 #pragma once
+#include "book/page.hpp"
 #include "platform/color.hpp"
 #include <cstdint>
 #include <functional>
@@ -25,9 +26,12 @@ struct ThemePalette {
     Color viewer_text, viewer_error, viewer_back, reserved_1, bar_view, reserved_2;
 };
 
-// The palette that windows read. Written by load_theme only, under the drawing lock of media: another thread
+// The palette that windows read. Written by load_theme only, under the drawing lock: another thread
 // than that of the windows reads it while it holds that lock.
 const ThemePalette& palette();
+
+// The colours that a new page takes from a palette.
+book::PageColors page_colors(const ThemePalette& colors);
 
 // The colours of a theme, without loading them. Any identifier outside 6000 to 6006 gives the standard table.
 ThemePalette theme_colors(std::int32_t identifier);

@@ -1,5 +1,5 @@
 #include "media/file_facts.hpp"
-#include "media/byte_size.hpp"
+#include "core/byte_size.hpp"
 #include "media/entry_text.hpp"
 #include "media/media_text.hpp"
 #include "platform/file.hpp"
@@ -123,7 +123,7 @@ void fill_line(FileFacts& facts, PropertySource* source)
 FileFacts facts_of_decoded(const std::wstring& path, const std::wstring& rest)
 {
     return { std::wstring{ platform::path_extension(path) } + rest,
-        format_byte_size(platform::file_size(path)), FileKind::image };
+        core::format_byte_size(platform::file_size(path)), FileKind::image };
 }
 
 } // namespace
@@ -142,7 +142,7 @@ FileFacts read_file_facts(const std::wstring& path, PropertySource& source, Path
 
     PropertySource* const open = source.open(path) ? &source : nullptr;
     FileFacts facts{ std::wstring{ platform::path_extension(path) },
-        format_byte_size(platform::file_size(path)), FileKind::unknown };
+        core::format_byte_size(platform::file_size(path)), FileKind::unknown };
     fill_line(facts, open);
     if (const std::uint64_t duration = open ? open->read_duration() : 0; duration != 0)
         facts.text += L"  [" + format_duration(duration) + L"]";

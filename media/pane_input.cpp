@@ -1,18 +1,18 @@
 #include "media/pane_input.hpp"
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include <cstdlib>
 
 namespace media {
 
-namespace command = app::command;
+namespace command = core::command;
 
 std::optional<int> wheel_command(int step, bool with_ctrl)
 {
     if (step == 0)
         return std::nullopt;
     if (with_ctrl)
-        return step > 0 ? command::move_file_up : command::move_file_down;
-    return step > 0 ? command::previous_file : command::next_file;
+        return step > 0 ? core::command::move_file_up : core::command::move_file_down;
+    return step > 0 ? core::command::previous_file : core::command::next_file;
 }
 
 DoubleClick double_click(const LoadedEntry& loaded)

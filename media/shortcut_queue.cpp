@@ -22,6 +22,16 @@ void make_link(const std::wstring& entry, std::size_t index, LinkStore& store, L
 
 } // namespace
 
+std::vector<std::wstring> every_entry(const book::Book& book)
+{
+    constexpr std::size_t expected = 200000; // no Book of any likely size makes the list move
+    std::vector<std::wstring> entries;
+    entries.reserve(expected);
+    for (const book::Page& page : book.pages)
+        entries.insert(entries.end(), page.files.begin(), page.files.end());
+    return entries;
+}
+
 QueueCounts ShortcutQueue::replace(std::vector<std::wstring> entries)
 {
     const std::scoped_lock hold{ lock_ };

@@ -1,5 +1,6 @@
 // The paths whose links a worker makes, and how its work is begun, done and resumed.
 #pragma once
+#include "book/book.hpp"
 #include "media/file_links.hpp"
 #include <atomic>
 #include <cstddef>
@@ -17,6 +18,9 @@ struct QueueCounts {
 
     friend bool operator==(const QueueCounts&, const QueueCounts&) = default;
 };
+
+// Every entry of every page in stored order, addresses and repetitions included.
+std::vector<std::wstring> every_entry(const book::Book& book);
 
 // The lock is the queue's own: its operations take it, and the worker holds it for the whole of a run. So the
 // worker must be stopped before anything is queued.

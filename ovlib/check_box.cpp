@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "ovlib/gui/gdip.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "platform/screen.hpp"
 

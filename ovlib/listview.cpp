@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace ovlib {
 

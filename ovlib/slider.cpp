@@ -1,7 +1,7 @@
 #include "ovlib/gui/slider.hpp"
 
-#include "ovlib/gui/geometry.hpp"
 #include "ovlib/gui/strokes.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace ovlib {
 

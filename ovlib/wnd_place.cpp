@@ -2,7 +2,7 @@
 #include "ovlib/gui/wnd.hpp"
 
 #include "controls/window_place.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace ovlib {
 

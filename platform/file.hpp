@@ -54,6 +54,10 @@ std::uint64_t file_size(const std::wstring& path);
 // tell.
 std::wstring absolute_path(const std::wstring& path);
 
+// Of the process. Setting it gives 0 or the system's error code.
+std::wstring current_directory();
+std::uint32_t set_current_directory(const std::wstring& path);
+
 bool create_folder(const std::wstring& path);
 bool remove_file(const std::wstring& path);
 // Puts `from` in the place of `to`, replacing it in one step.

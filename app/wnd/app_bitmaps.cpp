@@ -1,6 +1,6 @@
 #include "app/wnd/app_bitmaps.hpp"
 #include "app/bitmap_files.hpp"
-#include "app/folders.hpp"
+#include "core/folders.hpp"
 #include "ovlib/gui/gdi_object.hpp"
 #include <map>
 #include <string>
@@ -22,7 +22,7 @@ Bitmaps& app_bitmaps()
 void load_app_bitmaps()
 {
     for (const auto& [command, file] : bitmap_files) {
-        const std::wstring path = folders().res + L"\\" + file + L".bmp";
+        const std::wstring path = core::folders().res + L"\\" + file + L".bmp";
         app_bitmaps()[command].renew(ovlib::GDI::load_bitmap(path));
     }
 }

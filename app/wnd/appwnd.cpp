@@ -1,13 +1,13 @@
 // The window class, the table of messages and the frame's own messages.
 #include "app/wnd/appwnd.hpp"
-#include "app/command_ids.hpp"
-#include "app/folders.hpp"
 #include "app/page_commands.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/app_bitmaps.hpp"
-#include "app/wnd/data_root.hpp"
 #include "app/wnd/file_pane.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "core/command_ids.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "core/titles.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/clock.hpp"
 #include "platform/file.hpp"
@@ -15,6 +15,8 @@
 #include <span>
 
 namespace app {
+
+namespace command = core::command;
 
 namespace {
 
@@ -30,18 +32,18 @@ HICON load_icon(int width_metric, int height_metric)
 } // namespace
 
 AppWnd::AppWnd()
-    : history_(history_file(folders()))
-    , commands_({ [this](RefreshMask& pending) { refresh_views(pending); },
+    : history_(core::history_file(core::folders()))
+    , commands_({ [this](core::RefreshMask& pending) { refresh_views(pending); },
           [this](const std::exception_ptr& failure) { report_failure(failure); },
           [this] { return is_gone(); },
-          [this] { return overdue_views(shown_index_, current_index(book_)); } })
+          [this] { return core::overdue_views(shown_index_, current_index(book_)); } })
     , q_box_(this, command::box_1)
     , a_box_(this, command::box_2)
     , d_box_(this, command::box_3)
     , file_pane_(std::make_unique<FilePane>(this, &book_, path_answers_))
     , menu_pictures_(app_bitmap)
     , accelerators_(LoadAcceleratorsW(ovlib::WinApp::instance, MAKEINTRESOURCEW(accelerator_resource)))
-    , shortcut_thread_(full_path(folders().shortcut) + L"\\")
+    , shortcut_thread_(core::full_path(core::folders().shortcut) + L"\\")
 {
     book_.clear();
     make_book_dialogs();
@@ -136,7 +138,7 @@ int AppWnd::show_message(const std::wstring& text, BoxStyle style)
     if (is_gone())
         return 0;
     const InputGate::Hold hold{ input_ };
-    return message_box(text, message_caption(book_.path), static_cast<std::uint32_t>(style));
+    return message_box(text, core::message_caption(book_.path), static_cast<std::uint32_t>(style));
 }
 
 bool AppWnd::is_busy() const
@@ -150,7 +152,7 @@ bool AppWnd::on_end_session(const ovlib::WndMessage& message)
 {
     if (message.wparam == 0)
         return false;
-    auto file = platform::File::create(end_of_logon_file(folders()));
+    auto file = platform::File::create(core::end_of_logon_file(core::folders()));
     const std::wstring text = end_of_logon_text(platform::local_time());
     if (file.is_open())
         file.write(std::as_bytes(std::span{ text }));

@@ -6,7 +6,6 @@
 // let messages through: after each of them nothing learned before holds, and the page is to be looked up
 // again.
 #pragma once
-#include "app/command_rules.hpp"
 #include "app/command_run.hpp"
 #include "app/failures.hpp"
 #include "app/input_gate.hpp"
@@ -18,6 +17,7 @@
 #include "book/wnd/historywnd.hpp"
 #include "controls/menu_rows.hpp"
 #include "controls/wheel_steps.hpp"
+#include "core/command_rules.hpp"
 #include "look/tab_strip.hpp"
 #include "look/wnd/mybox.hpp"
 #include "look/wnd/warningwnd.hpp"
@@ -114,55 +114,55 @@ private:
     // Commands.
     bool on_command(const ovlib::WndMessage& message);
     void run_command(const CommandInput& input);
-    Needs met_needs() const;
+    core::Needs met_needs() const;
     bool on_wheel(const ovlib::WndMessage& message);
     void report_failure(const std::exception_ptr& failure);
-    Outcome on_new_book(const CommandInput& input);
-    Outcome on_open_book(const CommandInput& input);
-    Outcome on_save(const CommandInput& input);
-    Outcome on_save_as(const CommandInput& input);
-    Outcome on_restore(const CommandInput& input);
-    Outcome on_backup(const CommandInput& input);
-    Outcome on_step(const CommandInput& input);
-    Outcome on_end_page(const CommandInput& input);
-    Outcome on_toggle_mark(const CommandInput& input);
-    Outcome on_toggle_tracking(const CommandInput& input);
-    Outcome on_change_order(const CommandInput& input);
-    Outcome on_close_program(const CommandInput& input);
-    Outcome on_request_refresh(const CommandInput& input);
-    Outcome on_go_to_tab(const CommandInput& input);
-    Outcome on_box_changed(const CommandInput& input);
-    Outcome on_renew_edited_mark(const CommandInput& input);
-    Outcome on_delete_page(const CommandInput& input);
-    Outcome on_set_accepting_input(const CommandInput& input);
-    Outcome on_add_page(const CommandInput& input);
-    Outcome on_ignore(const CommandInput& input);
-    Outcome on_theme(const CommandInput& input);
-    Outcome on_theme_to_pages(const CommandInput& input);
-    Outcome on_history_entry(const CommandInput& input);
-    Outcome on_show_history(const CommandInput& input);
-    Outcome on_about(const CommandInput& input);
-    Outcome on_interpolation(const CommandInput& input);
-    Outcome on_repaint_box(const CommandInput& input);
-    Outcome on_toggle_tab(const CommandInput& input);
-    Outcome on_remove_tab(const CommandInput& input);
-    Outcome on_clear_folder(const CommandInput& input);
-    Outcome on_remove_file(const CommandInput& input);
-    Outcome on_remove_all_files(const CommandInput& input);
-    Outcome on_select_file(const CommandInput& input);
-    Outcome on_move_file(const CommandInput& input);
-    Outcome on_sort_files(const CommandInput& input);
+    core::Outcome on_new_book(const CommandInput& input);
+    core::Outcome on_open_book(const CommandInput& input);
+    core::Outcome on_save(const CommandInput& input);
+    core::Outcome on_save_as(const CommandInput& input);
+    core::Outcome on_restore(const CommandInput& input);
+    core::Outcome on_backup(const CommandInput& input);
+    core::Outcome on_step(const CommandInput& input);
+    core::Outcome on_end_page(const CommandInput& input);
+    core::Outcome on_toggle_mark(const CommandInput& input);
+    core::Outcome on_toggle_tracking(const CommandInput& input);
+    core::Outcome on_change_order(const CommandInput& input);
+    core::Outcome on_close_program(const CommandInput& input);
+    core::Outcome on_request_refresh(const CommandInput& input);
+    core::Outcome on_go_to_tab(const CommandInput& input);
+    core::Outcome on_box_changed(const CommandInput& input);
+    core::Outcome on_renew_edited_mark(const CommandInput& input);
+    core::Outcome on_delete_page(const CommandInput& input);
+    core::Outcome on_set_accepting_input(const CommandInput& input);
+    core::Outcome on_add_page(const CommandInput& input);
+    core::Outcome on_ignore(const CommandInput& input);
+    core::Outcome on_theme(const CommandInput& input);
+    core::Outcome on_theme_to_pages(const CommandInput& input);
+    core::Outcome on_history_entry(const CommandInput& input);
+    core::Outcome on_show_history(const CommandInput& input);
+    core::Outcome on_about(const CommandInput& input);
+    core::Outcome on_interpolation(const CommandInput& input);
+    core::Outcome on_repaint_box(const CommandInput& input);
+    core::Outcome on_toggle_tab(const CommandInput& input);
+    core::Outcome on_remove_tab(const CommandInput& input);
+    core::Outcome on_clear_folder(const CommandInput& input);
+    core::Outcome on_remove_file(const CommandInput& input);
+    core::Outcome on_remove_all_files(const CommandInput& input);
+    core::Outcome on_select_file(const CommandInput& input);
+    core::Outcome on_move_file(const CommandInput& input);
+    core::Outcome on_sort_files(const CommandInput& input);
     void change_order(int id);
     void swap_page(int direction);
 
     // Commands on files and folders that ask the system or the shell.
-    Outcome on_add_files(const CommandInput& input);
-    Outcome on_duplicate_file(const CommandInput& input);
-    Outcome on_search_moved_file(const CommandInput& input);
-    Outcome on_open_file(const CommandInput& input);
-    Outcome on_show_file_in_folder(const CommandInput& input);
-    Outcome on_open_folder(const CommandInput& input);
-    Outcome on_choose_folder(const CommandInput& input);
+    core::Outcome on_add_files(const CommandInput& input);
+    core::Outcome on_duplicate_file(const CommandInput& input);
+    core::Outcome on_search_moved_file(const CommandInput& input);
+    core::Outcome on_open_file(const CommandInput& input);
+    core::Outcome on_show_file_in_folder(const CommandInput& input);
+    core::Outcome on_open_folder(const CommandInput& input);
+    core::Outcome on_choose_folder(const CommandInput& input);
     std::vector<std::wstring> paths_chosen_in(ovlib::modern::FileOpenDialog& dialog);
     std::wstring ask_for_copy_of(const std::wstring& source);
 
@@ -172,7 +172,7 @@ private:
     bool start_shortcut_creation_async(const std::vector<std::wstring>& paths);
     bool start_shortcut_creation(const std::function<media::QueueCounts()>& queue_entries);
     // The views to be refreshed.
-    RefreshMask search_moved_file();
+    core::RefreshMask search_moved_file();
 
     // The controls beside the boxes.
     std::array<ovlib::Wnd*, typing_fields.size()> fields();
@@ -180,22 +180,22 @@ private:
     void note_field_focus(int id);
     bool on_focus();
     bool is_focused_button(std::int64_t handle) const;
-    void refresh_controls(View view);
+    void refresh_controls(core::View view);
     void refresh_file_combo();
     void refresh_file_pane();
     bool on_slider(const ovlib::WndMessage& message);
     void turn_by_slider(std::uint64_t position);
-    Outcome on_toggle_search_check(const CommandInput& input);
-    Outcome on_search_changed(const CommandInput& input);
-    Outcome on_clear_search(const CommandInput& input);
-    Outcome on_search_selection(const CommandInput& input);
-    Outcome on_file_combo(const CommandInput& input);
+    core::Outcome on_toggle_search_check(const CommandInput& input);
+    core::Outcome on_search_changed(const CommandInput& input);
+    core::Outcome on_clear_search(const CommandInput& input);
+    core::Outcome on_search_selection(const CommandInput& input);
+    core::Outcome on_file_combo(const CommandInput& input);
 
     // Popup menus.
-    Outcome on_book_menu(const CommandInput& input);
-    Outcome on_folder_menu(const CommandInput& input);
-    Outcome on_file_menu(const CommandInput& input);
-    Outcome on_web_menu(const CommandInput& input);
+    core::Outcome on_book_menu(const CommandInput& input);
+    core::Outcome on_folder_menu(const CommandInput& input);
+    core::Outcome on_file_menu(const CommandInput& input);
+    core::Outcome on_web_menu(const CommandInput& input);
     bool on_background_press(const ovlib::WndMessage& message);
     bool on_background_release(const ovlib::WndMessage& message);
     void show_menu(const ovlib::MenuRows& rows, std::uint32_t flags, POINT point);
@@ -224,8 +224,8 @@ private:
     // The current page.
     void apply_book_settings();
     void set_box_fonts();
-    void refresh_views(RefreshMask& pending);
-    void serve_view(View view);
+    void refresh_views(core::RefreshMask& pending);
+    void serve_view(core::View view);
     void refresh_box_state();
     void bring_lost_boxes_back(bool wrap);
     void show_page(const book::Page* page);

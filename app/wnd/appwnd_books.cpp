@@ -1,17 +1,20 @@
 // New, open, load, save, save as and backup.
-#include "app/command_ids.hpp"
-#include "app/history_rows.hpp"
 #include "app/last_book.hpp"
 #include "app/page_commands.hpp"
-#include "app/settings.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
+#include "book/history_rows.hpp"
 #include "book/my_exception.hpp"
+#include "core/command_ids.hpp"
+#include "core/data_root.hpp"
+#include "core/settings.hpp"
+#include "core/titles.hpp"
 #include "look/theme.hpp"
 #include "platform/file.hpp"
 
 namespace app {
+
+namespace command = core::command;
+namespace refresh = core::refresh;
 
 bool AppWnd::save_book(SaveCode code)
 {
@@ -37,7 +40,7 @@ bool AppWnd::save_book(SaveCode code)
 
 bool AppWnd::write_book()
 {
-    if (!book_.save_to(book_file(book_.path))) {
+    if (!book_.save_to(core::path_from_data_root(book_.path))) {
         tell_save_failure();
         return false;
     }
@@ -48,7 +51,7 @@ bool AppWnd::write_book()
 
 void AppWnd::tell_save_failure()
 {
-    const DWORD attributes = GetFileAttributesW(book_file(book_.path).c_str());
+    const DWORD attributes = GetFileAttributesW(core::path_from_data_root(book_.path).c_str());
     show_message(save_failure_text(book_.path, attributes), BoxStyle::warning);
 }
 
@@ -76,9 +79,9 @@ bool AppWnd::start_new_book(const std::wstring& path)
 {
     book_.clear();
     forget_shown_page();
-    book_.new_page(0);
+    book_.new_page(0, look::page_colors(look::palette()));
     book_.path = path;
-    return book_.save_to(book_file(path));
+    return book_.save_to(core::path_from_data_root(path));
 }
 
 bool AppWnd::open_book(std::wstring& path)
@@ -96,8 +99,8 @@ bool AppWnd::open_book(std::wstring& path)
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the copy is what is wanted
 bool AppWnd::load_book(std::wstring path)
 {
-    set_current_directory(L"");
-    if (!platform::exists(book_file(path))) {
+    core::set_current_directory(L"");
+    if (!platform::exists(core::path_from_data_root(path))) {
         show_message(L"ファイル [" + path + L"] が見つかりませんでした．", BoxStyle::warning);
         forget_book(path);
         return false;
@@ -111,7 +114,7 @@ bool AppWnd::load_book(std::wstring path)
     }
     take_book_settings(path);
     remember_book();
-    if (settings().auto_backup && !backup_book(nullptr))
+    if (core::settings().auto_backup && !backup_book(nullptr))
         show_message(L"バックアップファイルの作成に失敗\r\n" + book_.path, BoxStyle::warning);
     start_shortcut_creation_async();
     return true;
@@ -165,7 +168,7 @@ void AppWnd::forget_book(const std::wstring& path)
 void AppWnd::enable_history()
 {
     if (history_window_.hwnd())
-        history_window_.enable(is_history_enabled(is_busy(), is_accepting_input()));
+        history_window_.enable(book::is_history_enabled(is_busy(), is_accepting_input()));
 }
 
 // A Book whose settings cannot be applied must not be the first one that the next start tries.
@@ -181,53 +184,53 @@ void AppWnd::take_book_settings(const std::wstring& path)
     }
 }
 
-Outcome AppWnd::on_new_book(const CommandInput&)
+core::Outcome AppWnd::on_new_book(const CommandInput&)
 {
-    return new_book() ? Outcome::done : Outcome::failed;
+    return new_book() ? core::Outcome::done : core::Outcome::failed;
 }
 
-Outcome AppWnd::on_open_book(const CommandInput&)
+core::Outcome AppWnd::on_open_book(const CommandInput&)
 {
     std::wstring path;
-    return open_book(path) ? Outcome::done : Outcome::failed;
+    return open_book(path) ? core::Outcome::done : core::Outcome::failed;
 }
 
-Outcome AppWnd::on_history_entry(const CommandInput& input)
+core::Outcome AppWnd::on_history_entry(const CommandInput& input)
 {
     const auto place = static_cast<std::size_t>(input.id - command::first_history_entry);
     std::wstring path = place < history_.entries().size() ? history_.entries()[place] : std::wstring{};
-    return open_book(path) ? Outcome::done : Outcome::failed;
+    return open_book(path) ? core::Outcome::done : core::Outcome::failed;
 }
 
-Outcome AppWnd::on_show_history(const CommandInput&)
+core::Outcome AppWnd::on_show_history(const CommandInput&)
 {
     history_window_.show(true);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_save(const CommandInput& input)
+core::Outcome AppWnd::on_save(const CommandInput& input)
 {
-    return save_book(static_cast<SaveCode>(input.id)) ? Outcome::done : Outcome::failed;
+    return save_book(static_cast<SaveCode>(input.id)) ? core::Outcome::done : core::Outcome::failed;
 }
 
-Outcome AppWnd::on_save_as(const CommandInput&)
+core::Outcome AppWnd::on_save_as(const CommandInput&)
 {
     save_book_as();
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_restore(const CommandInput&)
+core::Outcome AppWnd::on_restore(const CommandInput&)
 {
-    return load_book(book_.path) ? Outcome::done : Outcome::failed;
+    return load_book(book_.path) ? core::Outcome::done : core::Outcome::failed;
 }
 
-Outcome AppWnd::on_backup(const CommandInput&)
+core::Outcome AppWnd::on_backup(const CommandInput&)
 {
     std::wstring result;
     backup_book(&result);
     if (!result.empty())
         show_message(result, BoxStyle::plain);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
 } // namespace app

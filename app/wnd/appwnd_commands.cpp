@@ -1,18 +1,20 @@
 // Which command does what. What holds before and after stands in the rules.
-#include "app/command_ids.hpp"
 #include "app/page_commands.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/appwnd.hpp"
+#include "core/command_ids.hpp"
+#include "core/titles.hpp"
 #include "look/theme.hpp"
 #include <array>
 
 namespace app {
 
+namespace command = core::command;
+
 // Commands whose windows are still to come have their rules already, and no handler here.
 struct AppWnd::CommandTable {
     struct Entry {
-        IdRange ids;
-        Outcome (AppWnd::*handler)(const CommandInput&);
+        core::IdRange ids;
+        core::Outcome (AppWnd::*handler)(const CommandInput&);
     };
 
     static constexpr std::array entries{
@@ -73,7 +75,7 @@ struct AppWnd::CommandTable {
         Entry{ { command::first_history_entry, command::last_history_entry }, &AppWnd::on_history_entry },
         Entry{ command::show_history, &AppWnd::on_show_history },
     };
-    static_assert(is_ordered(std::span<const Entry>{ entries }));
+    static_assert(core::is_ordered(std::span<const Entry>{ entries }));
 };
 
 bool AppWnd::on_command(const ovlib::WndMessage& message)
@@ -98,15 +100,16 @@ bool AppWnd::is_focused_button(std::int64_t handle) const
 
 void AppWnd::run_command(const CommandInput& input)
 {
-    const CommandRule* rule = find_command(input.id, input.code);
-    const auto* entry = find_row(std::span<const CommandTable::Entry>{ CommandTable::entries }, input.id);
-    if (!rule || !entry || is_refused(*rule, met_needs()))
+    const core::CommandRule* rule = core::find_command(input.id, input.code);
+    const auto* entry =
+        core::find_row(std::span<const CommandTable::Entry>{ CommandTable::entries }, input.id);
+    if (!rule || !entry || core::is_refused(*rule, met_needs()))
         return;
-    const Outcome outcome = (this->*entry->handler)(input);
+    const core::Outcome outcome = (this->*entry->handler)(input);
     commands_.merge(rule->mask(outcome));
 }
 
-Needs AppWnd::met_needs() const
+core::Needs AppWnd::met_needs() const
 {
     return app::met_needs({ is_accepting_input(), is_busy() }, book_);
 }
@@ -123,69 +126,69 @@ void AppWnd::report_failure(const std::exception_ptr& failure)
     send(WM_CLOSE, 0, 0);
 }
 
-Outcome AppWnd::on_close_program(const CommandInput&)
+core::Outcome AppWnd::on_close_program(const CommandInput&)
 {
     send(WM_CLOSE, 0, 0);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_request_refresh(const CommandInput& input)
+core::Outcome AppWnd::on_request_refresh(const CommandInput& input)
 {
-    commands_.merge(static_cast<RefreshMask>(input.lparam));
-    return Outcome::done;
+    commands_.merge(static_cast<core::RefreshMask>(input.lparam));
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_box_changed(const CommandInput&)
+core::Outcome AppWnd::on_box_changed(const CommandInput&)
 {
     if (!edited_mark_) {
         edited_mark_ = true;
         update_title();
     }
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_renew_edited_mark(const CommandInput&)
+core::Outcome AppWnd::on_renew_edited_mark(const CommandInput&)
 {
     edited_mark_ = has_edits();
     update_title();
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_set_accepting_input(const CommandInput& input)
+core::Outcome AppWnd::on_set_accepting_input(const CommandInput& input)
 {
     input_.set_held(input.lparam == 0);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_ignore(const CommandInput&)
+core::Outcome AppWnd::on_ignore(const CommandInput&)
 {
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_about(const CommandInput&)
+core::Outcome AppWnd::on_about(const CommandInput&)
 {
-    show_message(about_text(), BoxStyle::plain);
-    return Outcome::done;
+    show_message(core::about_text(), BoxStyle::plain);
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_repaint_box(const CommandInput& input)
+core::Outcome AppWnd::on_repaint_box(const CommandInput& input)
 {
     InvalidateRect(boxes()[static_cast<std::size_t>(input.code)]->hwnd(), nullptr, TRUE);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_theme(const CommandInput& input)
+core::Outcome AppWnd::on_theme(const CommandInput& input)
 {
     book_.header.theme = apply_theme(input.id);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_theme_to_pages(const CommandInput&)
+core::Outcome AppWnd::on_theme_to_pages(const CommandInput&)
 {
     color_all_pages(book_, look::palette());
     for (const look::MyBox* box : boxes())
         RedrawWindow(box->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_FRAME);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
 } // namespace app

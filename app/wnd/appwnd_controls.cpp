@@ -1,13 +1,15 @@
 // The controls beside the boxes: when they are brought up to date, and what they do to the Book.
-#include "app/command_ids.hpp"
 #include "app/file_commands.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
 #include "book/page_order.hpp"
+#include "core/command_ids.hpp"
+#include "core/data_root.hpp"
 #include "look/page_slider.hpp"
 #include <algorithm>
 
 namespace app {
+
+namespace refresh = core::refresh;
 
 std::array<ovlib::Wnd*, typing_fields.size()> AppWnd::fields()
 {
@@ -47,24 +49,24 @@ bool AppWnd::on_focus()
     return place.has_value();
 }
 
-void AppWnd::refresh_controls(View view)
+void AppWnd::refresh_controls(core::View view)
 {
     switch (view) {
-    case View::file_pane:
+    case core::View::file_pane:
         return refresh_file_pane();
-    case View::file_combo:
+    case core::View::file_combo:
         return refresh_file_combo();
-    case View::tabs:
+    case core::View::tabs:
         return controls_.tabs().rebuild();
-    case View::page_buttons:
+    case core::View::page_buttons:
         return controls_.show_buttons(page_buttons(book_, is_busy()));
-    case View::folder_button:
+    case core::View::folder_button:
         if (const auto has_folder = folder_button_lit(book_))
             controls_.show_folder(*has_folder);
         return;
-    case View::slider:
+    case core::View::slider:
         return controls_.slider().show_page(book_.pages.size(), book_.header.position);
-    case View::status_bar:
+    case core::View::status_bar:
         return controls_.status_bar().show_changes();
     default:
         return;
@@ -73,7 +75,7 @@ void AppWnd::refresh_controls(View view)
 
 void AppWnd::refresh_file_combo()
 {
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     if (const auto files = file_combo(book_, path_answers_))
         controls_.show_files(*files);
 }
@@ -89,7 +91,7 @@ bool AppWnd::on_slider(const ovlib::WndMessage& message)
     case look::PageMove::none:
         break;
     case look::PageMove::show_again:
-        commands_.run([this] { commands_.merge(static_cast<RefreshMask>(View::slider)); });
+        commands_.run([this] { commands_.merge(static_cast<core::RefreshMask>(core::View::slider)); });
         break;
     case look::PageMove::turn:
         commands_.run([this, value] { turn_by_slider(static_cast<std::uint64_t>(value)); });
@@ -112,41 +114,41 @@ void AppWnd::turn_by_slider(std::uint64_t position)
     commands_.merge(refresh::full);
 }
 
-Outcome AppWnd::on_toggle_search_check(const CommandInput& input)
+core::Outcome AppWnd::on_toggle_search_check(const CommandInput& input)
 {
     controls_.check(input.id)->toggle();
     step_page(0);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_search_changed(const CommandInput&)
+core::Outcome AppWnd::on_search_changed(const CommandInput&)
 {
     step_page(0);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
 // The box tells of its change by itself.
-Outcome AppWnd::on_clear_search(const CommandInput&)
+core::Outcome AppWnd::on_clear_search(const CommandInput&)
 {
     controls_.search_box().set_text(L"");
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_search_selection(const CommandInput&)
+core::Outcome AppWnd::on_search_selection(const CommandInput&)
 {
     for (const look::MyBox* box : boxes()) {
         if (box->hwnd() == GetFocus() && box->has_selection())
             controls_.search_box().set_text(box->selected_text());
     }
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_file_combo(const CommandInput&)
+core::Outcome AppWnd::on_file_combo(const CommandInput&)
 {
     book::Page* page = book_.current_page();
     const int row = controls_.file_combo().selected();
     const bool chosen = page && row >= 0 && select_file(*page, static_cast<std::uint64_t>(row));
-    return chosen ? Outcome::done : Outcome::failed;
+    return chosen ? core::Outcome::done : core::Outcome::failed;
 }
 
 } // namespace app

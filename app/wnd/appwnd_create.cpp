@@ -1,8 +1,8 @@
 // How the main window comes up and goes down.
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
 #include "app/wnd/file_pane.hpp"
 #include "app/wnd/settings_file.hpp"
+#include "core/data_root.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "ovlib/gui/dc.hpp"
@@ -27,7 +27,7 @@ bool AppWnd::on_create(ovlib::WndMessage& message)
 
 bool AppWnd::create_view()
 {
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     load_settings();
     history_.load();
     {

@@ -1,10 +1,10 @@
 // Commands on the current page's file list.
-#include "app/command_ids.hpp"
 #include "app/file_commands.hpp"
 #include "app/file_texts.hpp"
 #include "app/page_note.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
+#include "core/command_ids.hpp"
+#include "core/data_root.hpp"
 #include "media/system_paths.hpp"
 #include "media/wnd/shell_open.hpp"
 #include "platform/file.hpp"
@@ -13,11 +13,13 @@
 
 namespace app {
 
+namespace command = core::command;
+
 namespace {
 
-Outcome outcome_of(bool done)
+core::Outcome outcome_of(bool done)
 {
-    return done ? Outcome::done : Outcome::failed;
+    return done ? core::Outcome::done : core::Outcome::failed;
 }
 
 std::wstring extension_without_point(const std::wstring& path)
@@ -28,23 +30,23 @@ std::wstring extension_without_point(const std::wstring& path)
 
 } // namespace
 
-Outcome AppWnd::on_select_file(const CommandInput& input)
+core::Outcome AppWnd::on_select_file(const CommandInput& input)
 {
     book::Page* page = book_.current_page();
     if (!page || !select_file_by(*page, input.id))
-        return Outcome::failed;
+        return core::Outcome::failed;
     // The mask of a choice leaves out the combo box, which needs not be filled anew.
     controls_.file_combo().select(static_cast<int>(page->current_file));
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_move_file(const CommandInput& input)
+core::Outcome AppWnd::on_move_file(const CommandInput& input)
 {
     book::Page* page = book_.current_page();
     return outcome_of(page && move_file(*page, input.id));
 }
 
-Outcome AppWnd::on_sort_files(const CommandInput& input)
+core::Outcome AppWnd::on_sort_files(const CommandInput& input)
 {
     book::Page* page = book_.current_page();
     const FileOrder order =
@@ -52,42 +54,42 @@ Outcome AppWnd::on_sort_files(const CommandInput& input)
     return outcome_of(page && sort_files(*page, order));
 }
 
-Outcome AppWnd::on_remove_file(const CommandInput&)
+core::Outcome AppWnd::on_remove_file(const CommandInput&)
 {
     const std::optional<EntryNote> asked = note_entry(book_);
     if (!asked)
-        return Outcome::failed;
+        return core::Outcome::failed;
     const std::wstring question = L"リストからこのファイルを削除しますか？\r\n" + asked->text;
     if (show_message(question, BoxStyle::question) != answer_yes || !still_stands(*asked, book_))
-        return Outcome::failed;
+        return core::Outcome::failed;
     return outcome_of(remove_file(*book_.current_page()));
 }
 
-Outcome AppWnd::on_remove_all_files(const CommandInput&)
+core::Outcome AppWnd::on_remove_all_files(const CommandInput&)
 {
     const std::optional<PageNote> asked = note_page(book_);
     if (!asked)
-        return Outcome::failed;
+        return core::Outcome::failed;
     const int answer = show_message(L"リストから全てのファイルを削除しますか？", BoxStyle::question);
     if (answer != answer_yes || !still_stands(*asked, book_))
-        return Outcome::failed;
+        return core::Outcome::failed;
     return outcome_of(remove_all_files(*book_.current_page()));
 }
 
-Outcome AppWnd::on_add_files(const CommandInput&)
+core::Outcome AppWnd::on_add_files(const CommandInput&)
 {
     const std::optional<PageNote> asked = note_page(book_);
     if (!asked)
-        return Outcome::failed;
+        return core::Outcome::failed;
     ovlib::modern::FileOpenDialog dialog{ this };
     dialog.set_title(add_files_title);
     dialog.allow_multiple(true);
     const std::vector<std::wstring> chosen = paths_chosen_in(dialog);
     if (chosen.empty() || !still_stands(*asked, book_))
-        return Outcome::failed;
+        return core::Outcome::failed;
     append_files(*book_.current_page(), chosen);
     start_shortcut_creation_async(chosen);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
 // Full paths; none when the dialog was left. The dialog may move the current directory, from which relative
@@ -98,27 +100,27 @@ std::vector<std::wstring> AppWnd::paths_chosen_in(ovlib::modern::FileOpenDialog&
     std::vector<std::wstring> paths;
     if (dialog.show())
         dialog.get_result(paths);
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     return paths;
 }
 
-Outcome AppWnd::on_duplicate_file(const CommandInput&)
+core::Outcome AppWnd::on_duplicate_file(const CommandInput&)
 {
     const std::optional<EntryNote> asked = note_entry(book_);
     if (!asked)
-        return Outcome::failed;
-    set_current_directory(L"");
-    const std::wstring source = full_path(asked->text);
+        return core::Outcome::failed;
+    core::set_current_directory(L"");
+    const std::wstring source = core::full_path(asked->text);
     const std::wstring copy = ask_for_copy_of(source);
     if (copy.empty() || !still_stands(*asked, book_))
-        return Outcome::failed;
+        return core::Outcome::failed;
     // Onto itself nothing is copied, and that is told as done all the same.
     if (!platform::same_text_ignoring_case(copy, source) && !CopyFileW(source.c_str(), copy.c_str(), FALSE)) {
         tell_system_error(GetLastError());
-        return Outcome::failed;
+        return core::Outcome::failed;
     }
     show_message(duplicated_text(source, copy), BoxStyle::plain);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
 std::wstring AppWnd::ask_for_copy_of(const std::wstring& source)
@@ -130,35 +132,35 @@ std::wstring AppWnd::ask_for_copy_of(const std::wstring& source)
     dialog.set_default_extension(extension_without_point(source));
     const InputGate::Hold hold{ input_ };
     std::wstring chosen = dialog.show() ? dialog.result() : std::wstring{};
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     return chosen;
 }
 
-Outcome AppWnd::on_open_file(const CommandInput&)
+core::Outcome AppWnd::on_open_file(const CommandInput&)
 {
     const std::optional<EntryNote> asked = note_entry(book_);
     if (!asked)
-        return Outcome::failed;
-    set_current_directory(L"");
+        return core::Outcome::failed;
+    core::set_current_directory(L"");
     // In full, or the shell would look for a bare name among the system's programs too.
     const bool is_there = platform::exists(asked->text);
-    if (media::open_by_shell(hwnd(), is_there ? full_path(asked->text) : asked->text))
-        return Outcome::done;
+    if (media::open_by_shell(hwnd(), is_there ? core::full_path(asked->text) : asked->text))
+        return core::Outcome::done;
     show_message(open_file_failure(asked->text), BoxStyle::warning);
-    return Outcome::failed;
+    return core::Outcome::failed;
 }
 
-Outcome AppWnd::on_show_file_in_folder(const CommandInput&)
+core::Outcome AppWnd::on_show_file_in_folder(const CommandInput&)
 {
     const std::optional<EntryNote> asked = note_entry(book_);
     if (!asked)
-        return Outcome::failed;
-    set_current_directory(L"");
+        return core::Outcome::failed;
+    core::set_current_directory(L"");
     const std::wstring path = media::full_entry(asked->text);
     if (media::show_in_folder(hwnd(), path))
-        return Outcome::done;
+        return core::Outcome::done;
     show_message(show_in_folder_failure(path), BoxStyle::warning);
-    return Outcome::failed;
+    return core::Outcome::failed;
 }
 
 } // namespace app

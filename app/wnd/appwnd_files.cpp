@@ -1,10 +1,10 @@
 // The file dialogs of the Book commands, and the backup.
-#include "app/folders.hpp"
-#include "app/settings.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
 #include "app/wnd/shell_folders.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "core/settings.hpp"
+#include "core/titles.hpp"
 #include "platform/file.hpp"
 #include "platform/path_text.hpp"
 
@@ -25,19 +25,19 @@ void AppWnd::make_book_dialogs()
 std::wstring AppWnd::ask_for_book()
 {
     const InputGate::Hold hold{ input_ };
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     book_open_dialog_.set_title(L"Book を開く");
     return book_open_dialog_.show() ? book_open_dialog_.result() : std::wstring{};
 }
 
 std::wstring AppWnd::choose_book_path(const wchar_t* title, const std::wstring& start)
 {
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     if (start.empty()) {
         book_save_dialog_.set_folder(desktop_folder());
         book_save_dialog_.set_file_name(L"");
     } else {
-        const std::wstring full = full_path(start);
+        const std::wstring full = core::full_path(start);
         book_save_dialog_.set_folder(platform::parent_path(full));
         book_save_dialog_.set_file_name(std::wstring{ platform::file_name(full) });
     }
@@ -54,12 +54,12 @@ bool AppWnd::backup_book(std::wstring* result)
             *result = text;
     };
     tell(L"");
-    const std::wstring& folder = folders().book_backup;
+    const std::wstring& folder = core::folders().book_backup;
     if (!platform::is_folder(folder) && !platform::create_folder(folder)) {
         tell(L"Error: バックアップフォルダの作成に失敗しました．\r\n" + folder);
         return false;
     }
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     const std::wstring source = book_.path;
     if (source.empty() || book_.pages.empty()) {
         tell(L"Error: この Book は無効です．\r\n" + source);
@@ -69,7 +69,7 @@ bool AppWnd::backup_book(std::wstring* result)
     const std::wstring target = folder + L"\\" + name;
     if (result && platform::exists(target) && !may_overwrite_backup(name))
         return false;
-    if (!CopyFileW(book_file(source).c_str(), target.c_str(), FALSE)) {
+    if (!CopyFileW(core::path_from_data_root(source).c_str(), target.c_str(), FALSE)) {
         tell_system_error(GetLastError());
         return false;
     }
@@ -80,7 +80,7 @@ bool AppWnd::backup_book(std::wstring* result)
 void AppWnd::tell_system_error(std::uint32_t code)
 {
     const InputGate::Hold hold{ input_ };
-    error_box(code, program_name);
+    error_box(code, core::program_name);
 }
 
 bool AppWnd::may_overwrite_backup(const std::wstring& name)

@@ -1,7 +1,7 @@
 // Where the children are, the boundary between the boxes, and how the window is moved by its background.
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/file_pane.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include <windowsx.h>
 
 namespace app {

@@ -1,10 +1,10 @@
 // The links by which moved files are found again: made in the background, used on demand.
-#include "app/command_ids.hpp"
 #include "app/file_commands.hpp"
-#include "app/folders.hpp"
-#include "app/tracked_files.hpp"
+#include "app/page_note.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
+#include "core/command_ids.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
 #include "media/display_name.hpp"
 #include "media/moved_file_search.hpp"
 #include "media/system_paths.hpp"
@@ -15,11 +15,14 @@
 
 namespace app {
 
+namespace command = core::command;
+namespace refresh = core::refresh;
+
 namespace {
 
 std::wstring link_folder()
 {
-    return full_path(folders().shortcut);
+    return core::full_path(core::folders().shortcut);
 }
 
 class Starter : public media::ShortcutStarter {
@@ -102,12 +105,12 @@ private:
     std::optional<EntryNote> asked_;
 };
 
-RefreshMask AppWnd::search_moved_file()
+core::RefreshMask AppWnd::search_moved_file()
 {
     const book::Page* page = book_.current_page();
     if (!page)
         return 0;
-    set_current_directory(L"");
+    core::set_current_directory(L"");
     media::ShellLink link{ hwnd() };
     media::HashedLinkNames names{ link_folder() + L"\\" };
     media::SystemPaths paths;
@@ -117,9 +120,9 @@ RefreshMask AppWnd::search_moved_file()
     return media::search_moved_file(searched, { link, names, paths, talk }) ? refresh::file_choice : 0;
 }
 
-Outcome AppWnd::on_search_moved_file(const CommandInput&)
+core::Outcome AppWnd::on_search_moved_file(const CommandInput&)
 {
-    return search_moved_file() != 0 ? Outcome::done : Outcome::failed;
+    return search_moved_file() != 0 ? core::Outcome::done : core::Outcome::failed;
 }
 
 } // namespace app

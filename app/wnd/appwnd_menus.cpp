@@ -1,9 +1,9 @@
 // The popup menus: where they come up, and on what state.
 #include "app/file_commands.hpp"
 #include "app/menus.hpp"
-#include "app/settings.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
+#include "core/data_root.hpp"
+#include "core/settings.hpp"
 #include "media/display_name.hpp"
 #include "ovlib/gui/menu.hpp"
 #include "platform/file.hpp"
@@ -28,45 +28,45 @@ void AppWnd::show_menu(const ovlib::MenuRows& rows, std::uint32_t flags, POINT p
     menu.show_at(*this, flags, point);
 }
 
-Outcome AppWnd::on_book_menu(const CommandInput&)
+core::Outcome AppWnd::on_book_menu(const CommandInput&)
 {
     POINT below{ layout_.book_button.left, layout_.book_button.bottom };
     ClientToScreen(hwnd(), &below);
     show_menu(book_menu(has_edits()), menu_flags::book, below);
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_folder_menu(const CommandInput&)
+core::Outcome AppWnd::on_folder_menu(const CommandInput&)
 {
     const book::Page* page = book_.current_page();
     if (!page)
-        return Outcome::failed;
+        return core::Outcome::failed;
     show_menu(folder_menu(!page->reference_folder.empty()), menu_flags::folder, mouse_on_screen());
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_file_menu(const CommandInput&)
+core::Outcome AppWnd::on_file_menu(const CommandInput&)
 {
     const book::Page* page = book_.current_page();
     if (!page)
-        return Outcome::failed;
+        return core::Outcome::failed;
     FileMenuState state;
     state.entry_count = page->files.size();
-    state.interpolation_command = settings().interpolation_command;
+    state.interpolation_command = core::settings().interpolation_command;
     if (const std::wstring* entry = current_entry(*page)) {
-        set_current_directory(L"");
+        core::set_current_directory(L"");
         state.entry = *entry;
         state.entry_name = media::display_name(*entry);
         state.is_entry_file = platform::path_kind(*entry) == platform::PathKind::regular_file;
     }
     show_menu(file_menu(state), menu_flags::file, mouse_on_screen());
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
-Outcome AppWnd::on_web_menu(const CommandInput&)
+core::Outcome AppWnd::on_web_menu(const CommandInput&)
 {
     show_menu(web_menu({}), menu_flags::web, mouse_on_screen());
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
 // The system's own handling of the press would wait for the release and keep it.

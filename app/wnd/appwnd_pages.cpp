@@ -1,13 +1,16 @@
 // The current page in the boxes, and the way of edits back.
-#include "app/command_ids.hpp"
 #include "app/page_commands.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
+#include "core/command_ids.hpp"
+#include "core/titles.hpp"
 #include "look/wnd/fonts.hpp"
 #include "platform/process_log.hpp"
 
 namespace app {
+
+namespace command = core::command;
+namespace refresh = core::refresh;
 
 namespace {
 
@@ -57,23 +60,23 @@ void AppWnd::set_box_fonts()
     }
 }
 
-void AppWnd::refresh_views(RefreshMask& pending)
+void AppWnd::refresh_views(core::RefreshMask& pending)
 {
     path_answers_.forget();
     book_.refresh_counts();
     // A new order may have put another page to the position.
-    pending |= overdue_views(shown_index_, current_index(book_));
-    serve_refresh(pending, [this](View view) { serve_view(view); });
+    pending |= core::overdue_views(shown_index_, current_index(book_));
+    core::serve_refresh(pending, [this](core::View view) { serve_view(view); });
 }
 
-void AppWnd::serve_view(View view)
+void AppWnd::serve_view(core::View view)
 {
     switch (view) {
-    case View::page:
+    case core::View::page:
         return show_page(book_.current_page());
-    case View::box_state:
+    case core::View::box_state:
         return refresh_box_state();
-    case View::history_enabled:
+    case core::View::history_enabled:
         return enable_history();
     default:
         return refresh_controls(view);
@@ -175,7 +178,7 @@ void AppWnd::update_title(const std::wstring& extra)
     const bool edited = has_edits();
     controls_.show_edited(edited);
     // The frame is drawn anew with each text, also by those who draw it for the system.
-    const std::wstring title = title_text(book_.path, { edited, book_.needs_update }, extra);
+    const std::wstring title = core::title_text(book_.path, { edited, book_.needs_update }, extra);
     if (text() != title)
         set_text(title);
 }

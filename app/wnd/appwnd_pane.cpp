@@ -1,8 +1,8 @@
 // The file pane and the place below it in which its file is told of.
-#include "app/settings.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/file_pane.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "core/settings.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace app {
 
@@ -22,11 +22,11 @@ void AppWnd::refresh_file_pane()
     UpdateWindow(hwnd());
 }
 
-Outcome AppWnd::on_interpolation(const CommandInput& input)
+core::Outcome AppWnd::on_interpolation(const CommandInput& input)
 {
-    settings().interpolation_command = input.id;
+    core::settings().interpolation_command = input.id;
     file_pane_->scale_anew();
-    return Outcome::done;
+    return core::Outcome::done;
 }
 
 } // namespace app

@@ -1,8 +1,8 @@
 #include "app/wnd/file_pane.hpp"
-#include "app/folders.hpp"
+#include "core/folders.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include <utility>
 
@@ -24,7 +24,8 @@ FilePane::FilePane(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& pat
 
 bool FilePane::create()
 {
-    small_picture_.set_film(ovlib::GDI::Bitmap{ ovlib::GDI::load_bitmap(folders().res + L"\\perfo.bmp") });
+    small_picture_.set_film(
+        ovlib::GDI::Bitmap{ ovlib::GDI::load_bitmap(core::folders().res + L"\\perfo.bmp") });
     return pane_.create(L"");
 }
 

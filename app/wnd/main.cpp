@@ -1,7 +1,7 @@
 // The entry of the program.
 #include "app/failures.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/startup.hpp"
+#include "core/titles.hpp"
 #include "ovlib/win_app.hpp"
 #include <windows.h>
 
@@ -13,7 +13,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t*, int show_command)
     } catch (...) {
         // Caught so that every scope on the way here has been left in order.
         const auto notice = app::failure_notice(std::current_exception(), app::FailedAt::creation);
-        MessageBoxW(nullptr, notice.text.c_str(), app::program_name, static_cast<UINT>(notice.style));
+        MessageBoxW(nullptr, notice.text.c_str(), core::program_name, static_cast<UINT>(notice.style));
         return -1;
     }
 }

@@ -1,9 +1,11 @@
 #include "app/wnd/main_controls.hpp"
 #include "book/query.hpp"
 #include "look/wnd/fonts.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace app {
+
+namespace command = core::command;
 
 namespace {
 

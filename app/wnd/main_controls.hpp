@@ -1,6 +1,6 @@
 // The controls of the main window beside the three boxes, and what they show.
 #pragma once
-#include "app/main_controls.hpp"
+#include "app/control_rows.hpp"
 #include "app/page_views.hpp"
 #include "book/book.hpp"
 #include "book/search.hpp"

@@ -1,6 +1,6 @@
 #include "app/wnd/settings_file.hpp"
-#include "app/folders.hpp"
-#include "app/settings.hpp"
+#include "core/folders.hpp"
+#include "core/settings.hpp"
 #include "ovlib/ini_data.hpp"
 
 namespace app {
@@ -9,7 +9,7 @@ namespace {
 
 constexpr const wchar_t* section = L"COMMON";
 
-class IniFile : public SettingsStore {
+class IniFile : public core::SettingsStore {
 public:
     std::int32_t read_number(const wchar_t* key, std::int32_t absent) override
     {
@@ -22,7 +22,7 @@ public:
     }
 
 private:
-    ovlib::IniData ini_{ settings_file(folders()) };
+    ovlib::IniData ini_{ core::settings_file(core::folders()) };
 };
 
 } // namespace
@@ -30,13 +30,13 @@ private:
 void load_settings()
 {
     IniFile file;
-    settings() = read_settings(file);
+    core::settings() = core::read_settings(file);
 }
 
 void store_settings()
 {
     IniFile file;
-    write_settings(settings(), file);
+    core::write_settings(core::settings(), file);
 }
 
 } // namespace app

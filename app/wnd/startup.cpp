@@ -1,10 +1,10 @@
 #include "app/wnd/startup.hpp"
 #include "app/failures.hpp"
-#include "app/folders.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/app_bitmaps.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "core/titles.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/system_error.hpp"
 #include "ovlib/win_app.hpp"
@@ -22,7 +22,7 @@ constexpr int failed = -1;
 
 void tell(const wchar_t* text, BoxStyle style)
 {
-    MessageBoxW(nullptr, text, program_name, static_cast<UINT>(style));
+    MessageBoxW(nullptr, text, core::program_name, static_cast<UINT>(style));
 }
 
 // The guard against a second run. Held for the life of the process.
@@ -97,7 +97,7 @@ int run_window()
         tell(L"Error: リソースの割り当てに失敗", BoxStyle::error);
         return failed;
     }
-    if (!window->create(program_name)) {
+    if (!window->create(core::program_name)) {
         tell(L"Error: ウィンドウの作成に失敗", BoxStyle::error);
         return end_window(*window, failed);
     }
@@ -135,9 +135,9 @@ int run_application()
     }
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_UNAWARE_GDISCALED);
     ovlib::WinApp::process_log().set_error_text(&ovlib::system_error_text);
-    hold_data_root();
-    set_current_directory(L"");
-    init_folders(ovlib::WinApp::data_root);
+    core::hold_data_root(ovlib::WinApp::data_root);
+    core::set_current_directory(L"");
+    core::init_folders(ovlib::WinApp::data_root);
     load_app_bitmaps();
     return run_with_libraries();
 }

@@ -1,9 +1,9 @@
 #include "bench/wnd/app_host.hpp"
-#include "app/folders.hpp"
-#include "app/settings.hpp"
-#include "app/titles.hpp"
-#include "app/wnd/data_root.hpp"
 #include "book/history_list.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "core/settings.hpp"
+#include "core/titles.hpp"
 #include "look/wnd/myslider.hpp"
 #include "ovlib/win_app.hpp"
 #include "tests/support/built_files.hpp"
@@ -19,8 +19,8 @@ DataRoot::DataRoot(book::Book& book)
     const std::wstring file = folder_.file(L"手帖.bok");
     if (!book.save_to(file))
         throw std::runtime_error("no room for a copy of the Book");
-    app::init_folders(folder_.path());
-    book::HistoryList(app::history_file(app::folders())).add(file);
+    core::init_folders(folder_.path());
+    book::HistoryList(core::history_file(core::folders())).add(file);
 }
 
 AppHost::AppHost(book::Book& book)
@@ -31,10 +31,10 @@ AppHost::AppHost(book::Book& book)
     InitCommonControlsEx(&request);
     ovlib::WinApp::instance = GetModuleHandleW(nullptr);
     ovlib::WinApp::data_root = root_.folder();
-    app::hold_data_root();
-    app::settings() = {};
+    core::hold_data_root(ovlib::WinApp::data_root);
+    core::settings() = {};
     window_ = std::make_unique<app::AppWnd>();
-    if (!window_->create(app::program_name))
+    if (!window_->create(core::program_name))
         throw std::runtime_error("no main window");
     SetForegroundWindow(window_->hwnd());
     settle();

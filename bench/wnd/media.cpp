@@ -1,8 +1,8 @@
 // Files beside the text: a photograph loaded and drawn, an animation's pace, page turns with pictures.
-#include "app/command_ids.hpp"
 #include "bench/harness.hpp"
 #include "bench/wnd/app_host.hpp"
-#include "media/drawing_lock.hpp"
+#include "core/command_ids.hpp"
+#include "core/locks.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/picture_files.hpp"
@@ -16,7 +16,7 @@ namespace bench {
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using namespace Gdiplus::DllExports;
 using Clock = std::chrono::steady_clock;
 

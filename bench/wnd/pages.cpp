@@ -1,8 +1,8 @@
 // Turning pages of the big Book in the main window: by command, by the slider, by a search.
-#include "app/command_ids.hpp"
 #include "bench/harness.hpp"
 #include "bench/wnd/app_host.hpp"
 #include "bench/wnd/plain_edits.hpp"
+#include "core/command_ids.hpp"
 #include "look/wnd/myslider.hpp"
 #include "tests/support/gui_mouse.hpp"
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace bench {
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 constexpr double frame_ms = 16.7;
 constexpr int turns = 10; // of one round

@@ -1,8 +1,8 @@
 // Painting each control, by itself and at the size that the program gives it.
-#include "app/folders.hpp"
 #include "bench/harness.hpp"
 #include "book/book.hpp"
-#include "look/page_bar.hpp"
+#include "core/folders.hpp"
+#include "look/page_bar_runs.hpp"
 #include "look/tab_strip.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
@@ -317,7 +317,7 @@ void run_paint(Bench& bench)
     ovlib::WinApp::instance = GetModuleHandleW(nullptr);
     const INITCOMMONCONTROLSEX request{ sizeof request, ICC_WIN95_CLASSES };
     InitCommonControlsEx(&request);
-    app::init_folders(test_support::dist_path());
+    core::init_folders(test_support::dist_path());
     const ovlib::GDIPSession gdip;
     {
         const ovlib::MemDC dc;

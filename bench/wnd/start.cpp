@@ -1,6 +1,7 @@
 // From the start of a process to a window that shows and answers.
 #include "bench/harness.hpp"
 #include "bench/wnd/app_host.hpp"
+#include "look/theme.hpp"
 #include "platform/text.hpp"
 #include <chrono>
 #include <memory>
@@ -84,7 +85,7 @@ void run_start_with(Bench& bench, const std::string& name, book::Book& book)
 void run_start(Bench& bench)
 {
     book::Book small;
-    small.new_page(0);
+    small.new_page(0, look::page_colors(look::palette()));
     run_start_with(bench, "start with a Book of one page", small);
     run_start_with(bench, "start with the big Book", bench.big_book());
 }

@@ -1,8 +1,9 @@
 // Typing into a box that holds a long text.
-#include "app/command_ids.hpp"
 #include "bench/harness.hpp"
 #include "bench/wnd/app_host.hpp"
 #include "bench/wnd/plain_edits.hpp"
+#include "core/command_ids.hpp"
+#include "look/theme.hpp"
 
 namespace bench {
 
@@ -24,7 +25,7 @@ std::wstring long_text()
 book::Book long_book(bool wraps, const std::wstring& text)
 {
     book::Book made;
-    made.new_page(0);
+    made.new_page(0, look::page_colors(look::palette()));
     made.pages.front().text[0] = text;
     made.header.wrap_text = wraps;
     return made;
@@ -50,7 +51,7 @@ void run_typing_with(Bench& bench, bool wraps, const std::string& name)
     const std::wstring text = long_text();
     book::Book book = long_book(wraps, text);
     AppHost host{ book };
-    HWND const box = host.control(app::command::box_1);
+    HWND const box = host.control(core::command::box_1);
     const PlainEdits plain{ { box } };
     SetWindowTextW(plain.edit(0), text.c_str());
     put_caret(box);

@@ -1,12 +1,12 @@
 #include "book/wnd/historywnd.hpp"
-#include "app/folders.hpp"
-#include "app/history_rows.hpp"
+#include "book/history_rows.hpp"
 #include "book/history_view.hpp"
+#include "core/folders.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "look/wnd/themed.hpp"
 #include "ovlib/gui/dc.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "platform/process_log.hpp"
 #include <algorithm>
 
@@ -99,7 +99,7 @@ void HistoryWnd::create_images()
 
 bool HistoryWnd::add_image(const wchar_t* file, const wchar_t* failure)
 {
-    const ovlib::GDI::Bitmap picture{ ovlib::GDI::load_bitmap(app::folders().res + file) };
+    const ovlib::GDI::Bitmap picture{ ovlib::GDI::load_bitmap(core::folders().res + file) };
     if (images_.add(picture.handle()) >= 0)
         return true;
     ovlib::WinApp::process_log().append(failure);
@@ -123,7 +123,7 @@ bool HistoryWnd::on_notify(const NMHDR& notice)
     if (notice.hwndFrom != list_.hwnd() || notice.code != NM_CLICK)
         return false;
     const int row = reinterpret_cast<const NMITEMACTIVATE&>(notice).iItem;
-    if (const std::optional<int> command = app::history_command(row))
+    if (const std::optional<int> command = book::history_command(row))
         parent()->post(WM_COMMAND, static_cast<std::uint64_t>(*command), 0);
     return true;
 }
@@ -166,13 +166,13 @@ void HistoryWnd::refill()
     list_.set_redraw(false);
     list_.clear();
     for (std::size_t i = 0; i < history_->entries().size(); ++i) {
-        const app::HistoryRow row = app::history_row(history_->entries()[i]);
+        const book::HistoryRow row = book::history_row(history_->entries()[i]);
         list_.set_cell(list_.add_row(row.name, history_image(i)), 1, row.folder);
     }
     list_.set_redraw(true);
     InvalidateRect(list_.hwnd(), nullptr, TRUE);
     UpdateWindow(list_.hwnd());
-    set_text(app::history_title(history_->entries().size()));
+    set_text(book::history_title(history_->entries().size()));
 }
 
 void HistoryWnd::BookList::apply_theme()
@@ -180,7 +180,7 @@ void HistoryWnd::BookList::apply_theme()
     MyListView::apply_theme();
     const look::ThemePalette& colors = look::palette();
     set_colors(
-        colors.box_back, app::history_text_color(colors.list_text, colors.box_back, parent()->is_enabled()));
+        colors.box_back, book::history_text_color(colors.list_text, colors.box_back, parent()->is_enabled()));
 }
 
 } // namespace book

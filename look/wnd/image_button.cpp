@@ -1,6 +1,6 @@
 #include "look/wnd/image_button.hpp"
-#include "app/folders.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "core/folders.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace look {
 
@@ -60,7 +60,7 @@ bool ImageButton::load_image(const std::wstring& path)
 
 bool ImageButton::load_res_image(const std::wstring& file_name)
 {
-    return load_image(app::folders().res + L'\\' + file_name);
+    return load_image(core::folders().res + L'\\' + file_name);
 }
 
 void ImageButton::set_align(SheetAlign align)

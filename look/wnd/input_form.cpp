@@ -1,7 +1,7 @@
 #include "look/wnd/input_form.hpp"
-#include "app/command_ids.hpp"
-#include "look/wnd/input_method.hpp"
+#include "core/command_ids.hpp"
 #include "look/wnd/keys.hpp"
+#include "look/wnd/system_input_method.hpp"
 
 namespace look {
 
@@ -60,7 +60,7 @@ bool InputForm::on_message(ovlib::WndMessage& message)
 
 InputForm::Order InputForm::order() const
 {
-    return { control_id(), app::command::input_form_enter };
+    return { control_id(), core::command::input_form_enter };
 }
 
 void InputForm::on_click()
@@ -86,7 +86,7 @@ bool BookSearchBox::on_message(ovlib::WndMessage& message)
 
 BookSearchBox::Order BookSearchBox::order() const
 {
-    return { is_shift_down() ? app::command::previous_page : app::command::next_page, 0 };
+    return { is_shift_down() ? core::command::previous_page : core::command::next_page, 0 };
 }
 
 } // namespace look

@@ -1,7 +1,7 @@
 #include "look/wnd/my_list_view.hpp"
 #include "look/list_header.hpp"
 #include "look/wnd/themed.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 
 namespace look {

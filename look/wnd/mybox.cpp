@@ -1,22 +1,22 @@
 #include "look/wnd/mybox.hpp"
-#include "app/command_ids.hpp"
-#include "app/command_table.hpp"
+#include "core/command_ids.hpp"
+#include "core/command_table.hpp"
 #include "look/box_menu.hpp"
-#include "look/wnd/input_method.hpp"
 #include "look/wnd/keys.hpp"
+#include "look/wnd/system_input_method.hpp"
 #include <array>
 
 namespace look {
 
 namespace {
 
-using namespace app;
+namespace command = core::command;
 
 constexpr int tab_stop = 4; // dialog units
 constexpr LONG many_lines = WS_VSCROLL | WS_HSCROLL | ES_WANTRETURN | ES_AUTOVSCROLL | ES_MULTILINE;
 
 using BoxAction = void (MyBox::*)();
-using Entry = CommandEntry<BoxAction>;
+using Entry = core::CommandEntry<BoxAction>;
 
 // The context menu's own commands.
 constexpr std::array box_commands{
@@ -27,7 +27,7 @@ constexpr std::array box_commands{
     Entry{ command::box_delete, &MyBox::erase_selection },
     Entry{ command::box_select_all, &MyBox::select_all },
 };
-static_assert(is_ordered(std::span<const Entry>{ box_commands }));
+static_assert(core::is_ordered(std::span<const Entry>{ box_commands }));
 
 std::int64_t as_lparam(HWND hwnd)
 {
@@ -110,7 +110,7 @@ BoxMenuState MyBox::menu_state() const
 // The notification code is not looked at: an accelerator sends 1 where a menu sends 0.
 bool MyBox::on_command(int id)
 {
-    if (const BoxAction* action = find_handler(std::span<const Entry>{ box_commands }, id, 0)) {
+    if (const BoxAction* action = core::find_handler(std::span<const Entry>{ box_commands }, id, 0)) {
         (this->**action)();
         return true;
     }

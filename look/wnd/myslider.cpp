@@ -1,6 +1,6 @@
 #include "look/wnd/myslider.hpp"
 #include "look/theme.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 
 namespace look {

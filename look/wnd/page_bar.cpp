@@ -1,9 +1,9 @@
 #include "look/wnd/page_bar.hpp"
-#include "app/folders.hpp"
-#include "look/page_bar.hpp"
+#include "core/folders.hpp"
+#include "look/page_bar_runs.hpp"
 #include "look/theme.hpp"
-#include "ovlib/gui/geometry.hpp"
 #include "ovlib/gui/strokes.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "platform/process_log.hpp"
 #include <algorithm>
 
@@ -22,7 +22,7 @@ ovlib::Color color_of(book::PageSelection selected)
 
 PageBar::PageBar(const book::Book* book)
     : book_(book)
-    , indicator_(ovlib::GDI::load_bitmap(app::folders().res + L"\\indicator.bmp"))
+    , indicator_(ovlib::GDI::load_bitmap(core::folders().res + L"\\indicator.bmp"))
 {
     view_.create(page_bar_size.width, page_bar_size.height);
     strip_.create(page_bar_size.width, page_bar_size.height);

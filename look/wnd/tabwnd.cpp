@@ -1,13 +1,13 @@
 #include "look/wnd/tabwnd.hpp"
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "look/wnd/fonts.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace look {
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 } // namespace
 
@@ -64,7 +64,7 @@ void TabWnd::make_tip_and_menu()
     menu_.clear();
     menu_.add_rows(tab_menu());
     for (std::size_t i = 0; i < swatches_.size(); ++i) {
-        const int id = command::first_tab_color + static_cast<int>(i);
+        const int id = core::command::first_tab_color + static_cast<int>(i);
         menu_.set_check_bitmaps(id, swatches_[i].unchecked.handle(), swatches_[i].checked.handle());
     }
 }
@@ -170,7 +170,7 @@ bool TabWnd::on_press(platform::Point point)
     const std::uint64_t tab = tab_at(items_, point);
     const ovlib::WndWatch alive(this);
     if (tab != 0 && tab != current_tab_)
-        parent()->send_command(command::go_to_tab, 0, static_cast<std::int64_t>(tab));
+        parent()->send_command(core::command::go_to_tab, 0, static_cast<std::int64_t>(tab));
     if (alive)
         set_focus();
     return true;
@@ -190,7 +190,7 @@ void TabWnd::show_menu(const TabItem& item)
 {
     menu_tab_ = item.number;
     for (std::size_t i = 0; i < named_tab_color_count; ++i)
-        menu_.check(command::first_tab_color + static_cast<int>(i), tab_color(i) == item.color);
+        menu_.check(core::command::first_tab_color + static_cast<int>(i), tab_color(i) == item.color);
     tip_.show(L"", {});
     const ovlib::WndWatch alive(this);
     menu_.show(*this, 0);
@@ -205,8 +205,8 @@ bool TabWnd::on_command(int id)
     book::Page* const page = book_->page_of_tab(menu_tab_);
     if (page == nullptr)
         return false;
-    if (id == command::remove_tab) {
-        parent()->send_command(command::remove_tab, 0, reinterpret_cast<std::intptr_t>(page));
+    if (id == core::command::remove_tab) {
+        parent()->send_command(core::command::remove_tab, 0, reinterpret_cast<std::intptr_t>(page));
         return false;
     }
     if (!is_tab_color_command(id))

@@ -1,6 +1,6 @@
 #include "look/wnd/warningwnd.hpp"
 #include "look/wnd/fonts.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "ovlib/win_app.hpp"
 

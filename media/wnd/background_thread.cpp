@@ -1,5 +1,4 @@
 #include "media/wnd/background_thread.hpp"
-#include "app/tracked_files.hpp"
 #include "media/system_paths.hpp"
 #include "media/wnd/shell_link.hpp"
 #include "platform/process_log.hpp"
@@ -58,7 +57,7 @@ QueueCounts BackgroundThread::queue_whole_book(const book::Book& book, HWND owne
 {
     const std::scoped_lock hold{ queue_.lock() };
     owner_ = owner;
-    return queue_.replace(app::every_entry(book));
+    return queue_.replace(media::every_entry(book));
 }
 
 QueueCounts BackgroundThread::queue_paths(const std::vector<std::wstring>& paths, HWND owner)

@@ -1,17 +1,17 @@
 #include "media/wnd/filewnd.hpp"
-#include "app/command_ids.hpp"
-#include "app/folders.hpp"
-#include "app/settings.hpp"
-#include "app/titles.hpp"
-#include "app/wnd/data_root.hpp"
-#include "media/drawing_lock.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "core/command_ids.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "core/locks.hpp"
+#include "core/settings.hpp"
+#include "core/titles.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "platform/file.hpp"
 #include <utility>
 
 namespace media {
 
-namespace command = app::command;
+namespace command = core::command;
 using platform::Point;
 
 namespace {
@@ -85,7 +85,7 @@ bool FileWnd::on_message(ovlib::WndMessage& message)
     case WM_LBUTTONDBLCLK:
         return on_double_click(ovlib::mouse_point(message));
     case WM_RBUTTONUP:
-        parent()->send_command(command::show_file_menu, 0, reinterpret_cast<std::intptr_t>(hwnd()));
+        parent()->send_command(core::command::show_file_menu, 0, reinterpret_cast<std::intptr_t>(hwnd()));
         return true;
     case WM_MOUSEWHEEL:
         return on_wheel(message);
@@ -124,14 +124,14 @@ void FileWnd::set_rect(const RECT& rect, bool repaint)
 
 void FileWnd::load_mark()
 {
-    many_files_mark_.renew(ovlib::GDI::load_bitmap(app::folders().res + L"\\files.bmp"));
+    many_files_mark_.renew(ovlib::GDI::load_bitmap(core::folders().res + L"\\files.bmp"));
 }
 
 void FileWnd::on_destroy()
 {
     gif_thread_.stop();
     if (gif_thread_.is_held())
-        message_box(still_running, app::message_caption(book_->path), MB_ICONWARNING);
+        message_box(still_running, core::message_caption(book_->path), MB_ICONWARNING);
 }
 
 void FileWnd::show_selected_file()
@@ -163,8 +163,8 @@ void FileWnd::load_and_show()
 
 void FileWnd::lay_out_and_draw()
 {
-    const std::scoped_lock hold{ drawing_lock() };
-    loader_.interpolation_mode = app::interpolation_mode(app::settings().interpolation_command);
+    const std::scoped_lock hold{ core::drawing_lock() };
+    loader_.interpolation_mode = core::interpolation_mode(core::settings().interpolation_command);
     canvas_.layout(mode_fit, 0);
     canvas_.draw(0, 0);
 }
@@ -197,7 +197,7 @@ std::wstring FileWnd::selected_entry() const
 bool FileWnd::on_paint()
 {
     const ovlib::PaintDC dc{ *this };
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     const book::Page* page = book_->current_page();
     if (page && page->files.size() > 1)
         draw_many_files_mark();
@@ -221,7 +221,8 @@ void FileWnd::draw_many_files_mark()
 
 bool FileWnd::on_command(const ovlib::WndMessage& message)
 {
-    if (LOWORD(message.wparam) != double_click_box || HIWORD(message.wparam) != command::input_form_enter)
+    if (LOWORD(message.wparam) != double_click_box
+        || HIWORD(message.wparam) != core::command::input_form_enter)
         return false;
     send(WM_LBUTTONDBLCLK, 0, 0);
     return true;
@@ -241,10 +242,10 @@ bool FileWnd::on_double_click(Point at)
     case DoubleClick::press:
         return on_press(at);
     case DoubleClick::open:
-        parent()->send_command(command::open_file, 0, 0);
+        parent()->send_command(core::command::open_file, 0, 0);
         return true;
     case DoubleClick::search:
-        parent()->send_command(command::search_moved_file, 0, 0);
+        parent()->send_command(core::command::search_moved_file, 0, 0);
         return true;
     default:
         return true;
@@ -273,11 +274,11 @@ bool FileWnd::on_mouse_move(Point at)
 
 void FileWnd::drag_file()
 {
-    app::set_current_directory(L"");
+    core::set_current_directory(L"");
     const std::wstring entry = selected_entry();
     if (!platform::exists(entry))
         return;
-    const std::wstring path = app::full_path(entry);
+    const std::wstring path = core::full_path(entry);
     drag_.disarm();
     if (is_dragging)
         return;

@@ -1,8 +1,7 @@
 #include "media/wnd/gif_thread.hpp"
+#include "core/locks.hpp"
 #include "look/theme.hpp"
-#include "media/drawing_lock.hpp"
-#include "media/loader_lock.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/system_time.hpp"
 #include "platform/process_log.hpp"
 #include <algorithm>
@@ -74,7 +73,7 @@ void GifThread::click(platform::Point at)
     if (!is_held())
         return;
     {
-        const std::scoped_lock hold{ frame_lock() };
+        const std::scoped_lock hold{ core::frame_lock() };
         if (run_.seek(at))
             return;
     }
@@ -83,21 +82,21 @@ void GifThread::click(platform::Point at)
 
 void GifThread::redraw()
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     if (is_held() && active_)
         draw(state() == PlayState::paused);
 }
 
 std::uint32_t GifThread::current_frame() const
 {
-    const std::scoped_lock hold{ frame_lock() };
+    const std::scoped_lock hold{ core::frame_lock() };
     return run_.current_frame();
 }
 
 // What ends it by force leaves the frame standing.
 void GifThread::run()
 try {
-    std::unique_lock loader{ loader_lock(), std::defer_lock };
+    std::unique_lock loader{ core::loader_lock(), std::defer_lock };
     if (!take_loader(loader))
         return;
     const ovlib::SystemTime fine{ timer_period };
@@ -137,7 +136,7 @@ void GifThread::turn()
     if (!select_current())
         return;
     std::uint32_t time = paused_wait;
-    if (std::unique_lock hold{ drawing_lock() }; !is_paused || drawn_ != look(is_paused)) {
+    if (std::unique_lock hold{ core::drawing_lock() }; !is_paused || drawn_ != look(is_paused)) {
         time = draw(is_paused);
         hold.unlock();
         InvalidateRect(canvas_->owner().hwnd(), nullptr, TRUE);
@@ -147,7 +146,7 @@ void GifThread::turn()
         return;
     }
     {
-        const std::scoped_lock hold{ frame_lock() };
+        const std::scoped_lock hold{ core::frame_lock() };
         run_.advance();
     }
     const auto elapsed = std::chrono::duration_cast<milliseconds>(Clock::now() - begin);
@@ -174,7 +173,7 @@ bool GifThread::select_current()
 
 void GifThread::select_next(std::uint32_t wanted)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     const std::uint32_t next = active_ ? next_selection(*active_, wanted) : 0;
     active_ = next;
     is_selected_ = loader_->select_frame(next);

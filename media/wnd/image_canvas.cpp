@@ -1,11 +1,11 @@
 #include "media/wnd/image_canvas.hpp"
+#include "core/locks.hpp"
 #include "look/theme.hpp"
 #include "media/blend.hpp"
 #include "media/display_name.hpp"
-#include "media/drawing_lock.hpp"
 #include "ovlib/gui/gdip.hpp"
-#include "ovlib/gui/geometry.hpp"
 #include "ovlib/gui/shicon.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include <algorithm>
 #include <commctrl.h>
@@ -76,7 +76,7 @@ ImageCanvas::ImageCanvas(const ovlib::Wnd& owner, ImageLoader& loader)
 
 bool ImageCanvas::fit()
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     const SIZE client = owner_.client_size();
     const Size wanted{ std::max<int>(client.cx, 1), std::max<int>(client.cy, 1) };
     if (is_created() && area() == wanted)
@@ -90,14 +90,14 @@ bool ImageCanvas::fit()
 
 void ImageCanvas::layout(std::int32_t mode, std::int32_t percent)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     layout_ = layout_image(
         { mode, percent, loader_.content(), loader_.size(), ovlib::from_rect(owner_.client_rect()) });
 }
 
 void ImageCanvas::draw(int x_offset, int y_offset)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     if (!fit())
         return;
     clear();
@@ -119,7 +119,7 @@ void ImageCanvas::draw(int x_offset, int y_offset)
 
 std::uint32_t ImageCanvas::draw_frame_of_animation(const AnimationFrame& frame)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     clear();
     draw_picture(layout_.draw_rect);
     if (frame.is_paused)
@@ -136,7 +136,7 @@ std::uint32_t ImageCanvas::draw_frame_of_animation(const AnimationFrame& frame)
 
 void ImageCanvas::clear()
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     ovlib::fill_rect(*this, palette().viewer_back, { 0, 0, width, height });
 }
 
@@ -152,7 +152,7 @@ void ImageCanvas::draw_picture(const Rect& target)
 
 void ImageCanvas::draw_placeholder(const Rect& rect)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     if (placeholder_of(loader_.path()) == Placeholder::address_icon)
         draw_address_icon(rect);
     else
@@ -183,7 +183,7 @@ void ImageCanvas::draw_thumbnail(const Rect& rect)
 
 void ImageCanvas::draw_frame(const Rect& rect)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     {
         const ovlib::GDI::Pen line{ ovlib::GDI::solid_pen(frame_pen_width, white) };
         const ObjectSelection pen{ dc(), line };
@@ -203,7 +203,7 @@ void ImageCanvas::draw_frame(const Rect& rect)
 // A path without blanks is broken where the pane ends, so that all of it is to be read.
 void ImageCanvas::draw_missing()
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     const MissingText text = missing_text(loader_.path());
     draw_text(look::shared_font(missing_font), text.text, missing_text_rect(area()),
         text.is_error ? palette().viewer_error : palette().viewer_text,
@@ -213,7 +213,7 @@ void ImageCanvas::draw_missing()
 void ImageCanvas::draw_labelled_text(
     HFONT font, const std::wstring& text, Point at, ovlib::Color color, int alpha)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     if (alpha < opaque_label) {
         ovlib::finish_drawing();
         blend_rect({ bits, stride, width, height }, black, alpha, label_box(at, text_size(dc(), font, text)));
@@ -223,7 +223,7 @@ void ImageCanvas::draw_labelled_text(
 
 void ImageCanvas::draw_seek_bar(const GifRun& run, std::uint32_t frame)
 {
-    const std::scoped_lock hold{ drawing_lock() };
+    const std::scoped_lock hold{ core::drawing_lock() };
     if (run.first_frame() > run.last_frame())
         return;
     const SeekBarLook look = seek_bar_look(run, frame);

@@ -1,8 +1,8 @@
 #include "media/wnd/image_loader.hpp"
-#include "app/wnd/data_root.hpp"
+#include "core/data_root.hpp"
+#include "core/locks.hpp"
 #include "media/gif_play.hpp"
 #include "media/gif_walker.hpp"
-#include "media/loader_lock.hpp"
 #include "media/picture_header.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "platform/file.hpp"
@@ -63,9 +63,9 @@ ImageLoader::~ImageLoader()
 
 bool ImageLoader::load(const std::wstring& entry)
 {
-    const std::scoped_lock hold{ loader_lock() };
+    const std::scoped_lock hold{ core::loader_lock() };
     clear();
-    app::set_current_directory(L"");
+    core::set_current_directory(L"");
     LoadedEntry loaded = load_entry(entry, ovlib::image_extensions, *this, paths_);
     if (loaded.state == LoaderState::nothing) {
         if (!loaded.path.empty())
@@ -90,7 +90,7 @@ void ImageLoader::clear()
 
 FileFacts ImageLoader::facts_to_show() const
 {
-    app::set_current_directory(L"");
+    core::set_current_directory(L"");
     return media::facts_to_show(loaded_, facts_, properties_, paths_);
 }
 
@@ -121,7 +121,7 @@ Gdiplus::GpImage* ImageLoader::picture() const
 
 std::wstring ImageLoader::absolute(const std::wstring& path)
 {
-    return app::full_path(path);
+    return core::full_path(path);
 }
 
 bool ImageLoader::decode_animation(const std::wstring& path)

@@ -149,6 +149,17 @@ std::wstring absolute_path(const std::wstring& path)
     return failed ? std::wstring{} : from_utf8(full.lexically_normal().native());
 }
 
+std::wstring current_directory()
+{
+    std::error_code failed;
+    return from_utf8(std::filesystem::current_path(failed).native());
+}
+
+std::uint32_t set_current_directory(const std::wstring& path)
+{
+    return ::chdir(to_utf8(path).c_str()) == 0 ? 0 : static_cast<std::uint32_t>(errno);
+}
+
 bool create_folder(const std::wstring& path)
 {
     return ::mkdir(to_utf8(path).c_str(), folder_mode) == 0;

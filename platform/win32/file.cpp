@@ -152,6 +152,18 @@ std::wstring absolute_path(const std::wstring& path)
     return {};
 }
 
+std::wstring current_directory()
+{
+    std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0');
+    path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
+    return path;
+}
+
+std::uint32_t set_current_directory(const std::wstring& path)
+{
+    return SetCurrentDirectoryW(path.c_str()) ? ERROR_SUCCESS : GetLastError();
+}
+
 bool create_folder(const std::wstring& path)
 {
     return CreateDirectoryW(path.c_str(), nullptr) != 0;

@@ -6,7 +6,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 constexpr auto save_as_title = L"Book に名前を付けて保存する";
 

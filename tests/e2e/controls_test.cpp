@@ -7,7 +7,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 class MainControls : public MainWindowTest {
 protected:

@@ -6,7 +6,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 class Day : public MainWindowTest {
 protected:

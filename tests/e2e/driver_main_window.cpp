@@ -1,6 +1,6 @@
 #include "driver_main_window.hpp"
 #include "app/menus.hpp"
-#include "controls/check_box.hpp"
+#include "controls/check_box_layout.hpp"
 #include "driver_screen.hpp"
 #include "look/page_slider.hpp"
 #include "look/tab_strip.hpp"
@@ -8,7 +8,7 @@
 
 namespace e2e {
 
-namespace command = app::command;
+namespace command = core::command;
 
 bool MainWindowTest::is_checked(int id) const
 {

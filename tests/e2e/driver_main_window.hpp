@@ -12,7 +12,7 @@ inline constexpr auto leave_question = L"ページの内容が変更されてい
 class MainWindowTest : public EndToEnd {
 protected:
     // Until the window has taken a click, the window manager may still be placing it.
-    void settle() { program().click_on(box(app::command::box_1)); }
+    void settle() { program().click_on(box(core::command::box_1)); }
     void open_settled(const std::filesystem::path& book)
     {
         open(book);

@@ -58,12 +58,12 @@ std::filesystem::path EndToEnd::open_numbered_book(std::size_t page_count)
 
 void EndToEnd::write_first(const std::wstring& text, const Where& where)
 {
-    program().click_on(box(app::command::box_1));
-    box(app::command::box_1).select(0, 0);
-    const std::wstring expected = text + box(app::command::box_1).text();
+    program().click_on(box(core::command::box_1));
+    box(core::command::box_1).select(0, 0);
+    const std::wstring expected = text + box(core::command::box_1).text();
     type_text(text);
     expect_soon(
-        expected, [&] { return box(app::command::box_1).text(); }, where);
+        expected, [&] { return box(core::command::box_1).text(); }, where);
     expect_soon(
         L"手帖 *", [&] { return title(); }, where);
 }
@@ -149,7 +149,7 @@ void EndToEnd::expect_page(const std::wstring& box1, const Where& where) const
     expect_soon(
         box1,
         [&] {
-            std::wstring text = box(app::command::box_1).text();
+            std::wstring text = box(core::command::box_1).text();
             if (text.ends_with(L"\r\n"))
                 text.erase(text.size() - 2);
             return text;

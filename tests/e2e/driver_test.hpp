@@ -1,6 +1,6 @@
 // What every end-to-end test begins and ends with: a data root of its own and one program in it.
 #pragma once
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "driver_data_root.hpp"
 #include "driver_input.hpp"
 #include "driver_program.hpp"

@@ -46,14 +46,14 @@ TEST_F(Ending, AltF4SavesTheEditWithoutAQuestion)
 TEST_F(Ending, TheQuitCommandClosesTheWindow)
 {
     const fs::path file = edit_a_book();
-    main_window().post_command(app::command::close_program);
+    main_window().post_command(core::command::close_program);
     expect_saved_without_a_question(file);
 }
 
 TEST_F(Ending, ClosingWhileAQuestionIsOpenSavesTheEditAndEnds)
 {
     const fs::path file = edit_a_book();
-    main_window().post_command(app::command::next_page);
+    main_window().post_command(core::command::next_page);
     program().wait_for_box();
     main_window().post(WM_CLOSE);
     expect_saved_without_a_question(file);

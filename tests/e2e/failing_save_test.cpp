@@ -33,7 +33,7 @@ TEST_F(FailingSave, CtrlSTellsThatTheFileIsReadOnlyAndKeepsTheEdit)
     chord({ VK_CONTROL, 'S' });
     expect_failure(file);
     EXPECT_EQ(title(), L"手帖 *");
-    EXPECT_EQ(box(app::command::box_1).text(), L"あ一\r\n");
+    EXPECT_EQ(box(core::command::box_1).text(), L"あ一\r\n");
     EXPECT_EQ(file_bytes(file), before);
 }
 
@@ -42,7 +42,7 @@ TEST_F(FailingSave, AFileHeldByAnotherProgramIsNotCalledReadOnly)
     const fs::path file = open_numbered_book(1);
     const ReadOnly protection(file);
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
-    main_window().post_command(app::command::save_always);
+    main_window().post_command(core::command::save_always);
     answer_box(L"Error: Book の保存に失敗\r\n" + file.wstring(), Icon::warning, IDOK);
 }
 
@@ -52,15 +52,15 @@ TEST_F(FailingSave, TheStepIsGivenUpAndTheNextOneAsksAgain)
     {
         const ReadOnly protection(file);
         write_first(L"あ");
-        for (const int step : { app::command::next_page, app::command::last_page }) {
+        for (const int step : { core::command::next_page, core::command::last_page }) {
             main_window().post_command(step);
             answer_box(question, Icon::question, IDYES);
             expect_failure(file);
-            EXPECT_EQ(box(app::command::box_1).text(), L"あ一\r\n");
+            EXPECT_EQ(box(core::command::box_1).text(), L"あ一\r\n");
             EXPECT_EQ(title(), L"手帖 *");
         }
     }
-    main_window().post_command(app::command::next_page);
+    main_window().post_command(core::command::next_page);
     answer_box(question, Icon::question, IDYES);
     expect_page(L"二");
     close();
@@ -75,7 +75,7 @@ TEST_F(FailingSave, AfterANoTheStepIsMade)
     const fs::path file = open_numbered_book(2);
     const ReadOnly protection(file);
     write_first(L"あ");
-    main_window().post_command(app::command::next_page);
+    main_window().post_command(core::command::next_page);
     answer_box(question, Icon::question, IDNO);
     expect_page(L"二");
     EXPECT_EQ(title(), L"手帖");
@@ -87,10 +87,10 @@ TEST_F(FailingSave, ANewPageIsNotMadeFromTheTextThatCouldNotBeSaved)
     {
         const ReadOnly protection(file);
         write_first(L"あ");
-        main_window().post_command(app::command::add_page_at_end);
+        main_window().post_command(core::command::add_page_at_end);
         answer_box(question, Icon::question, IDYES);
         expect_failure(file);
-        EXPECT_EQ(box(app::command::box_1).text(), L"あ一\r\n");
+        EXPECT_EQ(box(core::command::box_1).text(), L"あ一\r\n");
     }
     close();
     const book::Book book = load_book(file);
@@ -126,7 +126,7 @@ TEST_F(FailingSave, AnotherBookNeverReceivesTheUnsavedTextOfTheOneBefore)
     start().wait_for_window();
     const ReadOnly protection(file);
     write_first(L"あ");
-    main_window().post_command(app::command::first_history_entry + 1);
+    main_window().post_command(core::command::first_history_entry + 1);
     expect_failure(file);
     expect_page(L"ほか");
     expect_soon(L"ほか", [&] { return title(); });

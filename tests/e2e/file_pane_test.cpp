@@ -15,7 +15,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using ovlib::Color;
 using test_support::FileContents;
 using test_support::MovingGif;

@@ -10,7 +10,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using Files = std::vector<std::wstring>;
 
 class FilesOfAPage : public MainWindowTest {

@@ -5,7 +5,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 class Frame : public MainWindowTest {
 protected:

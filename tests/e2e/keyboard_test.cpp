@@ -1,5 +1,5 @@
 // Where the keyboard is when the user types without a click first.
-#include "app/main_controls.hpp"
+#include "app/control_rows.hpp"
 #include "driver_test.hpp"
 
 namespace fs = std::filesystem;
@@ -7,7 +7,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 // A window of another program, which this process is to the one under test.
 class OtherProgram {

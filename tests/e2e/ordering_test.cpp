@@ -7,7 +7,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 using Texts = std::vector<std::wstring>;
 

@@ -64,8 +64,8 @@ TEST_F(Reading, ADamagedHeaderAnsweredYesOpensTheBookWithDefaults)
     answer_box(damaged_question(file), Icon::warning, IDYES);
     program().wait_for_window();
     expect_page(L"一");
-    EXPECT_EQ(box(app::command::box_2).text(), L"見出し");
-    main_window().send_command(app::command::next_page);
+    EXPECT_EQ(box(core::command::box_2).text(), L"見出し");
+    main_window().send_command(core::command::next_page);
     expect_page(L"二");
     close();
     const book::Book book = load_book(file);
@@ -77,8 +77,8 @@ TEST_F(Reading, CommandsThatArriveDuringTheQuestionDoNothing)
 {
     const fs::path file = start_with(damaged_book());
     const MessageDialog asked = program().wait_for_box();
-    for (const int id : { app::command::add_page_at_end, app::command::save_always,
-             app::command::restore_book, app::command::last_page })
+    for (const int id : { core::command::add_page_at_end, core::command::save_always,
+             core::command::restore_book, core::command::last_page })
         main_window().post_command(id);
     asked.answer(IDYES);
     program().wait_for_window();
@@ -103,7 +103,7 @@ TEST_F(Reading, AnOlderFormatAnsweredYesBecomesTheCurrentOneAtTheNextSave)
     program().wait_for_window();
     expect_page(L"一");
     EXPECT_EQ(utf16_text(file_bytes(file)), older_book());
-    main_window().send_command(app::command::save_always);
+    main_window().send_command(core::command::save_always);
     EXPECT_EQ(file_bytes(file).substr(0, 8), std::string("\3\0\3\0\r\0\n\0", 8));
     const book::Book book = load_book(file);
     ASSERT_EQ(book.pages.size(), 2u);
@@ -175,7 +175,7 @@ TEST_F(Reading, HostileNumbersInAHeaderAndAPageStillShowThePage)
     page.back_color.fill(0xFE000000);
     open(root().add_book(L"手帖.bok", { page }, header));
     expect_page(L"一");
-    EXPECT_EQ(box(app::command::box_3).text(), L"三\r\n");
+    EXPECT_EQ(box(core::command::box_3).text(), L"三\r\n");
     close();
 }
 
@@ -184,11 +184,11 @@ TEST_F(Reading, APositionPastTheEndShowsNoPageUntilTheUserMoves)
     book::BookHeader header;
     header.position = UINT64_MAX;
     open(root().add_book(L"手帖.bok", { make_page(L"一"), make_page(L"二") }, header));
-    EXPECT_EQ(box(app::command::box_1).text(), L"");
-    EXPECT_TRUE(box(app::command::box_1).is_read_only());
-    main_window().send_command(app::command::last_page);
+    EXPECT_EQ(box(core::command::box_1).text(), L"");
+    EXPECT_TRUE(box(core::command::box_1).is_read_only());
+    main_window().send_command(core::command::last_page);
     expect_page(L"二");
-    EXPECT_FALSE(box(app::command::box_1).is_read_only());
+    EXPECT_FALSE(box(core::command::box_1).is_read_only());
 }
 
 // Otherwise every start would fail on the same first entry.

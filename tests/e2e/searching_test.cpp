@@ -8,7 +8,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 book::Page with_file(book::Page page, std::wstring file)
 {

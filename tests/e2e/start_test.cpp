@@ -52,7 +52,7 @@ TEST_F(Start, WithAnEmptyHistoryMakesTheBookThatTheDialogNames)
     make_book_by_dialog(root().folder() / L"新しい手帖");
     const fs::path file = root().folder() / L"新しい手帖.bok";
     expect_soon(L"新しい手帖", [&] { return title(); });
-    EXPECT_EQ(box(app::command::box_1).text(), L"");
+    EXPECT_EQ(box(core::command::box_1).text(), L"");
     EXPECT_EQ(root().history(), std::vector{ file.wstring() });
     close();
 
@@ -92,10 +92,10 @@ TEST_F(Start, ShowsTheFirstPageOfTheNewestBook)
     const Window window = start().wait_for_window();
 
     EXPECT_EQ(window.text(), L"旅の 手帖.2");
-    EXPECT_EQ(box(app::command::box_1).text(), L"  一行目\r\n二行目\r\n");
-    EXPECT_EQ(box(app::command::box_2).text(), L"見出し");
-    EXPECT_EQ(box(app::command::box_3).text(), L"本文\r\n\r\n終わり\r\n");
-    EXPECT_FALSE(box(app::command::box_1).is_modified());
+    EXPECT_EQ(box(core::command::box_1).text(), L"  一行目\r\n二行目\r\n");
+    EXPECT_EQ(box(core::command::box_2).text(), L"見出し");
+    EXPECT_EQ(box(core::command::box_3).text(), L"本文\r\n\r\n終わり\r\n");
+    EXPECT_FALSE(box(core::command::box_1).is_modified());
     EXPECT_EQ(root().history(), (std::vector{ file.wstring(), other.wstring() }));
 }
 
@@ -129,7 +129,7 @@ TEST_F(Start, CountsARelativePathOfTheHistoryFromTheDataRoot)
     EXPECT_EQ(title(), L"手帖");
     expect_page(L"一");
     make_old(file);
-    main_window().send_command(app::command::save_always);
+    main_window().send_command(core::command::save_always);
     EXPECT_FALSE(is_old(file));
     EXPECT_EQ(root().history(), std::vector<std::wstring>{ L"書庫\\手帖.bok" });
 }
@@ -231,7 +231,7 @@ TEST_F(Start, ASecondStartIsRefusedAndLeavesTheFirstAlone)
     }
     EXPECT_TRUE(program().is_running());
     EXPECT_TRUE(is_old(file));
-    main_window().send_command(app::command::next_page);
+    main_window().send_command(core::command::next_page);
     expect_page(L"二");
     close();
     // The guard is free again.

@@ -6,7 +6,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 class ThemeOfPages : public MainWindowTest {
 protected:

@@ -32,12 +32,13 @@ std::wstring many_lines(std::size_t count)
 TEST_F(Turning, TheFourCommandsGoToTheirPages)
 {
     open_numbered_book(4);
-    const std::pair<int, std::size_t> steps[] = { { app::command::next_page, 2 },
-        { app::command::next_page, 3 }, { app::command::previous_page, 2 }, { app::command::last_page, 4 },
-        { app::command::next_page, 4 }, { app::command::first_page, 1 }, { app::command::previous_page, 1 } };
+    const std::pair<int, std::size_t> steps[] = { { core::command::next_page, 2 },
+        { core::command::next_page, 3 }, { core::command::previous_page, 2 }, { core::command::last_page, 4 },
+        { core::command::next_page, 4 }, { core::command::first_page, 1 },
+        { core::command::previous_page, 1 } };
     for (const auto& [id, page] : steps) {
         step(id);
-        EXPECT_EQ(box(app::command::box_1).text(), as_loaded(numeral(page))) << id;
+        EXPECT_EQ(box(core::command::box_1).text(), as_loaded(numeral(page))) << id;
         EXPECT_EQ(title(), L"手帖");
     }
 }
@@ -46,7 +47,7 @@ TEST_F(Turning, TurningAnUnchangedPageWritesNothing)
 {
     const fs::path file = open_numbered_book(2);
     make_old(file);
-    step(app::command::next_page);
+    step(core::command::next_page);
     expect_page(L"二");
     EXPECT_TRUE(is_old(file));
 }
@@ -55,7 +56,7 @@ TEST_F(Turning, TheWheelOverTheWindowTurnsPages)
 {
     open_numbered_book(3);
     // A wheel that turns while the window manager still places the window reaches nobody; a click tells.
-    program().click_on(box(app::command::box_1));
+    program().click_on(box(core::command::box_1));
     turn_wheel(background(), -1);
     expect_page(L"二");
     turn_wheel(background(), -1);
@@ -73,14 +74,14 @@ TEST_F(Turning, CtrlAndTheWheelCarryThePageOverItsNeighbour)
         turn_wheel(background(), -1);
         // The page stays before the eyes, so it is the neighbours that tell where it went.
         expect_soon(1u, [&] {
-            main_window().send_command(app::command::save_always);
+            main_window().send_command(core::command::save_always);
             return static_cast<unsigned>(load_book(file).header.position);
         });
     }
     expect_page(L"一");
-    step(app::command::previous_page);
+    step(core::command::previous_page);
     expect_page(L"二");
-    step(app::command::last_page);
+    step(core::command::last_page);
     expect_page(L"三");
 }
 
@@ -88,24 +89,24 @@ TEST_F(Turning, NothingTurnsWhileABoxIsOpen)
 {
     open_numbered_book(4);
     write_first(L"あ");
-    main_window().post_command(app::command::next_page);
+    main_window().post_command(core::command::next_page);
     const MessageDialog asked = program().wait_for_box();
-    for (const int id : { app::command::next_page, app::command::last_page, app::command::first_page })
+    for (const int id : { core::command::next_page, core::command::last_page, core::command::first_page })
         main_window().post_command(id);
     main_window().post(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
     // Posted after the others, so that they have been served when the box closes.
     asked.answer(IDNO);
     expect_page(L"二");
     EXPECT_FALSE(program().has_dialog());
-    step(app::command::next_page);
-    EXPECT_EQ(box(app::command::box_1).text(), L"三\r\n");
+    step(core::command::next_page);
+    EXPECT_EQ(box(core::command::box_1).text(), L"三\r\n");
 }
 
 TEST_F(Turning, TheNextStartShowsThePageOfTheLastEnd)
 {
     const fs::path file = open_numbered_book(5);
-    step(app::command::last_page);
-    step(app::command::previous_page);
+    step(core::command::last_page);
+    step(core::command::previous_page);
     expect_page(L"四");
     close();
     EXPECT_EQ(load_book(file).header.position, 3u);
@@ -120,15 +121,15 @@ TEST_F(Turning, TheScrollPlacesOfBothLongBoxesComeBackWithThePageAndAfterARestar
     const fs::path file = root().add_book(L"手帖.bok", { make_page(text, L"", text), make_page(L"二") });
     open(file);
     const auto expect_places = [&] {
-        EXPECT_EQ(box(app::command::box_1).first_visible_line(), 120u);
-        EXPECT_EQ(box(app::command::box_3).first_visible_line(), 70u);
+        EXPECT_EQ(box(core::command::box_1).first_visible_line(), 120u);
+        EXPECT_EQ(box(core::command::box_3).first_visible_line(), 70u);
     };
-    box(app::command::box_1).send(EM_LINESCROLL, 0, 120);
-    box(app::command::box_3).send(EM_LINESCROLL, 0, 70);
+    box(core::command::box_1).send(EM_LINESCROLL, 0, 120);
+    box(core::command::box_3).send(EM_LINESCROLL, 0, 70);
     expect_places();
-    step(app::command::next_page);
+    step(core::command::next_page);
     expect_page(L"二");
-    step(app::command::previous_page);
+    step(core::command::previous_page);
     expect_places();
     close();
     EXPECT_EQ(load_book(file).pages[0].scroll_first, 120);
@@ -144,8 +145,8 @@ TEST_F(Turning, APlaceBeyondThirtyTwoThousandLinesComesBackToo)
     page.scroll_first = 35000;
     const fs::path file = root().add_book(L"手帖.bok", { page });
     open(file);
-    EXPECT_EQ(box(app::command::box_1).first_visible_line(), 35000u);
-    main_window().send_command(app::command::save_always);
+    EXPECT_EQ(box(core::command::box_1).first_visible_line(), 35000u);
+    main_window().send_command(core::command::save_always);
     EXPECT_EQ(load_book(file).pages[0].scroll_first, 35000);
 }
 
@@ -158,8 +159,8 @@ TEST_F(Turning, TheScrollPlacesOfAWrappedBookComeBackAndAreKept)
     page.scroll_third = 70;
     const fs::path file = root().add_book(L"手帖.bok", { page }, header);
     open(file);
-    EXPECT_EQ(box(app::command::box_1).first_visible_line(), 120u);
-    EXPECT_EQ(box(app::command::box_3).first_visible_line(), 70u);
+    EXPECT_EQ(box(core::command::box_1).first_visible_line(), 120u);
+    EXPECT_EQ(box(core::command::box_3).first_visible_line(), 70u);
     close();
     EXPECT_EQ(load_book(file).pages[0].scroll_first, 120);
     EXPECT_EQ(load_book(file).pages[0].scroll_third, 70);
@@ -171,9 +172,9 @@ TEST_F(Turning, APlaceBeyondTheEndOfTheTextIsHarmless)
     page.scroll_first = 70000;
     page.scroll_third = -5;
     open(root().add_book(L"手帖.bok", { page }));
-    EXPECT_EQ(box(app::command::box_1).text(), L"一\r\n二\r\n三\r\n");
-    EXPECT_LT(box(app::command::box_1).first_visible_line(), 4u);
-    EXPECT_EQ(box(app::command::box_3).first_visible_line(), 0u);
+    EXPECT_EQ(box(core::command::box_1).text(), L"一\r\n二\r\n三\r\n");
+    EXPECT_LT(box(core::command::box_1).first_visible_line(), 4u);
+    EXPECT_EQ(box(core::command::box_3).first_visible_line(), 0u);
 }
 
 TEST_F(Turning, ABookInReversedOrderIsTurnedFromItsEnd)
@@ -182,8 +183,8 @@ TEST_F(Turning, ABookInReversedOrderIsTurnedFromItsEnd)
     header.order_mode = -static_cast<std::int32_t>(book::OrderMode::stored);
     open(root().add_book(L"手帖.bok", { make_page(L"一"), make_page(L"二"), make_page(L"三") }, header));
     expect_page(L"三");
-    step(app::command::next_page);
+    step(core::command::next_page);
     expect_page(L"二");
-    step(app::command::last_page);
+    step(core::command::last_page);
     expect_page(L"一");
 }

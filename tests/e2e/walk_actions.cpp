@@ -1,8 +1,8 @@
 // What a walk may do, how often, and when.
-#include "app/command_ids.hpp"
 #include "app/main_layout.hpp"
-#include "app/titles.hpp"
 #include "book/query.hpp"
+#include "core/command_ids.hpp"
+#include "core/titles.hpp"
 #include "look/page_slider.hpp"
 #include "look/tab_strip.hpp"
 #include "walk_walker.hpp"
@@ -13,7 +13,7 @@ namespace walk {
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using app::MainLayout;
 using platform::Rect;
 
@@ -329,7 +329,7 @@ void open_history(Walker& walker)
 
 void about(Walker& walker)
 {
-    walker.model.about(app::about_text());
+    walker.model.about(core::about_text());
     walker.send(command::about);
 }
 

@@ -1,12 +1,12 @@
 // Holds the program beside its model: boxes, controls and every file.
-#include "app/command_ids.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
+#include "core/command_ids.hpp"
 #include "platform/text.hpp"
 #include "walk_report.hpp"
 #include "walk_walker.hpp"
 
 namespace fs = std::filesystem;
-namespace command = app::command;
+namespace command = core::command;
 using e2e::DriverError;
 using e2e::FileDialog;
 using e2e::MessageDialog;

@@ -1,5 +1,5 @@
 // What a walk writes: texts, pages and Books of chance.
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "platform/text.hpp"
 #include "walk_walker.hpp"
 

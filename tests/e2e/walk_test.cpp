@@ -42,30 +42,30 @@ protected:
 TEST_F(Walk, CommandsWithoutAnObjectAreHarmless)
 {
     const fs::path file = open_numbered_book(9);
-    const int commands[] = { app::command::save_always, app::command::save_book_as,
-        app::command::save_if_changed, app::command::save_after_question, app::command::restore_book,
-        app::command::backup_book, app::command::next_page, app::command::previous_page,
-        app::command::first_page, app::command::last_page, app::command::toggle_mark,
-        app::command::toggle_mark_tracking, app::command::toggle_tab_tracking,
-        app::command::toggle_random_order, app::command::reverse_order, app::command::toggle_sorted_order,
-        app::command::search_selection, app::command::toggle_all_terms, app::command::toggle_ignore_case,
-        app::command::toggle_file_list_search, app::command::clear_search, app::command::about,
-        app::command::request_refresh, app::command::go_to_tab, app::command::renew_edited_mark,
-        app::command::choose_result, app::command::delete_page, app::command::set_accepting_input,
-        app::command::repaint_box, app::command::set_box_font, app::command::toggle_tab,
-        app::command::remove_tab, app::command::add_page_at_end, app::command::add_page_here,
-        app::command::first_file, app::command::next_file, app::command::move_file_down,
-        app::command::sort_files_ascending, app::command::accelerator_save,
-        app::command::first_interpolation_command, app::command::first_theme + 3,
-        app::command::apply_theme_to_pages };
+    const int commands[] = { core::command::save_always, core::command::save_book_as,
+        core::command::save_if_changed, core::command::save_after_question, core::command::restore_book,
+        core::command::backup_book, core::command::next_page, core::command::previous_page,
+        core::command::first_page, core::command::last_page, core::command::toggle_mark,
+        core::command::toggle_mark_tracking, core::command::toggle_tab_tracking,
+        core::command::toggle_random_order, core::command::reverse_order, core::command::toggle_sorted_order,
+        core::command::search_selection, core::command::toggle_all_terms, core::command::toggle_ignore_case,
+        core::command::toggle_file_list_search, core::command::clear_search, core::command::about,
+        core::command::request_refresh, core::command::go_to_tab, core::command::renew_edited_mark,
+        core::command::choose_result, core::command::delete_page, core::command::set_accepting_input,
+        core::command::repaint_box, core::command::set_box_font, core::command::toggle_tab,
+        core::command::remove_tab, core::command::add_page_at_end, core::command::add_page_here,
+        core::command::first_file, core::command::next_file, core::command::move_file_down,
+        core::command::sort_files_ascending, core::command::accelerator_save,
+        core::command::first_interpolation_command, core::command::first_theme + 3,
+        core::command::apply_theme_to_pages };
     std::mt19937 random(20240229);
     for (int step = 0; step < 200; ++step) {
         if (step % 7 == 0) {
-            const Window edited = box(app::command::box_1 + static_cast<int>(random() % 3));
+            const Window edited = box(core::command::box_1 + static_cast<int>(random() % 3));
             edited.send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"字"));
         }
         const bool is_accepting = random() % 4 != 0;
-        main_window().send_command(app::command::set_accepting_input, is_accepting);
+        main_window().send_command(core::command::set_accepting_input, is_accepting);
         walk(commands[random() % std::size(commands)], 0);
     }
     close();

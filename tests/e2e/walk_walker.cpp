@@ -1,15 +1,15 @@
 #include "walk_walker.hpp"
-#include "app/command_ids.hpp"
 #include "app/main_layout.hpp"
 #include "app/menus.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
+#include "core/command_ids.hpp"
 #include "driver_menu.hpp"
 #include "platform/text.hpp"
 #include "walk_report.hpp"
 #include <future>
 
 namespace fs = std::filesystem;
-namespace command = app::command;
+namespace command = core::command;
 using e2e::DriverError;
 using e2e::FileDialog;
 using e2e::MessageDialog;

@@ -1,5 +1,5 @@
 // Writing into the boxes of a page, and what reaches the file.
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "driver_test.hpp"
 
 namespace fs = std::filesystem;
@@ -42,12 +42,12 @@ TEST_F(Writing, TheFirstTypedCharacterPutsAStarIntoTheTitle)
 {
     open_numbered_book(2);
     EXPECT_EQ(title(), L"手帖");
-    program().click_on(box(app::command::box_1));
+    program().click_on(box(core::command::box_1));
     EXPECT_EQ(title(), L"手帖");
     write_first(L"あ");
-    EXPECT_EQ(box(app::command::box_1).text(), L"あ一\r\n");
+    EXPECT_EQ(box(core::command::box_1).text(), L"あ一\r\n");
     type_text(L"い");
-    expect_soon(L"あい一\r\n", [&] { return box(app::command::box_1).text(); });
+    expect_soon(L"あい一\r\n", [&] { return box(core::command::box_1).text(); });
     EXPECT_EQ(title(), L"手帖 *");
 }
 
@@ -56,12 +56,12 @@ TEST_F(Writing, CtrlSSavesJapaneseTextTypedIntoEachBox)
     const fs::path file = open_numbered_book(2);
     const std::wstring typed = L"日本語、" + yoshi() + L"野家。";
     const std::wstring before = book::current_time_text();
-    write_at_end(app::command::box_1, typed);
-    write_at_end(app::command::box_2, L"見出し" + yoshi());
-    write_at_end(app::command::box_3, L"本文");
+    write_at_end(core::command::box_1, typed);
+    write_at_end(core::command::box_2, L"見出し" + yoshi());
+    write_at_end(core::command::box_3, L"本文");
     press(VK_RETURN);
     type_text(L"二行目");
-    expect_soon(L"本文\r\n二行目", [&] { return box(app::command::box_3).text(); });
+    expect_soon(L"本文\r\n二行目", [&] { return box(core::command::box_3).text(); });
     make_old(file);
 
     chord({ VK_CONTROL, 'S' });
@@ -86,7 +86,7 @@ TEST_F(Writing, CtrlSSavesJapaneseTextTypedIntoEachBox)
 TEST_F(Writing, CtrlSWithNothingChangedWritesNothing)
 {
     const fs::path file = open_numbered_book(2);
-    program().click_on(box(app::command::box_1));
+    program().click_on(box(core::command::box_1));
     make_old(file);
     const std::string before = file_bytes(file);
     {
@@ -106,7 +106,7 @@ TEST_F(Writing, CtrlSWithNothingChangedWritesNothing)
 TEST_F(Writing, CtrlSWorksInEveryBoxAndKeepsTheFocusThere)
 {
     const fs::path file = open_numbered_book(1);
-    for (const int id : { app::command::box_1, app::command::box_2, app::command::box_3 }) {
+    for (const int id : { core::command::box_1, core::command::box_2, core::command::box_3 }) {
         write_at_end(id, L"字");
         expect_title(L"手帖 *");
         make_old(file);
@@ -121,7 +121,7 @@ TEST_F(Writing, TheSaveCommandWritesAnUnchangedBookToo)
 {
     const fs::path file = open_numbered_book(1);
     make_old(file);
-    main_window().send_command(app::command::save_always);
+    main_window().send_command(core::command::save_always);
     EXPECT_FALSE(is_old(file));
     EXPECT_EQ(load_book(file).pages[0].stamp, old_stamp);
 }
@@ -129,9 +129,9 @@ TEST_F(Writing, TheSaveCommandWritesAnUnchangedBookToo)
 TEST_F(Writing, LeavingAChangedPageAndAnsweringYesWritesIt)
 {
     const fs::path file = open_numbered_book(2);
-    write_at_end(app::command::box_1, L"追記");
+    write_at_end(core::command::box_1, L"追記");
     expect_title(L"手帖 *");
-    main_window().post_command(app::command::next_page);
+    main_window().post_command(core::command::next_page);
 
     const MessageDialog asked = program().wait_for_box();
     EXPECT_EQ(asked.text(), question);
@@ -147,22 +147,22 @@ TEST_F(Writing, LeavingAChangedPageAndAnsweringYesWritesIt)
     EXPECT_EQ(title(), L"手帖");
     EXPECT_EQ(stored_box1(file), L"一\r\n追記\r\n");
     EXPECT_NE(load_book(file).pages[0].stamp, old_stamp);
-    main_window().send_command(app::command::previous_page);
-    EXPECT_EQ(box(app::command::box_1).text().substr(0, 5), L"一\r\n追記");
+    main_window().send_command(core::command::previous_page);
+    EXPECT_EQ(box(core::command::box_1).text().substr(0, 5), L"一\r\n追記");
 }
 
 TEST_F(Writing, LeavingAChangedPageAndAnsweringNoGivesTheEditUp)
 {
     const fs::path file = open_numbered_book(2);
     make_old(file);
-    write_at_end(app::command::box_1, L"追記");
+    write_at_end(core::command::box_1, L"追記");
     expect_title(L"手帖 *");
-    main_window().post_command(app::command::next_page);
+    main_window().post_command(core::command::next_page);
     answer_box(question, Icon::question, IDNO);
     expect_page(L"二");
     EXPECT_EQ(title(), L"手帖");
     EXPECT_TRUE(is_old(file));
-    main_window().send_command(app::command::previous_page);
+    main_window().send_command(core::command::previous_page);
     expect_page(L"一");
     close();
     EXPECT_EQ(stored_box1(file), L"一\r\n");
@@ -172,11 +172,11 @@ TEST_F(Writing, SavingTrimsTheSecondBoxAndDropsTheDividerOfTheFile)
 {
     const fs::path file = open_numbered_book(1);
     const std::wstring divided = L"前\x3後";
-    for (const int id : { app::command::box_1, app::command::box_2, app::command::box_3 }) {
+    for (const int id : { core::command::box_1, core::command::box_2, core::command::box_3 }) {
         box(id).select(0, static_cast<std::size_t>(-1));
         box(id).send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>((L" \x3000" + divided + L" \t").c_str()));
     }
-    main_window().send_command(app::command::save_if_changed);
+    main_window().send_command(core::command::save_if_changed);
     const book::Page page = load_book(file).pages.at(0);
     EXPECT_EQ(page.text[0], L" \x3000前後\r\n");
     EXPECT_EQ(page.text[1], L"前後");
@@ -192,7 +192,7 @@ TEST_F(Writing, TypingGoesOnInAPageOfManyCharacters)
         text += L"\r\n" + line;
     const fs::path file = root().add_book(L"手帖.bok", { make_page(text, L"", text) });
     open(file);
-    for (const int id : { app::command::box_1, app::command::box_3 }) {
+    for (const int id : { core::command::box_1, core::command::box_3 }) {
         ASSERT_EQ(box(id).text(), text + L"\r\n");
         write_at_end(id, L"続き");
         expect_soon(text + L"\r\n続き", [&] { return box(id).text(); });
@@ -206,18 +206,18 @@ TEST_F(Writing, TypingGoesOnInAPageOfManyCharacters)
 TEST_F(Writing, ADoubleClickSelectsNoWord)
 {
     open(root().add_book(L"手帖.bok", { make_page(L"wordwordwordwordwordwordwordword") }));
-    const RECT rect = box(app::command::box_1).rect();
+    const RECT rect = box(core::command::box_1).rect();
     const POINT on_the_text{ rect.left + 40, rect.top + 12 };
-    program().click_on(box(app::command::box_1));
+    program().click_on(box(core::command::box_1));
     double_click(on_the_text);
     type_text(L"+");
-    expect_soon(35u, [&] { return box(app::command::box_1).text().size(); });
-    EXPECT_NE(box(app::command::box_1).text().find(L'+'), 0u);
+    expect_soon(35u, [&] { return box(core::command::box_1).text().size(); });
+    EXPECT_NE(box(core::command::box_1).text().find(L'+'), 0u);
 }
 
 TEST_F(Writing, TabGoesThroughTheBoxesAndTheSearchBoxAndShiftTabWritesATab)
 {
-    using namespace app;
+    namespace command = core::command;
     open_numbered_book(1);
     program().click_on(box(command::box_1));
     for (const int id : { command::box_2, command::box_3, command::search_box, command::box_1, command::box_2,
@@ -225,15 +225,15 @@ TEST_F(Writing, TabGoesThroughTheBoxesAndTheSearchBoxAndShiftTabWritesATab)
         press(VK_TAB);
         expect_soon(id, [&] { return GetDlgCtrlID(program().focus().handle()); });
     }
-    EXPECT_EQ(box(app::command::box_1).text(), L"一\r\n");
-    EXPECT_EQ(box(app::command::box_2).text(), L"");
+    EXPECT_EQ(box(core::command::box_1).text(), L"一\r\n");
+    EXPECT_EQ(box(core::command::box_2).text(), L"");
     EXPECT_EQ(title(), L"手帖");
     {
         const HeldKey shift(VK_SHIFT);
         press(VK_TAB);
-        expect_soon(L"\t", [&] { return box(app::command::box_3).text(); });
+        expect_soon(L"\t", [&] { return box(core::command::box_3).text(); });
     }
-    EXPECT_EQ(program().focus(), box(app::command::box_3));
+    EXPECT_EQ(program().focus(), box(core::command::box_3));
 }
 
 // Wrapping makes the edit controls anew: they have to work as the first ones did.
@@ -243,16 +243,16 @@ TEST_F(Writing, TheBoxesOfAWrappedBookTypeTabAndSave)
     header.wrap_text = 1;
     const fs::path file = root().add_book(L"手帖.bok", { make_page(L"一", L"", L"三") }, header);
     open(file);
-    EXPECT_EQ(box(app::command::box_1).style() & (WS_HSCROLL | ES_AUTOHSCROLL), 0);
+    EXPECT_EQ(box(core::command::box_1).style() & (WS_HSCROLL | ES_AUTOHSCROLL), 0);
     EXPECT_EQ(title(), L"手帖");
-    program().click_on(box(app::command::box_1));
-    for (const int id : { app::command::box_2, app::command::box_3 }) {
+    program().click_on(box(core::command::box_1));
+    for (const int id : { core::command::box_2, core::command::box_3 }) {
         press(VK_TAB);
         expect_soon(id, [&] { return GetDlgCtrlID(program().focus().handle()); });
     }
     const std::wstring typed(200, L'字');
     type_text(typed);
-    expect_soon(typed + L"三\r\n", [&] { return box(app::command::box_3).text(); });
+    expect_soon(typed + L"三\r\n", [&] { return box(core::command::box_3).text(); });
     expect_title(L"手帖 *");
     chord({ VK_CONTROL, 'S' });
     expect_title(L"手帖");
@@ -262,10 +262,10 @@ TEST_F(Writing, TheBoxesOfAWrappedBookTypeTabAndSave)
 TEST_F(Writing, ACopiedTextIsPastedWithItsPairsWhole)
 {
     open_numbered_book(1);
-    write_at_end(app::command::box_1, yoshi() + L"野家");
+    write_at_end(core::command::box_1, yoshi() + L"野家");
     chord({ VK_CONTROL, 'A' });
     chord({ VK_CONTROL, 'C' });
-    program().click_on(box(app::command::box_3));
+    program().click_on(box(core::command::box_3));
     chord({ VK_CONTROL, 'V' });
-    expect_soon(L"一\r\n" + yoshi() + L"野家", [&] { return box(app::command::box_3).text(); });
+    expect_soon(L"一\r\n" + yoshi() + L"野家", [&] { return box(core::command::box_3).text(); });
 }

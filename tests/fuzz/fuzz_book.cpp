@@ -1,7 +1,7 @@
 // Loads any bytes as a Book, answering every question with yes. What loads must save, and what was saved must
 // load to the same Book and save to the same bytes.
 #include "book/book_file.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "tests/fuzz/blocks.hpp"
 #include "tests/fuzz/stable.hpp"
 

@@ -1,6 +1,6 @@
 // Reads any bytes as a history. No entry is empty, and what was written comes back.
 #include "book/history_list.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "tests/fuzz/blocks.hpp"
 #include "tests/fuzz/stable.hpp"
 

@@ -1,6 +1,6 @@
 // Reads any text as the values of the settings file, a value a line. What is read comes back after it was
 // written.
-#include "app/settings.hpp"
+#include "core/settings.hpp"
 #include "platform/text.hpp"
 #include "tests/fuzz/stable.hpp"
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace {
 
-class Values : public app::SettingsStore {
+class Values : public core::SettingsStore {
 public:
     std::int32_t read_number(const wchar_t* key, std::int32_t absent) override
     {
@@ -43,10 +43,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (sign != std::wstring::npos)
             values.values[line.substr(0, sign)] = line.substr(sign + 1);
     }
-    const app::Settings read = app::read_settings(values);
+    const core::Settings read = core::read_settings(values);
     fuzz::require(read.view_mode != 0);
-    app::interpolation_mode(read.interpolation_command);
-    app::write_settings(read, values);
-    fuzz::require(app::read_settings(values) == read);
+    core::interpolation_mode(read.interpolation_command);
+    core::write_settings(read, values);
+    fuzz::require(core::read_settings(values) == read);
     return 0;
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::AppWindow;
 using gui::MetBox;
 
@@ -80,7 +80,7 @@ TEST_F(Books, AreAskedForOnAnEmptyHistoryAndTheStartFailsWithoutOne)
 // A line of a byte order mark alone once stood for ever at the front of the list.
 TEST_F(Books, AreNotAskedForEndlesslyByAHistoryOfBareMarks)
 {
-    test_support::write_text(app::history_file(app::folders()), L"\xFEFF\r\n\xFEFF\r\n");
+    test_support::write_text(core::history_file(core::folders()), L"\xFEFF\r\n\xFEFF\r\n");
     const auto met = answered_all({ IDCANCEL, IDOK }, [&] { EXPECT_FALSE(create()); });
     EXPECT_EQ(met.size(), 2u);
 }
@@ -239,9 +239,9 @@ TEST_F(Books, AreNotWrittenBySaveIfChangedWithoutAChange)
 
 TEST_F(Books, AreBackedUpAtEachLoadInSilenceWhenTheSettingsSaySo)
 {
-    test_support::write_text(app::settings_file(app::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
+    test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     open({ page(L"1\r\n") });
-    EXPECT_TRUE(app::settings().auto_backup);
+    EXPECT_TRUE(core::settings().auto_backup);
     EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"1\r\n");
     type(command::box_1, L"x");
     command(command::save_always);
@@ -252,7 +252,7 @@ TEST_F(Books, AreBackedUpAtEachLoadInSilenceWhenTheSettingsSaySo)
 
 TEST_F(Books, AreToldWhenTheBackupAtLoadFails)
 {
-    test_support::write_text(app::settings_file(app::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
+    test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     test_support::write_text(file(L"book_backup"), L"a file where the folder should be");
     ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
     set_history({ file(L"手帖.bok") });
@@ -269,7 +269,7 @@ TEST_F(Books, StandInTheHistoryBeforeTheirBackupAtLoadIsMade)
         ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(name)));
     set_history({ file(L"手帖.bok"), file(L"別.bok") });
     ASSERT_TRUE(create());
-    app::settings().auto_backup = true;
+    core::settings().auto_backup = true;
     test_support::write_text(file(L"book_backup"), L"a file where the folder should be");
     std::vector<std::wstring> at_the_backup;
     const MetBox met = answered(
@@ -325,7 +325,7 @@ TEST_F(Books, WhoseCopyFailsSayWhyAndNothingMore)
 
 TEST_F(Books, WhoseCopyAtLoadFailsSayWhyAndWhichTheyAre)
 {
-    test_support::write_text(app::settings_file(app::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
+    test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     ASSERT_TRUE(platform::create_folder(file(L"book_backup")));
     test_support::write_text(file(L"book_backup\\手帖.bok"), L"old");
     const gui::Unwritable guard{ file(L"book_backup\\手帖.bok") };
@@ -378,13 +378,13 @@ TEST_F(Books, AreWrittenAtTheCloseWithoutAQuestionTogetherWithTheSettings)
 {
     open({ page(L"1\r\n") });
     type(command::box_1, L"x");
-    app::settings().browser_zoom_percent = 70;
+    core::settings().browser_zoom_percent = 70;
     window().send(WM_CLOSE, 0, 0);
     EXPECT_TRUE(gui::take_quit());
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
     wchar_t zoom[8] = {};
     GetPrivateProfileStringW(
-        L"COMMON", L"BROWSERZOOMFAC", L"", zoom, 8, app::settings_file(app::folders()).c_str());
+        L"COMMON", L"BROWSERZOOMFAC", L"", zoom, 8, core::settings_file(core::folders()).c_str());
     EXPECT_EQ(std::wstring(zoom), L"70");
 }
 
@@ -407,19 +407,19 @@ TEST_F(Books, ThatCannotBeWrittenAtTheCloseAreToldOverAHiddenWindow)
 TEST_F(Books, WithoutADatFolderRunWithDefaultsAndLeaveNoTrace)
 {
     open({ page(L"1\r\n") });
-    ASSERT_TRUE(RemoveDirectoryW(app::folders().shortcut.c_str()));
-    ASSERT_TRUE(DeleteFileW(app::history_file(app::folders()).c_str()));
-    ASSERT_TRUE(RemoveDirectoryW(app::folders().dat.c_str()));
+    ASSERT_TRUE(RemoveDirectoryW(core::folders().shortcut.c_str()));
+    ASSERT_TRUE(DeleteFileW(core::history_file(core::folders()).c_str()));
+    ASSERT_TRUE(RemoveDirectoryW(core::folders().dat.c_str()));
     command(command::save_always);
     close();
-    EXPECT_FALSE(platform::exists(app::folders().dat));
+    EXPECT_FALSE(platform::exists(core::folders().dat));
 }
 
 TEST_F(Books, AreNotTouchedAtTheEndOfALogon)
 {
     open({ page(L"1\r\n") });
     type(command::box_1, L"x");
-    const std::wstring log = app::end_of_logon_file(app::folders());
+    const std::wstring log = core::end_of_logon_file(core::folders());
     ovlib::WndMessage no_end{ window().hwnd(), WM_ENDSESSION, 0, 0, 0 };
     EXPECT_FALSE(window().on_message(no_end));
     EXPECT_FALSE(platform::exists(log));

@@ -1,6 +1,6 @@
 // The three text boxes of a page.
-#include "app/command_ids.hpp"
-#include "app/settings.hpp"
+#include "core/command_ids.hpp"
+#include "core/settings.hpp"
 #include "look/wnd/mybox.hpp"
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_window.hpp"
@@ -9,7 +9,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 class MyBox : public testing::Test {
 protected:
@@ -32,7 +32,7 @@ protected:
     ~MyBox() override
     {
         top_.destroy();
-        app::settings() = {};
+        core::settings() = {};
     }
 
     static DWORD style(const look::MyBox& box)
@@ -349,12 +349,12 @@ TEST_F(MyBox, OpensTheInputMethodOnFocusOnlyWhenTheSettingsSaySo)
     a_.set_focus();
     q_.set_focus();
     EXPECT_FALSE(ImmGetOpenStatus(context));
-    app::settings().auto_imm = true;
+    core::settings().auto_imm = true;
     a_.set_focus();
     ImmSetOpenStatus(context, FALSE);
     q_.set_focus();
     EXPECT_TRUE(ImmGetOpenStatus(context));
-    app::settings().auto_imm = false;
+    core::settings().auto_imm = false;
     a_.set_focus();
     q_.set_focus();
     EXPECT_TRUE(ImmGetOpenStatus(context)); // never closed

@@ -1,11 +1,11 @@
 // The main window's controls: where they stand, what they show of the Book, and what they do to it.
-#include "app/main_controls.hpp"
+#include "app/control_rows.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_calls.hpp"
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using platform::Rect;
 
 class Controls : public gui::AppControls {
@@ -151,7 +151,7 @@ TEST_F(Controls, OfThePageAndTheOrderRestWhileAnotherWindowOwnsTheBook)
         int{ command::toggle_random_order }, int{ command::reverse_order }, int{ command::show_book_menu } };
     for (const bool is_free : { false, true }) {
         editor.show(!is_free);
-        command(command::request_refresh, app::refresh::controls_and_enable);
+        command(command::request_refresh, core::refresh::controls_and_enable);
         for (const int id : ids)
             EXPECT_EQ(is_enabled(id), is_free) << id;
         EXPECT_TRUE(is_enabled(command::next_page));

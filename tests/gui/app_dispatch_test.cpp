@@ -1,12 +1,12 @@
 // Refusals, overdue refreshes and endings: what holds for commands whatever they do.
-#include "app/settings.hpp"
+#include "core/settings.hpp"
 #include "look/wnd/warningwnd.hpp"
 #include "tests/support/gui_app.hpp"
 #include "tests/support/gui_window.hpp"
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::AppWindow;
 using gui::MetBox;
 
@@ -181,7 +181,7 @@ TEST_F(Dispatch, StoresTheInterpolation)
     open({ page(L"1\r\n") });
     for (int id = 5000; id <= 5005; ++id) {
         command(id);
-        EXPECT_EQ(app::settings().interpolation_command, id);
+        EXPECT_EQ(core::settings().interpolation_command, id);
     }
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 constexpr auto stuck_entry = L"\\\\silent\\share\\a.png";
 constexpr auto log_name = L"\\process.log";
@@ -58,7 +58,7 @@ TEST_F(Ending, GivesStuckWorkUpAfterTenSecondsAndSavesBookAndSettings)
         EXPECT_FALSE(window().end_background_work());
         EXPECT_LT(GetTickCount() - begin, time_to_end) << "it is not waited for twice";
         EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
-        EXPECT_TRUE(platform::exists(app::settings_file(app::folders())));
+        EXPECT_TRUE(platform::exists(core::settings_file(core::folders())));
     }
     EXPECT_TRUE(gui::poll_until([&] { return window().end_background_work(); }));
 }
@@ -120,13 +120,13 @@ TEST_F(EndingDeathTest, GoesWithoutStuckWorkWithBookAndSettingsSaved)
     if (handed_on().empty()) {
         ASSERT_TRUE(book_with_stuck_work().save_to(file(L"手帖.bok")));
         set_history({ file(L"手帖.bok") });
-        SetEnvironmentVariableW(variable, app::folders().data_root.c_str());
+        SetEnvironmentVariableW(variable, core::folders().data_root.c_str());
     }
     EXPECT_EXIT(run_program_with_stuck_work(handed_on()), testing::ExitedWithCode(0), "");
     SetEnvironmentVariableW(variable, nullptr);
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
-    EXPECT_TRUE(platform::exists(app::settings_file(app::folders())));
-    EXPECT_TRUE(platform::exists(app::folders().data_root + log_name));
+    EXPECT_TRUE(platform::exists(core::settings_file(core::folders())));
+    EXPECT_TRUE(platform::exists(core::folders().data_root + log_name));
 }
 
 } // namespace

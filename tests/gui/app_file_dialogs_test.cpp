@@ -8,7 +8,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 namespace fs = std::filesystem;
 using gui::DialogDriver;
 using gui::MetBox;
@@ -79,7 +79,7 @@ TEST_F(AddFiles, AppendsTheChosenFileAndSelectsIt)
     EXPECT_EQ(combo().item_text(1), L"絵 一.png");
     EXPECT_EQ(
         gui::link_lines(log), L"start_shortcut_creation_async()\r\nstart_shortcut_creation_async()\r\n");
-    const std::wstring link = gui::link_of(app::folders().shortcut, file(L"絵 一.png"));
+    const std::wstring link = gui::link_of(core::folders().shortcut, file(L"絵 一.png"));
     EXPECT_TRUE(gui::pump_until([&] { return fs::exists(link); }));
     EXPECT_EQ(saved().pages[0].files.size(), 1u) << "the Book is not saved by this";
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::AppWindow;
 using gui::MetBox;
 using Files = std::vector<std::wstring>;

@@ -5,7 +5,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::AppWindow;
 using gui::MetBox;
 

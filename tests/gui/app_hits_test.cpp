@@ -3,7 +3,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 // Each page holds the word another number of times, so that the number of hits names the page they are of.
 class Hits : public gui::AppControls {
@@ -131,7 +131,7 @@ TEST_F(Hits, AreFoundAnewWhenTheBoxesAreWrapped)
     for (const bool wrap : { true, false }) {
         open_book().hits.clear();
         open_book().header.wrap_text = wrap ? 1 : 0;
-        command(command::request_refresh, app::refresh::full_but_page);
+        command(command::request_refresh, core::refresh::full_but_page);
         expect_those_of_the_page_in_view("wrap");
     }
 }
@@ -140,7 +140,7 @@ TEST_F(Hits, AreLeftAloneByARefreshThatWrapsNothing)
 {
     open_searching(four_pages());
     open_book().hits.clear();
-    command(command::request_refresh, app::refresh::full);
+    command(command::request_refresh, core::refresh::full);
     EXPECT_TRUE(book().hits.empty());
 }
 

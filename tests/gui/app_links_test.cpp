@@ -1,5 +1,5 @@
 // The links that the main window has made, and the search for a file that was moved.
-#include "app/folders.hpp"
+#include "core/folders.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_file_dialog.hpp"
@@ -15,7 +15,7 @@ extern "C" void* __imp__beginthreadex; // NOLINT(bugprone-reserved-identifier)
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 namespace fs = std::filesystem;
 using gui::MetBox;
 using gui::target_of;
@@ -27,7 +27,7 @@ constexpr std::wstring_view start_line = L"start_shortcut_creation_async()\r\n";
 
 class AppLinks : public gui::AppControls {
 protected:
-    static std::wstring folder() { return app::folders().shortcut; }
+    static std::wstring folder() { return core::folders().shortcut; }
     static std::wstring link_of(const std::wstring& path) { return gui::link_of(folder(), path); }
     static bool has_link(const std::wstring& path) { return fs::exists(link_of(path)); }
     static bool link_comes(const std::wstring& path)
@@ -142,7 +142,7 @@ TEST_F(AppLinks, LetTheComboAskAShareThatDoesNotAnswerOnce)
     unwanting.header.auto_file_search = 0;
     open(unwanting);
     gui::SilentShare::makers_questions = 0;
-    command(command::request_refresh, static_cast<std::int64_t>(app::View::file_combo));
+    command(command::request_refresh, static_cast<std::int64_t>(core::View::file_combo));
     EXPECT_EQ(gui::SilentShare::makers_questions, 1);
     EXPECT_EQ(row(8), L"\\\\silent\\share\\8");
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::AppWindow;
 
 class PageInBoxes : public AppWindow {
@@ -21,7 +21,7 @@ protected:
         return static_cast<int>(SendMessageW(box(id), EM_GETFIRSTVISIBLELINE, 0, 0));
     }
     // Calls a refresh of everything from outside.
-    void refresh() { command(command::request_refresh, app::refresh::full); }
+    void refresh() { command(command::request_refresh, core::refresh::full); }
 };
 
 TEST_F(PageInBoxes, StandsThereWithoutAnyMark)

@@ -7,7 +7,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using ovlib::Color;
 using platform::Rect;
 

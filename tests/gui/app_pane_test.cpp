@@ -1,5 +1,5 @@
 // The file pane inside the main window: when it loads, and how it ends.
-#include "media/loader_lock.hpp"
+#include "core/locks.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "tests/support/gui_app_controls.hpp"
@@ -11,7 +11,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using media::LoaderState;
 using test_support::MovingGif;
 using test_support::plain;
@@ -57,7 +57,7 @@ protected:
     const std::wstring& shown() const { return pane().loader().path(); }
     bool is_loader_free() const
     {
-        const std::unique_lock hold{ media::loader_lock(), std::try_to_lock };
+        const std::unique_lock hold{ core::loader_lock(), std::try_to_lock };
         return hold.owns_lock();
     }
 
@@ -125,7 +125,7 @@ TEST_F(PaneOfWindow, AnInterpolationIsStoredAndReachesThePane)
     open_pages({ { add_png(L"a.png", ovlib::rgb(255, 0, 0)) } });
     EXPECT_EQ(pane().loader().interpolation_mode, 7);
     command(5001);
-    EXPECT_EQ(app::settings().interpolation_command, 5001);
+    EXPECT_EQ(core::settings().interpolation_command, 5001);
     EXPECT_EQ(pane().loader().interpolation_mode, 5);
     command(5000);
     EXPECT_EQ(pane().loader().interpolation_mode, 0);

@@ -1,7 +1,7 @@
 // The shipped pictures inside the program: what loads, for which command, and how it is drawn.
 #include "app/bitmap_files.hpp"
-#include "app/folders.hpp"
 #include "app/wnd/app_bitmaps.hpp"
+#include "core/folders.hpp"
 #include "ovlib/gui/gdi_object.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/gui/gdip_image.hpp"
@@ -14,7 +14,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::AppWindow;
 using test_support::BmpFile;
 using test_support::PicturePixel;
@@ -28,7 +28,7 @@ std::wstring shipped(const std::wstring& file)
 
 class AppBitmaps : public testing::Test {
 protected:
-    AppBitmaps() { app::init_folders(test_support::dist_path()); }
+    AppBitmaps() { core::init_folders(test_support::dist_path()); }
     ~AppBitmaps() override { app::free_app_bitmaps(); }
 };
 
@@ -93,7 +93,7 @@ TEST_F(AppBitmaps, AreGoneAfterTheyWereFreed)
 TEST_F(AppBitmaps, AMissingFileLeavesItsCommandWithout)
 {
     const test_support::TempFolder empty;
-    app::init_folders(empty.path());
+    core::init_folders(empty.path());
     app::load_app_bitmaps();
     for (const app::BitmapFile& row : app::bitmap_files)
         EXPECT_EQ(app::app_bitmap(row.command), nullptr) << row.command;

@@ -8,7 +8,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::FileDialogSpy;
 using gui::MetBox;
 using Texts = std::vector<std::wstring>;
@@ -77,7 +77,7 @@ TEST_F(OlderDialogs, ForAnotherNameStartAtTheBook)
         EXPECT_EQ(shown.name, L"手帖.bok");
         EXPECT_EQ(shown.flags, 0x80006u);
         close();
-        DeleteFileW(app::history_file(app::folders()).c_str());
+        DeleteFileW(core::history_file(core::folders()).c_str());
     }
 }
 
@@ -157,14 +157,14 @@ TEST_F(CurrentDirectory, IsTheDataRootBeforeTheSettingsAreRead)
 {
     ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
     set_history({ file(L"手帖.bok") });
-    test_support::write_text(app::settings_file(app::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
+    test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     go_elsewhere();
     // As when the program was started by a relative path. The history is the same in both places.
     made_folder(L"elsewhere\\dat");
     CopyFileW(file(L"dat\\history.txt").c_str(), file(L"elsewhere\\dat\\history.txt").c_str(), FALSE);
-    app::init_folders(L".");
+    core::init_folders(L".");
     ASSERT_TRUE(create());
-    EXPECT_TRUE(app::settings().auto_backup);
+    EXPECT_TRUE(core::settings().auto_backup);
 }
 
 TEST_F(CurrentDirectory, IsTheDataRootBeforeABookIsLookedFor)

@@ -4,7 +4,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 class SearchControls : public gui::AppControls {
 protected:

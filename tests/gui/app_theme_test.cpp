@@ -1,11 +1,11 @@
 // A theme that is chosen reaches every window of the program at once.
+#include "core/locks.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/image_button.hpp"
 #include "look/wnd/my_check_box.hpp"
 #include "look/wnd/my_list_view.hpp"
 #include "look/wnd/myslider.hpp"
 #include "look/wnd/themed.hpp"
-#include "media/drawing_lock.hpp"
 #include "ovlib/gui/listview.hpp"
 #include "platform/process_log.hpp"
 #include "tests/support/gui_app.hpp"
@@ -19,7 +19,7 @@ extern "C" void* __imp_DwmSetWindowAttribute;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::MessageCount;
 using gui::PlainChild;
 using gui::PlainSub;
@@ -251,9 +251,9 @@ TEST_F(Themes, RepaintOutsideTheDrawingLock)
     child->answer = [&](ovlib::WndMessage& message) {
         if (message.message == WM_PAINT) {
             std::thread animation{ [&] {
-                was_free = media::drawing_lock().try_lock();
+                was_free = core::drawing_lock().try_lock();
                 if (was_free)
-                    media::drawing_lock().unlock();
+                    core::drawing_lock().unlock();
             } };
             animation.join();
         }

@@ -4,7 +4,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 constexpr int page_boxes[] = { command::box_1, command::box_2, command::box_3 };
 

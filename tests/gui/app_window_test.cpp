@@ -1,6 +1,6 @@
 // The main window: its class and place, the messages it rewrites, its colours and the boundary between its
 // boxes.
-#include "app/main_controls.hpp"
+#include "app/control_rows.hpp"
 #include "app/main_layout.hpp"
 #include "look/theme.hpp"
 #include "tests/support/gui_app.hpp"
@@ -8,7 +8,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::AppWindow;
 
 constexpr std::array box_ids{ int{ command::box_1 }, int{ command::box_2 }, int{ command::box_3 } };

@@ -1,7 +1,7 @@
 // The window of the history.
-#include "app/folders.hpp"
 #include "book/history_view.hpp"
 #include "book/wnd/historywnd.hpp"
+#include "core/folders.hpp"
 #include "platform/process_log.hpp"
 #include "tests/support/built_files.hpp"
 #include "tests/support/gui_calls.hpp"
@@ -21,7 +21,7 @@ constexpr int first_command = 10000;
 
 class HistoryWindow : public testing::Test {
 protected:
-    HistoryWindow() { app::init_folders(test_support::dist_path()); }
+    HistoryWindow() { core::init_folders(test_support::dist_path()); }
     ~HistoryWindow() override
     {
         top_.destroy();
@@ -202,7 +202,7 @@ TEST_F(HistoryWindow, IsGreyWhileDisabledInATurnOfThemesToo)
 
 TEST_F(HistoryWindow, GoesWithoutPicturesWhenAFileIsMissing)
 {
-    app::init_folders(folder_.path());
+    core::init_folders(folder_.path());
     ovlib::WinApp::process_log().set_path(folder_.file(L"log.txt"));
     create();
     EXPECT_EQ(SendMessageW(window_.list().hwnd(), LVM_GETIMAGELIST, LVSIL_SMALL, 0), 0);

@@ -1,6 +1,6 @@
 // The text boxes of a page under real keys and the real mouse, and their context menu.
-#include "app/command_ids.hpp"
-#include "app/settings.hpp"
+#include "core/command_ids.hpp"
+#include "core/settings.hpp"
 #include "look/wnd/mybox.hpp"
 #include "ovlib/gui/subwnd.hpp"
 #include "tests/support/gui_calls.hpp"
@@ -14,7 +14,7 @@ extern "C" void* __imp_ImmSetOpenStatus;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::MenuDriver;
 using gui::ShownMenu;
 
@@ -59,7 +59,7 @@ protected:
     void TearDown() override
     {
         top_.destroy();
-        app::settings() = {};
+        core::settings() = {};
     }
 
     // Opens the menu of the first box with the right button and lets `act` use it.
@@ -307,7 +307,7 @@ TEST_F(BoxInput, LeavesAnInputMethodThatIsOpenAlone)
 {
     HIMC const context = ImmGetContext(q_.hwnd());
     ASSERT_NE(context, nullptr);
-    app::settings().auto_imm = true;
+    core::settings().auto_imm = true;
     a_.set_focus();
     ImmSetOpenStatus(context, TRUE);
     {
@@ -319,7 +319,7 @@ TEST_F(BoxInput, LeavesAnInputMethodThatIsOpenAlone)
         calls.original()(context, FALSE);
         q_.set_focus();
         EXPECT_EQ(open_calls, 1);
-        app::settings().auto_imm = false;
+        core::settings().auto_imm = false;
         a_.set_focus();
         q_.set_focus();
         EXPECT_EQ(open_calls, 1);

@@ -1,5 +1,5 @@
 // Buttons and check boxes of the program, painted in every theme and state.
-#include "app/folders.hpp"
+#include "core/folders.hpp"
 #include "look/wnd/image_button.hpp"
 #include "look/wnd/my_check_box.hpp"
 #include "look/wnd/themed.hpp"
@@ -329,12 +329,12 @@ protected:
 
 TEST_F(SheetFiles, AreReadFromTheFolderOfPictures)
 {
-    const app::Folders before = app::folders();
-    app::folders().res = folder.path();
+    const core::Folders before = core::folders();
+    core::folders().res = folder.path();
     folder.write(L"sheet.bmp", sheet_file());
     EXPECT_TRUE(button.load_res_image(L"sheet.bmp"));
     EXPECT_TRUE(button.has_image());
-    app::folders() = before;
+    core::folders() = before;
 }
 
 TEST_F(SheetFiles, LeaveTheButtonWithoutAPictureWhenTheyAreMissingOrBroken)

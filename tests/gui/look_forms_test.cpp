@@ -1,6 +1,6 @@
 // The search box and the one-line fields of secondary windows.
-#include "app/command_ids.hpp"
-#include "app/settings.hpp"
+#include "core/command_ids.hpp"
+#include "core/settings.hpp"
 #include "look/wnd/input_form.hpp"
 #include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
@@ -10,7 +10,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 struct Sent {
     int id = 0;
@@ -43,7 +43,7 @@ protected:
     void TearDown() override
     {
         top_.destroy();
-        app::settings() = {};
+        core::settings() = {};
     }
     void set_text(const std::wstring& text)
     {
@@ -267,7 +267,7 @@ TEST_F(SearchBoxTest, OpensTheInputMethodOnFocusWhenTheSettingsSaySo)
     HIMC const context = ImmGetContext(field_.hwnd());
     ASSERT_NE(context, nullptr);
     for (const bool wanted : { false, true }) {
-        app::settings().auto_imm = wanted;
+        core::settings().auto_imm = wanted;
         other_.set_focus();
         ImmSetOpenStatus(context, FALSE);
         field_.set_focus();

@@ -1,7 +1,7 @@
 // The strip that shows a whole Book.
 #include <gtest/gtest.h>
 
-#include "app/folders.hpp"
+#include "core/folders.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/page_bar.hpp"
 #include "platform/process_log.hpp"
@@ -29,11 +29,11 @@ protected:
     void SetUp() override
     {
         look::load_theme(look::theme_standard);
-        before = app::folders();
-        app::folders().res = folder.path();
+        before = core::folders();
+        core::folders().res = folder.path();
         book.pages.resize(10);
     }
-    void TearDown() override { app::folders() = before; }
+    void TearDown() override { core::folders() = before; }
 
     // Red, but for its left column, which is white.
     void write_indicator()
@@ -50,7 +50,7 @@ protected:
     }
 
     gui::TempFolder folder;
-    app::Folders before;
+    core::Folders before;
     book::Book book;
 };
 

@@ -1,5 +1,5 @@
 // The strip of page tabs, under the real mouse.
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "look/wnd/tabwnd.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
@@ -15,7 +15,7 @@ extern "C" void* __imp_CreateWindowExW;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using gui::MenuDriver;
 using gui::ShownMenu;
 using look::Color;

@@ -1,6 +1,5 @@
 // An animation that plays in the pane: its frames, its pauses, its bar, and how its thread begins and ends.
-#include "media/drawing_lock.hpp"
-#include "media/loader_lock.hpp"
+#include "core/locks.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "tests/support/environment.hpp"
 #include "tests/support/gui_calls.hpp"
@@ -179,7 +178,7 @@ protected:
     // The text in the corner of the picture, which is 300 x 300 at (50, 0), or the box behind it.
     bool is_paused_shown()
     {
-        const std::scoped_lock hold{ media::drawing_lock() };
+        const std::scoped_lock hold{ core::drawing_lock() };
         int ink = 0;
         for (int y = 2; y < 22; ++y) {
             for (int x = 52; x < 120; ++x)
@@ -212,7 +211,7 @@ protected:
         text.color = look::palette().viewer_text;
         text.font = look::shared_font(look::SharedFont::ui_9_bold);
         text.draw(delay, { 5, 5, 140, 30 });
-        const std::scoped_lock hold{ media::drawing_lock() };
+        const std::scoped_lock hold{ core::drawing_lock() };
         for (int y = 0; y < expected.height; ++y) {
             for (int x = 0; x < expected.width; ++x) {
                 if (at(x, y) != gui::pixel(expected, x, y))
@@ -404,7 +403,7 @@ TEST_F(Animation, FollowsThemeAndInterpolationWithoutLosingItsFrame)
     EXPECT_TRUE(is_paused_shown());
     look::load_theme(look::theme_standard);
     EXPECT_TRUE(waited([&] { return at(2, height - 2) == ground(); })) << "the thread sees it by itself";
-    app::settings().interpolation_command = 5001;
+    core::settings().interpolation_command = 5001;
     pane().scale_anew();
     EXPECT_TRUE(is_in_view(MovingGif::white));
     EXPECT_TRUE(is_paused_shown());
@@ -415,7 +414,7 @@ TEST_F(Animation, FollowsThemeAndInterpolationWithoutLosingItsFrame)
 TEST_F(Animation, HoldsTheLoaderLockForAsLongAsItPlays)
 {
     const auto is_free = [] {
-        const std::unique_lock hold{ media::loader_lock(), std::try_to_lock };
+        const std::unique_lock hold{ core::loader_lock(), std::try_to_lock };
         return hold.owns_lock();
     };
     show_frames(3, 3);
@@ -462,7 +461,7 @@ TEST_F(Animation, IsStoppedWhileItWaitsForTheLoader)
     std::atomic<bool> may_end = false;
     std::atomic<bool> has_ended = false;
     std::thread loading{ [&] {
-        const std::scoped_lock hold{ media::loader_lock() };
+        const std::scoped_lock hold{ core::loader_lock() };
         is_held = true;
         gui::poll_until([&] { return may_end.load(); });
         has_ended = true;
@@ -515,7 +514,7 @@ TEST_F(Animation, ThatBreaksOffLeavesItsFrameStanding)
     EXPECT_TRUE(is_in_view(MovingGif::black));
     press(200, 100);
     show({});
-    const std::unique_lock hold{ media::loader_lock(), std::try_to_lock };
+    const std::unique_lock hold{ core::loader_lock(), std::try_to_lock };
     EXPECT_TRUE(hold.owns_lock()) << "what it held is given back";
 }
 
@@ -548,7 +547,7 @@ TEST_F(Animation, OnTheWayToAFarFrameLetsOthersDraw)
     press_bar(999);
     int turns = 0;
     while (calls.selected() < frames - 10 && turns < 100'000) {
-        const std::scoped_lock hold{ media::drawing_lock() };
+        const std::scoped_lock hold{ core::drawing_lock() };
         ++turns;
     }
     EXPECT_GT(turns, 20);
@@ -571,7 +570,7 @@ TEST_F(Animation, BearsClicksThemesAndSizesWhileItPlays)
         press(200, 100);
         look::load_theme(look::theme_standard + i % 6);
         pane().apply_theme();
-        app::settings().interpolation_command = 5000 + i % 6;
+        core::settings().interpolation_command = 5000 + i % 6;
         pane().scale_anew();
         pane().set_rect({ 0, 0, width - i % 3, height - i % 5 }, true);
         gui::pump();

@@ -1,5 +1,5 @@
 // What the pane loads, and what it refuses: every kind of picture, broken and hostile files.
-#include "media/loader_lock.hpp"
+#include "core/locks.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
@@ -386,9 +386,9 @@ TEST_F(Loading, HoldsTheLoaderLock)
     bool was_free = true;
     thumbnails.meanwhile = [&] {
         std::thread other{ [&] {
-            was_free = media::loader_lock().try_lock();
+            was_free = core::loader_lock().try_lock();
             if (was_free)
-                media::loader_lock().unlock();
+                core::loader_lock().unlock();
         } };
         other.join();
     };

@@ -1,7 +1,7 @@
 // The file pane: what it draws, and what it makes of the mouse.
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
+#include "core/locks.hpp"
 #include "media/display_name.hpp"
-#include "media/drawing_lock.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_log.hpp"
@@ -13,7 +13,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using media::LoaderState;
 using media::PlayState;
 using ovlib::Color;
@@ -59,7 +59,7 @@ TEST_F(FilePane, HasItsOwnClassThatTellsDoubleClicks)
 // out there.
 TEST_F(FilePane, FitsAPictureIntoItsArea)
 {
-    app::settings().interpolation_command = 5001;
+    core::settings().interpolation_command = 5001;
     show_picture(100, 100, halves(100, red, blue));
     // 300 x 300 in the middle of 400 x 300.
     EXPECT_EQ(at(49, 150), ground());
@@ -77,7 +77,7 @@ TEST_F(FilePane, FitsAPictureIntoItsArea)
 
 TEST_F(FilePane, EnlargesAPictureOfOnePixelAndDrawsNothingOfAThinOne)
 {
-    app::settings().interpolation_command = 5001;
+    core::settings().interpolation_command = 5001;
     show_picture(1, 1);
     EXPECT_EQ(at(60, 5), red);
     EXPECT_EQ(at(190, 140), red);
@@ -241,16 +241,16 @@ TEST_F(FilePane, FollowsTheTheme)
 TEST_F(FilePane, ScalesAnewWithoutLoading)
 {
     const std::wstring path = write(L"a.png", test_support::png_file(2, 1, halves(2, black, white)));
-    app::settings().interpolation_command = 5002;
+    core::settings().interpolation_command = 5002;
     show({ path });
     ASSERT_TRUE(DeleteFileW(path.c_str()));
     const int smooth = width * height - count(black) - count(white) - count(ground());
     EXPECT_GT(smooth, 1000) << "shades between";
-    app::settings().interpolation_command = 5001;
+    core::settings().interpolation_command = 5001;
     pane().scale_anew();
     EXPECT_EQ(loader().interpolation_mode, 5);
     EXPECT_EQ(width * height - count(black) - count(white) - count(ground()), 0) << "the nearest pixel alone";
-    app::settings().interpolation_command = 123;
+    core::settings().interpolation_command = 123;
     pane().scale_anew();
     EXPECT_EQ(loader().interpolation_mode, 0);
 }
@@ -261,7 +261,7 @@ TEST_F(FilePane, EachInterpolationHasItsMode)
     const std::pair<int, int> modes[] = { { 5000, 0 }, { 5001, 5 }, { 5002, 3 }, { 5003, 6 }, { 5004, 4 },
         { 5005, 7 } };
     for (const auto& [chosen, mode] : modes) {
-        app::settings().interpolation_command = chosen;
+        core::settings().interpolation_command = chosen;
         pane().show_selected_file();
         EXPECT_EQ(loader().interpolation_mode, mode);
         EXPECT_EQ(middle(), red);
@@ -276,7 +276,7 @@ TEST_F(FilePane, PaintsUnderTheDrawingLockAndErasesNothing)
     std::atomic<bool> is_held = false;
     std::atomic<bool> is_free_again = false;
     std::thread other{ [&] {
-        const std::scoped_lock hold{ media::drawing_lock() };
+        const std::scoped_lock hold{ core::drawing_lock() };
         is_held = true;
         Sleep(50);
         is_free_again = true;

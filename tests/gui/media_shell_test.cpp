@@ -117,7 +117,7 @@ protected:
     SmallPicture()
     {
         canvas.create(60, 60);
-        picture.set_film(ovlib::GDI::Bitmap{ ovlib::GDI::load_bitmap(app::folders().res + L"\\perfo.bmp") });
+        picture.set_film(ovlib::GDI::Bitmap{ ovlib::GDI::load_bitmap(core::folders().res + L"\\perfo.bmp") });
     }
     void fetch(const std::wstring& path, FileKind kind = FileKind::unknown)
     {

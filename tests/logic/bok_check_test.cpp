@@ -57,7 +57,7 @@ TEST_F(BokCheck, FindsNothingInWhatTheProgramSaves)
 {
     book::Book book;
     for (std::size_t i = 0; i < 300; ++i) {
-        book.new_page(i);
+        book.new_page(i, {});
         book.pages[i].tab_number = 1;
         book.pages[i].text = { L" a\r\n\r\n", L" b ", L"\t" };
         book.pages[i].files = { L"x", L"y" };

@@ -1,6 +1,6 @@
 // The Book in memory: its pages, counts and limits.
 #include "book/book.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "look/theme.hpp"
 #include "platform/text.hpp"
 #include <gtest/gtest.h>
@@ -10,6 +10,7 @@ namespace {
 
 using book::Book;
 using book::Page;
+using book::PageColors;
 using book::PageSelection;
 
 Page named(const std::wstring& name)
@@ -125,7 +126,7 @@ TEST(BookInsertPage, ThrowsOnAFullBookAtAnyIndexAndLeavesItAlone)
     for (const std::size_t index :
         { std::size_t{ 0 }, std::size_t{ 777 }, book::page_limit, book::page_limit + 1, book::npos })
         EXPECT_THROW(book.insert_page(index, named(L"x")), Book::PageCountOver) << index;
-    EXPECT_THROW(book.new_page(0), Book::PageCountOver);
+    EXPECT_THROW(book.new_page(0, {}), Book::PageCountOver);
     EXPECT_EQ(book.pages.size(), book::page_limit);
     EXPECT_EQ(book.header.position, 3u);
     EXPECT_FALSE(book.needs_update);
@@ -155,7 +156,7 @@ TEST(BookNewPage, TakesTheThemesColoursAndTheTimeTwice)
         look::load_theme(theme);
         Book book;
         const std::wstring before = book::current_time_text();
-        book.new_page(0);
+        book.new_page(0, look::page_colors(look::palette()));
         const std::wstring after = book::current_time_text();
         const Page& page = book.pages.at(0);
         ASSERT_EQ(page.stamp.size(), 2 * book::time_length);
@@ -180,9 +181,23 @@ TEST(BookNewPage, BecomesThePositionOfItsIndex)
 {
     Book book = book_of({ L"a", L"b", L"c" });
     book.header.order_mode = -2700;
-    book.new_page(2);
+    book.new_page(2, {});
     EXPECT_EQ(names_of(book), (Names{ L"a", L"b", L"", L"c" }));
     EXPECT_EQ(book.header.position, 2u);
+}
+
+TEST(BookNewPage, TakesTheColoursItIsGiven)
+{
+    const PageColors colors{ { 1, 2, 3 }, { 4, 5, 6 } };
+    Book book = book_of({ L"a" });
+    book.new_page(1, colors);
+    EXPECT_EQ(book.pages[1].text_color, colors.text);
+    EXPECT_EQ(book.pages[1].back_color, colors.back);
+    book.remove_page_at(0, colors);
+    book.header.position = 0;
+    book.refresh_counts();
+    book.remove_page_at(0, { { 7, 8, 9 }, { 10, 11, 12 } });
+    EXPECT_EQ(book.pages[0].text_color[2], 9u) << "also the page that an emptied Book gets";
 }
 
 TEST(BookRemoveSelected, ErasesExactlyTheSelectedPages)
@@ -211,7 +226,7 @@ TEST(BookRemovePageAt, ErasesThePageShownThere)
     Book book = book_of({ L"a", L"b", L"c" });
     book.header.order_mode = -2700;
     book.header.position = 0;
-    EXPECT_TRUE(book.remove_page_at(0));
+    EXPECT_TRUE(book.remove_page_at(0, {}));
     EXPECT_EQ(names_of(book), (Names{ L"a", L"b" }));
     EXPECT_EQ(book.header.position, 0u);
     EXPECT_TRUE(book.needs_update);
@@ -221,9 +236,9 @@ TEST(BookRemovePageAt, KeepsThePositionInside)
 {
     Book book = book_of({ L"a", L"b", L"c" });
     book.header.position = 2;
-    EXPECT_TRUE(book.remove_page_at(2));
+    EXPECT_TRUE(book.remove_page_at(2, {}));
     EXPECT_EQ(book.header.position, 1u);
-    EXPECT_TRUE(book.remove_page_at(0));
+    EXPECT_TRUE(book.remove_page_at(0, {}));
     EXPECT_EQ(book.header.position, 0u);
     EXPECT_EQ(names_of(book), Names{ L"b" });
 }
@@ -232,7 +247,7 @@ TEST(BookRemovePageAt, LeavesOneEmptyPageInAnEmptiedBook)
 {
     Book book = book_of({ L"a" });
     book.pages[0].mark = 1;
-    EXPECT_TRUE(book.remove_page_at(0));
+    EXPECT_TRUE(book.remove_page_at(0, {}));
     ASSERT_EQ(book.pages.size(), 1u);
     EXPECT_EQ(book.pages[0].text[1], L"");
     EXPECT_EQ(book.pages[0].mark, 0);
@@ -244,12 +259,12 @@ TEST(BookRemovePageAt, AnswersFalseWhereNoPageIs)
 {
     Book book = book_of({ L"a" });
     book.header.position = 9;
-    EXPECT_FALSE(book.remove_page_at(1));
-    EXPECT_FALSE(book.remove_page_at(std::numeric_limits<std::uint64_t>::max()));
+    EXPECT_FALSE(book.remove_page_at(1, {}));
+    EXPECT_FALSE(book.remove_page_at(std::numeric_limits<std::uint64_t>::max(), {}));
     EXPECT_EQ(book.pages.size(), 1u);
     EXPECT_EQ(book.header.position, 9u);
     EXPECT_FALSE(book.needs_update);
-    EXPECT_FALSE(Book().remove_page_at(0));
+    EXPECT_FALSE(Book().remove_page_at(0, {}));
 }
 
 TEST(BookCurrentPage, IsThePageShownAtThePosition)

@@ -1,11 +1,11 @@
 // The context menu of a text box and the rules that grey its items.
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "look/box_menu.hpp"
 #include <gtest/gtest.h>
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using look::BoxMenuState;
 
 constexpr BoxMenuState everything{

@@ -1,6 +1,6 @@
 // What stands where on drawn buttons and check boxes.
 #include "controls/button_layout.hpp"
-#include "controls/check_box.hpp"
+#include "controls/check_box_layout.hpp"
 #include <gtest/gtest.h>
 
 namespace {

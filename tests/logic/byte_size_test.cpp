@@ -1,11 +1,11 @@
-#include "media/byte_size.hpp"
+#include "core/byte_size.hpp"
 #include "platform/decimal.hpp"
 #include <gtest/gtest.h>
 #include <limits>
 
 namespace {
 
-using media::format_byte_size;
+using core::format_byte_size;
 using platform::fixed_text;
 
 TEST(ByteSize, BytesHaveNoDecimals)

@@ -1,17 +1,18 @@
 // The rule of every command: its codes, its refusals and the views it leaves to be refreshed.
-#include "app/command_ids.hpp"
-#include "app/command_rules.hpp"
+#include "app/command_run.hpp"
+#include "core/command_ids.hpp"
+#include "core/command_rules.hpp"
 #include <gtest/gtest.h>
 #include <ostream>
 #include <vector>
 
 namespace {
 
-namespace command = app::command;
-using app::Needs;
-using app::Outcome;
-using app::RefreshMask;
-using enum app::Needs;
+namespace command = core::command;
+using core::Needs;
+using core::Outcome;
+using core::RefreshMask;
+using enum core::Needs;
 
 constexpr RefreshMask full = 0xF47F;
 constexpr RefreshMask full_but_page = 0xF47E;
@@ -114,7 +115,7 @@ TEST_P(CommandRow, ActsOnItsCodesOnly)
     const Codes codes = GetParam().codes;
     for (const int id : identifiers()) {
         for (const int code : { 0, 1, 2, 3, 100, 200, 256, 768, 769, 65535 })
-            EXPECT_EQ(app::find_command(id, code) != nullptr, code >= codes.first && code <= codes.last)
+            EXPECT_EQ(core::find_command(id, code) != nullptr, code >= codes.first && code <= codes.last)
                 << id << " with " << code;
     }
 }
@@ -122,7 +123,7 @@ TEST_P(CommandRow, ActsOnItsCodesOnly)
 TEST_P(CommandRow, LeavesItsViewsToBeRefreshed)
 {
     for (const int id : identifiers()) {
-        const app::CommandRule* rule = app::find_command(id, GetParam().codes.first);
+        const core::CommandRule* rule = core::find_command(id, GetParam().codes.first);
         ASSERT_NE(rule, nullptr) << id;
         EXPECT_EQ(rule->mask(Outcome::done), GetParam().done) << id;
         EXPECT_EQ(rule->mask(Outcome::failed), GetParam().failed) << id;
@@ -133,12 +134,12 @@ TEST_P(CommandRow, IsRefusedWhenAnythingItNeedsIsMissing)
 {
     const Needs everything = input | free_book | pages | page | entry | folder;
     for (const int id : identifiers()) {
-        const app::CommandRule& rule = *app::find_command(id, GetParam().codes.first);
-        EXPECT_FALSE(app::is_refused(rule, everything));
+        const core::CommandRule& rule = *core::find_command(id, GetParam().codes.first);
+        EXPECT_FALSE(core::is_refused(rule, everything));
         for (const Needs need : { input, free_book, pages, page, entry, folder }) {
             const auto rest = static_cast<Needs>(
                 static_cast<std::uint32_t>(everything) & ~static_cast<std::uint32_t>(need));
-            EXPECT_EQ(app::is_refused(rule, rest), app::covers(GetParam().needs, need))
+            EXPECT_EQ(core::is_refused(rule, rest), core::covers(GetParam().needs, need))
                 << id << " without " << static_cast<std::uint32_t>(need);
         }
     }
@@ -153,7 +154,7 @@ TEST(CommandRules, KnowNoOtherCommand)
         while (row != rows.end() && row->last < id)
             ++row;
         const bool is_known = row != rows.end() && id >= row->first;
-        EXPECT_EQ(app::find_row(app::command_rules(), id) != nullptr, is_known) << id;
+        EXPECT_EQ(core::find_row(core::command_rules(), id) != nullptr, is_known) << id;
     }
 }
 

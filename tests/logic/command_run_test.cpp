@@ -10,7 +10,7 @@
 
 namespace {
 
-using app::RefreshMask;
+using core::RefreshMask;
 
 class CommandRun : public testing::Test {
 protected:
@@ -108,7 +108,7 @@ TEST_F(CommandRun, DropsBitsThatNoViewServes)
     commands.run([&] { commands.merge(0x80 | 0x100 | 0x200 | 0x800 | 0xFFFF0000); });
     EXPECT_TRUE(refreshed.empty());
     commands.run([&] { commands.merge(0xFFFFFFFF); });
-    EXPECT_EQ(refreshed, std::vector<RefreshMask>{ app::refresh::full });
+    EXPECT_EQ(refreshed, std::vector<RefreshMask>{ core::refresh::full });
 }
 
 TEST_F(CommandRun, AddsWhatIsOverdueWhenTheOutermostEnds)
@@ -132,7 +132,7 @@ TEST_F(CommandRun, LeavesViewsThatNeverSettle)
 {
     during_refresh = [&] { commands.merge(0x10); };
     commands.run([&] { commands.merge(0x1); });
-    EXPECT_EQ(refreshed.size(), app::service_order.size());
+    EXPECT_EQ(refreshed.size(), core::service_order.size());
     EXPECT_EQ(commands.pending(), 0u);
 }
 
@@ -154,45 +154,45 @@ TEST_F(CommandRun, RefreshesNothingOfAWindowThatIsGone)
 }
 
 // A run over views that send commands while they are served, as filling a box does.
-class ServedView : public testing::TestWithParam<app::View> {
+class ServedView : public testing::TestWithParam<core::View> {
 protected:
-    using Views = std::vector<app::View>;
+    using Views = std::vector<core::View>;
 
     Views served;
-    std::function<void(app::View)> work = [](app::View) {};
+    std::function<void(core::View)> work = [](core::View) {};
     app::CommandRun commands{ { [this](RefreshMask& pending) {
-                                   app::serve_refresh(pending, [this](app::View view) {
+                                   core::serve_refresh(pending, [this](core::View view) {
                                        served.push_back(view);
                                        work(view);
                                    });
                                },
         [](const std::exception_ptr&) {}, [] { return false; }, [] { return RefreshMask{ 0 }; } } };
 
-    static RefreshMask bit(app::View view) { return static_cast<RefreshMask>(view); }
-    Views all() const { return { app::service_order.begin(), app::service_order.end() }; }
+    static RefreshMask bit(core::View view) { return static_cast<RefreshMask>(view); }
+    Views all() const { return { core::service_order.begin(), core::service_order.end() }; }
 };
 
 TEST_P(ServedView, MaySendCommandsThatAskForNothingAndIsServedOnce)
 {
-    work = [&](app::View view) {
+    work = [&](core::View view) {
         if (view == GetParam())
             commands.run([] {});
     };
-    commands.run([&] { commands.merge(app::refresh::full); });
+    commands.run([&] { commands.merge(core::refresh::full); });
     EXPECT_EQ(served, all());
 }
 
 TEST_P(ServedView, DoesNotStartAnotherRefreshInsideItsOwn)
 {
     bool inside = false;
-    work = [&](app::View view) {
+    work = [&](core::View view) {
         EXPECT_FALSE(inside);
         inside = true;
         if (view == GetParam() && served.size() <= all().size())
-            commands.run([&] { commands.merge(app::refresh::full); });
+            commands.run([&] { commands.merge(core::refresh::full); });
         inside = false;
     };
-    commands.run([&] { commands.merge(app::refresh::full); });
+    commands.run([&] { commands.merge(core::refresh::full); });
     // What it asked for beside what was still to come is served in a second round, and then there is rest.
     EXPECT_LE(served.size(), 2 * all().size());
     EXPECT_EQ(Views(served.begin(), served.begin() + static_cast<std::ptrdiff_t>(all().size())), all());
@@ -203,15 +203,15 @@ TEST_P(ServedView, DoesNotStartAnotherRefreshInsideItsOwn)
 TEST_P(ServedView, IsNotLostWhenALaterViewAsksForIt)
 {
     bool asked = false;
-    work = [&](app::View view) {
-        if (view == app::View::status_bar && !std::exchange(asked, true))
+    work = [&](core::View view) {
+        if (view == core::View::status_bar && !std::exchange(asked, true))
             commands.run([&] { commands.merge(bit(GetParam())); });
     };
-    commands.run([&] { commands.merge(bit(app::View::status_bar)); });
-    EXPECT_EQ(std::ranges::count(served, GetParam()), GetParam() == app::View::status_bar ? 2 : 1);
+    commands.run([&] { commands.merge(bit(core::View::status_bar)); });
+    EXPECT_EQ(std::ranges::count(served, GetParam()), GetParam() == core::View::status_bar ? 2 : 1);
     EXPECT_EQ(commands.pending(), 0u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, ServedView, testing::ValuesIn(app::service_order));
+INSTANTIATE_TEST_SUITE_P(Every, ServedView, testing::ValuesIn(core::service_order));
 
 } // namespace

@@ -1,11 +1,11 @@
 // Selecting, moving, removing and sorting the entries of a page.
-#include "app/command_ids.hpp"
 #include "app/file_commands.hpp"
+#include "core/command_ids.hpp"
 #include <gtest/gtest.h>
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using app::FileOrder;
 using Files = std::vector<std::wstring>;
 

@@ -1,12 +1,12 @@
 // The folders and files of the data root.
-#include "app/folders.hpp"
+#include "core/folders.hpp"
 #include <gtest/gtest.h>
 
 namespace {
 
 TEST(Folders, LieBelowTheDataRoot)
 {
-    const auto folders = app::folders_below(L"C:\\pw");
+    const auto folders = core::folders_below(L"C:\\pw");
     EXPECT_EQ(folders.data_root, L"C:\\pw");
     EXPECT_EQ(folders.dat, L"C:\\pw\\dat");
     EXPECT_EQ(folders.res, L"C:\\pw\\res");
@@ -18,16 +18,16 @@ TEST(Folders, LieBelowTheDataRoot)
 
 TEST(Folders, OfAnEmptyRootLieAtTheTopOfTheDrive)
 {
-    EXPECT_EQ(app::folders_below(L"").dat, L"\\dat");
+    EXPECT_EQ(core::folders_below(L"").dat, L"\\dat");
 }
 
 TEST(Folders, HoldTheFilesByTheirFixedNames)
 {
-    const auto folders = app::folders_below(L"C:\\pw");
-    EXPECT_EQ(app::settings_file(folders), L"C:\\pw\\dat\\pagewick.ini");
-    EXPECT_EQ(app::history_file(folders), L"C:\\pw\\dat\\history.txt");
-    EXPECT_EQ(app::custom_colors_file(folders), L"C:\\pw\\dat\\custom_colors.dat");
-    EXPECT_EQ(app::end_of_logon_file(folders), L"C:\\pw\\pagewick_log.txt");
+    const auto folders = core::folders_below(L"C:\\pw");
+    EXPECT_EQ(core::settings_file(folders), L"C:\\pw\\dat\\pagewick.ini");
+    EXPECT_EQ(core::history_file(folders), L"C:\\pw\\dat\\history.txt");
+    EXPECT_EQ(core::custom_colors_file(folders), L"C:\\pw\\dat\\custom_colors.dat");
+    EXPECT_EQ(core::end_of_logon_file(folders), L"C:\\pw\\pagewick_log.txt");
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 // The history as its window shows it.
-#include "app/history_rows.hpp"
+#include "book/history_rows.hpp"
 #include <gtest/gtest.h>
 
 namespace {
 
-using app::history_row;
-using app::HistoryRow;
+using book::history_row;
+using book::HistoryRow;
 using ovlib::Color;
 
 TEST(HistoryRow, DividesThePathAtItsLastSeparator)
@@ -27,25 +27,25 @@ TEST(HistoryRow, OfAPathWithoutASeparatorHasNoFolder)
 
 TEST(HistoryTitle, CountsTheEntries)
 {
-    EXPECT_EQ(app::history_title(0), L"履歴  [0件]");
-    EXPECT_EQ(app::history_title(1000), L"履歴  [1000件]");
+    EXPECT_EQ(book::history_title(0), L"履歴  [0件]");
+    EXPECT_EQ(book::history_title(1000), L"履歴  [1000件]");
 }
 
 TEST(HistoryCommand, IsSentForTheRowsOfTheRangeOnly)
 {
-    EXPECT_EQ(app::history_command(0), 10000);
-    EXPECT_EQ(app::history_command(4999), 14999);
-    EXPECT_EQ(app::history_command(-1), std::nullopt); // beside the rows
-    EXPECT_EQ(app::history_command(5000), std::nullopt);
-    EXPECT_EQ(app::history_command(5001), std::nullopt);
+    EXPECT_EQ(book::history_command(0), 10000);
+    EXPECT_EQ(book::history_command(4999), 14999);
+    EXPECT_EQ(book::history_command(-1), std::nullopt); // beside the rows
+    EXPECT_EQ(book::history_command(5000), std::nullopt);
+    EXPECT_EQ(book::history_command(5001), std::nullopt);
 }
 
 TEST(HistoryEnabled, NeedsAFreeBookAndOpenInput)
 {
-    EXPECT_TRUE(app::is_history_enabled(false, true));
-    EXPECT_FALSE(app::is_history_enabled(true, true));
-    EXPECT_FALSE(app::is_history_enabled(false, false));
-    EXPECT_FALSE(app::is_history_enabled(true, false));
+    EXPECT_TRUE(book::is_history_enabled(false, true));
+    EXPECT_FALSE(book::is_history_enabled(true, true));
+    EXPECT_FALSE(book::is_history_enabled(false, false));
+    EXPECT_FALSE(book::is_history_enabled(true, false));
 }
 
 TEST(HistoryTextColor, IsGreyWhileDisabled)
@@ -53,9 +53,9 @@ TEST(HistoryTextColor, IsGreyWhileDisabled)
     const Color text{ 0x123456 };
     const Color bright = ovlib::rgb(128, 128, 128);
     const Color dark = ovlib::rgb(127, 127, 127);
-    EXPECT_EQ(app::history_text_color(text, bright, true), text);
-    EXPECT_EQ(app::history_text_color(text, bright, false), Color{ 0xBFBFBF });
-    EXPECT_EQ(app::history_text_color(text, dark, false), Color{ 0x3F3F3F });
+    EXPECT_EQ(book::history_text_color(text, bright, true), text);
+    EXPECT_EQ(book::history_text_color(text, bright, false), Color{ 0xBFBFBF });
+    EXPECT_EQ(book::history_text_color(text, dark, false), Color{ 0x3F3F3F });
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // The main window's buttons and checks as data.
-#include "app/main_controls.hpp"
+#include "app/control_rows.hpp"
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
@@ -7,7 +7,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using app::button_rows;
 using app::check_rows;
 using platform::Rect;

@@ -1,11 +1,11 @@
 // What the mouse asks of the main window when it is over the file pane.
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "media/pane_input.hpp"
 #include <gtest/gtest.h>
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using media::DoubleClick;
 using media::LoaderState;
 

@@ -1,5 +1,5 @@
 // The queue of links to make, the worker's run and how it is started.
-#include "app/tracked_files.hpp"
+#include "app/page_note.hpp"
 #include "media/shortcut_queue.hpp"
 #include "tests/support/fake_links.hpp"
 #include <gtest/gtest.h>
@@ -306,7 +306,7 @@ book::Book two_pages()
 
 TEST(TrackedFiles, AreEveryEntryInPageOrder)
 {
-    const Texts entries = app::every_entry(two_pages());
+    const Texts entries = media::every_entry(two_pages());
     EXPECT_EQ(entries, (Texts{ L"a", L"http://x", L"a", L"b", L"c" }));
     EXPECT_GE(entries.capacity(), 200000u);
 }

@@ -1,7 +1,7 @@
 // The main window's menus, row by row.
 #include "app/bitmap_files.hpp"
-#include "app/command_ids.hpp"
 #include "app/menus.hpp"
+#include "core/command_ids.hpp"
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>

@@ -425,7 +425,7 @@ TEST(Navigation, ANewPageIsStoredAtThePositionWhateverPageIsShown)
     book.pages[1].text[0] = L"b";
     book.pages[2].text[0] = L"a";
     book.rebuild_order();
-    book.new_page(1);
+    book.new_page(1, {});
     EXPECT_EQ(book.header.position, 1u);
     EXPECT_EQ(book.pages[2].text[0], L"b");
     EXPECT_EQ(book.order.size(), 3u);
@@ -440,7 +440,7 @@ TEST(Navigation, DeletesTheShownPageAndStaysInside)
     for (std::size_t i = 0; i < 3; ++i)
         book.pages[i].text[0] = std::to_wstring(i);
     book.header.position = 2;
-    EXPECT_TRUE(book.remove_page_at(2));
+    EXPECT_TRUE(book.remove_page_at(2, {}));
     EXPECT_EQ(book.pages.size(), 2u);
     EXPECT_EQ(book.pages[0].text[0], L"1");
     EXPECT_EQ(book.header.position, 1u);
@@ -450,7 +450,7 @@ TEST(Navigation, DeletingTheOnlyPageLeavesAnEmptyOne)
 {
     Book book = book_of(1);
     book.pages[0].text[0] = L"a";
-    EXPECT_TRUE(book.remove_page_at(0));
+    EXPECT_TRUE(book.remove_page_at(0, {}));
     ASSERT_EQ(book.pages.size(), 1u);
     EXPECT_EQ(book.pages[0].text[0], L"");
     EXPECT_EQ(book.header.position, 0u);

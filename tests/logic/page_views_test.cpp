@@ -1,6 +1,6 @@
 // Buttons, counter and combo of the current page.
-#include "app/command_ids.hpp"
 #include "app/page_views.hpp"
+#include "core/command_ids.hpp"
 #include "media/display_name.hpp"
 #include "tests/support/temp_folder.hpp"
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using app::ButtonState;
 
 book::Book one_page()

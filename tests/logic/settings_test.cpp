@@ -1,15 +1,15 @@
 // The settings file: what is read for every state of it, and what is written.
-#include "app/settings.hpp"
+#include "core/settings.hpp"
 #include <gtest/gtest.h>
 #include <map>
 #include <vector>
 
 namespace {
 
-using app::Settings;
+using core::Settings;
 
 // A section of an ini file in memory.
-class Section : public app::SettingsStore {
+class Section : public core::SettingsStore {
 public:
     std::int32_t read_number(const wchar_t* key, std::int32_t absent) override
     {
@@ -37,13 +37,13 @@ Settings with_view_data(const std::wstring& text)
 {
     Section section;
     section.values[L"VIEWDATA"] = text;
-    return app::read_settings(section);
+    return core::read_settings(section);
 }
 
 TEST(Settings, OfNoFileAreTheDefaults)
 {
     Section empty;
-    const Settings settings = app::read_settings(empty);
+    const Settings settings = core::read_settings(empty);
     EXPECT_EQ(settings.interpolation_command, 5005);
     EXPECT_EQ(settings.browser_zoom_percent, 100);
     EXPECT_EQ(settings.chat_index, 0);
@@ -60,7 +60,7 @@ TEST(Settings, AreReadFromTheirKeys)
     section.values = { { L"INTERPOLATION", L"5002" }, { L"BROWSERZOOMFAC", L"150" }, { L"ICHAT", L"3" },
         { L"CLEARCACHE", L"1" }, { L"AUTOBACKUP", L"-1" }, { L"AUTOIMM", L"0" },
         { L"VIEWDATA", L"-10 20 300 400 2100" } };
-    const Settings settings = app::read_settings(section);
+    const Settings settings = core::read_settings(section);
     EXPECT_EQ(settings.interpolation_command, 5002);
     EXPECT_EQ(settings.browser_zoom_percent, 150);
     EXPECT_EQ(settings.chat_index, 3);
@@ -74,7 +74,7 @@ TEST(Settings, AreReadFromTheirKeys)
 TEST(Settings, AreWrittenInOrderWithTheViewerFirst)
 {
     Section section;
-    app::write_settings(Settings{}, section);
+    core::write_settings(Settings{}, section);
     EXPECT_EQ(section.written,
         (std::vector<std::wstring>{ L"VIEWDATA", L"INTERPOLATION", L"BROWSERZOOMFAC", L"ICHAT", L"CLEARCACHE",
             L"AUTOBACKUP", L"AUTOIMM" }));
@@ -93,8 +93,8 @@ TEST(Settings, ComeBackAsTheyWereWritten)
     settings.view_rect = { -2147483647 - 1, 0, 2147483647, 7 };
     settings.view_mode = -3;
     Section section;
-    app::write_settings(settings, section);
-    EXPECT_EQ(app::read_settings(section), settings);
+    core::write_settings(settings, section);
+    EXPECT_EQ(core::read_settings(section), settings);
 }
 
 TEST(Settings, ThatCannotBeWrittenLeaveTheOldFile)
@@ -102,17 +102,17 @@ TEST(Settings, ThatCannotBeWrittenLeaveTheOldFile)
     Section section;
     section.values[L"ICHAT"] = L"4";
     section.is_read_only = true;
-    app::write_settings(Settings{}, section);
-    EXPECT_EQ(app::read_settings(section).chat_index, 4);
+    core::write_settings(Settings{}, section);
+    EXPECT_EQ(core::read_settings(section).chat_index, 4);
 }
 
 TEST(Settings, TakeAnyNumberButZeroForTrueAndWriteOne)
 {
     Section section;
     section.values[L"CLEARCACHE"] = L"7";
-    const Settings settings = app::read_settings(section);
+    const Settings settings = core::read_settings(section);
     EXPECT_TRUE(settings.clear_cache_at_exit);
-    app::write_settings(settings, section);
+    core::write_settings(settings, section);
     EXPECT_EQ(section.values[L"CLEARCACHE"], L"1");
 }
 
@@ -120,10 +120,10 @@ TEST(Settings, KeepAnUnknownInterpolation)
 {
     Section section;
     section.values[L"INTERPOLATION"] = L"123";
-    const Settings settings = app::read_settings(section);
-    app::write_settings(settings, section);
+    const Settings settings = core::read_settings(section);
+    core::write_settings(settings, section);
     EXPECT_EQ(section.values[L"INTERPOLATION"], L"123");
-    EXPECT_EQ(app::interpolation_mode(settings.interpolation_command), 0);
+    EXPECT_EQ(core::interpolation_mode(settings.interpolation_command), 0);
 }
 
 TEST(ViewData, OfThreeNumbersGivesNoRectangleAndTheDefaultMode)
@@ -173,18 +173,18 @@ TEST(ViewData, EndsAtItsFirstNull)
 
 TEST(InterpolationMode, IsTheNumberOfTheDrawingLibrary)
 {
-    EXPECT_EQ(app::interpolation_mode(5000), 0);
-    EXPECT_EQ(app::interpolation_mode(5001), 5);
-    EXPECT_EQ(app::interpolation_mode(5002), 3);
-    EXPECT_EQ(app::interpolation_mode(5003), 6);
-    EXPECT_EQ(app::interpolation_mode(5004), 4);
-    EXPECT_EQ(app::interpolation_mode(5005), 7);
+    EXPECT_EQ(core::interpolation_mode(5000), 0);
+    EXPECT_EQ(core::interpolation_mode(5001), 5);
+    EXPECT_EQ(core::interpolation_mode(5002), 3);
+    EXPECT_EQ(core::interpolation_mode(5003), 6);
+    EXPECT_EQ(core::interpolation_mode(5004), 4);
+    EXPECT_EQ(core::interpolation_mode(5005), 7);
 }
 
 TEST(InterpolationMode, OfAnyOtherNumberIsTheDefault)
 {
     for (const std::int32_t command : { 4999, 5006, 0, -1, 2147483647, -2147483647 - 1 })
-        EXPECT_EQ(app::interpolation_mode(command), 0) << command;
+        EXPECT_EQ(core::interpolation_mode(command), 0) << command;
 }
 
 } // namespace

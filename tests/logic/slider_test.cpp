@@ -1,4 +1,4 @@
-#include "controls/slider.hpp"
+#include "controls/slider_model.hpp"
 #include <gtest/gtest.h>
 #include <limits>
 

@@ -1,5 +1,5 @@
 // The tabs of the strip: layout, captions, hit testing, colours and menu.
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "look/tab_strip.hpp"
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // White space, trimming and the other small operations on text.
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // The palette is read by the thread of an animation too, which holds the drawing lock while it does.
+#include "core/locks.hpp"
 #include "look/theme.hpp"
-#include "media/drawing_lock.hpp"
 #include <atomic>
 #include <chrono>
 #include <cstring>
@@ -39,7 +39,7 @@ TEST(ThemeThreads, ReadAWholePaletteUnderTheDrawingLock)
         while (!stop) {
             ThemePalette seen;
             {
-                const std::scoped_lock hold{ media::drawing_lock() };
+                const std::scoped_lock hold{ core::drawing_lock() };
                 seen = palette_read_slowly();
             }
             torn += is_whole(seen) ? 0 : 1;
@@ -65,7 +65,7 @@ TEST(ThemeThreads, WaitForADrawingBeforeTheColoursChange)
     std::atomic<bool> done = false;
     std::thread chooser;
     {
-        const std::scoped_lock drawing{ media::drawing_lock() };
+        const std::scoped_lock drawing{ core::drawing_lock() };
         chooser = std::thread{ [&] {
             started = true;
             look::load_theme(look::theme_dark);
@@ -86,8 +86,8 @@ TEST(ThemeThreads, WaitForADrawingBeforeTheColoursChange)
 
 TEST(ThemeThreads, MayChangeTheColoursInsideADrawingOfTheirOwn)
 {
-    const std::scoped_lock outer{ media::drawing_lock() };
-    const std::scoped_lock inner{ media::drawing_lock() };
+    const std::scoped_lock outer{ core::drawing_lock() };
+    const std::scoped_lock inner{ core::drawing_lock() };
     EXPECT_EQ(look::load_theme(look::theme_dark), look::theme_dark);
     look::load_theme(look::theme_standard);
 }

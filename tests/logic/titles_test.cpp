@@ -1,17 +1,17 @@
 // Version, captions and the main window's title.
-#include "app/titles.hpp"
+#include "core/titles.hpp"
 #include <gtest/gtest.h>
 
 namespace {
 
-using app::message_caption;
-using app::title_text;
+using core::message_caption;
+using core::title_text;
 
 TEST(VersionText, PutsAPointTwoDigitsFromTheEnd)
 {
-    EXPECT_EQ(app::version_text(106), L"1.06");
-    EXPECT_EQ(app::version_text(1234), L"12.34");
-    EXPECT_EQ(app::version_text(app::program_version), L"1.06");
+    EXPECT_EQ(core::version_text(106), L"1.06");
+    EXPECT_EQ(core::version_text(1234), L"12.34");
+    EXPECT_EQ(core::version_text(core::program_version), L"1.06");
 }
 
 TEST(MessageCaption, NamesTheProgramAndItsVersion)
@@ -26,7 +26,7 @@ TEST(MessageCaption, AddsTheStemOfTheBooksPath)
 
 TEST(AboutText, NamesTheProgramItsVersionAndItsAuthors)
 {
-    EXPECT_EQ(app::about_text(), L"Pagewick v1.06\r\nby the Pagewick developers");
+    EXPECT_EQ(core::about_text(), L"Pagewick v1.06\r\nby the Pagewick developers");
 }
 
 TEST(Title, IsTheStemOfThePath)

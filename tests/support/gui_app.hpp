@@ -1,12 +1,12 @@
 // The main window in the test's own process, on a data root of its own.
 #pragma once
-#include "app/command_ids.hpp"
-#include "app/folders.hpp"
-#include "app/settings.hpp"
-#include "app/titles.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/data_root.hpp"
 #include "book/history_list.hpp"
+#include "core/command_ids.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "core/settings.hpp"
+#include "core/titles.hpp"
 #include "ovlib/win_app.hpp"
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/temp_folder.hpp"
@@ -68,14 +68,14 @@ protected:
         ovlib::WinApp::instance = GetModuleHandleW(nullptr);
         ovlib::WinApp::data_root = root_.path();
         CreateDirectoryW(root_.file(L"dat").c_str(), nullptr);
-        app::hold_data_root();
-        app::init_folders(root_.path());
-        app::settings() = {};
+        core::hold_data_root(ovlib::WinApp::data_root);
+        core::init_folders(root_.path());
+        core::settings() = {};
     }
     ~AppWindow() override
     {
         close();
-        app::settings() = {};
+        core::settings() = {};
         // The current directory must not lie in a folder that goes.
         SetCurrentDirectoryW(L"C:\\");
     }
@@ -105,13 +105,13 @@ protected:
     }
     void set_history(std::initializer_list<std::wstring> paths) const
     {
-        book::HistoryList list{ app::history_file(app::folders()) };
+        book::HistoryList list{ core::history_file(core::folders()) };
         for (auto path = std::rbegin(paths); path != std::rend(paths); ++path)
             list.add(*path);
     }
     std::vector<std::wstring> history() const
     {
-        book::HistoryList list{ app::history_file(app::folders()) };
+        book::HistoryList list{ core::history_file(core::folders()) };
         list.load();
         return list.entries();
     }
@@ -119,7 +119,7 @@ protected:
     bool create()
     {
         window_ = std::make_unique<app::AppWnd>();
-        return window_->create(app::program_name);
+        return window_->create(core::program_name);
     }
     // Writes `book`, puts it into the history and opens the window on it.
     void open(book::Book book)

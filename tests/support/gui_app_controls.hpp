@@ -63,7 +63,7 @@ protected:
     }
     void write_search(const std::wstring& text)
     {
-        SetWindowTextW(box(app::command::search_box), text.c_str());
+        SetWindowTextW(box(core::command::search_box), text.c_str());
     }
 
     static book::Page page_with_files(std::initializer_list<const wchar_t*> files, std::uint64_t current = 0)

@@ -1,11 +1,11 @@
 // A file pane in a plain parent, with files of a test's own and a shell that answers as the test says.
 #pragma once
-#include "app/folders.hpp"
-#include "app/settings.hpp"
-#include "app/wnd/data_root.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "core/locks.hpp"
+#include "core/settings.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
-#include "media/drawing_lock.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/win_app.hpp"
@@ -114,9 +114,9 @@ protected:
         EXPECT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
         ovlib::WinApp::instance = GetModuleHandleW(nullptr);
         ovlib::WinApp::data_root = root_.path();
-        app::hold_data_root();
-        app::init_folders(test_support::dist_path());
-        app::settings() = {};
+        core::hold_data_root(ovlib::WinApp::data_root);
+        core::init_folders(test_support::dist_path());
+        core::settings() = {};
         ovlib::fill_image_extensions();
         look::load_theme(look::theme_standard);
         const ovlib::MemDC screen;
@@ -135,7 +135,7 @@ protected:
         parent_.reset();
         look::free_shared_fonts();
         ovlib::image_extensions.clear();
-        app::settings() = {};
+        core::settings() = {};
         SetCurrentDirectoryW(L"C:\\");
         CoUninitialize();
     }
@@ -185,13 +185,13 @@ protected:
     // Of the picture that the pane paints from.
     ovlib::Color at(int x, int y)
     {
-        const std::scoped_lock hold{ media::drawing_lock() };
+        const std::scoped_lock hold{ core::drawing_lock() };
         return pixel(pane_->canvas(), x, y);
     }
     ovlib::Color middle() { return at(width / 2, height / 2); }
     int count(ovlib::Color color)
     {
-        const std::scoped_lock hold{ media::drawing_lock() };
+        const std::scoped_lock hold{ core::drawing_lock() };
         return count_pixels(pane_->canvas(), color);
     }
     static ovlib::Color ground() { return look::palette().viewer_back; }

@@ -1,6 +1,6 @@
+#include "book/page_text.hpp"
 #include "book/query.hpp"
 #include "book/search.hpp"
-#include "book/text.hpp"
 #include "tools/bok/commands.hpp"
 #include "tools/bok/input.hpp"
 #include "tools/bok/json_writer.hpp"

@@ -1,5 +1,5 @@
 #include "tools/bok/html.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "look/theme.hpp"
 #include "tools/bok/tables.hpp"
 #include "tools/bok/utf8.hpp"

@@ -1,4 +1,4 @@
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "tools/bok/commands.hpp"
 #include "tools/bok/input.hpp"
 #include "tools/bok/json_book.hpp"

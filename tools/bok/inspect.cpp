@@ -1,6 +1,6 @@
 #include "tools/bok/inspect.hpp"
 #include "book/page_numbers.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "tools/bok/utf8.hpp"
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 #include "tools/bok/markdown.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "tools/bok/tables.hpp"
 #include "tools/bok/utf8.hpp"
 #include <algorithm>

@@ -1,5 +1,5 @@
 #include "tools/bok/mend.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "tools/bok/page_rules.hpp"
 #include "tools/bok/streams.hpp"
 #include "tools/bok/utf8.hpp"

@@ -1,5 +1,5 @@
 #include "tools/bok/new_page.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "look/theme.hpp"
 
 namespace bok {

@@ -1,5 +1,5 @@
 #include "tools/bok/page_rules.hpp"
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "tools/bok/tsv.hpp"
 #include "tools/bok/utf8.hpp"
 #include <charconv>

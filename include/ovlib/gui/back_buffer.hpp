@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <windows.h>
 
-#include "ovlib/gui/color.hpp"
 #include "ovlib/gui/dc.hpp"
+#include "platform/color.hpp"
 
 namespace ovlib {
 

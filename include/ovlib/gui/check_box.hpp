@@ -1,6 +1,6 @@
 // A drawn check box. A click only notifies the parent: whether it is on, the owner decides.
 #pragma once
-#include "controls/check_box.hpp"
+#include "controls/check_box_layout.hpp"
 #include "ovlib/gui/button.hpp"
 
 namespace ovlib {

@@ -5,7 +5,7 @@
 
 #include <commdlg.h>
 
-#include "ovlib/gui/color.hpp"
+#include "platform/color.hpp"
 
 namespace ovlib {
 

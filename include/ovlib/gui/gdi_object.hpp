@@ -5,7 +5,7 @@
 #include <utility>
 #include <windows.h>
 
-#include "ovlib/gui/color.hpp"
+#include "platform/color.hpp"
 
 namespace ovlib::GDI {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "ovlib/gui/color.hpp"
 #include "ovlib/gui/gdiplus.hpp"
+#include "platform/color.hpp"
 
 namespace ovlib {
 

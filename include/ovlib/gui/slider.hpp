@@ -1,6 +1,6 @@
 // A slider drawn by hand, and the horizontal one.
 #pragma once
-#include "controls/slider.hpp"
+#include "controls/slider_model.hpp"
 #include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/childwnd.hpp"
 

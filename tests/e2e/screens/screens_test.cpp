@@ -15,7 +15,7 @@ using namespace e2e;
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 
 const fs::path shelf = L"C:\\本棚";
 

@@ -3,8 +3,8 @@
 //     opens the menu
 // gallery --pictures FOLDER theme…
 //     leaves FOLDER/gallery-THEME.png and FOLDER/panes-THEME.png for each theme
-#include "app/folders.hpp"
 #include "app/wnd/app_bitmaps.hpp"
+#include "core/folders.hpp"
 #include "exhibits.hpp"
 #include "look/theme.hpp"
 #include "ovlib/gui/gdip.hpp"
@@ -110,7 +110,7 @@ void prepare_program()
     ovlib::WinApp::instance = GetModuleHandleW(nullptr);
     const INITCOMMONCONTROLSEX request{ sizeof request, ICC_WIN95_CLASSES };
     InitCommonControlsEx(&request);
-    app::init_folders(test_support::dist_path());
+    core::init_folders(test_support::dist_path());
     app::load_app_bitmaps();
     const ovlib::MemDC dc;
     look::make_shared_fonts(dc.handle());

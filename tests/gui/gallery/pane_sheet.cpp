@@ -1,10 +1,10 @@
 #include "pane_sheet.hpp"
-#include "app/wnd/data_root.hpp"
+#include "core/data_root.hpp"
+#include "core/locks.hpp"
 #include "look/theme.hpp"
-#include "media/drawing_lock.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "ovlib/gui/gdip.hpp"
-#include "ovlib/gui/geometry.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "ovlib/win_app.hpp"
 #include "tests/support/gui_pump.hpp"
@@ -54,7 +54,7 @@ public:
     {
         look::load_theme(theme);
         ovlib::WinApp::data_root = folder_.path();
-        app::hold_data_root();
+        core::hold_data_root(ovlib::WinApp::data_root);
         ovlib::fill_image_extensions();
         book_.pages.emplace_back();
         parent_.create(L"");
@@ -124,7 +124,7 @@ private:
         const int top = gap + taken_ / columns * (cell_height + caption_height + gap);
         ++taken_;
         {
-            const std::scoped_lock hold{ media::drawing_lock() };
+            const std::scoped_lock hold{ core::drawing_lock() };
             BitBlt(sheet_.dc().handle(), left, top, cell_width, cell_height, pane_.canvas().dc().handle(), 0,
                 0, SRCCOPY);
         }

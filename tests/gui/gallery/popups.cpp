@@ -1,5 +1,5 @@
 #include "popups.hpp"
-#include "app/command_ids.hpp"
+#include "core/command_ids.hpp"
 #include "look/theme.hpp"
 #include "tests/support/gui_menu.hpp"
 
@@ -7,7 +7,7 @@ namespace gallery {
 
 namespace {
 
-namespace command = app::command;
+namespace command = core::command;
 using ovlib::menu_item;
 using ovlib::menu_separator;
 

@@ -1,6 +1,6 @@
 // What tells of a Book: the main window's tabs, page slider and status bar, and the page editor's bar.
 #include "exhibits.hpp"
-#include "look/page_bar.hpp"
+#include "look/page_bar_runs.hpp"
 #include "look/wnd/image_button.hpp"
 #include "look/wnd/myslider.hpp"
 #include "look/wnd/mystatusbar.hpp"

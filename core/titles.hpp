@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace app {
+namespace core {
 
 inline constexpr wchar_t program_name[] = L"Pagewick";
 inline constexpr std::uint32_t program_version = 106;
@@ -26,4 +26,4 @@ struct TitleState {
 // The main window's title. `extra` is added at its end.
 std::wstring title_text(std::wstring_view book_path, TitleState state, std::wstring_view extra = {});
 
-} // namespace app
+} // namespace core

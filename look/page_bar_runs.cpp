@@ -1,4 +1,4 @@
-#include "look/page_bar.hpp"
+#include "look/page_bar_runs.hpp"
 #include <algorithm>
 
 namespace look {

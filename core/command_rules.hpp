@@ -1,13 +1,12 @@
 // What holds for each command before and after its handler: which notification codes it takes, in which state
 // it is refused, and which views it leaves to be refreshed.
 #pragma once
-#include "app/command_table.hpp"
-#include "app/refresh.hpp"
-#include "book/book.hpp"
+#include "core/command_table.hpp"
+#include "core/refresh.hpp"
 #include <cstdint>
 #include <span>
 
-namespace app {
+namespace core {
 
 // What a command asks of the program's state; combined by |.
 enum class Needs : std::uint32_t {
@@ -27,13 +26,6 @@ constexpr bool covers(Needs met, Needs asked)
 {
     return (static_cast<std::uint32_t>(asked) & ~static_cast<std::uint32_t>(met)) == 0;
 }
-
-struct WindowState {
-    bool accepts_input = true;
-    bool is_busy = false; // the page editor or the replace window is open
-};
-// What holds just now.
-Needs met_needs(const WindowState& windows, const book::Book& book);
 
 enum class Outcome { done, failed };
 
@@ -59,4 +51,4 @@ constexpr bool is_refused(const CommandRule& rule, Needs met)
     return !covers(met, rule.needs);
 }
 
-} // namespace app
+} // namespace core

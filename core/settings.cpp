@@ -1,10 +1,10 @@
-#include "app/settings.hpp"
+#include "core/settings.hpp"
 #include <algorithm>
 #include <array>
 #include <locale>
 #include <sstream>
 
-namespace app {
+namespace core {
 
 namespace {
 
@@ -92,4 +92,4 @@ Settings& settings()
     return of_process;
 }
 
-} // namespace app
+} // namespace core

@@ -1,7 +1,7 @@
-#include "app/titles.hpp"
+#include "core/titles.hpp"
 #include "platform/path_text.hpp"
 
-namespace app {
+namespace core {
 
 std::wstring version_text(std::uint32_t version)
 {
@@ -37,4 +37,4 @@ std::wstring title_text(std::wstring_view book_path, TitleState state, std::wstr
     return title.append(extra);
 }
 
-} // namespace app
+} // namespace core

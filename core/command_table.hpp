@@ -4,7 +4,7 @@
 #include <limits>
 #include <span>
 
-namespace app {
+namespace core {
 
 // Which notification codes a command acts on.
 struct CodeRule {
@@ -85,4 +85,4 @@ constexpr const Handler* find_handler(std::span<const CommandEntry<Handler>> tab
     return entry && entry->codes.allows(code) ? &entry->handler : nullptr;
 }
 
-} // namespace app
+} // namespace core

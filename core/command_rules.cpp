@@ -1,9 +1,8 @@
-#include "app/command_rules.hpp"
-#include "app/command_ids.hpp"
-#include "app/file_commands.hpp"
+#include "core/command_rules.hpp"
+#include "core/command_ids.hpp"
 #include <array>
 
-namespace app {
+namespace core {
 
 namespace {
 
@@ -11,7 +10,7 @@ using enum Needs;
 
 constexpr CodeRule text_changed = only_code(command::edit_changed);
 constexpr CodeRule choice_made = only_code(command::combo_chosen);
-constexpr CodeRule box_number = code_below(static_cast<int>(book::box_count));
+constexpr CodeRule box_number = code_below(3);
 
 constexpr std::array rules{
     CommandRule{ command::show_book_menu, 0, 0, free_book },
@@ -82,24 +81,6 @@ static_assert(is_ordered(std::span<const CommandRule>{ rules }));
 
 } // namespace
 
-Needs met_needs(const WindowState& windows, const book::Book& book)
-{
-    Needs met = nothing;
-    const auto add = [&met](bool holds, Needs need) { met = holds ? met | need : met; };
-    add(windows.accepts_input, input);
-    add(!windows.is_busy, free_book);
-    add(!book.pages.empty(), pages);
-    const std::size_t index = book.position_to_index(book.header.position);
-    if (index == book::npos)
-        return met;
-    const book::Page& current = book.pages[index];
-    const std::wstring* selected = current_entry(current);
-    add(true, page);
-    add(selected && !selected->empty(), entry);
-    add(!current.reference_folder.empty(), folder);
-    return met;
-}
-
 std::span<const CommandRule> command_rules()
 {
     return rules;
@@ -111,4 +92,4 @@ const CommandRule* find_command(int id, int code)
     return rule && rule->codes.allows(code) ? rule : nullptr;
 }
 
-} // namespace app
+} // namespace core

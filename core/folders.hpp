@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace app {
+namespace core {
 
 // Without a trailing separator.
 struct Folders {
@@ -27,4 +27,4 @@ std::wstring history_file(const Folders& in);
 std::wstring custom_colors_file(const Folders& in);
 std::wstring end_of_logon_file(const Folders& in);
 
-} // namespace app
+} // namespace core

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-namespace app {
+namespace core {
 
 inline constexpr std::int32_t first_interpolation = 5000;
 inline constexpr std::int32_t default_interpolation = 5005;
@@ -47,4 +47,4 @@ std::int32_t interpolation_mode(std::int32_t command);
 // The settings of this process. Read once at creation, written once at close; user interface thread only.
 Settings& settings();
 
-} // namespace app
+} // namespace core

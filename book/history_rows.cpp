@@ -1,8 +1,8 @@
-#include "app/history_rows.hpp"
-#include "app/command_ids.hpp"
+#include "book/history_rows.hpp"
+#include "core/command_ids.hpp"
 #include "platform/path_text.hpp"
 
-namespace app {
+namespace book {
 
 HistoryRow history_row(std::wstring_view path)
 {
@@ -17,10 +17,10 @@ std::wstring history_title(std::size_t count)
 
 std::optional<int> history_command(int row)
 {
-    constexpr int count = command::last_history_entry - command::first_history_entry + 1;
+    constexpr int count = core::command::last_history_entry - core::command::first_history_entry + 1;
     if (row < 0 || row >= count)
         return std::nullopt;
-    return command::first_history_entry + row;
+    return core::command::first_history_entry + row;
 }
 
 ovlib::Color history_text_color(ovlib::Color text, ovlib::Color back, bool enabled)
@@ -30,4 +30,4 @@ ovlib::Color history_text_color(ovlib::Color text, ovlib::Color back, bool enabl
     return ovlib::Color{ back.is_bright() ? 0xBFBFBFu : 0x3F3F3Fu };
 }
 
-} // namespace app
+} // namespace book

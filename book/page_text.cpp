@@ -1,4 +1,4 @@
-#include "book/text.hpp"
+#include "book/page_text.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace app {
+namespace core {
 
 using RefreshMask = std::uint32_t;
 
@@ -72,4 +72,4 @@ template <class Serve> void serve_refresh(RefreshMask& pending, Serve&& serve)
     }
 }
 
-} // namespace app
+} // namespace core

@@ -1,8 +1,8 @@
-#include "media/byte_size.hpp"
+#include "core/byte_size.hpp"
 #include "platform/decimal.hpp"
 #include <array>
 
-namespace media {
+namespace core {
 
 namespace {
 
@@ -21,4 +21,4 @@ std::wstring format_byte_size(std::uint64_t bytes)
     return number + L" " + units[unit];
 }
 
-} // namespace media
+} // namespace core

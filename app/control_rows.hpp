@@ -1,13 +1,15 @@
 // The main window's buttons and check boxes as data, and its fields to type in. A control's identifier is the
 // command that it sends.
 #pragma once
-#include "app/command_ids.hpp"
 #include "app/main_layout.hpp"
+#include "core/command_ids.hpp"
 #include <array>
 #include <cstddef>
 #include <optional>
 
 namespace app {
+
+namespace command = core::command;
 
 struct ButtonRow {
     int command = 0;

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace app {
+namespace book {
 
 struct HistoryRow {
     std::wstring name; // under "Book"
@@ -31,4 +31,4 @@ constexpr bool is_history_enabled(bool is_busy, bool accepts_input)
 // The colour of its rows: `text`, or a grey that stands off from `back` while it is disabled.
 ovlib::Color history_text_color(ovlib::Color text, ovlib::Color back, bool enabled);
 
-} // namespace app
+} // namespace book

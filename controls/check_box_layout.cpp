@@ -1,4 +1,4 @@
-#include "controls/check_box.hpp"
+#include "controls/check_box_layout.hpp"
 #include <algorithm>
 
 namespace ovlib {

@@ -1,5 +1,5 @@
-#include "look/wnd/input_method.hpp"
-#include "app/settings.hpp"
+#include "look/wnd/system_input_method.hpp"
+#include "core/settings.hpp"
 #include "look/input_method.hpp"
 #include <imm.h>
 
@@ -32,7 +32,7 @@ private:
 void open_input_method(HWND hwnd)
 {
     SystemInputMethod method(hwnd);
-    open_on_focus(method, app::settings().auto_imm);
+    open_on_focus(method, core::settings().auto_imm);
 }
 
 } // namespace look

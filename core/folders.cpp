@@ -1,6 +1,6 @@
-#include "app/folders.hpp"
+#include "core/folders.hpp"
 
-namespace app {
+namespace core {
 
 Folders folders_below(std::wstring_view data_root)
 {
@@ -43,4 +43,4 @@ std::wstring end_of_logon_file(const Folders& in)
     return in.data_root + L"\\pagewick_log.txt";
 }
 
-} // namespace app
+} // namespace core

@@ -1,7 +1,7 @@
 // The numbers by which user actions and notifications reach the main window, each named once.
 #pragma once
 
-namespace app::command {
+namespace core::command {
 
 enum Id : int {
     show_book_menu = 1001,
@@ -122,4 +122,4 @@ inline constexpr int combo_chosen = 1;
 // What a one-line field of a secondary window says when Enter was pressed in it.
 inline constexpr int input_form_enter = 33000;
 
-} // namespace app::command
+} // namespace core::command

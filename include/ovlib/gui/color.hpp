@@ -1,4 +1,0 @@
-#pragma once
-#include <windows.h>
-
-#include "platform/color.hpp" // IWYU pragma: export
