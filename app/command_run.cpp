@@ -1,5 +1,5 @@
 #include "app/command_run.hpp"
-#include "app/file_commands.hpp"
+#include "app/file_actions.hpp"
 #include <utility>
 
 namespace app {
@@ -32,7 +32,7 @@ void CommandRun::run(const std::function<void()>& action)
     ++depth_;
     guarded(action);
     if (depth_ == 1) {
-        merge(hooks_.overdue());
+        guarded([this] { merge(hooks_.settle()); });
         if (pending_ != 0)
             refresh_views();
     }

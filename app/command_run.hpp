@@ -25,7 +25,9 @@ public:
         std::function<void(core::RefreshMask& pending)> refresh; // serves the mask, which is live
         std::function<void(const std::exception_ptr&)> report;
         std::function<bool()> is_gone; // the window ended meanwhile: nothing is left to refresh
-        std::function<core::RefreshMask()> overdue; // what must be refreshed, whatever the commands asked for
+        // After each action and refresh: brings up to date what follows the Book, and says which views must
+        // be refreshed whatever the commands asked for.
+        std::function<core::RefreshMask()> settle;
     };
 
     explicit CommandRun(Hooks hooks);

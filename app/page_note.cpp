@@ -4,13 +4,13 @@ namespace app {
 
 std::optional<PageNote> note_page(const book::Book& book)
 {
-    const std::size_t index = book.position_to_index(book.header.position);
+    const std::size_t index = book.current_index();
     if (index == book::npos)
         return std::nullopt;
-    return PageNote{ book.header.position, index, book.pages.size(), book.pages[index].stamp };
+    return PageNote{ book.header.position, index, book.revision, book.pages[index].stamp };
 }
 
-bool still_stands(const PageNote& note, const book::Book& book)
+bool is_same(const PageNote& note, const book::Book& book)
 {
     return note_page(book) == note;
 }
@@ -26,14 +26,14 @@ std::optional<EntryNote> note_entry(const book::Book& book)
     return EntryNote{ *page, current.current_file, current.files[current.current_file] };
 }
 
-bool still_stands(const EntryNote& note, const book::Book& book)
+bool is_same(const EntryNote& note, const book::Book& book)
 {
     return note_entry(book) == note;
 }
 
 bool replace_entry(book::Book& book, const EntryNote& note, const std::wstring& path)
 {
-    if (!still_stands(note, book))
+    if (!is_same(note, book))
         return false;
     book.pages[note.page.index].files[note.place] = path;
     return true;

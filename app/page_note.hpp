@@ -13,7 +13,7 @@ namespace app {
 struct PageNote {
     std::uint64_t position = 0;
     std::size_t index = 0;
-    std::size_t page_count = 0;
+    std::uint64_t revision = 0; // of the Book
     std::wstring stamp;
 
     friend bool operator==(const PageNote&, const PageNote&) = default;
@@ -21,7 +21,7 @@ struct PageNote {
 
 // The current page; none without one.
 std::optional<PageNote> note_page(const book::Book& book);
-bool still_stands(const PageNote& note, const book::Book& book);
+bool is_same(const PageNote& note, const book::Book& book);
 
 // An entry of that page's list.
 struct EntryNote {
@@ -34,7 +34,7 @@ struct EntryNote {
 
 // The selected entry of the current page; none without one.
 std::optional<EntryNote> note_entry(const book::Book& book);
-bool still_stands(const EntryNote& note, const book::Book& book);
+bool is_same(const EntryNote& note, const book::Book& book);
 // Puts `path` in the place of the noted entry; false when that no longer stands. The stamp stays.
 bool replace_entry(book::Book& book, const EntryNote& note, const std::wstring& path);
 

@@ -4,7 +4,7 @@
 
 namespace app {
 
-void take_back(BoxEdits edits, book::Page& page)
+void commit_edits(BoxEdits edits, book::Page& page)
 {
     constexpr std::size_t single_line_box = 1;
     for (std::size_t box = 0; box < edits.size(); ++box) {

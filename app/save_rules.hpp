@@ -52,7 +52,7 @@ constexpr Leave leave_decision(bool still_changed, bool has_current_page)
 using BoxEdits = std::array<std::optional<std::wstring>, book::box_count>;
 
 // Box 2 is trimmed at both ends; no text keeps a U+0003.
-void take_back(BoxEdits edits, book::Page& page);
+void commit_edits(BoxEdits edits, book::Page& page);
 
 // Keeps the creation time, as far as there is one, and puts `now` behind it.
 void renew_stamp(std::wstring& stamp, std::wstring_view now);

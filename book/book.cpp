@@ -2,6 +2,7 @@
 #include "book/page_text.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
+#include <utility>
 
 namespace book {
 
@@ -28,18 +29,20 @@ Book::PageCountOver::PageCountOver()
 
 void Book::clear()
 {
+    const std::uint64_t next_revision = revision + 1;
     *this = Book();
+    revision = next_revision;
 }
 
 Page* Book::current_page()
 {
-    const std::size_t index = position_to_index(header.position);
+    const std::size_t index = current_index();
     return index == npos ? nullptr : &pages[index];
 }
 
 const Page* Book::current_page() const
 {
-    const std::size_t index = position_to_index(header.position);
+    const std::size_t index = current_index();
     return index == npos ? nullptr : &pages[index];
 }
 
@@ -49,6 +52,7 @@ Page* Book::insert_page(std::size_t index, Page page)
         throw PageCountOver();
     if (index > pages.size())
         return nullptr;
+    ++revision;
     const auto place = pages.begin() + static_cast<std::ptrdiff_t>(index);
     const auto inserted = pages.insert(place, std::move(page));
     header.position = index;
@@ -65,8 +69,10 @@ bool Book::remove_selected()
 {
     const auto is_selected = [](const Page& page) { return page.selected == PageSelection::selected; };
     const bool removed = std::erase_if(pages, is_selected) > 0;
-    if (removed)
+    if (removed) {
+        ++revision;
         needs_update = true;
+    }
     return removed;
 }
 
@@ -75,12 +81,20 @@ bool Book::remove_page_at(std::uint64_t position, const PageColors& colors)
     const std::size_t index = position_to_index(position);
     if (index == npos)
         return false;
+    ++revision;
     pages.erase(pages.begin() + static_cast<std::ptrdiff_t>(index));
     needs_update = true;
     if (pages.empty())
         new_page(0, colors);
     header.position = std::min<std::uint64_t>(header.position, pages.size() - 1);
     return true;
+}
+
+void Book::swap_pages(std::size_t first, std::size_t second)
+{
+    ++revision;
+    std::swap(pages[first], pages[second]);
+    needs_update = true;
 }
 
 void Book::recount()

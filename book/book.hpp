@@ -34,7 +34,9 @@ public:
     // The stored index shown at `position`, or npos past the end. A stale `order` maps to the position
     // itself.
     std::size_t position_to_index(std::uint64_t position) const;
-    // The page at header.position, or null.
+    // The page at header.position as a stored index, or npos.
+    std::size_t current_index() const { return position_to_index(header.position); }
+    // The same page, or null.
     Page* current_page();
     const Page* current_page() const;
 
@@ -61,6 +63,9 @@ public:
     // The first stored page with this tab number; null for none and for 0. Right after a recount it costs
     // nothing.
     Page* page_of_tab(std::uint64_t number);
+    // Exchanges two stored pages. Both indices must be valid.
+    void swap_pages(std::size_t first, std::size_t second);
+
     // When needs_update is set: clears it, drops the hits, recounts and rebuilds the order.
     void refresh_counts();
     // Throws std::out_of_range for a stamp of fewer than 14 characters under the key `modified`.
@@ -83,6 +88,9 @@ public:
     std::int32_t tab_count = 0;
     std::vector<std::size_t> tab_indices; // of the pages with tabs, in stored order, at the last recount
     std::int32_t mark_count = 0;
+    // Raised by every insertion, removal and exchange of stored pages, by clearing and by loading: a stored
+    // index names the same page only while this lasts.
+    std::uint64_t revision = 0;
     bool needs_update = false; // pages came or went, or the sort key changed
     std::vector<SearchHit> hits;
 };

@@ -17,11 +17,13 @@ struct SearchQuery {
     bool all_terms = false; // every term must match; otherwise any
     bool ignore_case = false;
     bool in_file_list = false; // the page's file list is searched too
+
+    friend bool operator==(const SearchQuery&, const SearchQuery&) = default;
 };
 
-// Where on a page: 100, 101, 102 are the boxes, 200 + i is entry i of the file list.
 enum class LetterCase { exact, folded };
 
+// Where on a page: 100, 101, 102 are the boxes, 200 + i is entry i of the file list.
 inline constexpr std::uint64_t box_place = 100;
 inline constexpr std::uint64_t file_place = 200;
 

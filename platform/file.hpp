@@ -60,6 +60,10 @@ std::uint32_t set_current_directory(const std::wstring& path);
 
 bool create_folder(const std::wstring& path);
 bool remove_file(const std::wstring& path);
+// Replaces `to`. 0 or the system's error code.
+std::uint32_t copy_file(const std::wstring& from, const std::wstring& to);
+// As Windows numbers them, see path_attributes.hpp; no_attributes when the path cannot be examined.
+std::uint32_t file_attributes(const std::wstring& path);
 // Puts `from` in the place of `to`, replacing it in one step.
 bool replace_file(const std::wstring& from, const std::wstring& to);
 

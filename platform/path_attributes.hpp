@@ -8,6 +8,7 @@
 namespace platform {
 
 inline constexpr std::uint32_t no_attributes = 0xFFFFFFFF; // whatever the reason
+inline constexpr std::uint32_t read_only_attribute = 0x1;
 inline constexpr std::uint32_t folder_attribute = 0x10;
 inline constexpr std::uint32_t reparse_attribute = 0x400;
 inline constexpr std::uint32_t symbolic_link_tag = 0xA000000C;

@@ -1,6 +1,6 @@
 // The window class, the table of messages and the frame's own messages.
 #include "app/wnd/appwnd.hpp"
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include "app/wnd/app_bitmaps.hpp"
 #include "app/wnd/file_pane.hpp"
 #include "core/command_ids.hpp"

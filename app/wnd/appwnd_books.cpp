@@ -1,6 +1,6 @@
 // New, open, load, save, save as and backup.
 #include "app/last_book.hpp"
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "book/history_rows.hpp"
 #include "book/my_exception.hpp"

@@ -1,5 +1,5 @@
 // The window's background, the colours of its edit controls, and its theme.
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "look/box_look.hpp"
 #include "look/theme.hpp"

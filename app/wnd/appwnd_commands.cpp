@@ -1,5 +1,5 @@
 // Which command does what. What holds before and after stands in the rules.
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "core/command_ids.hpp"
 #include "core/titles.hpp"

@@ -1,5 +1,5 @@
 // The controls beside the boxes: when they are brought up to date, and what they do to the Book.
-#include "app/file_commands.hpp"
+#include "app/file_actions.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "book/page_order.hpp"
 #include "core/command_ids.hpp"

@@ -1,5 +1,5 @@
 // Commands on the current page's file list.
-#include "app/file_commands.hpp"
+#include "app/file_actions.hpp"
 #include "app/file_texts.hpp"
 #include "app/page_note.hpp"
 #include "app/wnd/appwnd.hpp"

@@ -1,5 +1,5 @@
 // The links by which moved files are found again: made in the background, used on demand.
-#include "app/file_commands.hpp"
+#include "app/file_actions.hpp"
 #include "app/page_note.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "core/command_ids.hpp"

@@ -1,5 +1,5 @@
 // The popup menus: where they come up, and on what state.
-#include "app/file_commands.hpp"
+#include "app/file_actions.hpp"
 #include "app/menus.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "core/data_root.hpp"

@@ -1,5 +1,5 @@
 // Commands on pages: turning, order, marks, adding and deleting.
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include "app/page_note.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "book/page_order.hpp"

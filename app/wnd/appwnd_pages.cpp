@@ -1,5 +1,5 @@
 // The current page in the boxes, and the way of edits back.
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "book/page_text.hpp"
 #include "core/command_ids.hpp"

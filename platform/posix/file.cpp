@@ -1,5 +1,6 @@
 #include "platform/file.hpp"
 #include "platform/path_answer.hpp"
+#include "platform/path_attributes.hpp"
 #include "platform/text.hpp"
 #include <cerrno>
 #include <cstdio>
@@ -163,6 +164,22 @@ std::uint32_t set_current_directory(const std::wstring& path)
 bool create_folder(const std::wstring& path)
 {
     return ::mkdir(to_utf8(path).c_str(), folder_mode) == 0;
+}
+
+std::uint32_t copy_file(const std::wstring& from, const std::wstring& to)
+{
+    std::error_code failed;
+    std::filesystem::copy_file(
+        to_utf8(from), to_utf8(to), std::filesystem::copy_options::overwrite_existing, failed);
+    return static_cast<std::uint32_t>(failed.value());
+}
+
+std::uint32_t file_attributes(const std::wstring& path)
+{
+    if (!exists(path))
+        return no_attributes;
+    const std::uint32_t protection = ::access(to_utf8(path).c_str(), W_OK) == 0 ? 0 : read_only_attribute;
+    return is_folder(path) ? protection | folder_attribute : protection;
 }
 
 bool remove_file(const std::wstring& path)

@@ -169,6 +169,16 @@ bool create_folder(const std::wstring& path)
     return CreateDirectoryW(path.c_str(), nullptr) != 0;
 }
 
+std::uint32_t copy_file(const std::wstring& from, const std::wstring& to)
+{
+    return CopyFileW(from.c_str(), to.c_str(), FALSE) ? ERROR_SUCCESS : GetLastError();
+}
+
+std::uint32_t file_attributes(const std::wstring& path)
+{
+    return attributes_of(path);
+}
+
 bool remove_file(const std::wstring& path)
 {
     return DeleteFileW(path.c_str()) != 0;

@@ -4,9 +4,9 @@
 
 namespace {
 
+using app::is_same;
 using app::note_entry;
 using app::note_page;
-using app::still_stands;
 
 book::Book two_pages()
 {
@@ -26,9 +26,9 @@ TEST(PageNote, StandsWhileNothingHappens)
     book::Book book = two_pages();
     const auto note = note_page(book);
     ASSERT_TRUE(note);
-    EXPECT_TRUE(still_stands(*note, book));
+    EXPECT_TRUE(is_same(*note, book));
     book.pages[0].text[0] = L"typed";
-    EXPECT_TRUE(still_stands(*note, book));
+    EXPECT_TRUE(is_same(*note, book));
 }
 
 TEST(PageNote, FallsWithThePosition)
@@ -36,9 +36,9 @@ TEST(PageNote, FallsWithThePosition)
     book::Book book = two_pages();
     const auto note = note_page(book);
     book.header.position = 1;
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
     book.header.position = 9;
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
 }
 
 TEST(PageNote, FallsWhenAnotherPageIsShownAtThePosition)
@@ -46,10 +46,10 @@ TEST(PageNote, FallsWhenAnotherPageIsShownAtThePosition)
     book::Book book = two_pages();
     const auto note = note_page(book);
     book.header.order_mode = -2700;
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
     book.header.order_mode = 2700;
     std::swap(book.pages[0], book.pages[1]);
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
 }
 
 TEST(PageNote, FallsWhenPagesComeOrGo)
@@ -57,7 +57,7 @@ TEST(PageNote, FallsWhenPagesComeOrGo)
     book::Book book = two_pages();
     const auto note = note_page(book);
     book.pages.push_back(book.pages[0]);
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
 }
 
 TEST(PageNote, IsNoneWithoutACurrentPage)
@@ -73,20 +73,20 @@ TEST(EntryNote, FallsWithItsPageItsPlaceOrItsText)
     const book::Book before = two_pages();
     const auto note = note_entry(before);
     ASSERT_TRUE(note);
-    EXPECT_TRUE(still_stands(*note, before));
+    EXPECT_TRUE(is_same(*note, before));
 
     book::Book book = before;
     book.header.position = 1;
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
     book = before;
     book.pages[0].current_file = 2;
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
     book = before;
     book.pages[0].files[1] = L"other";
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
     book = before;
     book.pages[0].files.clear();
-    EXPECT_FALSE(still_stands(*note, book));
+    EXPECT_FALSE(is_same(*note, book));
 }
 
 TEST(EntryNote, StandsWhenOtherEntriesChange)
@@ -95,7 +95,7 @@ TEST(EntryNote, StandsWhenOtherEntriesChange)
     const auto note = note_entry(book);
     book.pages[0].files.push_back(L"d");
     book.pages[0].files[0] = L"other";
-    EXPECT_TRUE(still_stands(*note, book));
+    EXPECT_TRUE(is_same(*note, book));
 }
 
 TEST(EntryNote, IsNoneWithoutASelectedEntry)

@@ -55,23 +55,23 @@ TEST(TakeBack, ReplacesOnlyTheEditedBoxes)
 {
     book::Page page;
     page.text = { L"one\r\n", L"two", L"three\r\n" };
-    app::take_back({ std::nullopt, L"new", std::nullopt }, page);
+    app::commit_edits({ std::nullopt, L"new", std::nullopt }, page);
     EXPECT_EQ(page.text, (std::array<std::wstring, 3>{ L"one\r\n", L"new", L"three\r\n" }));
-    app::take_back({ L"", std::nullopt, L"x" }, page);
+    app::commit_edits({ L"", std::nullopt, L"x" }, page);
     EXPECT_EQ(page.text, (std::array<std::wstring, 3>{ L"", L"new", L"x" }));
 }
 
 TEST(TakeBack, TrimsBoxTwoAloneAndAtBothEnds)
 {
     book::Page page;
-    app::take_back({ L"  a \r\n", L"\u3000 b \t", L" c \r\n" }, page);
+    app::commit_edits({ L"  a \r\n", L"\u3000 b \t", L" c \r\n" }, page);
     EXPECT_EQ(page.text, (std::array<std::wstring, 3>{ L"  a \r\n", L"b", L" c \r\n" }));
 }
 
 TEST(TakeBack, RemovesTheSeparatorFromEveryBox)
 {
     book::Page page;
-    app::take_back({ L"\u0003a\u0003", L"b\u0003c", L"\u0003" }, page);
+    app::commit_edits({ L"\u0003a\u0003", L"b\u0003c", L"\u0003" }, page);
     EXPECT_EQ(page.text, (std::array<std::wstring, 3>{ L"a", L"bc", L"" }));
 }
 
@@ -79,7 +79,7 @@ TEST(TakeBack, RemovesTheSeparatorFromEveryBox)
 TEST(TakeBack, TrimsBeforeItRemovesSeparators)
 {
     book::Page page;
-    app::take_back({ std::nullopt, L"\u0003 b", std::nullopt }, page);
+    app::commit_edits({ std::nullopt, L"\u0003 b", std::nullopt }, page);
     EXPECT_EQ(page.text[1], L" b");
 }
 

@@ -1,5 +1,5 @@
 // The program in its main situations, one picture each, for the eye: scripts/screens.
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include "look/tab_strip.hpp"
 #include "look/theme.hpp"
 #include "ovlib/gui/gdip.hpp"

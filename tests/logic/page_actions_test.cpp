@@ -1,5 +1,5 @@
 // What commands do to the open Book.
-#include "app/page_commands.hpp"
+#include "app/page_actions.hpp"
 #include <gtest/gtest.h>
 
 namespace {
@@ -35,11 +35,11 @@ std::wstring shown_texts(const book::Book& book)
 TEST(CurrentIndex, IsNoneBeyondTheLastPage)
 {
     book::Book book = book_of({ L"a", L"b" });
-    EXPECT_EQ(app::current_index(book), 0u);
+    EXPECT_EQ(book.current_index(), 0u);
     book.header.order_mode = -2700;
-    EXPECT_EQ(app::current_index(book), 1u);
+    EXPECT_EQ(book.current_index(), 1u);
     book.header.position = ~std::uint64_t{ 0 };
-    EXPECT_EQ(app::current_index(book), book::npos);
+    EXPECT_EQ(book.current_index(), book::npos);
 }
 
 TEST(ToggleMark, MarksTheCurrentPageAndCountsAnew)

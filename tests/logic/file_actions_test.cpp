@@ -1,5 +1,5 @@
 // Selecting, moving, removing and sorting the entries of a page.
-#include "app/file_commands.hpp"
+#include "app/file_actions.hpp"
 #include "core/command_ids.hpp"
 #include <gtest/gtest.h>
 

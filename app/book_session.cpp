@@ -1,0 +1,239 @@
+// The page on the desk: shown, committed, saved and left; what follows a command.
+#include "app/book_session.hpp"
+#include "book/page_text.hpp"
+#include "core/data_root.hpp"
+#include "core/titles.hpp"
+#include "platform/file.hpp"
+#include <utility>
+
+namespace app {
+
+BookSession::BookSession(Seams seams, std::wstring history_file)
+    : seams_(std::move(seams))
+    , history_(std::move(history_file))
+    , commands_({ [this](core::RefreshMask& pending) { refresh_views(pending); },
+          [this](const std::exception_ptr& failure) { report(failure); }, [this] { return talk().is_gone(); },
+          [this] { return settle(); } })
+{
+    book_.clear();
+}
+
+void BookSession::run(const std::function<void()>& action)
+{
+    if (!is_loading_)
+        commands_.run(action);
+}
+
+bool BookSession::save(SaveCode code)
+{
+    if (talk().is_gone() || !book_.current_page())
+        return false;
+    const bool changed = desk().has_edits();
+    refresh_counts();
+    if (book::Page* page = shown_page())
+        desk().store_scroll(*page);
+    SaveStep step = save_step(code, changed, talk().is_busy());
+    if (step == SaveStep::ask)
+        step = talk().ask(save_question, BoxStyle::question) ? SaveStep::write : SaveStep::give_up;
+    if (step == SaveStep::give_up)
+        mark_clean();
+    if (step != SaveStep::write)
+        return false;
+    if (changed)
+        commit_edits();
+    return write_book();
+}
+
+// All that can fail comes before the first change: a page gets its new texts with its new stamp, or neither.
+void BookSession::commit_edits()
+{
+    book::Page* page = shown_page();
+    if (!page)
+        return;
+    std::wstring stamp = page->stamp;
+    renew_stamp(stamp, book::current_time_text());
+    app::commit_edits(desk().edits(), *page);
+    page->stamp = std::move(stamp);
+    note_content_change();
+}
+
+bool BookSession::write_book()
+{
+    if (!book_.save_to(core::path_from_data_root(book_.path))) {
+        tell_save_failure();
+        return false;
+    }
+    remember_book();
+    mark_clean();
+    return true;
+}
+
+void BookSession::tell_save_failure()
+{
+    const std::uint32_t attributes = platform::file_attributes(core::path_from_data_root(book_.path));
+    talk().tell(save_failure_text(book_.path, attributes), BoxStyle::warning);
+}
+
+bool BookSession::may_leave_page()
+{
+    const bool had_edits = desk().has_edits();
+    save(SaveCode::ask);
+    if (talk().is_gone())
+        return false;
+    const Leave decision = leave_decision(had_edits && desk().has_edits(), book_.current_page() != nullptr);
+    if (decision == Leave::stay)
+        return false;
+    if (decision == Leave::drop_edits_and_go_on)
+        mark_clean();
+    // Edits that were given up are still in the boxes.
+    if (had_edits)
+        merge(core::refresh::full);
+    return true;
+}
+
+// Rebuilding the order, which comes before a save, may fail. It is not tried twice, so the second round
+// writes.
+void BookSession::save_at_close()
+{
+    for (int round = 0; round < 2; ++round) {
+        try {
+            save(SaveCode::always);
+            return;
+        } catch (...) {
+            const FailureNotice notice = failure_notice(std::current_exception(), FailedAt::command);
+            talk().tell(notice.text, notice.style);
+        }
+    }
+}
+
+book::Page* BookSession::shown_page()
+{
+    const std::size_t index = shown_place().index;
+    return index < book_.pages.size() ? &book_.pages[index] : nullptr;
+}
+
+void BookSession::show_current_page()
+{
+    const book::Page* page = book_.current_page();
+    if (!page || desk().has_edits())
+        return;
+    // A page that is shown again stays where the user has it.
+    const bool is_shown_already = current_place() == shown_;
+    if (is_shown_already)
+        desk().store_scroll(*book_.current_page());
+    shown_ = current_place();
+    desk().show(*page, is_shown_already);
+    mark_clean();
+}
+
+void BookSession::forget_shown_page()
+{
+    shown_ = {};
+    mark_clean();
+}
+
+book::Page* BookSession::step_page(int direction)
+{
+    book::Page* found = book_.find(direction, search_query());
+    hits_of_ = wanted_hits();
+    return found;
+}
+
+book::SearchQuery BookSession::search_query() const
+{
+    book::SearchQuery query = seams_.desk.query();
+    query.track_marks = book_.header.track_marks != 0;
+    query.track_tabs = book_.header.track_tabs != 0;
+    return query;
+}
+
+void BookSession::box_changed()
+{
+    if (edited_mark_)
+        return;
+    edited_mark_ = true;
+    update_title();
+}
+
+void BookSession::renew_edited_mark()
+{
+    edited_mark_ = desk().has_edits();
+    update_title();
+}
+
+void BookSession::mark_clean()
+{
+    desk().mark_clean();
+    edited_mark_ = false;
+    update_title();
+}
+
+void BookSession::update_title()
+{
+    const bool is_edited = desk().has_edits();
+    desk().show_title(core::title_text(book_.path, { is_edited, book_.needs_update }), is_edited);
+}
+
+bool BookSession::ask_about_page(const std::wstring& question)
+{
+    const std::optional<PageNote> asked = note_page(book_);
+    return asked && talk().ask(question, BoxStyle::question) && is_same(*asked, book_);
+}
+
+bool BookSession::ask_about_entry(const std::wstring& question)
+{
+    const std::optional<EntryNote> asked = note_entry(book_);
+    return asked && talk().ask(question, BoxStyle::question) && is_same(*asked, book_);
+}
+
+// A Book whose order is rebuilt has lost its hits.
+void BookSession::refresh_counts()
+{
+    if (book_.needs_update)
+        hits_of_.reset();
+    book_.refresh_counts();
+}
+
+void BookSession::refresh_views(core::RefreshMask& pending)
+{
+    seams_.before_refresh();
+    refresh_counts();
+    // A new order may have put another page to the position.
+    pending |= settle();
+    core::serve_refresh(pending, seams_.serve);
+}
+
+// The one place where the hits follow the page, its text and files, the order and the query.
+core::RefreshMask BookSession::settle()
+{
+    if (talk().is_gone())
+        return 0;
+    if (hits_of_ != wanted_hits())
+        step_page(0);
+    return core::overdue_views(shown_place().index, book_.current_index());
+}
+
+void BookSession::report(const std::exception_ptr& failure)
+{
+    const FailureNotice notice = failure_notice(failure, FailedAt::command);
+    talk().tell(notice.text, notice.style);
+    if (notice.ends_program)
+        talk().close_program();
+}
+
+BookSession::HitsOf BookSession::wanted_hits() const
+{
+    return { current_place(), search_query() };
+}
+
+BookSession::Shown BookSession::current_place() const
+{
+    return { book_.current_index(), book_.revision };
+}
+
+BookSession::Shown BookSession::shown_place() const
+{
+    return shown_.revision == book_.revision ? shown_ : Shown{};
+}
+
+} // namespace app
