@@ -151,7 +151,7 @@ std::vector<std::wstring> MainWindowTest::read_on(std::size_t page_count)
 
 void MainWindowTest::retype(int id, const std::wstring& text, const Where& where)
 {
-    program().click_on(box(id));
+    program().click_into(box(id));
     box(id).select(0, static_cast<std::size_t>(-1));
     type_text(text);
     expect_soon(

@@ -215,6 +215,19 @@ void Program::click_on(Window control) const
         throw DriverError("waited in vain: a click gives the focus; " + describe());
 }
 
+// The focus may come before the click that is still on its way, when the program itself gives it to the box.
+// What the click does to the caret would then undo what a message does to it. Keys follow the click in one
+// queue: when the caret has been at the end and then at the beginning, both have been served.
+void Program::click_into(Window edit) const
+{
+    click_on(edit);
+    const auto end = static_cast<DWORD>(edit.text().size());
+    chord({ VK_CONTROL, VK_END });
+    require("the caret goes to the end", [&] { return edit.selection() == std::pair{ end, end }; });
+    chord({ VK_CONTROL, VK_HOME });
+    require("the caret goes to the beginning", [&] { return edit.selection() == std::pair{ 0ul, 0ul }; });
+}
+
 std::string Program::describe() const
 {
     if (!is_running())

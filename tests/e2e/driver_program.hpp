@@ -50,6 +50,8 @@ public:
     void await_input() const;
     // Gives the keyboard to a control by a click, unless it has it.
     void click_on(Window control) const;
+    // The same for an edit control, until the click has been served.
+    void click_into(Window edit) const;
     // What is in front and who has the focus, for a failure.
     std::string describe() const;
 

@@ -58,8 +58,7 @@ std::filesystem::path EndToEnd::open_numbered_book(std::size_t page_count)
 
 void EndToEnd::write_first(const std::wstring& text, const Where& where)
 {
-    program().click_on(box(core::command::box_1));
-    box(core::command::box_1).select(0, 0);
+    program().click_into(box(core::command::box_1));
     const std::wstring expected = text + box(core::command::box_1).text();
     type_text(text);
     expect_soon(

@@ -254,7 +254,7 @@ void Walker::type(
         return;
     }
     come_to_front();
-    program_->click_on(edited);
+    program_->click_into(edited);
     edited.select(start, end);
     e2e::type_text(text);
     require("the typed text comes", [&] { return edited.text() == model.boxes[index].text; });
@@ -319,7 +319,7 @@ void Walker::scroll(std::size_t index, int lines)
 void Walker::select(std::size_t index, std::size_t start, std::size_t end)
 {
     come_to_front();
-    program_->click_on(box(index));
+    program_->click_into(box(index));
     box(index).select(start, end);
 }
 

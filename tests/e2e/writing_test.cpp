@@ -13,7 +13,7 @@ class Writing : public EndToEnd {
 protected:
     void write_at_end(int id, const std::wstring& text)
     {
-        program().click_on(box(id));
+        program().click_into(box(id));
         const std::wstring before = box(id).text();
         box(id).select(before.size(), before.size());
         type_text(text);

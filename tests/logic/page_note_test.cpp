@@ -56,7 +56,8 @@ TEST(PageNote, FallsWhenPagesComeOrGo)
 {
     book::Book book = two_pages();
     const auto note = note_page(book);
-    book.pages.push_back(book.pages[0]);
+    book.insert_page(2, book.pages[0]);
+    book.header.position = note->position;
     EXPECT_FALSE(is_same(*note, book));
 }
 
