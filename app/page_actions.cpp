@@ -8,13 +8,9 @@ namespace app {
 
 namespace command = core::command;
 using core::Outcome;
+using core::outcome_of;
 
 namespace {
-
-Outcome outcome_of(bool done)
-{
-    return done ? Outcome::done : Outcome::failed;
-}
 
 book::PageColors new_page_colors()
 {

@@ -1,94 +1,10 @@
 #include "core/command_rules.hpp"
-#include "core/command_ids.hpp"
-#include <array>
 
 namespace core {
 
-namespace {
-
-using enum Needs;
-
-constexpr CodeRule text_changed = only_code(command::edit_changed);
-constexpr CodeRule choice_made = only_code(command::combo_chosen);
-constexpr CodeRule box_number = code_below(3);
-
-constexpr std::array rules{
-    CommandRule{ command::show_book_menu, 0, 0, free_book },
-    CommandRule{ { command::new_book, command::open_book }, refresh::full, refresh::controls, free_book },
-    CommandRule{ command::save_always, refresh::full_but_page },
-    CommandRule{ command::save_book_as, refresh::full, refresh::full, free_book },
-    CommandRule{ { command::save_if_changed, command::save_after_question }, refresh::full_but_page },
-    CommandRule{ command::restore_book, refresh::full, refresh::full },
-    CommandRule{ command::backup_book },
-    CommandRule{ { command::next_page, command::previous_page }, refresh::full, 0, input },
-    CommandRule{ { command::first_page, command::last_page }, refresh::full, 0, input | pages },
-    CommandRule{ command::toggle_mark, refresh::controls, 0, free_book | page },
-    CommandRule{
-        { command::toggle_mark_tracking, command::toggle_tab_tracking }, refresh::full, 0, free_book },
-    CommandRule{
-        { command::toggle_random_order, command::toggle_sorted_order }, refresh::full, 0, free_book },
-    CommandRule{ { command::search_selection, command::clear_search } },
-    CommandRule{ { command::write_mail, command::show_web_menu } },
-    CommandRule{ command::show_folder_menu, 0, 0, page },
-    CommandRule{ { command::about, command::close_program } },
-    CommandRule{ command::request_refresh }, // the mask comes with it
-    CommandRule{ command::go_to_tab, refresh::full },
-    CommandRule{ { command::box_1, command::box_3 }, 0, 0, nothing, text_changed },
-    CommandRule{ command::search_box, 0, 0, nothing, text_changed },
-    CommandRule{ command::file_list_box, 0, 0, nothing, text_changed },
-    CommandRule{ command::renew_edited_mark },
-    CommandRule{ command::file_combo, refresh::file_choice, 0, page, choice_made },
-    CommandRule{ command::toggle_results },
-    CommandRule{ command::choose_result, refresh::file_choice_from_results, 0, nothing, any_code },
-    CommandRule{ command::delete_page, refresh::full, 0, free_book | page },
-    CommandRule{ command::set_accepting_input },
-    CommandRule{ command::open_reference_folder, 0, 0, page | folder },
-    CommandRule{ command::choose_reference_folder, refresh::folder_button, 0, page },
-    CommandRule{ command::clear_reference_folder, refresh::folder_button, 0, page | folder },
-    CommandRule{ { command::repaint_box, command::set_box_font }, 0, 0, nothing, box_number },
-    CommandRule{ command::toggle_tab, refresh::tabs, 0, free_book | page },
-    CommandRule{ command::remove_tab, refresh::tabs },
-    CommandRule{
-        { command::show_book_editor, command::show_replace }, refresh::controls_and_enable, 0, free_book },
-    CommandRule{ command::show_palette },
-    CommandRule{ command::show_file_menu, 0, 0, free_book | page },
-    CommandRule{ command::show_file_list_editor, 0, 0, free_book },
-    CommandRule{ { command::add_files, command::add_dropped_files }, refresh::file_list, 0, page },
-    CommandRule{ command::remove_file, refresh::file_list, 0, page | entry },
-    CommandRule{ command::remove_all_files, refresh::file_list, 0, page },
-    CommandRule{ command::add_page_at_end, refresh::full, 0, free_book },
-    CommandRule{ command::add_dropped_pages, refresh::file_list, 0, free_book },
-    CommandRule{ command::add_page_here, refresh::full, 0, free_book },
-    CommandRule{ command::duplicate_file, 0, 0, page | entry },
-    CommandRule{ { command::first_file, command::next_file }, refresh::file_choice, 0, page },
-    CommandRule{ { command::move_file_up, command::move_file_to_end }, refresh::file_list, 0, page },
-    CommandRule{
-        { command::sort_files_ascending, command::sort_files_descending }, refresh::file_list, 0, page },
-    CommandRule{ command::search_moved_file, refresh::file_choice, 0, page }, // an empty entry is told
-    CommandRule{ { command::show_viewer, command::show_file_in_folder }, 0, 0, page | entry },
-    CommandRule{ command::accelerator_save, 0, 0, nothing, any_code }, // belongs to the focused control
-    CommandRule{ { command::first_interpolation_command, command::last_interpolation_command } },
-    CommandRule{ command::show_web_viewer },
-    CommandRule{ { command::first_theme, command::last_theme } },
-    CommandRule{ command::apply_theme_to_pages },
-    CommandRule{ command::show_settings, refresh::full_but_page, 0, free_book },
-    CommandRule{ { command::first_history_entry, command::last_history_entry }, refresh::full,
-        refresh::controls, free_book },
-    CommandRule{ command::show_history, 0, 0, free_book },
-    CommandRule{ { command::first_search_engine, command::last_search_engine } },
-};
-static_assert(is_ordered(std::span<const CommandRule>{ rules }));
-
-} // namespace
-
-std::span<const CommandRule> command_rules()
-{
-    return rules;
-}
-
 const CommandRule* find_command(int id, int code)
 {
-    const CommandRule* rule = find_row(command_rules(), id);
+    const CommandRule* rule = find_row(std::span<const CommandRule>{ command_rules }, id);
     return rule && rule->codes.allows(code) ? rule : nullptr;
 }
 

@@ -1,22 +1,19 @@
-// The window class, the table of messages and the frame's own messages.
+// The window class, the table of messages, creation and closing.
 #include "app/wnd/appwnd.hpp"
-#include "app/page_actions.hpp"
-#include "app/wnd/app_bitmaps.hpp"
-#include "app/wnd/file_pane.hpp"
-#include "core/command_ids.hpp"
+#include "app/wnd/settings_file.hpp"
 #include "core/data_root.hpp"
 #include "core/folders.hpp"
-#include "core/titles.hpp"
+#include "look/theme.hpp"
+#include "look/wnd/fonts.hpp"
+#include "look/wnd/themed.hpp"
+#include "ovlib/gui/dc.hpp"
 #include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/clock.hpp"
 #include "platform/file.hpp"
-#include <algorithm>
 #include <span>
 
 namespace app {
-
-namespace command = core::command;
 
 namespace {
 
@@ -32,25 +29,18 @@ HICON load_icon(int width_metric, int height_metric)
 } // namespace
 
 AppWnd::AppWnd()
-    : history_(core::history_file(core::folders()))
-    , commands_({ [this](core::RefreshMask& pending) { refresh_views(pending); },
-          [this](const std::exception_ptr& failure) { report_failure(failure); },
-          [this] { return is_gone(); },
-          [this] { return core::overdue_views(shown_index_, current_index(book_)); } })
-    , q_box_(this, command::box_1)
-    , a_box_(this, command::box_2)
-    , d_box_(this, command::box_3)
-    , file_pane_(std::make_unique<FilePane>(this, &book_, path_answers_))
-    , menu_pictures_(app_bitmap)
+    : parts_(*this)
+    , typing_focus_({ parts_.desk.boxes()[0], parts_.desk.boxes()[1], parts_.desk.boxes()[2],
+          &parts_.controls.search_box() })
     , accelerators_(LoadAcceleratorsW(ovlib::WinApp::instance, MAKEINTRESOURCEW(accelerator_resource)))
-    , shortcut_thread_(core::full_path(core::folders().shortcut) + L"\\")
 {
-    book_.clear();
-    make_book_dialogs();
 }
+
+AppWnd::~AppWnd() = default;
 
 bool AppWnd::on_message(ovlib::WndMessage& message)
 {
+    Background& background = parts_.background;
     switch (message.message) {
     case WM_CREATE:
         return on_create(message);
@@ -78,25 +68,26 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
     case WM_HSCROLL:
         return on_slider(message);
     case WM_NCHITTEST:
-        return on_hit_test(message);
+        return background.on_hit_test(message);
     case WM_SETCURSOR:
-        return on_set_cursor(message);
-    case WM_NCRBUTTONDOWN:
-        return on_background_press(message);
-    case WM_NCRBUTTONUP:
-        return on_background_release(message);
+        return background.on_set_cursor(message);
     case WM_NCLBUTTONDOWN:
-        return on_background_grip(message);
+        return background.on_caption_press(message);
+    // The system's own handling of the press would wait for the release and keep it.
+    case WM_NCRBUTTONDOWN:
+        return message.wparam == HTCAPTION;
+    case WM_NCRBUTTONUP:
+        return on_caption_release(message);
     case WM_SETFOCUS:
         return on_focus();
     case WM_LBUTTONDOWN:
-        return on_press(ovlib::mouse_point(message));
+        return background.on_press(ovlib::mouse_point(message));
     case WM_MOUSEMOVE:
-        return on_mouse_move(ovlib::mouse_point(message));
+        return background.on_mouse_move(ovlib::mouse_point(message));
     case WM_LBUTTONUP:
     case WM_KILLFOCUS:
     case WM_CAPTURECHANGED:
-        return on_release();
+        return background.on_release();
     default:
         return false;
     }
@@ -133,18 +124,59 @@ void AppWnd::create_params(CREATESTRUCTW& params)
     params.style |= WS_CLIPCHILDREN;
 }
 
-int AppWnd::show_message(const std::wstring& text, BoxStyle style)
+bool AppWnd::on_create(ovlib::WndMessage& message)
 {
-    if (is_gone())
-        return 0;
-    const InputGate::Hold hold{ input_ };
-    return message_box(text, core::message_caption(book_.path), static_cast<std::uint32_t>(style));
+    try {
+        if (create_view())
+            parts_.session.open_last_book();
+        else
+            message.result = -1;
+    } catch (...) {
+        const FailureNotice notice = failure_notice(std::current_exception(), FailedAt::creation);
+        show_message(notice.text, notice.style);
+        message.result = -1;
+    }
+    return true;
 }
 
-bool AppWnd::is_busy() const
+bool AppWnd::create_view()
 {
-    const auto is_open = [](const ovlib::Wnd* window) { return window->is_visible(); };
-    return std::ranges::any_of(editing_windows_, is_open);
+    core::set_current_directory(L"");
+    load_settings();
+    parts_.session.history().load();
+    {
+        const ovlib::ClientDC dc{ *this };
+        look::make_shared_fonts(dc.handle());
+    }
+    resize(main_window_size.width, main_window_size.height, false);
+    center(nullptr, false);
+    if (!parts_.create())
+        return false;
+    typing_focus_.order_fields();
+    if (!parts_.talk.create())
+        return false;
+    parts_.lay_out();
+    look::load_theme(look::theme_standard);
+    look::apply_theme_to_windows();
+    return true;
+}
+
+// A fatal failure inside a command and the command that closes the program send this message too, and boxes
+// shown on the way out let further ones through: the first one counts.
+bool AppWnd::on_close()
+{
+    if (is_busy() || is_closing_)
+        return true;
+    show(false);
+    is_closing_ = true;
+    parts_.links.close();
+    parts_.background.on_release();
+    end_background_work();
+    parts_.session.save_at_close();
+    store_settings();
+    destroy_children();
+    look::free_shared_fonts();
+    return false;
 }
 
 // Neither the Book nor settings nor history are written: edits since the last save end with the logon.
@@ -157,6 +189,11 @@ bool AppWnd::on_end_session(const ovlib::WndMessage& message)
     if (file.is_open())
         file.write(std::as_bytes(std::span{ text }));
     return true;
+}
+
+bool AppWnd::on_focus()
+{
+    return !is_closing_ && typing_focus_.give();
 }
 
 } // namespace app

@@ -1,7 +1,6 @@
-// What the main window paints by itself.
+// What the main window paints by itself, and the colours of its edit controls.
 #include "app/page_views.hpp"
 #include "app/wnd/appwnd.hpp"
-#include "app/wnd/file_pane.hpp"
 #include "look/theme.hpp"
 #include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/owner_drawn.hpp"
@@ -26,12 +25,46 @@ void draw_checks_frame(const ovlib::DC& dc, const MainLayout& layout)
     round_rect(dc, checks_frame(layout), checks_frame_corner);
 }
 
+look::BoxColors field_colors()
+{
+    return { palette().list_text, palette().box_back };
+}
+
 } // namespace
 
-// Controls are asked first: what kind of item it is, a message does not tell of every one.
+bool AppWnd::on_erase_background(ovlib::WndMessage& message)
+{
+    const ovlib::GDI::Brush back{ ovlib::GDI::solid_brush(palette().panel_back) };
+    const RECT client = client_rect();
+    FillRect(reinterpret_cast<HDC>(static_cast<std::uintptr_t>(message.wparam)), &client, back.handle());
+    message.result = 1;
+    return true;
+}
+
+// A box of the page is left to the system while there is no page.
+bool AppWnd::on_edit_color(ovlib::WndMessage& message)
+{
+    if (parts_.desk.box_of(message))
+        return parts_.desk.on_color(message, book().current_page(), look::BoxUse::writable);
+    return answer_colors(message, field_colors(), edit_brush_);
+}
+
+// The list that drops from the file combo.
+bool AppWnd::on_list_color(ovlib::WndMessage& message)
+{
+    return answer_colors(message, field_colors(), edit_brush_);
+}
+
+// A read-only edit control asks with this message instead.
+bool AppWnd::on_static_color(ovlib::WndMessage& message)
+{
+    return parts_.desk.on_color(message, book().current_page(), look::BoxUse::read_only);
+}
+
+// Try controls first: not every control sets CtlType.
 bool AppWnd::on_draw_item(ovlib::WndMessage& message)
 {
-    return ovlib::route_draw_item(message) || menu_pictures_.on_message(message);
+    return ovlib::route_draw_item(message) || parts_.menu_pictures.on_message(message);
 }
 
 // In one copy, the ground included: what changes asks for no erasing, which would flash between the controls.
@@ -52,8 +85,8 @@ bool AppWnd::on_paint()
 
 void AppWnd::draw(const ovlib::DC& dc) const
 {
-    draw_checks_frame(dc, layout_);
-    file_pane_->draw_note(dc, layout_, file_counter_text(book_));
+    draw_checks_frame(dc, parts_.layout);
+    parts_.file_pane.draw_note(dc, parts_.layout, file_counter_text(book()));
 }
 
 } // namespace app

@@ -213,6 +213,7 @@ bool TabWnd::on_command(int id)
         return false;
     const Color color = chosen_tab_color(id);
     page->tab_color = color.value;
+    chosen_color_ = color;
     if (menu_tab_ <= items_.size())
         items_[static_cast<std::size_t>(menu_tab_ - 1)].color = color;
     menu_tab_ = 0;

@@ -10,19 +10,13 @@ namespace command = core::command;
 using gui::AppWindow;
 using gui::MetBox;
 
-// Stands for a window that owns the Book while it is visible.
-class EditingWnd : public gui::PlainSub {
-public:
-    using PlainSub::PlainSub;
-};
-
 class Dispatch : public AppWindow {
 protected:
     void open_editing_window(app::AppWnd& owner)
     {
-        editor_ = std::make_unique<EditingWnd>(&owner, 0);
+        editor_ = std::make_unique<gui::EditingWindow>(&owner);
         ASSERT_TRUE(editor_->create(L"editor"));
-        owner.add_editing_window(*editor_);
+        owner.add_page_editor(*editor_);
         editor_->show(true);
         ASSERT_TRUE(owner.is_busy());
     }
@@ -42,7 +36,7 @@ protected:
         return nullptr;
     }
 
-    std::unique_ptr<EditingWnd> editor_;
+    std::unique_ptr<gui::EditingWindow> editor_;
 };
 
 TEST_F(Dispatch, RefusesWhatWouldTakeTheBookFromTheWindowThatOwnsIt)
@@ -104,6 +98,19 @@ TEST_F(Dispatch, RefusesToCloseWhileAnotherWindowOwnsTheBook)
     editor_->show(false);
     command(command::close_program);
     EXPECT_EQ(window().hwnd(), nullptr);
+}
+
+// The system hides the windows of a minimised owner: they edit the Book all the same.
+TEST_F(Dispatch, RefusesToCloseWhileTheWindowThatOwnsTheBookIsHiddenWithItsMinimisedOwner)
+{
+    open({ page(L"1\r\n") });
+    open_editing_window(window());
+    ShowOwnedPopups(window().hwnd(), FALSE);
+    ASSERT_FALSE(IsWindowVisible(editor_->hwnd()));
+    EXPECT_TRUE(window().is_busy());
+    command(command::close_program);
+    EXPECT_TRUE(IsWindow(window().hwnd()));
+    ShowOwnedPopups(window().hwnd(), TRUE);
 }
 
 TEST_F(Dispatch, EndsTheProgramAfterAFailedRestoreWhateverWindowOwnsTheBook)

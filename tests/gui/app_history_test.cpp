@@ -47,8 +47,6 @@ protected:
         command(command::show_history);
         gui::pump();
     }
-
-    gui::TopWnd editor_;
 };
 
 TEST_F(AppHistory, ComesHiddenAndIsShownByItsCommand)
@@ -113,17 +111,18 @@ TEST_F(AppHistory, TakesNoClicksBehindABoxNorWhileInputIsHeld)
 TEST_F(AppHistory, TakesNoClicksWhileAnEditingWindowOwnsTheBook)
 {
     open_with_two_books();
-    ASSERT_TRUE(editor_.create(L"editor"));
-    window().add_editing_window(editor_);
-    editor_.show(true);
+    gui::EditingWindow editor{ &window() };
+    ASSERT_TRUE(editor.create(L"editor"));
+    window().add_page_editor(editor);
+    editor.show(true);
     command(command::request_refresh, 0x40);
     EXPECT_FALSE(IsWindowEnabled(history_window()));
     answered(IDOK, [&] { command(command::about); });
     EXPECT_FALSE(IsWindowEnabled(history_window())) << "a box that ends must not open it";
-    editor_.show(false);
+    editor.show(false);
     command(command::request_refresh, 0x40);
     EXPECT_TRUE(IsWindowEnabled(history_window()));
-    editor_.destroy();
+    editor.destroy();
 }
 
 TEST_F(AppHistory, ClosingItsWindowOnlyHidesIt)

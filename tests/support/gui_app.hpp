@@ -61,6 +61,25 @@ private:
     HANDLE handle_;
 };
 
+// Edits the Book's pages itself from when it is shown until it is hidden.
+class EditingWindow : public ovlib::SubWnd, public app::PageEditor {
+public:
+    explicit EditingWindow(ovlib::Wnd* parent)
+        : SubWnd(parent, 0)
+    {
+    }
+    void show(bool visible) override
+    {
+        is_open_ = visible;
+        SubWnd::show(visible);
+    }
+    bool is_open() const override { return is_open_; }
+    void close() override { show(false); }
+
+private:
+    bool is_open_ = false;
+};
+
 class AppWindow : public testing::Test {
 protected:
     AppWindow()

@@ -75,13 +75,4 @@ protected:
     }
 };
 
-// A window that owns the Book while it is shown.
-class EditingWindow : public ovlib::SubWnd {
-public:
-    explicit EditingWindow(ovlib::Wnd* parent)
-        : SubWnd(parent, 0)
-    {
-    }
-};
-
 } // namespace gui

@@ -99,6 +99,8 @@ public:
     requires(!std::same_as<T, bool>) void show(T) = delete;
 
     HWND hwnd() const { return hwnd_; }
+    // Made and not destroyed yet.
+    bool is_window() const { return hwnd_ != nullptr && IsWindow(hwnd_) != FALSE; }
     // Group in the high 16 bits, index in the low ones; 0 for none.
     std::uint32_t tab_order() const { return tab_order_; }
 
@@ -119,7 +121,6 @@ protected:
     bool is_top_level() const;
     // Controls of the system die with their parent without a message to the library.
     void forget_dead_children();
-    bool is_window() const { return hwnd_ != nullptr && IsWindow(hwnd_) != FALSE; }
 
     Wnd* parent_ = nullptr;
     HWND hwnd_ = nullptr;

@@ -1,0 +1,97 @@
+#include "app/wnd/background.hpp"
+#include "ovlib/gui/system_geometry.hpp"
+#include <utility>
+#include <windowsx.h>
+
+namespace app {
+
+Background::Background(ovlib::BaseWnd& window, BoxDesk& desk, std::function<void(int)> divider_moved)
+    : window_(window)
+    , desk_(desk)
+    , divider_moved_(std::move(divider_moved))
+{
+}
+
+// Over a gap the window gets the mouse as in a client area.
+bool Background::on_hit_test(ovlib::WndMessage& message)
+{
+    message.result = window_.default_proc(message);
+    if (message.result != HTCLIENT)
+        return true;
+    const auto lparam = static_cast<LPARAM>(message.lparam);
+    POINT point{ GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
+    ScreenToClient(window_.hwnd(), &point);
+    if (gap_under({ point.x, point.y }) == BoxGap::none)
+        message.result = HTCAPTION;
+    return true;
+}
+
+// Before each move of the mouse: the class's arrow would flicker in between.
+bool Background::on_set_cursor(ovlib::WndMessage& message)
+{
+    const bool is_over_window = reinterpret_cast<HWND>(message.wparam) == window_.hwnd();
+    if (!is_over_window || LOWORD(message.lparam) != HTCLIENT)
+        return false;
+    const POINT at = window_.cursor_pos();
+    show_cursor({ at.x, at.y });
+    message.result = TRUE;
+    return true;
+}
+
+void Background::show_cursor(Point point) const
+{
+    const bool over_gap = dragged_gap_ != BoxGap::none || (!grip_ && gap_under(point) != BoxGap::none);
+    SetCursor(LoadCursorW(nullptr, over_gap ? IDC_SIZENS : IDC_ARROW));
+}
+
+bool Background::on_press(Point point)
+{
+    dragged_gap_ = gap_under(point);
+    if (dragged_gap_ == BoxGap::none)
+        return false;
+    SetCapture(window_.hwnd());
+    return true;
+}
+
+// Not by the system's own loop: that puts a window back whose top was carried above the screen, and on a low
+// screen this is the way to its bottom.
+bool Background::on_caption_press(const ovlib::WndMessage& message)
+{
+    const auto lparam = static_cast<LPARAM>(message.lparam);
+    const POINT mouse{ GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
+    POINT inside = mouse;
+    ScreenToClient(window_.hwnd(), &inside);
+    const RECT client = window_.client_rect();
+    if (message.wparam != HTCAPTION || !PtInRect(&client, inside))
+        return false;
+    SetForegroundWindow(window_.hwnd());
+    const POINT corner = window_.position();
+    grip_ = Point{ static_cast<int>(mouse.x - corner.x), static_cast<int>(mouse.y - corner.y) };
+    SetCapture(window_.hwnd());
+    return true;
+}
+
+bool Background::on_mouse_move(Point point)
+{
+    show_cursor(point);
+    if (grip_) {
+        POINT mouse{ point.x, point.y };
+        ClientToScreen(window_.hwnd(), &mouse);
+        window_.move(mouse.x - grip_->x, mouse.y - grip_->y, true);
+    } else if (dragged_gap_ != BoxGap::none) {
+        divider_moved_(desk_.set_divider(dragged_divider(dragged_gap_, point.y)));
+    }
+    return true;
+}
+
+bool Background::on_release()
+{
+    dragged_gap_ = BoxGap::none;
+    grip_.reset();
+    // Another window may have taken the mouse: then it is no longer this one's to release.
+    if (GetCapture() == window_.hwnd())
+        ReleaseCapture();
+    return false;
+}
+
+} // namespace app

@@ -1,0 +1,166 @@
+// Commands on pages, the boxes and the search.
+#include "app/menus.hpp"
+#include "app/page_actions.hpp"
+#include "app/wnd/main_commands.hpp"
+#include "app/wnd/popup_menu.hpp"
+#include "core/command_ids.hpp"
+#include "look/page_slider.hpp"
+#include "look/theme.hpp"
+
+namespace app {
+
+void show_main_menu(MainParts& parts)
+{
+    const MainMenuState state{ .is_busy = parts.talk.is_busy(),
+        .order_mode = parts.session.book().header.order_mode };
+    show_menu(parts, main_menu(state), menu_flags::main, mouse_on_screen());
+}
+
+namespace {
+
+// A refused turn puts the slider back: with the page that stayed it must not show another one's place.
+void turn_by_slider(MainParts& parts, std::uint64_t position)
+{
+    const bool may_turn = parts.talk.is_accepting_input();
+    const bool has_turned = may_turn && go_to_position(parts.session, position) == core::Outcome::done;
+    if (!has_turned && parts.window.is_window())
+        parts.controls.slider().refuse_move(static_cast<std::int32_t>(parts.session.book().header.position));
+}
+
+} // namespace
+
+void on_slider_move(MainParts& parts, int code)
+{
+    look::MySlider& slider = parts.controls.slider();
+    const book::Book& book = parts.session.book();
+    const std::int32_t value = slider.value;
+    switch (look::page_move(code, value, book.header.position, book.pages.size())) {
+    case look::PageMove::none:
+        break;
+    case look::PageMove::show_again:
+        parts.session.run(
+            [&parts] { parts.session.merge(static_cast<core::RefreshMask>(core::View::slider)); });
+        break;
+    case look::PageMove::turn:
+        if (parts.session.is_loading())
+            slider.refuse_move(static_cast<std::int32_t>(book.header.position));
+        parts.session.run([&parts, value] { turn_by_slider(parts, static_cast<std::uint64_t>(value)); });
+        break;
+    }
+}
+
+namespace commands {
+
+namespace command = core::command;
+using core::Outcome;
+
+Outcome turn_page(MainParts& parts, const CommandInput& input)
+{
+    return app::turn_page(parts.session, input.id == command::next_page ? 1 : -1);
+}
+
+Outcome go_to_end_page(MainParts& parts, const CommandInput& input)
+{
+    return input.id == command::first_page ? go_to_first_page(parts.session) : go_to_last_page(parts.session);
+}
+
+Outcome go_to_tab(MainParts& parts, const CommandInput& input)
+{
+    return app::go_to_tab(parts.session, static_cast<std::uint64_t>(input.lparam));
+}
+
+Outcome change_order(MainParts& parts, const CommandInput& input)
+{
+    return app::change_order(parts.session, input.id);
+}
+
+Outcome toggle_mark(MainParts& parts, const CommandInput&)
+{
+    return app::toggle_mark(parts.session);
+}
+
+Outcome toggle_tracking(MainParts& parts, const CommandInput& input)
+{
+    return app::toggle_tracking(parts.session, input.id);
+}
+
+Outcome toggle_tab(MainParts& parts, const CommandInput&)
+{
+    return app::toggle_tab(parts.session, parts.controls.tabs().chosen_color().value);
+}
+
+Outcome remove_tab(MainParts& parts, const CommandInput& input)
+{
+    return app::remove_tab(
+        parts.session, static_cast<std::uintptr_t>(input.lparam), parts.controls.tabs().chosen_color().value);
+}
+
+Outcome add_page(MainParts& parts, const CommandInput& input)
+{
+    return app::add_page(parts.session, input.id);
+}
+
+Outcome delete_page(MainParts& parts, const CommandInput&)
+{
+    return app::delete_page(parts.session);
+}
+
+Outcome note_box_change(MainParts& parts, const CommandInput&)
+{
+    parts.session.box_changed();
+    return Outcome::done;
+}
+
+Outcome renew_edited_mark(MainParts& parts, const CommandInput&)
+{
+    parts.session.renew_edited_mark();
+    return Outcome::done;
+}
+
+Outcome repaint_box(MainParts& parts, const CommandInput& input)
+{
+    const look::MyBox* box = parts.desk.boxes()[static_cast<std::size_t>(input.code)];
+    InvalidateRect(box->hwnd(), nullptr, TRUE);
+    return Outcome::done;
+}
+
+Outcome choose_theme(MainParts& parts, const CommandInput& input)
+{
+    book::BookHeader& header = parts.session.book().header;
+    header.theme = input.id;
+    parts.desk.apply_theme(header);
+    return Outcome::done;
+}
+
+Outcome apply_theme_to_pages(MainParts& parts, const CommandInput&)
+{
+    color_all_pages(parts.session.book(), look::palette());
+    parts.desk.repaint();
+    return Outcome::done;
+}
+
+// The search box sends a command of its own when its text changes.
+Outcome search_selection(MainParts& parts, const CommandInput&)
+{
+    for (const look::MyBox* box : parts.desk.boxes()) {
+        if (box->hwnd() == GetFocus() && box->has_selection())
+            parts.controls.search_box().set_text(box->selected_text());
+    }
+    return Outcome::done;
+}
+
+Outcome toggle_search_check(MainParts& parts, const CommandInput& input)
+{
+    parts.controls.check(input.id)->toggle();
+    return Outcome::done;
+}
+
+Outcome clear_search(MainParts& parts, const CommandInput&)
+{
+    parts.controls.search_box().set_text(L"");
+    return Outcome::done;
+}
+
+} // namespace commands
+
+} // namespace app

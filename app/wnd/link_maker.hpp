@@ -1,0 +1,45 @@
+// The links by which moved files are found again: made in the background after a load.
+#pragma once
+#include "app/wnd/main_talk.hpp"
+#include "media/moved_file_search.hpp"
+#include "media/shortcut_queue.hpp"
+#include "media/wnd/background_thread.hpp"
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace app {
+
+class LinkMaker {
+public:
+    // All outlive the maker.
+    LinkMaker(const ovlib::Wnd& window, Talk& talk, const book::Book& book);
+
+    // True when a worker was started: for every entry of the Book, or for these paths, ahead of what an
+    // earlier run left.
+    bool start_shortcut_creation_async();
+    bool start_shortcut_creation_async(const std::vector<std::wstring>& paths);
+
+    // No more work starts.
+    void close() { is_closing_ = true; }
+    // Stops the worker. False when it hangs in a call to the system and was given up after ten seconds, or at
+    // once where that has happened before: nothing it works with may be destroyed then, and the process must
+    // end without it.
+    bool end_background_work();
+
+private:
+    bool start_shortcut_creation(const std::function<media::QueueCounts()>& queue_entries);
+
+    const ovlib::Wnd& window_;
+    Talk& talk_;
+    const book::Book& book_;
+    media::BackgroundThread thread_;
+    bool is_closing_ = false;
+    bool has_given_up_ = false; // the worker hangs
+};
+
+// Where the links lie, without a trailing separator.
+std::wstring link_folder();
+
+} // namespace app

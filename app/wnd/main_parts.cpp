@@ -1,0 +1,131 @@
+// How the parts are made, and the views: one table from a view to what brings it up to date.
+#include "app/wnd/main_parts.hpp"
+#include "app/page_views.hpp"
+#include "app/wnd/app_bitmaps.hpp"
+#include "core/data_root.hpp"
+#include "core/folders.hpp"
+#include "ovlib/gui/system_geometry.hpp"
+#include <algorithm>
+#include <array>
+
+namespace app {
+
+namespace {
+
+using core::View;
+
+void show_file_pane(MainParts& parts)
+{
+    if (!parts.file_pane.show_selected_file() || !parts.window.is_window())
+        return;
+    for (const Rect& place : { parts.layout.file_counter, file_note(parts.layout).area }) {
+        const RECT rect = ovlib::to_rect(place);
+        InvalidateRect(parts.window.hwnd(), &rect, FALSE);
+    }
+    UpdateWindow(parts.window.hwnd());
+}
+
+void show_file_combo(MainParts& parts)
+{
+    core::set_current_directory(L"");
+    if (const auto files = file_combo(parts.session.book(), parts.path_answers))
+        parts.controls.show_files(*files);
+}
+
+// Without a page nothing may be typed: no page could take it.
+void show_box_state(MainParts& parts)
+{
+    const book::Book& book = parts.session.book();
+    const bool read_only = parts.talk.is_busy() || !book.current_page();
+    if (parts.desk.set_state(read_only, book.header.wrap_text != 0, parts.session.shown_page()))
+        parts.session.note_content_change();
+}
+
+void show_folder_button(MainParts& parts)
+{
+    if (const auto has_folder = folder_button_lit(parts.session.book()))
+        parts.controls.show_folder(*has_folder);
+}
+
+void show_slider(MainParts& parts)
+{
+    const book::Book& book = parts.session.book();
+    parts.controls.slider().show_page(book.pages.size(), book.header.position);
+}
+
+// Windows that are still to come have their bits already.
+void show_nothing(MainParts&) { }
+
+struct ViewRow {
+    View view;
+    void (*show)(MainParts&);
+};
+
+constexpr std::array view_rows{
+    ViewRow{ View::page, [](MainParts& parts) { parts.session.show_current_page(); } },
+    ViewRow{ View::file_pane, show_file_pane },
+    ViewRow{ View::file_combo, show_file_combo },
+    ViewRow{ View::file_list_editor, show_nothing },
+    ViewRow{ View::tabs, [](MainParts& parts) { parts.controls.tabs().rebuild(); } },
+    ViewRow{ View::book_editor, show_nothing },
+    ViewRow{ View::history_enabled, [](MainParts& parts) { parts.talk.enable_history(); } },
+    ViewRow{ View::box_state, show_box_state },
+    ViewRow{ View::page_buttons,
+        [](MainParts& parts) {
+            parts.controls.show_buttons(page_buttons(parts.session.book(), parts.talk.is_busy()));
+        } },
+    ViewRow{ View::folder_button, show_folder_button },
+    ViewRow{ View::slider, show_slider },
+    ViewRow{ View::status_bar, [](MainParts& parts) { parts.controls.status_bar().show_changes(); } },
+};
+
+constexpr bool has_row_for_each_view()
+{
+    return std::ranges::equal(view_rows, core::service_order, {}, &ViewRow::view);
+}
+static_assert(has_row_for_each_view(), "each view is served, in the order of service");
+
+} // namespace
+
+MainParts::MainParts(ovlib::BaseWnd& main_window)
+    : window(main_window)
+    , session({ desk, talk, [this](View view) { serve(view); }, [this] { path_answers.forget(); } },
+          core::history_file(core::folders()))
+    , controls(&window, &session.book())
+    , desk(&window, controls)
+    , talk(window, session.book().path, session.history(), [this] { links.start_shortcut_creation_async(); })
+    , links(window, talk, session.book())
+    , file_pane(&window, &session.book(), path_answers)
+    , background(window, desk, [this](int y) { session.book().header.divider = y; })
+    , menu_pictures(app_bitmap)
+{
+}
+
+bool MainParts::create()
+{
+    return desk.create() && controls.create() && file_pane.create();
+}
+
+void MainParts::lay_out()
+{
+    const SIZE client = window.client_size();
+    layout = main_layout({ client.cx, client.cy });
+    desk.place(layout.boxes);
+    controls.place(layout);
+    file_pane.place(layout);
+    desk.show();
+}
+
+void MainParts::serve(View view)
+{
+    const auto row = std::ranges::find(view_rows, view, &ViewRow::view);
+    if (row != view_rows.end())
+        row->show(*this);
+}
+
+WindowState MainParts::window_state() const
+{
+    return { talk.is_accepting_input(), talk.is_busy() };
+}
+
+} // namespace app

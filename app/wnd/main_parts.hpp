@@ -1,0 +1,41 @@
+// What the main window is made of, for its commands and views.
+#pragma once
+#include "app/book_session.hpp"
+#include "app/wnd/background.hpp"
+#include "app/wnd/file_pane.hpp"
+#include "app/wnd/link_maker.hpp"
+#include "app/wnd/main_controls.hpp"
+#include "app/wnd/main_talk.hpp"
+#include "app/wnd/page_desk.hpp"
+#include "media/path_answers.hpp"
+#include "ovlib/gui/menu_pictures.hpp"
+
+namespace app {
+
+// One object with its window: the parts refer to each other.
+struct MainParts {
+    explicit MainParts(ovlib::BaseWnd& window);
+    MainParts(const MainParts&) = delete;
+    MainParts& operator=(const MainParts&) = delete;
+
+    // Creates the child windows and the secondary ones. False when the program cannot go on without one.
+    bool create();
+    void lay_out();
+    // The view that shows something of the Book.
+    void serve(core::View view);
+    WindowState window_state() const;
+
+    ovlib::BaseWnd& window;
+    BookSession session; // before all that show its Book; it calls none of them while it is made
+    MainControls controls;
+    BoxDesk desk;
+    MainTalk talk;
+    LinkMaker links;
+    media::PathAnswers path_answers; // of all views, for one refresh
+    FilePane file_pane;
+    Background background;
+    ovlib::MenuPictures menu_pictures;
+    MainLayout layout;
+};
+
+} // namespace app

@@ -1,0 +1,138 @@
+#include "app/wnd/main_talk.hpp"
+#include "app/file_texts.hpp"
+#include "app/wnd/shell_folders.hpp"
+#include "book/history_rows.hpp"
+#include "core/data_root.hpp"
+#include "core/titles.hpp"
+#include "platform/path_text.hpp"
+#include <algorithm>
+#include <utility>
+
+namespace app {
+
+namespace {
+
+std::wstring extension_without_point(const std::wstring& path)
+{
+    const std::wstring_view extension = platform::path_extension(path);
+    return std::wstring{ extension.substr(extension.empty() ? 0 : 1) };
+}
+
+void set_up(ovlib::classic::FileDialog& dialog, DWORD options)
+{
+    dialog.set_options(OFN_EXPLORER | OFN_HIDEREADONLY | options);
+    dialog.set_filters({ { L"Book Files", L"*.bok" } });
+    dialog.set_default_extension(L"bok");
+}
+
+} // namespace
+
+MainTalk::MainTalk(ovlib::BaseWnd& parent, const std::wstring& book_path, const book::HistoryList& history,
+    std::function<void()> book_loaded)
+    : parent_(parent)
+    , book_path_(book_path)
+    , book_loaded_(std::move(book_loaded))
+    , history_window_(&parent, 0, &history)
+    , banner_(&parent)
+    , book_open_dialog_(&parent)
+    , book_save_dialog_(&parent)
+{
+    set_up(book_open_dialog_, 0);
+    set_up(book_save_dialog_, OFN_OVERWRITEPROMPT);
+}
+
+bool MainTalk::create()
+{
+    if (!history_window_.create(L""))
+        return false;
+    banner_.create(L""); // without it a search that fails is silent
+    return true;
+}
+
+int MainTalk::show_message(const std::wstring& text, BoxStyle style)
+{
+    if (is_gone())
+        return 0;
+    const InputGate::Hold hold{ input_ };
+    return parent_.message_box(text, core::message_caption(book_path_), static_cast<std::uint32_t>(style));
+}
+
+bool MainTalk::ask(const std::wstring& text, BoxStyle style)
+{
+    return show_message(text, style) == answer_yes;
+}
+
+bool MainTalk::is_busy() const
+{
+    return std::ranges::any_of(editors_, [](const PageEditor* editor) { return editor->is_open(); });
+}
+
+void MainTalk::tell_system_error(std::uint32_t code)
+{
+    const InputGate::Hold hold{ input_ };
+    parent_.error_box(code, core::program_name);
+}
+
+void MainTalk::enable_history()
+{
+    if (history_window_.hwnd())
+        history_window_.enable(book::is_history_enabled(is_busy(), input_.is_open()));
+}
+
+std::wstring MainTalk::choose_book_to_open()
+{
+    const InputGate::Hold hold{ input_ };
+    core::set_current_directory(L"");
+    book_open_dialog_.set_title(L"Book を開く");
+    return book_open_dialog_.show() ? book_open_dialog_.result() : std::wstring{};
+}
+
+std::wstring MainTalk::choose_book_path(const wchar_t* title, const std::wstring& start)
+{
+    core::set_current_directory(L"");
+    if (start.empty()) {
+        book_save_dialog_.set_folder(desktop_folder());
+        book_save_dialog_.set_file_name(L"");
+    } else {
+        const std::wstring full = core::full_path(start);
+        book_save_dialog_.set_folder(platform::parent_path(full));
+        book_save_dialog_.set_file_name(std::wstring{ platform::file_name(full) });
+    }
+    book_save_dialog_.set_title(title);
+    const InputGate::Hold hold{ input_ };
+    return book_save_dialog_.show() ? book_save_dialog_.result() : std::wstring{};
+}
+
+// The dialog may move the current directory, from which relative entries count.
+std::vector<std::wstring> MainTalk::choose_paths(ovlib::modern::FileOpenDialog& dialog)
+{
+    const InputGate::Hold hold{ input_ };
+    std::vector<std::wstring> paths;
+    if (dialog.show())
+        dialog.get_result(paths);
+    core::set_current_directory(L"");
+    return paths;
+}
+
+std::wstring MainTalk::choose_copy(const std::wstring& source)
+{
+    ovlib::classic::FileSaveDialog dialog{ &parent_ };
+    dialog.set_options(OFN_EXPLORER | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT);
+    dialog.set_title(duplicate_title);
+    dialog.set_file_name(std::wstring{ platform::file_name(source) });
+    dialog.set_default_extension(extension_without_point(source));
+    const InputGate::Hold hold{ input_ };
+    std::wstring chosen = dialog.show() ? dialog.result() : std::wstring{};
+    core::set_current_directory(L"");
+    return chosen;
+}
+
+// The windows that edit pages would refuse the close, and the program run on with half a Book.
+void MainTalk::close_program()
+{
+    for (PageEditor* editor : editors_)
+        editor->close();
+    parent_.send(WM_CLOSE, 0, 0);
+}
+
+} // namespace app

@@ -1,0 +1,73 @@
+// How the program speaks to its user: boxes, file dialogs, the banner and the history window.
+#pragma once
+#include "app/book_session.hpp"
+#include "app/input_gate.hpp"
+#include "book/wnd/historywnd.hpp"
+#include "look/wnd/warningwnd.hpp"
+#include "ovlib/gui/basewnd.hpp"
+#include "ovlib/gui/classic_dialog.hpp"
+#include "ovlib/gui/modern_dialog.hpp"
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace app {
+
+// A window that edits the Book's pages itself. The main window edits none while it is open. Being open is a
+// state of its own: the system hides the windows of a minimised owner.
+class PageEditor {
+public:
+    virtual ~PageEditor() = default;
+    virtual bool is_open() const = 0;
+    // Without a question.
+    virtual void close() = 0;
+};
+
+class MainTalk : public Talk {
+public:
+    // `parent` and `history` outlive the talk. The Book's path stands in captions. `book_loaded` is called
+    // after each whole load.
+    MainTalk(ovlib::BaseWnd& parent, const std::wstring& book_path, const book::HistoryList& history,
+        std::function<void()> book_loaded);
+
+    // False when the history window cannot be made.
+    bool create();
+    book::HistoryWnd& history_window() { return history_window_; }
+    InputGate& input() { return input_; }
+    bool is_accepting_input() const { return input_.is_open(); }
+    void add_page_editor(PageEditor& editor) { editors_.push_back(&editor); }
+    // A click in the history would load another Book over what is being edited, or behind a box.
+    void enable_history();
+
+    // Returns the button; 0 without a window.
+    int show_message(const std::wstring& text, BoxStyle style);
+    // Full paths; none when the dialog was left.
+    std::vector<std::wstring> choose_paths(ovlib::modern::FileOpenDialog& dialog);
+    // The path of a copy of `source`; empty when the dialog was left.
+    std::wstring choose_copy(const std::wstring& source);
+
+    bool is_gone() const override { return !parent_.is_window(); }
+    bool is_busy() const override;
+    void tell(const std::wstring& text, BoxStyle style) override { show_message(text, style); }
+    bool ask(const std::wstring& text, BoxStyle style) override;
+    void tell_system_error(std::uint32_t code) override;
+    void show_banner(const std::wstring& text) override { banner_.show(text); }
+    std::wstring choose_book_to_open() override;
+    std::wstring choose_book_path(const wchar_t* title, const std::wstring& start) override;
+    void history_changed() override { history_window_.refill(); }
+    void book_loaded() override { book_loaded_(); }
+    void close_program() override;
+
+private:
+    ovlib::BaseWnd& parent_;
+    const std::wstring& book_path_;
+    std::function<void()> book_loaded_;
+    std::vector<PageEditor*> editors_;
+    InputGate input_{ [this] { enable_history(); } };
+    book::HistoryWnd history_window_;
+    look::WarningWnd banner_;
+    ovlib::classic::FileOpenDialog book_open_dialog_;
+    ovlib::classic::FileSaveDialog book_save_dialog_;
+};
+
+} // namespace app
