@@ -53,6 +53,8 @@ void CommandRun::refresh_views()
         pending_ &= ~served;
     }
     pending_ = 0;
+    // A view may have changed the page once more. What is overdue then waits for the next command.
+    guarded([this] { hooks_.settle(); });
 }
 
 bool CommandRun::guarded(const std::function<void()>& action)

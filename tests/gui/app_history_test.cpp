@@ -122,7 +122,7 @@ TEST_F(AppHistory, TakesNoClicksWhileAnEditingWindowOwnsTheBook)
     editor.show(false);
     command(command::request_refresh, 0x40);
     EXPECT_TRUE(IsWindowEnabled(history_window()));
-    editor.destroy();
+    close(); // before the window that it may ask goes
 }
 
 TEST_F(AppHistory, ClosingItsWindowOnlyHidesIt)

@@ -19,6 +19,7 @@ protected:
     bool gone = false;
     RefreshMask overdue = 0;
     std::function<void()> during_refresh = [] {};
+    int settled = 0;
     app::CommandRun commands{ { [this](RefreshMask& pending) {
                                    refreshed.push_back(pending);
                                    pending = 0;
@@ -33,13 +34,26 @@ protected:
                 reported.emplace_back("mine " + std::to_string(error.code));
             }
         },
-        [this] { return gone; }, [this] { return std::exchange(overdue, 0u); } } };
+        [this] { return gone; },
+        [this] {
+            ++settled;
+            return std::exchange(overdue, 0u);
+        } } };
 };
 
 TEST_F(CommandRun, WithoutAMaskRefreshesNothing)
 {
     commands.run([] {});
     EXPECT_TRUE(refreshed.empty());
+}
+
+TEST_F(CommandRun, SettlesWhatFollowsTheBookAfterTheActionAndAfterTheRefresh)
+{
+    int settled_before_refresh = 0;
+    during_refresh = [&] { settled_before_refresh = settled; };
+    commands.run([&] { commands.run([&] { commands.merge(0x1); }); });
+    EXPECT_EQ(settled_before_refresh, 1);
+    EXPECT_EQ(settled, 2) << "a view may have changed the page";
 }
 
 TEST_F(CommandRun, MergesTheMasksOfNestedCommandsIntoOneRefresh)
