@@ -142,3 +142,17 @@ TEST_F(Tabs, AClickOnTheTabOfThePageInViewAsksNothing)
     click(tab_place(1, 2));
     expect_page(L"いp1");
 }
+
+TEST_F(Tabs, TheColourThatWasChosenIsThatOfTheNextTab)
+{
+    const fs::path file = open_tabbed(1, 2);
+    tab_menu(1, 1).choose(command::first_tab_color + 5, Hand::mouse);
+    click_control(command::last_page);
+    expect_page(L"p2");
+    toggle_check(command::toggle_tab, true);
+    click_control(command::first_page); // the current tab shows no fill
+    expect_page(L"p1");
+    expect_fill(2, 2, 5);
+    close();
+    EXPECT_EQ(load_book(file).pages[1].tab_color, look::tab_color(5).value);
+}

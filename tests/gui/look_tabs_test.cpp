@@ -6,8 +6,7 @@
 #include "tests/support/gui_look.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_screen_copies.hpp"
-#include "tests/support/gui_typing.hpp"
-#include <atomic>
+#include "tests/support/gui_tabs.hpp"
 #include <gtest/gtest.h>
 
 extern "C" void* __imp_CreateDIBSection;
@@ -20,113 +19,11 @@ using gui::MenuDriver;
 using gui::ShownMenu;
 using look::Color;
 
-constexpr Color blue{ 0xB3574A };
+using Tabs = gui::TabStrip;
+
+constexpr Color blue = gui::tab_blue;
 constexpr Color white{ 0xFFFFFF };
 constexpr int few = 200; // handles left to be taken
-
-// Where each item stands in the popup.
-enum : int {
-    default_item,
-    line_1,
-    first_named,
-    last_named = first_named + 5,
-    line_2,
-    remove_item,
-    item_count
-};
-
-class Tabs : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(top_.create(L"top"));
-        ASSERT_TRUE(strip_.create(L""));
-        ASSERT_TRUE(other_.create(L""));
-        place(480);
-        top_.show(true);
-        ASSERT_TRUE(gui::bring_to_front(top_));
-        gui::point_at(gui::on_screen(top_, { 200, 300 }));
-        gui::pump();
-        top_.answer = [this](ovlib::WndMessage& message) {
-            if (message.message == WM_COMMAND && HIWORD(message.wparam) == 0)
-                sent_.push_back({ LOWORD(message.wparam), message.lparam });
-            return false;
-        };
-    }
-    void TearDown() override { top_.destroy(); }
-
-    void place(int width) { strip_.set_rect({ 2, 4, 2 + width, 28 }, true); }
-    void add_page(const wchar_t* text, bool has_tab = true, Color color = blue)
-    {
-        book::Page page;
-        page.text[0] = text;
-        page.tab_number = has_tab ? 1 : 0;
-        page.tab_color = color.value;
-        book_.pages.push_back(page);
-    }
-    // Pages "一", "二" and so on, all with tabs, the first shown.
-    void open_three()
-    {
-        for (const wchar_t* const text : { L"一", L"二", L"三" })
-            add_page(text);
-        strip_.rebuild();
-        gui::pump();
-    }
-    void paint()
-    {
-        InvalidateRect(strip_.hwnd(), nullptr, FALSE);
-        UpdateWindow(strip_.hwnd());
-    }
-    Color pixel(int x, int y)
-    {
-        paint();
-        return gui::pixel(strip_.buffer(), x, y);
-    }
-    POINT on_strip(int x) const { return gui::on_screen(strip_, { x, 12 }); }
-    bool hover(int x)
-    {
-        gui::point_at(on_strip(x));
-        return gui::pump_until([&] { return strip_.hover_tab() == look::tab_at(strip_.items(), { x, 12 }); });
-    }
-    // Off the strip.
-    template <class State> bool leave_until(State state)
-    {
-        gui::point_at(gui::on_screen(top_, { 200, 300 }));
-        return gui::pump_until(state);
-    }
-    void use_menu(int x, const std::function<void(const ShownMenu&)>& act)
-    {
-        std::atomic<bool> used = false;
-        MenuDriver driver([&](const ShownMenu& menu) {
-            act(menu);
-            used = true;
-        });
-        gui::right_click_at(on_strip(x));
-        ASSERT_TRUE(gui::pump_until([&] { return used.load(); }));
-        EXPECT_TRUE(driver.finish());
-        gui::pump();
-    }
-    std::vector<int> checked(int x)
-    {
-        std::vector<int> items;
-        use_menu(x, [&](const ShownMenu& menu) {
-            for (int item = 0; item < item_count; ++item) {
-                if (menu.is_checked(item))
-                    items.push_back(item);
-            }
-        });
-        return items;
-    }
-
-    using Sent = std::pair<int, std::int64_t>;
-
-    book::Book book_;
-    const gui::Look look_;
-    gui::TopWnd top_;
-    look::TabWnd strip_{ &top_, &book_ };
-    gui::Edit other_{ &top_, 7 };
-    std::vector<Sent> sent_;
-};
 
 TEST_F(Tabs, IsCreatedWithoutASize)
 {
@@ -147,7 +44,7 @@ TEST_F(Tabs, TakesTipAndStripAwayTogether)
     EXPECT_FALSE(IsWindow(tip));
     EXPECT_TRUE(strip_.create(L""));
     EXPECT_TRUE(IsWindow(strip_.tip().hwnd()));
-    EXPECT_EQ(strip_.menu().count(), item_count);
+    EXPECT_EQ(strip_.menu().count(), gui::item_count);
 }
 
 TEST_F(Tabs, ShowsATabForEveryTabbedPage)
@@ -380,188 +277,6 @@ TEST_F(Tabs, MayBeRebuiltByTheCommandThatTheySend)
     EXPECT_EQ(GetFocus(), strip_.hwnd());
 }
 
-TEST_F(Tabs, PopupHasItsItemsInOrder)
-{
-    open_three();
-    const wchar_t* const texts[] = { L"(Default)", L"", L"Blue", L"Green", L"Yellow", L"Orange", L"Red",
-        L"Purple", L"", L"タブの削除" };
-    use_menu(20, [&](const ShownMenu& menu) {
-        EXPECT_EQ(GetMenuItemCount(menu.menu()), item_count);
-        for (int item = 0; item < item_count; ++item)
-            EXPECT_EQ(menu.text(item), texts[item]) << item;
-    });
-    EXPECT_EQ(GetFocus(), strip_.hwnd());
-}
-
-TEST_F(Tabs, PopupChecksTheColourOfItsTab)
-{
-    add_page(L"青");
-    add_page(L"紫", true, look::tab_color(6));
-    strip_.rebuild();
-    EXPECT_EQ(checked(20), std::vector<int>{ first_named });
-    EXPECT_EQ(checked(strip_.items()[1].rect.left + 20), std::vector<int>{ last_named });
-}
-
-TEST_F(Tabs, PopupChecksNothingForAColourOutsideTheTable)
-{
-    add_page(L"他", true, Color{ 0x123456 });
-    strip_.rebuild();
-    EXPECT_EQ(checked(20), std::vector<int>{});
-}
-
-TEST_F(Tabs, PopupKeepsTheTabUnderTheMouseHot)
-{
-    open_three();
-    ASSERT_TRUE(hover(20));
-    use_menu(20, [&](const ShownMenu&) {
-        strip_.send(WM_MOUSELEAVE, 0, 0);
-        EXPECT_EQ(strip_.hover_tab(), 1u);
-        EXPECT_FALSE(strip_.tip().is_visible());
-    });
-    EXPECT_FALSE(strip_.menu().is_showing());
-}
-
-TEST_F(Tabs, PopupPaintsTheTabInTheChosenColour)
-{
-    open_three();
-    const int second = strip_.items()[1].rect.left + 20;
-    use_menu(second, [](const ShownMenu& menu) { menu.choose(last_named); });
-    EXPECT_EQ(book_.pages[1].tab_color, look::tab_color(6).value);
-    EXPECT_EQ(strip_.items()[1].color, look::tab_color(6));
-    EXPECT_EQ(book_.pages[0].tab_color, blue.value);
-    EXPECT_TRUE(sent_.empty());
-    EXPECT_TRUE(leave_until([&] { return strip_.hover_tab() == 0; }));
-    EXPECT_EQ(pixel(second + 60, 20), look::tab_color(6));
-}
-
-TEST_F(Tabs, AChosenColourAsksForAPaint)
-{
-    open_three();
-    use_menu(20, [](const ShownMenu&) {});
-    paint();
-    ASSERT_FALSE(GetUpdateRect(strip_.hwnd(), nullptr, FALSE));
-    ovlib::WndMessage message{ strip_.hwnd(), WM_COMMAND, command::first_tab_color, 0, 0 };
-    EXPECT_TRUE(strip_.on_message(message));
-    EXPECT_TRUE(GetUpdateRect(strip_.hwnd(), nullptr, FALSE));
-}
-
-TEST_F(Tabs, PopupAsksTheParentToRemoveTheTab)
-{
-    open_three();
-    use_menu(strip_.items()[1].rect.left + 20, [](const ShownMenu& menu) { menu.choose(remove_item); });
-    EXPECT_EQ(sent_,
-        (std::vector<Sent>{ { command::remove_tab, reinterpret_cast<std::intptr_t>(&book_.pages[1]) } }));
-    EXPECT_NE(book_.pages[1].tab_number, 0u);
-}
-
-TEST_F(Tabs, ARightClickBesideTheTabsOnlyTakesTheFocus)
-{
-    add_page(L"一");
-    strip_.rebuild();
-    other_.set_focus();
-    gui::right_click_at(on_strip(400));
-    EXPECT_TRUE(gui::pump_until([&] { return GetFocus() == strip_.hwnd(); }));
-    EXPECT_TRUE(gui::popups_of(GetCurrentThreadId()).empty());
-}
-
-TEST_F(Tabs, RefuseAColourWithoutATabItIsFor)
-{
-    open_three();
-    ovlib::WndMessage message{ strip_.hwnd(), WM_COMMAND, 2301, 0, 0 };
-    EXPECT_FALSE(strip_.on_message(message));
-    use_menu(20, [](const ShownMenu&) {});
-    book_.pages[0].tab_number = 0;
-    EXPECT_FALSE(strip_.on_message(message));
-    EXPECT_EQ(book_.pages[0].tab_color, blue.value);
-}
-
-TEST_F(Tabs, TakeEveryColourNumberOnce)
-{
-    open_three();
-    for (int id = command::first_tab_color; id <= command::last_tab_color; ++id) {
-        use_menu(20, [](const ShownMenu&) {});
-        ovlib::WndMessage message{ strip_.hwnd(), WM_COMMAND, static_cast<std::uint64_t>(id), 0, 0 };
-        EXPECT_TRUE(strip_.on_message(message)) << id;
-        EXPECT_EQ(Color{ book_.pages[0].tab_color }, look::chosen_tab_color(id));
-        EXPECT_FALSE(strip_.on_message(message)) << "the popup's choice was used up";
-    }
-}
-
-TEST_F(Tabs, HaveSwatchesInTheSizeOfAMenusMark)
-{
-    const look::Swatches swatches = look::make_swatches();
-    const int width = GetSystemMetrics(SM_CXMENUCHECK);
-    const int height = GetSystemMetrics(SM_CYMENUCHECK);
-    for (std::size_t i = 0; i < swatches.size(); ++i) {
-        const ovlib::MemDC dc;
-        const auto at = [&](const ovlib::GDI::Bitmap& bitmap, int x, int y) {
-            const ovlib::ObjectSelection selected(dc, bitmap);
-            return Color{ GetPixel(dc.handle(), x, y) };
-        };
-        const look::Swatch& swatch = swatches[i];
-        const Color color = look::tab_color(i);
-        EXPECT_EQ(at(swatch.unchecked, 0, 0), look::swatch_frame(color)) << i;
-        EXPECT_EQ(at(swatch.unchecked, width - 1, height - 1), look::swatch_frame(color)) << i;
-        EXPECT_EQ(at(swatch.unchecked, 4, 4), color) << i;
-        EXPECT_EQ(at(swatch.checked, 4, 4), white) << i;
-        EXPECT_EQ(at(swatch.checked, width - 5, height - 5), white) << i;
-        EXPECT_EQ(at(swatch.checked, 3, 3), color) << i;
-        EXPECT_EQ(at(swatch.checked, 5, 5), color) << i;
-    }
-}
-
-struct CheckBitmaps {
-    HBITMAP unchecked = nullptr;
-    HBITMAP checked = nullptr;
-};
-
-CheckBitmaps check_bitmaps(const ovlib::Menu& menu, UINT item)
-{
-    MENUITEMINFOW info{};
-    info.cbSize = sizeof info;
-    info.fMask = MIIM_CHECKMARKS;
-    GetMenuItemInfoW(menu.handle(), item, TRUE, &info);
-    return { info.hbmpUnchecked, info.hbmpChecked };
-}
-
-bool is_color_item(UINT item)
-{
-    return item == default_item || (item >= first_named && item <= last_named);
-}
-
-TEST_F(Tabs, PopupHasASwatchAtEveryColour)
-{
-    for (UINT item = 0; item < item_count; ++item) {
-        const CheckBitmaps shown = check_bitmaps(strip_.menu(), item);
-        EXPECT_EQ(shown.unchecked != nullptr, is_color_item(item)) << item;
-        EXPECT_EQ(shown.checked != nullptr, is_color_item(item)) << item;
-        if (is_color_item(item)) {
-            EXPECT_NE(shown.checked, shown.unchecked) << item;
-        }
-    }
-}
-
-TEST_F(Tabs, PopupIsPlainWithoutSwatches)
-{
-    open_three();
-    std::unique_ptr<look::TabWnd> plain;
-    {
-        const gui::ReplacedImport<decltype(CreateDIBSection)> failing{ &__imp_CreateDIBSection,
-            [](HDC, const BITMAPINFO*, UINT, void**, HANDLE, DWORD) -> HBITMAP { return nullptr; } };
-        plain = std::make_unique<look::TabWnd>(&top_, &book_);
-    }
-    ASSERT_TRUE(plain->create(L""));
-    plain->set_rect({ 2, 40, 482, 64 }, true);
-    plain->rebuild();
-    gui::pump();
-    EXPECT_EQ(plain->menu().count(), item_count);
-    for (UINT item = 0; item < item_count; ++item) {
-        EXPECT_EQ(check_bitmaps(plain->menu(), item).unchecked, nullptr) << item;
-        EXPECT_EQ(check_bitmaps(plain->menu(), item).checked, nullptr) << item;
-    }
-    EXPECT_EQ(gui::pixel(plain->buffer(), plain->items()[1].rect.left + 80, 20), blue);
-}
-
 TEST_F(Tabs, WorkWithoutATip)
 {
     open_three();
@@ -589,7 +304,7 @@ TEST_F(Tabs, WorkWithoutATip)
     EXPECT_EQ(bare.hover_tab(), 0u);
     bare.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(bare.items()[2].rect.left + 20, 12));
     EXPECT_EQ(sent_, (std::vector<Sent>{ { command::go_to_tab, 3 } }));
-    EXPECT_EQ(bare.menu().count(), item_count);
+    EXPECT_EQ(bare.menu().count(), gui::item_count);
 }
 
 TEST_F(Tabs, ShowTheGreatestNumberOfThem)
