@@ -1,4 +1,4 @@
-// The settings that belong to a Book, as a record that stands in its file byte for byte.
+// The settings of a Book, as the record that its file holds byte for byte (docs/file-format.md).
 #pragma once
 #include <array>
 #include <bit>
@@ -23,7 +23,7 @@ inline constexpr std::uint32_t format_version = 106;
 inline constexpr std::int32_t first_tab_label_box = 4000;
 inline constexpr std::int32_t standard_theme = 6000;
 
-// The published layout of LOGFONTW.
+// Same layout as LOGFONTW, declared here because logic does not include windows.h.
 struct LogFont {
     std::int32_t height = 0;
     std::int32_t width = 0;
@@ -43,7 +43,7 @@ struct LogFont {
     friend bool operator==(const LogFont&, const LogFont&) = default;
 };
 
-// Members read from a file may hold any value: nothing here is trusted.
+// Read from a file without checks: every member may hold any value, so its users check it.
 struct BookHeader {
     BookHeader(); // the defaults of a new Book
 
@@ -75,22 +75,22 @@ static_assert(offsetof(BookHeader, wrap_text) == 20 && offsetof(BookHeader, gif_
 static_assert(offsetof(BookHeader, order_mode) == 28 && offsetof(BookHeader, theme) == 44);
 static_assert(offsetof(BookHeader, fonts) == 48 && offsetof(BookHeader, reserved_2) == 324);
 static_assert(std::is_trivially_copyable_v<BookHeader> && std::is_standard_layout_v<BookHeader>);
-static_assert(std::endian::native == std::endian::little, "records are written as they stand in memory");
+static_assert(std::endian::native == std::endian::little, "records are written as they are in memory");
 
 // True when the display order runs backwards.
 constexpr bool is_reversed(const BookHeader& header)
 {
     return header.order_mode < 0;
 }
-// The mode without its direction. Wide enough for the size of every 32-bit number.
+// The mode without its direction. 64 bits, because the magnitude of -2^31 does not fit in 32.
 constexpr std::int64_t order_magnitude(const BookHeader& header)
 {
     const std::int64_t mode = header.order_mode;
     return mode < 0 ? -mode : mode;
 }
 
-// The font a new Book gives box `index`: 12 points bold for box 1, 10 points for the others. An index of 3 or
-// more leaves `font` as it was.
+// Sets `font` to the font of box `index` in a new Book: 12 points bold for index 1, 10 points for the others.
+// An index of 3 or more leaves `font` unchanged.
 void default_box_font(std::size_t index, LogFont& font);
 
 } // namespace book

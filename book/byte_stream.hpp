@@ -1,4 +1,4 @@
-// Where bytes come from and go to, so that readers and writers need no disk.
+// Byte sources and sinks: readers and writers use these, so tests and fuzzers run them without a disk.
 #pragma once
 #include "platform/file.hpp"
 #include <cstddef>
@@ -10,21 +10,21 @@ namespace book {
 class ByteSource {
 public:
     virtual ~ByteSource() = default;
-    // Bytes delivered, from the start of `target`; 0 at the end and on failure.
+    // Reads into the start of `target` and returns the number of bytes read; 0 at the end and on failure.
     virtual std::size_t read(std::span<std::byte> target) = 0;
     virtual void restart() = 0;
-    // Bytes in all; 0 when that cannot be told.
+    // Total size in bytes; 0 if unknown.
     virtual std::uint64_t size() = 0;
 };
 
 class ByteSink {
 public:
     virtual ~ByteSink() = default;
-    // A failure is not told: what could not be written is missing.
+    // Does not report failure: bytes that cannot be written are missing.
     virtual void write(std::span<const std::byte> bytes) = 0;
 };
 
-// Over an open file, which must outlive it.
+// Reads an open file, which must outlive the source.
 class FileSource final : public ByteSource {
 public:
     explicit FileSource(platform::File& file)

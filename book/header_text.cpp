@@ -15,6 +15,7 @@ unsigned digit_value(std::uint32_t unit)
 {
     if (unit >= '0' && unit <= '9')
         return unit - '0';
+    // Setting bit 5 lower-cases an ASCII letter and maps no other unit to one.
     const std::uint32_t lower = unit | 0x20u;
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : no_digit;
 }

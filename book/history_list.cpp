@@ -55,7 +55,7 @@ void HistoryList::save() const
 void HistoryList::add(std::wstring entry)
 {
     for (std::size_t i = 0; i < entries_.size(); ++i) {
-        // The entry that moves up is not looked at.
+        // The entry that moves into the gap is skipped: of two equal neighbours the second stays.
         if (same_text_ignoring_case(entries_[i], entry))
             entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(i));
     }

@@ -1,4 +1,4 @@
-// The Books that were opened or saved, newest first, kept in a file of one path a line.
+// The Books that were opened or saved, newest first, kept in a file with one path per line.
 #pragma once
 #include "book/byte_stream.hpp"
 #include <cstddef>
@@ -9,12 +9,12 @@ namespace book {
 
 inline constexpr std::size_t history_limit = 1000;
 
-// The paths that stand in a history file. An empty line ends it; blank ones are passed over.
+// The paths in a history file, trimmed. Lines of only white space are skipped.
 std::vector<std::wstring> read_history(ByteSource& source);
 void write_history(const std::vector<std::wstring>& entries, ByteSink& sink);
 
-// File errors are silent: the list goes on with what it has. Paths are compared without regard to case. Every
-// operation takes its path by value: it may be one of the entries.
+// File errors are not reported: the list keeps the entries it has. Paths are compared ignoring case.
+// Operations take their path by value because it may be one of the entries.
 class HistoryList {
 public:
     HistoryList() = default;
@@ -22,12 +22,12 @@ public:
 
     void load();
     void save() const;
-    // Puts `entry` in front, where it takes the place of its equals, and saves. Of two equal neighbours the
-    // second stays.
+    // Erases the entries equal to `entry`, inserts it at the front and saves. Of two equal neighbours only
+    // the first is erased; files written by this program never hold such neighbours.
     void add(std::wstring entry);
-    // Erases every equal of `entry` and saves.
+    // Erases every entry equal to `entry` and saves.
     void remove(std::wstring entry);
-    // Erases the newest entry, if there is one, and saves.
+    // Erases the newest entry and saves; does nothing on an empty list.
     void remove_first();
 
     const std::vector<std::wstring>& entries() const { return entries_; }

@@ -1,4 +1,4 @@
-// The history as its window shows it.
+// The rows, title and colours of the history window.
 #pragma once
 #include "platform/color.hpp"
 #include <cstddef>
@@ -18,17 +18,18 @@ HistoryRow history_row(std::wstring_view path);
 
 std::wstring history_title(std::size_t count);
 
-// The command of a click on a row; none beside the rows and for rows beyond the commands' range.
+// The command that a click on `row` sends; nullopt for a click outside the rows (negative) and for rows past
+// the command range.
 std::optional<int> history_command(int row);
 
-// Whether the window takes clicks: another Book would be loaded over edits of the pages' own windows, or
-// behind a box.
+// Whether the window accepts clicks. A click loads another Book, which must not happen while a page window
+// holds edits (`is_busy`) or a modal box is open (not `accepts_input`).
 constexpr bool is_history_enabled(bool is_busy, bool accepts_input)
 {
     return !is_busy && accepts_input;
 }
 
-// The colour of its rows: `text`, or a grey that stands off from `back` while it is disabled.
+// The text colour of the rows: `text`, or while disabled a grey that contrasts with `back`.
 ovlib::Color history_text_color(ovlib::Color text, ovlib::Color back, bool enabled);
 
 } // namespace book

@@ -6,6 +6,14 @@
 #define PAGEWICK_SSE2
 #endif
 
+// Lines are handed out as views into the block, so nothing is copied except a line that crosses a block
+// border. A line end is found by its LF, which SSE2 searches eight units at a time, and confirmed by the CR
+// before it; that CR may be the last unit of the previous block, hence `after_cr`.
+//
+// Boxes 1 and 3 are most of a Book. `append_lines` does not search for their line ends at all: it searches
+// for the separator, which is rare, and checks that a line starts there. All text up to it is appended in one
+// call per block.
+
 namespace book {
 
 namespace {
@@ -23,7 +31,7 @@ unsigned equal_lanes(const FileUnit* units, __m128i wanted)
 }
 #endif
 
-// The first `unit` of a range, or its end.
+// The first `unit` in [first, last), or `last`.
 const FileUnit* find_unit(const FileUnit* first, const FileUnit* last, FileUnit unit)
 {
 #if defined(PAGEWICK_SSE2)
@@ -42,7 +50,7 @@ const FileUnit* find_unit(const FileUnit* first, const FileUnit* last, FileUnit 
 
 void append_units(std::wstring& text, FileText units)
 {
-    // One pass where units are widened: appending would go by way of a temporary.
+    // Where units are widened, append() copies through a temporary string; constructing takes one pass.
     if constexpr (sizeof(FileUnit) != sizeof(wchar_t)) {
         if (text.empty()) {
             text = std::wstring(units.begin(), units.end());
@@ -71,6 +79,7 @@ bool LineReader::append_lines(FileUnit stop, std::wstring& text)
     bool after_cr = false;
     while (true) {
         if (!has_units()) {
+            // A block of an odd number of bytes ends the line in hand, so it starts a new line.
             const Delivery delivery = refill();
             if (delivery == Delivery::none || (delivery == Delivery::odd && at_line_start))
                 return false;
@@ -89,6 +98,7 @@ bool LineReader::append_lines(FileUnit stop, std::wstring& text)
 void LineReader::restart()
 {
     source_.restart();
+    // An odd block takes the high byte of its last unit from here, and it is zero in the first block.
     block_.fill(0);
     pos_ = 0;
     count_ = 0;
@@ -110,7 +120,8 @@ LineReader::Delivery LineReader::refill()
     return bytes % sizeof(FileUnit) == 0 ? Delivery::even : Delivery::odd;
 }
 
-// Whether the line in hand, of which the block's units before `place` are the last ones, is complete there.
+// Whether the current line, which begins at pos_ or in an earlier block, ends just before `place`.
+// `after_cr`: the unit before pos_ belongs to this line and is a CR.
 bool LineReader::line_ends_at(std::size_t place, bool after_cr) const
 {
     const std::size_t length = place - pos_;
@@ -119,7 +130,7 @@ bool LineReader::line_ends_at(std::size_t place, bool after_cr) const
     return length == 1 ? after_cr : block_[place - 2] == carriage_return;
 }
 
-// The place behind the line's end, or 0 when that is not in the block.
+// The index after the line's CR LF, or 0 if the line does not end in this block.
 std::size_t LineReader::end_of_line(bool after_cr) const
 {
     const FileUnit* const last = block_.data() + count_;
@@ -134,7 +145,8 @@ std::size_t LineReader::end_of_line(bool after_cr) const
     return 0;
 }
 
-// The place of the next line that begins with `stop`, or the end of the block.
+// The index of the next line that begins with `stop`, or the end of the block. Starts one past pos_: the
+// caller has checked the unit at pos_ itself.
 std::size_t LineReader::start_of_line_with(FileUnit stop, bool after_cr) const
 {
     const FileUnit* const last = block_.data() + count_;
@@ -156,6 +168,7 @@ FileText LineReader::take_to(std::size_t place)
 
 FileText LineReader::read_line_over_blocks()
 {
+    // A block that is empty or odd ends the line without a CR LF.
     long_line_.assign(take_to(count_));
     while (refill() == Delivery::even) {
         const std::size_t end = end_of_line(long_line_.back() == carriage_return);

@@ -1,4 +1,4 @@
-// Lines of wide text files: little-endian UTF-16, as Books and the history are kept.
+// Reads lines of UTF-16LE text files: Books and the history.
 #pragma once
 #include "book/byte_stream.hpp"
 #include <array>
@@ -8,21 +8,23 @@
 
 namespace book {
 
-// One code unit as it stands in a file: the program's own character where that has 16 bits.
+// One code unit of a file. It is wchar_t where that has 16 bits, so that text is copied without conversion.
 using FileUnit = std::conditional_t<sizeof(wchar_t) == sizeof(char16_t), wchar_t, char16_t>;
 using FileText = std::basic_string_view<FileUnit>;
 
 inline constexpr std::size_t block_size = 65536; // bytes
 
-// Appends what a file holds to text of the program.
+// Appends file text to a string, widening each unit where wchar_t has 32 bits.
 void append_units(std::wstring& text, FileText units);
 
-// A line ends with the first LF that directly follows a CR of the same line; a lone LF is a unit like others.
-// What stands behind the last such end is a line too.
+// A line ends with the first LF that directly follows a CR of the same line; a lone LF is an ordinary unit.
+// Text after the last CR LF is a line too.
 //
-// The source is read by blocks of `block_size` bytes. A block of an odd number of bytes ends the line in hand
-// (an empty one is the end for most callers) and is then read on; the high byte of its last unit is the byte
-// which that place of the buffer held before, zero in the first block.
+// The source is read in blocks of `block_size` bytes. When a block has an odd number of bytes, the current
+// line ends where the block begins (callers that stop at an empty line may stop there), and reading then
+// continues with the block. The high byte of its last unit is the byte that was in that place of the buffer
+// before, zero in the first block. This belongs to the file format: a broken copy gives the same pages on
+// every system.
 class LineReader {
 public:
     // `source` must outlive the reader.
@@ -30,12 +32,12 @@ public:
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 
-    // The next line with its end; empty at the end of the source. Valid until the next call.
+    // The next line including its CR LF; empty at the end of the source. Valid until the next call.
     FileText read_line();
-    // Appends the lines before the next one that begins with `stop` to `text`. True when there is such a
-    // line, which comes next; false when a line was empty instead.
+    // Appends to `text` all lines before the next one that begins with `stop`. True if there is such a line,
+    // which is then the next one read; false if read_line would have returned an empty line first.
     bool append_lines(FileUnit stop, std::wstring& text);
-    // Forgets everything read and starts again.
+    // Restarts the source and the reader from the beginning.
     void restart();
     std::uint64_t delivered_bytes() const { return delivered_bytes_; }
 
@@ -56,7 +58,7 @@ private:
     std::size_t count_ = 0;
     std::uint64_t delivered_bytes_ = 0;
     bool has_ended_ = false;
-    std::basic_string<FileUnit> long_line_; // a line that lies in more than one block
+    std::basic_string<FileUnit> long_line_; // a line that spans several blocks
 };
 
 } // namespace book

@@ -38,7 +38,8 @@ void LineWriter::flush()
     count_ = 0;
 }
 
-// Room for `count` units, which are written when the buffer is full or flushed.
+// Reserves room for `count` units in the buffer, which is flushed first if they do not fit. A longer text
+// gets a larger buffer, so that every text is written in one piece.
 FileUnit* LineWriter::claim(std::size_t count)
 {
     if (count > capacity_ - count_) {

@@ -1,4 +1,4 @@
-// Writes wide text files: little-endian UTF-16, gathered so that a file takes few calls of the system.
+// Writes UTF-16LE text files through a buffer of 256 KiB, so that a file takes few system calls.
 #pragma once
 #include "book/line_reader.hpp"
 #include <memory>
@@ -15,9 +15,9 @@ public:
 
     void append(std::wstring_view text);
     void append_ascii(std::string_view text);
-    // The text and CR LF.
+    // Appends the text and CR LF.
     void append_line(std::wstring_view text);
-    // Nothing is complete in the sink before this.
+    // Writes the rest of the buffer. Without this call the end of the file is missing.
     void flush();
 
 private:

@@ -6,6 +6,16 @@
 #include <span>
 #include <string_view>
 
+// Sorts by key first. The system gives a sort key per text, and the first 16 bytes of its primary weights,
+// held as two integers, decide nearly every pair. Texts that share those bytes are sorted again by 64 bytes
+// taken after the units they all have in common; small groups, and texts for which the system gives no usable
+// key, are sorted by comparing.
+//
+// The result is the order of platform::compare_linguistic, because order bytes that differ are ordered as
+// that function orders the texts (see platform/collation.hpp), and everything they leave undecided is
+// compared. It is fast because it takes one key per text where sorting by comparison takes about log2(n)
+// comparisons per text.
+
 namespace book {
 
 namespace {
@@ -13,7 +23,8 @@ namespace {
 using Texts = std::vector<const std::wstring*>;
 using Indices = std::span<std::uint64_t>;
 
-// The beginning of a text's place in the order, as numbers: comparing them is all that most pairs need.
+// The beginning of a text's order bytes, as big-endian integers. The index breaks ties, so std::sort gives
+// one result.
 template <std::size_t words> struct Place {
     std::array<std::uint64_t, words> key;
     std::uint64_t index;
@@ -26,21 +37,22 @@ template <std::size_t words> struct Place {
 
 constexpr std::size_t first_words = 2;
 constexpr std::size_t more_words = 8;
-// Fewer are ordered faster by comparing them than by looking further into them all.
+// Fewer texts are sorted faster by comparing than by making another key for each.
 constexpr std::size_t fewest_for_more_places = 4;
-// Texts may be made so that every level tells but one of them from the rest.
+// Hostile texts can separate one per level: cap the depth.
 constexpr int deepest_level = 16;
 constexpr std::size_t everything = static_cast<std::size_t>(-1);
 
 bool is_less(const Texts& texts, std::uint64_t a, std::uint64_t b)
 {
-    // Many pages hold the same text, and the system would read it to its end.
+    // Many pages hold the same text, and the system would read both to their ends to find that out.
     return *texts[a] != *texts[b]
         && platform::compare_linguistic(*texts[a], *texts[b]) == platform::Ordering::less;
 }
 
-// Joins two sorted neighbours. Own loops here and below: the system may contradict itself, which those of the
-// standard library do not allow.
+// Merges two adjacent sorted ranges. A merge sort of our own here and below: the system's comparison may be
+// inconsistent, which is undefined behaviour in std::sort and std::merge. These loops always end with a
+// permutation.
 void merge(const Texts& texts, Indices indices, std::size_t middle)
 {
     const Indices right = indices.subspan(middle);
@@ -66,7 +78,7 @@ void sort_by_comparing(const Texts& texts, Indices indices)
     merge(texts, indices, middle);
 }
 
-// How far the texts are alike, unit by unit; all of them when they are equal.
+// The number of leading units that all texts share; `everything` if the texts are equal.
 std::size_t common_length(const Texts& texts, Indices indices)
 {
     const std::wstring_view first = *texts[indices.front()];
@@ -84,6 +96,7 @@ std::size_t common_length(const Texts& texts, Indices indices)
     return are_equal ? everything : common;
 }
 
+// False if the system has no usable key for the text.
 template <std::size_t words>
 bool make_place(const Texts& texts, std::uint64_t index, std::size_t start, Place<words>& place)
 {
@@ -98,7 +111,7 @@ bool make_place(const Texts& texts, std::uint64_t index, std::size_t start, Plac
     return true;
 }
 
-// What the places of texts are taken from: `start` is behind units that all of them share.
+// Order bytes of a level are taken from `start` on; all texts of the group share the units before it.
 struct Level {
     std::size_t start = 0;
     int depth = 0;
@@ -131,13 +144,15 @@ template <std::size_t words> void sort_by_places(const Texts& texts, Indices ind
     merge(texts, indices, places.size());
 }
 
-// Texts that share a place are looked at behind what they share, if that leads any further.
+// Sorts texts whose keys are equal so far: by keys taken after their common beginning if that starts further
+// on, otherwise by comparing. The first level always gets a second pass, because its keys were shorter.
 void sort_equals(const Texts& texts, Indices indices, Level level)
 {
     if (indices.size() < fewest_for_more_places || level.depth == deepest_level)
         return sort_by_comparing(texts, indices);
     const std::size_t common = common_length(texts, indices);
     const std::wstring& first = *texts[indices.front()];
+    // Texts count up to their first U+0000, so texts that share it are equal.
     if (common == everything || first.find(L'\0') < common)
         return;
     const Level next{ platform::order_bytes_start(first, common), level.depth + 1 };

@@ -6,8 +6,8 @@
 
 namespace book {
 
-// The indices of `texts` in ascending order, as platform::compare_linguistic tells it. Whatever that answers,
-// even against itself, the result is a permutation.
+// The indices of `texts` in ascending order by platform::compare_linguistic. The result is a permutation even
+// if that comparison is inconsistent.
 std::vector<std::uint64_t> linguistic_order(const std::vector<const std::wstring*>& texts);
 
 } // namespace book

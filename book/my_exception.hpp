@@ -6,8 +6,9 @@
 
 inline constexpr std::uint32_t fatal_code = 1;
 
-// Code `fatal_code` means that the process cannot go on with its Book; any other, that the operation failed
-// and the program goes on. Not a std::exception: the two are told to the user in different ways.
+// `fatal_code` means that the process cannot continue with its Book; any other code means that the operation
+// failed and the program continues. Not derived from std::exception, which is reported to the user in another
+// way.
 class MyException {
 public:
     MyException(std::wstring text, std::uint32_t error_code)

@@ -1,5 +1,8 @@
-// A piece of text by its low bytes alone. Places where a term cannot stand are passed over in it sixteen at a
-// time, whatever the size of wchar_t, and several terms share the reading of the text.
+// A piece of text, reduced to the low byte of each unit. A term is searched by two of its units ("probes"): a
+// place where either low byte differs cannot hold the term, and SSE2 tests sixteen places per instruction.
+// The low bytes keep the work equal whatever the size of wchar_t, and several terms share one narrowing of
+// the text, which is where most of the time goes. A place that passes both tests is only a candidate: the
+// caller compares the whole term there.
 #pragma once
 #include <algorithm>
 #include <array>
@@ -14,32 +17,34 @@
 
 namespace book {
 
-// A low byte that every occurrence of a term shows: the one at start + offset, with the bits of `mask` set,
-// is `value`. Other units may show it too.
+// A byte test that every occurrence of a term passes: (low byte at start + offset) | mask == value. Other
+// units may pass it too. `mask` has the bits in which the letter's upper and lower case differ, so either
+// case passes.
 struct Probe {
     using Block = std::array<std::uint8_t, 16>;
 
     std::size_t offset = 0;
-    Block mask{}; // one value all over
+    Block mask{}; // the same byte 16 times, ready for SSE2
     Block value{};
 };
 
 class NarrowText {
 public:
-    // Starts are looked for in the first units; probes reach behind them.
+    // A piece covers this many start places. 1 KiB stays in the first-level cache while all terms use it.
     static constexpr std::size_t most_starts = 1024;
+    // Probe offsets are below this: so many units after the last start place are narrowed too.
     static constexpr std::size_t reach = 32;
 
-    // Takes the beginning of `text`.
+    // Narrows the beginning of `text`, at most `most_starts` + `reach` units.
     explicit NarrowText(std::wstring_view text)
     {
         const std::size_t length = std::min(text.size(), most_starts + reach);
         narrow(text.data(), length);
-        // The last group looks behind the text.
+        // The last group of 64 places reads past the text.
         std::fill_n(bytes_.begin() + static_cast<std::ptrdiff_t>(length), group + reach, std::uint8_t{ 0 });
     }
 
-    // The first start below `starts` that shows both probes and that `accept` takes; `starts` when there is
+    // The first place below `starts` that passes both probes and for which `accept` is true; `starts` if
     // none.
     template <typename Accept>
     std::size_t find(const Probe& first, const Probe& second, std::size_t starts, Accept accept) const
@@ -64,7 +69,7 @@ private:
         for (std::size_t i = 0; i < count; ++i)
             bytes_[i] = static_cast<std::uint8_t>(units[i]);
     }
-    // One bit a start.
+    // Bit i is set if place start + i passes both probes.
     std::uint64_t shown_in_group(const Probe& first, const Probe& second, std::size_t start) const;
 
     std::array<std::uint8_t, most_starts + reach + group + reach> bytes_;
@@ -100,6 +105,7 @@ inline void NarrowText::narrow(const wchar_t* units, std::size_t count)
         narrow_one_by_one(units, count);
         return;
     }
+    // The last sixteen units may overlap the ones before, so that no unit past the text is read.
     for (std::size_t i = 0; i + 16 < count; i += 16)
         narrow_sixteen(i);
     narrow_sixteen(count - 16);
@@ -116,6 +122,7 @@ inline std::uint64_t NarrowText::shown_in_group(
     const auto both = [&](std::size_t block) {
         return _mm_and_si128(shown(first, block), shown(second, block));
     };
+    // Most groups hold no candidate at all: one test for all 64 places before any bits are gathered.
     const __m128i blocks[] = { both(0), both(1), both(2), both(3) };
     if (_mm_movemask_epi8(
             _mm_or_si128(_mm_or_si128(blocks[0], blocks[1]), _mm_or_si128(blocks[2], blocks[3])))

@@ -8,15 +8,21 @@
 #include <xmmintrin.h>
 #endif
 
+// Pages are numbered by their distance from the current one, so that "next" and "previous" are the same
+// search for the least distance. The first pages are searched on the calling thread. The rest is cut into
+// blocks that all threads take from one counter, from near to far. Each block that is begun is searched up to
+// its first match, and `nearest_` only ever decreases, so the least match of all blocks wins however the
+// threads interleave.
+
 namespace book {
 
 namespace {
 
 constexpr std::uint64_t none = std::numeric_limits<std::uint64_t>::max();
-// Most searches end before a thread would have started.
+// Most searches end within these pages, in less time than a thread takes to start.
 constexpr std::uint64_t pages_without_helpers = 2048;
 constexpr std::uint64_t block_pages = 512;
-// Beyond that memory is the limit.
+// More threads gain nothing: memory bandwidth is the limit.
 constexpr unsigned most_threads = 4;
 
 void prefetch(const void* address)
@@ -68,7 +74,7 @@ bool NearestMatch::matches_at(std::uint64_t distance) const
     return matcher_.matches(book_.pages[book_.position_to_index(position_at(distance))]);
 }
 
-// Of the distances in [from, to); `none` when no page there matches.
+// The least matching distance in [from, to), or `none`.
 std::uint64_t NearestMatch::first_match(std::uint64_t from, std::uint64_t to) const
 {
     const bool is_scattered = book_.order.size() == book_.pages.size();
@@ -89,13 +95,12 @@ void NearestMatch::search_with_helpers()
         for (unsigned i = 1; i < threads; ++i)
             helpers.emplace_back([this] { search_blocks(); });
     } catch (const std::system_error&) {
-        // No thread to be had: this one does it all.
+        // Without helpers this thread searches all blocks.
     }
     search_blocks();
 }
 
-// Blocks are taken in order and searched to their end, so nothing nearer than the least distance is passed
-// over.
+// Takes blocks until one of them lies past the last page or some thread has a match.
 void NearestMatch::search_blocks()
 {
     for (;;) {
@@ -108,7 +113,9 @@ void NearestMatch::search_blocks()
     }
 }
 
-// In a sorted or shuffled Book the next pages lie anywhere in memory.
+// In a sorted or shuffled Book the next pages lie anywhere in memory, and waiting for them costs more than
+// comparing. A page's record has to arrive before its text can be fetched, so the record is fetched further
+// ahead.
 void NearestMatch::prefetch_ahead(std::uint64_t distance) const
 {
     constexpr std::uint64_t record_ahead = 6;

@@ -9,10 +9,10 @@
 namespace book {
 
 inline constexpr std::size_t box_count = 3;
-// Characters of one half of a stamp.
+// Digits of each of the two times in a stamp.
 inline constexpr std::size_t time_length = 14;
 
-// Of the three boxes, as COLORREF.
+// Colours of the three boxes, as COLORREF.
 struct PageColors {
     std::array<std::uint32_t, box_count> text{};
     std::array<std::uint32_t, box_count> back{};
@@ -20,20 +20,20 @@ struct PageColors {
 
 enum class PageSelection : std::uint32_t { none = 0, selected = 1, pasted = 2 };
 
-// A record, copied by value. Text is UTF-16 with CR LF between lines and never holds U+0003, which divides
-// the file.
+// A record, copied by value. Text is UTF-16 with CR LF between lines and never contains U+0003, which
+// separates the fields in a file.
 struct Page {
     std::wstring stamp; // creation time, then time of the last modification, 14 digits each
     std::wstring reference_folder;
-    std::array<std::wstring, box_count> text; // boxes 1 and 3 hold many lines, box 2 one
+    std::array<std::wstring, box_count> text; // box 2 has one line, boxes 1 and 3 any number
     std::array<std::uint32_t, box_count> text_color{}; // COLORREF
     std::array<std::uint32_t, box_count> back_color{};
     std::uint32_t tab_color = 0;
-    std::uint64_t tab_number = 0; // 0: no tab; else the running number in stored order, from 1
-    std::int32_t scroll_first = 0; // vertical scroll of boxes 1 and 3 when the page was last left
+    std::uint64_t tab_number = 0; // 0: no tab; otherwise its number in stored order, from 1
+    std::int32_t scroll_first = 0; // vertical scroll positions of boxes 1 and 3 when the page was last left
     std::int32_t scroll_third = 0;
     std::int32_t mark = 0; // not 0: marked
-    PageSelection selected = PageSelection::none; // the page editor's; not stored
+    PageSelection selected = PageSelection::none; // in the page editor; not stored in the file
     std::vector<std::wstring> files; // paths or addresses
     std::uint64_t current_file = 0; // index into files
 

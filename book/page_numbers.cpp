@@ -18,6 +18,9 @@ bool is_digit(FileUnit unit)
     return unit >= '0' && unit <= '9';
 }
 
+// Reads tokens as operator>> of a stream in the classic locale does, for file units. Our own: no standard
+// stream reads char16_t, and std::from_chars reads char only, takes no plus sign and rejects a minus before
+// an unsigned number.
 class TokenReader {
 public:
     explicit TokenReader(FileText text)
@@ -43,6 +46,8 @@ public:
         const bool is_negative = pos_ != end_ && *pos_ == '-';
         if (is_negative || (pos_ != end_ && *pos_ == '+'))
             ++pos_;
+        // Compared by magnitude: a signed number may be one further below zero than above, and a minus before
+        // an unsigned one wraps around.
         const auto greatest = static_cast<std::uint64_t>(std::numeric_limits<Number>::max());
         std::uint64_t size = 0;
         if (!take_digits(size) || size > greatest + (is_negative && std::signed_integral<Number> ? 1 : 0))
@@ -58,7 +63,7 @@ private:
             ++pos_;
     }
 
-    // False without a digit or beyond 64 bits.
+    // False if there is no digit or the number exceeds 64 bits.
     bool take_digits(std::uint64_t& size)
     {
         constexpr std::uint64_t greatest = std::numeric_limits<std::uint64_t>::max();

@@ -23,7 +23,10 @@ Order stored_order(std::size_t count)
     return order;
 }
 
-// A number below `n` from as many 32-bit draws as n - 1 needs, each as likely as the others.
+// A uniform number below `n` from as many 32-bit draws as n - 1 needs. Our own, and the shuffle below too:
+// the seed is stored in the Book and must give the same order everywhere, but std::shuffle and
+// std::uniform_int_distribution differ between standard libraries. Only the generator itself is fixed by the
+// standard.
 std::uint64_t draw_below(std::uint64_t n, std::mt19937& generator)
 {
     for (;;) {
@@ -33,6 +36,7 @@ std::uint64_t draw_below(std::uint64_t n, std::mt19937& generator)
             mask = mask << 32 | 0xFFFFFFFF;
             if (mask < n - 1)
                 continue;
+            // Draws above the last full multiple of n would favour small remainders: draw again.
             if (ret / n < mask / n || mask % n == n - 1)
                 return ret % n;
             break;
@@ -124,7 +128,8 @@ void toggle_random(Book& book, std::uint32_t fresh_seed)
 
 void toggle_reversed(BookHeader& header)
 {
-    // The lowest number has no opposite; like its nearest it stands for the stored order.
+    // -2^31 cannot be negated. It is raised by one first, which like every unknown mode means the stored
+    // order.
     header.order_mode =
         -std::max(header.order_mode, std::int32_t{ -std::numeric_limits<std::int32_t>::max() });
 }

@@ -8,14 +8,14 @@
 
 namespace book {
 
-inline constexpr wchar_t separator = 3; // U+0003 divides the fields of a Book file
+inline constexpr wchar_t separator = 3; // U+0003 separates the fields of a Book file
 inline constexpr wchar_t byte_order_mark = 0xFEFF;
 
 enum class TrimMode { left = 1, right = 2, both = 3 };
 
 // Removes white space in place and returns the new length.
 std::size_t trim_text(std::wstring& text, TrimMode mode);
-// The same without a copy.
+// The same as a view of `text`.
 std::wstring_view trimmed(std::wstring_view text, TrimMode mode);
 std::u16string_view trimmed(std::u16string_view text, TrimMode mode);
 

@@ -30,7 +30,8 @@ std::wstring joined(const std::vector<std::wstring>& terms, std::wstring_view be
     return text;
 }
 
-// The place behind the first `count` code points, or the length of a shorter text.
+// The index after the first `count` code points, or the length of a shorter text. Counting code points keeps
+// the cut from splitting a surrogate pair.
 std::size_t end_of_code_points(std::wstring_view text, std::size_t count)
 {
     std::size_t end = 0;
@@ -67,6 +68,7 @@ void split_terms(std::wstring_view text, std::vector<std::wstring>& terms)
         token.clear();
     };
     for (std::size_t i = 0; i < text.size(); ++i) {
+        // A quote that is never closed falls through to the last branch.
         const std::size_t closing = text[i] == L'"' ? text.find(L'"', i + 1) : std::wstring_view::npos;
         if (closing != std::wstring_view::npos) {
             end_token();

@@ -1,4 +1,4 @@
-// The search box's text, cut into terms, and told back to the user.
+// Splits the search box's text into terms, and describes a query to the user.
 #pragma once
 #include "book/search.hpp"
 #include <string>
@@ -7,17 +7,17 @@
 
 namespace book {
 
-// Appends the terms of `text` to `terms`. Blanks, tabs and the ideographic space divide; a closed pair of
-// double quotes keeps its blanks; an unclosed quote is an ordinary character.
+// Appends the terms of `text` to `terms`. Spaces, tabs and the ideographic space separate terms; text between
+// two double quotes is one term with its spaces; an unclosed quote is an ordinary character.
 void split_terms(std::wstring_view text, std::vector<std::wstring>& terms);
 
-// The terms of a search box's text, without separators of the file.
+// The terms of a search box's text. Removes U+0003 first: no page text contains it.
 std::vector<std::wstring> query_terms(std::wstring text);
 
-// The condition in words, as the banner and the status bar show it; empty when every page matches.
+// The condition in words, for the banner and the status bar; empty if every page matches.
 std::wstring condition_text(const SearchQuery& query);
 
-// What the banner says when a search found no other page; empty when there was no condition to tell.
+// The banner's text after a search that found no other page; empty if the query has no condition.
 std::wstring failed_search_text(const SearchQuery& query);
 
 } // namespace book

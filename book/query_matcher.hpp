@@ -1,4 +1,4 @@
-// A query, prepared for being asked of many pages.
+// A query prepared once for matching many pages.
 #pragma once
 #include "book/page.hpp"
 #include "book/search.hpp"
@@ -10,12 +10,12 @@ namespace book {
 
 class QueryMatcher {
 public:
-    // Looks at `query` as long as it lives.
+    // `query` must outlive the matcher.
     explicit QueryMatcher(const SearchQuery& query);
 
-    // Whether `page` matches, answered as soon as it is known.
+    // Whether `page` matches. Stops at the first occurrence that decides.
     bool matches(const Page& page) const;
-    // The same, with all its occurrences in `hits`.
+    // The same, and replaces `hits` by all occurrences on the page.
     bool collect(const Page& page, std::vector<SearchHit>& hits) const;
 
 private:
@@ -26,7 +26,7 @@ private:
     bool collect_terms(const Page& page, std::vector<SearchHit>& hits) const;
 
     const SearchQuery& query_;
-    std::vector<TermFinder> finders_; // one a term
+    std::vector<TermFinder> finders_; // one per term
 };
 
 } // namespace book

@@ -47,6 +47,7 @@ template <typename KeyOf> Order sorted_by(const std::vector<Page>& pages, KeyOf 
     keys.reserve(pages.size());
     for (const Page& page : pages)
         keys.push_back(key_of(page));
+    // The keys are gathered in one array first: read from the pages, each compare would miss the cache.
     std::sort(
         order.begin(), order.end(), [&](std::uint64_t a, std::uint64_t b) { return keys[a] < keys[b]; });
     return order;

@@ -1,4 +1,4 @@
-// The order of pages under a sort key.
+// The order of pages by a sort key.
 #pragma once
 #include "book/page.hpp"
 #include <cstdint>
@@ -6,8 +6,8 @@
 
 namespace book {
 
-// The stored indices of `pages`, ascending by `sort_key`; pages that compare equal stand in any order.
-// Numbers that are no SortKey order nothing. Throws std::out_of_range as told at Book::rebuild_order.
+// The stored indices of `pages`, ascending by `sort_key`; pages that compare equal are in any order. A number
+// that is no SortKey gives the stored order. Throws what Book::rebuild_order throws.
 std::vector<std::uint64_t> sorted_order(const std::vector<Page>& pages, std::int32_t sort_key);
 
 } // namespace book

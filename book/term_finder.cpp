@@ -5,6 +5,14 @@
 #include <memory>
 #include <utility>
 
+// A term is searched by the two of its first 32 units that are expected least often in a text. NarrowText
+// finds the few places that pass both byte tests, and only those are compared with the whole term. The tests
+// let every occurrence pass, so the choice of the two units decides speed alone, never the result.
+//
+// For a search that ignores case, the byte test sets all bits in which the forms of the letter differ, in the
+// text's byte and in the expected value. For ASCII that is one bit; both cases pass, and hardly anything else
+// does.
+
 namespace book {
 
 namespace {
@@ -16,7 +24,7 @@ std::uint16_t unit_of(wchar_t unit)
     return static_cast<std::uint16_t>(unit);
 }
 
-// For each lower-case unit the bits in which the units folding to it differ among each other.
+// For each lower-case unit: the bits in which the units that fold to it differ from it.
 const platform::UnitTable& fold_masks()
 {
     static const std::unique_ptr<const platform::UnitTable> masks = [] {
@@ -31,7 +39,7 @@ const platform::UnitTable& fold_masks()
     return *masks;
 }
 
-// The more a unit is expected in a text, the higher. A guess is enough: it decides speed alone.
+// How often a unit is expected in English or Japanese text; higher is more often. A guess is enough.
 int commonness(int unit)
 {
     constexpr std::wstring_view common = L" eaoitnsrlhdcumpgfybvkw()/,.-:\r\n";
@@ -44,7 +52,7 @@ int commonness(int unit)
 
 struct Candidate {
     Probe probe;
-    int cost; // the higher, the more units of a text are expected to show the probe
+    int cost; // higher if more units of a text are expected to pass the probe
 };
 
 Probe make_probe(std::size_t offset, std::uint16_t unit, std::uint16_t open_bits)
@@ -63,9 +71,10 @@ Candidate candidate_at(std::wstring_view term, std::size_t offset, LetterCase le
         unit = lower_case_table()[unit];
         open_bits = fold_masks()[unit];
     }
-    // One open bit joins two units; each further one lets strangers through.
+    // One open bit admits both cases of a letter; each further bit admits unrelated units.
     constexpr int cost_of_a_stranger = 20;
     const int strangers = std::max(0, std::popcount(open_bits & 0xFFu) - 1);
+    // Only the low byte is tested, so a rare unit may look like a common ASCII character.
     const int cost = std::max(commonness(unit), commonness(unit & 0xFF));
     return { make_probe(offset, unit, open_bits), cost + strangers * cost_of_a_stranger };
 }
@@ -128,7 +137,7 @@ std::size_t TermFinder::find_in_piece(
 
 bool TermFinder::occurs_at(std::wstring_view text, std::size_t start, std::size_t from) const
 {
-    // A search steps over a pair whole when the pair begins inside it.
+    // Never start in the middle of a surrogate pair, unless the caller began the search there.
     if (platform::is_low_surrogate(text[start]) && start > from
         && platform::is_high_surrogate(text[start - 1]))
         return false;
