@@ -11,8 +11,8 @@
 // Pages are numbered by their distance from the current one, so that "next" and "previous" are the same
 // search for the least distance. The first pages are searched on the calling thread. The rest is cut into
 // blocks that all threads take from one counter, from near to far. Each block that is begun is searched up to
-// its first match, and `nearest_` only ever decreases, so the least match of all blocks wins however the
-// threads interleave.
+// its first match, and `nearest_` only ever decreases, so the least match of the searched blocks wins however
+// the threads interleave.
 
 namespace book {
 

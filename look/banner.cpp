@@ -21,7 +21,8 @@ constexpr int text_top = 62;
 
 } // namespace
 
-// A line end that only comes about when another one is taken out goes too.
+// Looks back at the result instead of the input, so a CR LF that forms when one between is removed is removed
+// too.
 std::wstring banner_text(std::wstring_view text)
 {
     std::wstring line;
@@ -51,6 +52,7 @@ BannerFade::Tick BannerFade::tick()
 {
     switch (state_) {
     case State::fading_in:
+        // The interval is 0 while fading: the running timer keeps its 30 ms.
         alpha_ = std::min(alpha_ + alpha_step, full_alpha);
         if (alpha_ < full_alpha)
             return { true, 0, false };

@@ -1,4 +1,4 @@
-// The banner that tells of a search without result: how it fades, where its parts lie and its colours.
+// The banner that reports a search without result: its fading, layout and colours.
 #pragma once
 #include "look/theme.hpp"
 #include "platform/geometry.hpp"
@@ -11,26 +11,27 @@ namespace look {
 inline constexpr wchar_t banner_title[] = L"Book内検索";
 inline constexpr wchar_t banner_headline[] = L"検索終了";
 
-// The text in one line.
+// The text without its CR LFs, as one line.
 std::wstring banner_text(std::wstring_view text);
 
-// Fades in, stays for two seconds and fades out, one tick of a timer after the other.
+// Fades in, stays for two seconds and fades out, driven by the ticks of a timer.
 class BannerFade {
 public:
     enum class State : std::int32_t { fading_in = 0, staying = 1, fading_out = 2 };
 
-    // What one tick asks for.
+    // What the window must do after a tick.
     struct Tick {
         bool alpha_changed = false;
-        std::uint32_t next_interval = 0; // milliseconds for the timer to start anew with; 0: it runs on
+        std::uint32_t next_interval = 0; // milliseconds to restart the timer with; 0: leave it running
         bool is_over = false;
 
         friend bool operator==(const Tick&, const Tick&) = default;
     };
 
-    // Begins to fade in, from whatever alpha there is. Returns the timer's interval.
+    // Begins to fade in from the current alpha, so a banner shown again while it fades does not jump. Returns
+    // the timer's interval in milliseconds.
     std::uint32_t begin();
-    // Back to where nothing is seen.
+    // Makes the banner invisible.
     void reset();
     Tick tick();
 
@@ -42,7 +43,7 @@ private:
     std::int32_t alpha_ = 0;
 };
 
-// For a text and a title of these widths. A banner with a short text is wide enough for its title.
+// The banner's size for a text and a title of these widths. It is at least wide enough for the title.
 platform::Size banner_size(int text_width, int title_width);
 
 struct BannerLayout {

@@ -1,4 +1,4 @@
-// How a page's boxes look: their colours, and whether a font of the Book can be used.
+// The look of a page's boxes: their colours, and whether a font of the Book can be used.
 #pragma once
 #include "book/book_header.hpp"
 #include "book/page.hpp"
@@ -10,7 +10,7 @@ namespace look {
 enum class BoxUse {
     writable,
     read_only,
-    read_only_with_palette, // its colours are being chosen, so they show as they are
+    read_only_with_palette, // the user is choosing its colours, so they are shown undimmed
 };
 
 struct BoxColors {
@@ -20,15 +20,16 @@ struct BoxColors {
     friend bool operator==(const BoxColors&, const BoxColors&) = default;
 };
 
-// Colours of a page come from its file: only their red, green and blue are used.
+// The page's colours are read from a file without checks: only their red, green and blue are used.
 BoxColors box_colors(const book::Page& page, std::size_t box, BoxUse use);
 
-// A colour that can still be read on `back` but stands out less.
+// A text colour that is still readable on `back` but less prominent.
 ovlib::Color dimmed_text(ovlib::Color back);
 
-// False for a font of a size that would take the system long to draw: no text needs it.
+// False for a font so large that drawing it would block the window. The size comes from a file without
+// checks.
 bool is_usable_font(const book::LogFont& font);
-// The same font with its face name ended by a zero, whatever the file held.
+// The same font with its face name zero-terminated, which a file may leave out.
 book::LogFont with_ended_name(book::LogFont font);
 
 } // namespace look

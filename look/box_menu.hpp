@@ -9,12 +9,12 @@ struct BoxMenuState {
     bool has_text = false;
     bool can_undo = false;
     bool can_paste = false;
-    bool is_palette_visible = false; // the window that chooses a box's colours and font
+    bool is_palette_visible = false; // the window for choosing a box's colours and font
 };
 
-// Every item enabled.
+// The rows with every item enabled.
 ovlib::MenuRows box_menu();
-// False for an item that is greyed.
+// False if the item must be greyed.
 bool is_box_item_enabled(int id, const BoxMenuState& state);
 
 } // namespace look

@@ -26,6 +26,7 @@ ImageButtonColors image_button_colors(const ThemePalette& palette, bool highligh
 SheetPlace sheet_place(
     const platform::Rect& item, platform::Size sheet, SheetAlign align, ovlib::ButtonState state)
 {
+    // A pressed picture moves by one pixel, as the system's push buttons do.
     const int width = sheet.width / 2;
     const int offset = state.pressed ? 1 : 0;
     const int left = align == SheetAlign::left ? left_margin : (item.width() - width) / 2;

@@ -1,4 +1,4 @@
-// How buttons and check boxes of the program look: colours by theme and state, and the place of a picture.
+// The look of buttons and check boxes: colours by theme and state, and the position of a picture.
 #pragma once
 #include "controls/button_layout.hpp"
 #include "controls/check_box_layout.hpp"
@@ -18,10 +18,10 @@ struct ImageButtonColors {
 ImageButtonColors image_button_colors(
     const ThemePalette& palette, bool highlighted, ovlib::ButtonState state);
 
-// A sheet holds two pictures of one size side by side: the left one for an enabled button, the right one for
-// a disabled one.
+// A sheet holds two pictures of equal size side by side: the left one for an enabled button, the right one
+// for a disabled button.
 struct SheetPlace {
-    platform::Point at; // of the picture, on the button
+    platform::Point at; // of the picture, relative to the button
     platform::Rect source; // on the sheet
 
     friend bool operator==(const SheetPlace&, const SheetPlace&) = default;

@@ -7,7 +7,7 @@ namespace look {
 
 namespace {
 
-// The file is its colours one after another, four bytes each with the lowest first, and nothing else.
+// The file is 16 colours of four bytes each, little-endian, and nothing else.
 constexpr std::size_t color_size = 4;
 using FileImage = std::array<std::byte, std::tuple_size_v<CustomColors> * color_size>;
 
@@ -17,6 +17,7 @@ CustomColors read_custom_colors(const std::wstring& path)
 {
     FileImage image{};
     platform::File file = platform::File::open_read(path);
+    // A read may return less than asked for; what a short file lacks stays zero.
     std::span<std::byte> rest{ image };
     while (file.is_open() && !rest.empty()) {
         const std::size_t count = file.read(rest);

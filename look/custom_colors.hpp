@@ -1,4 +1,4 @@
-// The colours that the user has put together in the system's colour dialog.
+// The custom colours of the system's colour dialog, kept between runs.
 #pragma once
 #include <array>
 #include <cstdint>
@@ -6,12 +6,13 @@
 
 namespace look {
 
-// COLORREFs, in the order of the dialog's boxes.
+// COLORREFs, in the order in which the dialog shows them.
 using CustomColors = std::array<std::uint32_t, 16>;
 
-// A missing file leaves every colour black, a short one the rest; what follows 64 bytes is not read.
+// Colours that the file does not hold are black, all of them if it is missing. Bytes after the first 64 are
+// ignored.
 CustomColors read_custom_colors(const std::wstring& path);
-// Replaces the file. False when it could not be written whole.
+// Replaces the file. False if it could not be written completely.
 bool write_custom_colors(const std::wstring& path, const CustomColors& colors);
 
 } // namespace look

@@ -3,18 +3,19 @@
 
 namespace look {
 
-// The input method of one control, as a system offers it.
+// The input method (IME) of one control.
 class InputMethod {
 public:
     virtual ~InputMethod() = default;
-    // False when the control has none; then nothing else may be called.
+    // False if the control has none; then no other function may be called.
     virtual bool acquire() = 0;
     virtual bool is_open() = 0;
     virtual void open() = 0;
     virtual void release() = 0;
 };
 
-// For a control that got the focus. Opens what is closed when the settings want it, and never closes.
+// Call when a control gets the focus. Opens a closed input method if the settings want that; never closes
+// one.
 void open_on_focus(InputMethod& method, bool is_wanted);
 
 } // namespace look

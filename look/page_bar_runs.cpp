@@ -12,7 +12,7 @@ using platform::Point;
 constexpr int run_top = 4;
 constexpr int run_bottom = 12;
 constexpr int indicator_top = -5;
-constexpr int span_weight = 160; // of 256, for what lies below
+constexpr int span_weight = 160; // of 256, for the pixels below the span
 constexpr int frame_dark = -150;
 constexpr int frame_light = 200;
 
@@ -33,6 +33,8 @@ int at_least_one_wide(int left, int right)
 
 } // namespace
 
+// One pass that closes a run where the selection changes. Both edges come from the same place_of, so
+// neighbours share an edge and rounding leaves no gap between them.
 std::vector<PageRun> page_runs(const std::vector<book::Page>& pages)
 {
     std::vector<PageRun> runs;

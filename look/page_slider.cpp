@@ -27,6 +27,7 @@ platform::Rect page_slider_track(const platform::Rect& track)
 
 std::wstring page_label(std::int32_t value)
 {
+    // The value may be the largest 32-bit number.
     return std::to_wstring(std::int64_t{ value } + 1);
 }
 
@@ -42,6 +43,7 @@ platform::Point page_label_place(const platform::Rect& track, platform::Size cli
 
 void set_page_range(ovlib::SliderModel& slider, std::size_t page_count, std::uint64_t position)
 {
+    // A slider counts in 32 bits, and the position comes from a file without checks.
     constexpr std::size_t largest = std::numeric_limits<std::int32_t>::max();
     const std::size_t last = std::min(page_count == 0 ? 0 : page_count - 1, largest);
     slider.min = 0;

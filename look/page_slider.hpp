@@ -1,4 +1,4 @@
-// How the slider that moves through the pages stands, reads and decides.
+// The page slider: its layout, label and the page moves it asks for.
 #pragma once
 #include "controls/slider_model.hpp"
 #include <cstddef>
@@ -7,24 +7,24 @@
 
 namespace look {
 
-// Leaves room for the number beside the track.
+// The track without the room for the page number at its right.
 platform::Rect page_slider_track(const platform::Rect& track);
 
 std::wstring page_label(std::int32_t value);
 ovlib::Color page_label_color(ovlib::Color back, ovlib::Color fill);
-// Of a label with this height.
+// The position of a label of this height.
 platform::Point page_label_place(const platform::Rect& track, platform::Size client, int height);
 
-// Takes the range and the value from a Book of so many pages that shows the one at `position`.
+// Sets the slider's range and value for a Book with `page_count` pages that shows the one at `position`.
 void set_page_range(ovlib::SliderModel& slider, std::size_t page_count, std::uint64_t position);
 
 enum class PageMove {
     none,
-    show_again, // there is no such page: the slider is to take the present one again
-    turn, // to the position that `value` names
+    show_again, // no such page: set the slider back to the current one
+    turn, // to position `value`
 };
 
-// What a WM_HSCROLL of the slider asks for; `code` is its notification code.
+// The page move for a WM_HSCROLL of the slider; `code` is its notification code.
 PageMove page_move(int code, std::int32_t value, std::uint64_t position, std::size_t page_count);
 
 } // namespace look

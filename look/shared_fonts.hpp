@@ -1,4 +1,4 @@
-// The fonts of the interface, made once for the main window and lent to every window.
+// The fonts of the interface. The main window creates them once and every window borrows them.
 #pragma once
 #include "book/book_header.hpp"
 #include <array>
@@ -28,7 +28,7 @@ enum class SharedFont : std::size_t {
 };
 inline constexpr std::size_t shared_font_count = 18;
 
-// The record of a shared font on a screen with this many pixels to the inch.
+// The record of a shared font for a screen with this many pixels per inch.
 book::LogFont shared_font_record(SharedFont font, int pixels_per_inch);
 
 } // namespace look

@@ -2,6 +2,10 @@
 #include "core/byte_size.hpp"
 #include "platform/decimal.hpp"
 
+// Each part is a pure function of the Book and yields everything that painting needs: texts, tones, fonts and
+// offsets. So the bar compares a part with the one it last drew and repaints only a part that changed, and
+// tests check the texts without a window.
+
 namespace look {
 
 namespace {
@@ -71,6 +75,7 @@ StatusPart dates(const book::Book& book)
 {
     StatusPart part;
     const book::Page* page = current_page(book);
+    // A stamp read from a file may be shorter than two times.
     if (page != nullptr && page->stamp.size() >= 2 * book::time_length) {
         part.runs = { label(L"created "), value(date_text(page->stamp.substr(0, book::time_length))),
             label(L"    modified "), value(date_text(page->stamp.substr(book::time_length))) };
@@ -97,6 +102,7 @@ std::wstring date_text(std::wstring digits)
         std::size_t at;
         wchar_t unit;
     };
+    // Indices into the text that already has the separators before them.
     constexpr Separator separators[] = { { 4, L'.' }, { 7, L'.' }, { 10, L' ' }, { 13, L':' }, { 16, L':' } };
     for (const Separator& separator : separators) {
         if (separator.at < digits.size())

@@ -1,4 +1,4 @@
-// What the five parts of the status bar say.
+// The contents of the five parts of the status bar.
 #pragma once
 #include "book/book.hpp"
 #include "look/shared_fonts.hpp"
@@ -9,7 +9,7 @@
 namespace look {
 
 inline constexpr int status_part_count = 5;
-// -1: up to the end of the bar.
+// In pixels; -1 is the end of the bar, as SB_SETPARTS takes it.
 inline constexpr std::array<int, status_part_count> status_right_edges{ 120, 330, 530, 930, -1 };
 
 enum class StatusTone { label, value };
@@ -18,12 +18,12 @@ struct StatusRun {
     std::wstring text;
     StatusTone tone = StatusTone::value;
     SharedFont font = SharedFont::ui_8_bold;
-    int top = 2; // below the part's top
+    int top = 2; // offset from the part's top
 
     friend bool operator==(const StatusRun&, const StatusRun&) = default;
 };
 
-// Runs follow one another from `left` on, counted from the part's left edge.
+// The runs are drawn one after another, starting `left` pixels from the part's left edge.
 struct StatusPart {
     int left = 3;
     std::vector<StatusRun> runs;
@@ -32,13 +32,13 @@ struct StatusPart {
     friend bool operator==(const StatusPart&, const StatusPart&) = default;
 };
 
-inline constexpr int path_margin = 8; // what a path leaves free of its part's width
+inline constexpr int path_margin = 8; // a path is shortened to the part's width less this
 
-// Empty for an index out of range and where the Book has nothing to show, such as a stamp without two whole
-// dates.
+// Empty for an index out of range and if the Book has nothing to show, such as a stamp that is too short for
+// two dates.
 StatusPart status_part(const book::Book& book, int index);
 
-// "2024.01.02 03:04:05" of 20240102030405. A shorter text gets the separators it has room for.
+// "2024.01.02 03:04:05" for 20240102030405. A shorter text gets the separators that lie inside it.
 std::wstring date_text(std::wstring digits);
 
 } // namespace look

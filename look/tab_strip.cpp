@@ -36,7 +36,7 @@ std::size_t label_box(const book::BookHeader& header)
     return static_cast<std::size_t>(box - book::first_tab_label_box);
 }
 
-// The high byte of a COLORREF is no part of the colour.
+// The high byte of a COLORREF is not part of the colour.
 Color plain_color(std::uint32_t colorref)
 {
     return Color{ colorref & 0xFFFFFF };
@@ -63,6 +63,8 @@ TabItems make_tabs(book::Book& book, Size strip)
     return tabs;
 }
 
+// All tabs have the same width and start at equal distances, so that the last one ends at the right margin.
+// When narrowest tabs do not fit, the distance becomes smaller than the width and they overlap.
 std::vector<Rect> tab_rects(std::size_t count, Size strip)
 {
     constexpr int widest = 200;
@@ -97,6 +99,7 @@ std::wstring tab_caption(std::wstring_view text)
 
 std::uint64_t tab_at(std::span<const TabItem> items, Point point)
 {
+    // Tabs may overlap, and a later one is drawn on top.
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
         if (item->rect.contains(point))
             return item->number;

@@ -1,4 +1,4 @@
-// The tabs of the main window's strip: which there are, where they lie and what they look like.
+// The tabs of the main window's strip: their list, layout and look.
 #pragma once
 #include "book/book.hpp"
 #include "controls/menu_rows.hpp"
@@ -14,7 +14,7 @@
 
 namespace look {
 
-// A tab as it was when the strip was last built: a copy of what the Book said.
+// A tab as it was when the strip was last built. A copy, so the strip can be painted after the Book has changed.
 struct TabItem {
     std::uint64_t number = 0; // from 1
     platform::Rect rect;
@@ -26,47 +26,48 @@ struct TabItem {
 
 struct TabItems {
     std::vector<TabItem> items;
-    std::uint64_t current_tab = 0; // of the page at the Book's position; 0 when it has none
+    std::uint64_t current_tab = 0; // of the page at the Book's position; 0 if it has no tab
 };
 
 // Renumbers the tabs of the Book and lays them out in a strip of this size.
 TabItems make_tabs(book::Book& book, platform::Size strip);
 
-// From left to right. Where tabs do not fit side by side each lies over the one before.
+// The tabs' rectangles from left to right. Tabs that do not fit side by side overlap the one before.
 std::vector<platform::Rect> tab_rects(std::size_t count, platform::Size strip);
 
-// The first line of a text, at most 40 characters of it. A surrogate pair is one character.
+// The first line of a text, at most 40 characters. A surrogate pair counts as one character.
 std::wstring tab_caption(std::wstring_view text);
 
 // The number of the topmost tab at this point; 0 for none.
 std::uint64_t tab_at(std::span<const TabItem> items, platform::Point point);
 
-// Null for a number that no item has.
+// Null if no item has this number.
 const TabItem* find_tab(std::span<const TabItem> items, std::uint64_t number);
 
-// The colours that a tab may be given, the same in every theme. Only the first have a name and a menu item.
+// The colours of tabs, the same in every theme. Only the first `named_tab_color_count` have a name and a menu
+// item.
 inline constexpr std::size_t tab_color_count = 16;
 inline constexpr std::size_t named_tab_color_count = 7;
 Color tab_color(std::size_t index);
 bool is_tab_color_command(int id);
-// The colour that a command chooses.
+// The colour that the command chooses.
 Color chosen_tab_color(int id);
 
-// The popup of a tab.
+// The context menu of a tab.
 ovlib::MenuRows tab_menu();
 
 // The shape of a tab, clockwise from the left end of its top edge.
 using TabOutline = std::array<platform::Point, 6>;
 TabOutline tab_outline(const platform::Rect& tab);
 
-// A line inside the outline: along the top of a hot tab, along the right side of another. The last point is
-// not drawn.
+// A line inside the outline: along the top of a hot tab, along the right side of any other. Polyline does not
+// draw the last point.
 std::vector<platform::Point> tab_edge(const TabOutline& outline, bool is_hot);
 
-// For a caption of this height.
+// The rectangle of a caption of this height.
 platform::Rect tab_caption_rect(const platform::Rect& tab, int text_height);
 
-// A tab is hot under the mouse and when its page is shown.
+// A tab is hot while it is under the mouse or its page is shown.
 struct TabColors {
     Color outline;
     Color fill;

@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::size_t theme_count = 6;
 
-// One colour of every theme, in the order of the identifiers: Standard, Sepia, Dark, Pink, Green, Blue. The
-// colours that follow from others by a rule are not here.
+// One palette colour in every theme, in the order of the identifiers: Standard, Sepia, Dark, Pink, Green,
+// Blue. Colours derived from others are set by add_dependent_colors.
 struct Row {
     Color ThemePalette::*color;
     std::array<std::uint32_t, theme_count> values; // 0xBBGGRR
@@ -100,8 +100,8 @@ ThemePalette theme_colors(std::int32_t identifier)
 
 void color_frame(Color caption, const SetFrameAttribute& set)
 {
-    // DWMWA_USE_IMMERSIVE_DARK_MODE, DWMWA_CAPTION_COLOR and DWMWA_TEXT_COLOR: Windows 10 knows the first
-    // only.
+    // DWMWA_USE_IMMERSIVE_DARK_MODE, DWMWA_CAPTION_COLOR and DWMWA_TEXT_COLOR. Windows 10 supports only the
+    // first.
     constexpr std::uint32_t dark_mode = 20;
     constexpr std::uint32_t caption_color = 35;
     constexpr std::uint32_t text_color = 36;

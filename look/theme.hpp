@@ -1,4 +1,5 @@
-// The colours of the program. One palette, overwritten when a theme is chosen and read when windows paint.
+// The colours of the program: one global palette, overwritten when a theme is chosen and read when windows
+// paint.
 #pragma once
 #include "book/page.hpp"
 #include "platform/color.hpp"
@@ -12,7 +13,7 @@ using ovlib::Color;
 inline constexpr std::int32_t theme_standard = 6000;
 inline constexpr std::int32_t theme_dark = 6002;
 inline constexpr std::int32_t theme_blue = 6005;
-inline constexpr std::int32_t theme_blue_plain_links = 6006; // loads as theme_blue but for its links
+inline constexpr std::int32_t theme_blue_plain_links = 6006; // loads as theme_blue with another link colour
 
 struct ThemePalette {
     std::int32_t current_theme = 0;
@@ -26,24 +27,24 @@ struct ThemePalette {
     Color viewer_text, viewer_error, viewer_back, reserved_1, bar_view, reserved_2;
 };
 
-// The palette that windows read. Written by load_theme only, under the drawing lock: another thread
-// than that of the windows reads it while it holds that lock.
+// The palette that windows read. Only load_theme writes it, under the drawing lock: threads other than the
+// user-interface thread must hold that lock while they read it.
 const ThemePalette& palette();
 
-// The colours that a new page takes from a palette.
+// The colours of a new page under this palette.
 book::PageColors page_colors(const ThemePalette& colors);
 
-// The colours of a theme, without loading them. Any identifier outside 6000 to 6006 gives the standard table.
+// The colours of a theme, without loading it. An identifier outside 6000 to 6006 gives the standard theme.
 ThemePalette theme_colors(std::int32_t identifier);
 
 // Loads a theme and returns the identifier to store in the Book: 6006 becomes 6005, an unknown one 6000.
 std::int32_t load_theme(std::int32_t identifier);
 
-// Sets an attribute of a window's frame by its number; false where the system knows no such attribute.
+// Sets a DWM attribute of a window's frame by its number; false if the system does not support it.
 using SetFrameAttribute = std::function<bool(std::uint32_t attribute, std::uint32_t value)>;
 
-// A title bar in this colour, with a text that reads on it: light on dark, dark on bright. Where the system
-// takes no colours, its own dark or light title bar, whichever is nearer.
+// Gives a title bar this colour, with white text on a dark one and black text on a bright one. A system that
+// takes no colours gets its own dark or light title bar, whichever is nearer.
 void color_frame(Color caption, const SetFrameAttribute& set);
 
 } // namespace look
