@@ -14,6 +14,7 @@ void blend_rect(const PixelRows& rows, ovlib::Color color, int alpha, const plat
     if (rows.bits == nullptr || left >= right)
         return;
     const std::array<std::uint8_t, 3> channels{ color.blue(), color.green(), color.red() };
+    // The last row of the image is the first in memory.
     for (int y = top; y < bottom; ++y) {
         const std::ptrdiff_t row = std::ptrdiff_t{ rows.height - 1 - y } * rows.stride;
         std::uint8_t* pixel = rows.bits + row + std::ptrdiff_t{ left } * 3;

@@ -1,4 +1,4 @@
-// Numbers in bytes from outside, wherever a file claims them to be.
+// Reads numbers from untrusted bytes at offsets that the bytes themselves name.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +9,7 @@ namespace media {
 
 enum class ByteOrder { little, big };
 
-// Every place may be asked for: beyond the end stands 0.
+// Any offset may be read: bytes past the end are 0.
 class ByteView {
 public:
     explicit ByteView(std::span<const std::byte> bytes)
@@ -33,7 +33,7 @@ public:
     {
         return static_cast<std::uint32_t>(number(at, 4, order));
     }
-    // Of up to eight bytes.
+    // A number of up to eight bytes.
     std::uint64_t number(std::uint64_t at, unsigned count, ByteOrder order) const
     {
         std::uint64_t value = 0;

@@ -7,7 +7,8 @@ namespace {
 
 constexpr wchar_t replacement = 0xFFFD;
 
-// As the system encodes it: what UTF-8 cannot say is replaced.
+// Replaces lone surrogates, which UTF-8 cannot encode, as the system does. platform::to_utf8 would keep them,
+// which is no valid UTF-8.
 std::wstring well_formed(std::wstring_view text)
 {
     std::wstring result{ text };

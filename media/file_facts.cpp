@@ -33,7 +33,7 @@ struct ShellKinds {
     bool music = false;
 };
 
-// A file may be of several kinds. Pictures, documents and folders are told otherwise.
+// A file may have several kinds. The others, such as pictures and folders, are recognised without the shell.
 ShellKinds read_kinds(PropertySource& source)
 {
     const PropertyValue value = source.read(FileProperty::kind);
@@ -45,7 +45,7 @@ ShellKinds read_kinds(PropertySource& source)
     return { has(L"video"), has(L"music") };
 }
 
-// Whatever the type.
+// The low 32 bits, whatever the type.
 std::uint32_t read_low_half(PropertySource& source, FileProperty property)
 {
     return static_cast<std::uint32_t>(source.read(property).bits);
@@ -57,7 +57,7 @@ std::uint32_t read_unsigned(PropertySource& source, FileProperty property)
     return value.type == PropertyValue::unsigned32 ? static_cast<std::uint32_t>(value.bits) : 0;
 }
 
-// Whole frames a second, of a rate a thousand times as high. A file may claim anything.
+// Whole frames per second. The property counts in thousandths and is not trusted: a file may claim any rate.
 std::uint32_t read_frame_rate(PropertySource& source)
 {
     constexpr auto most = std::numeric_limits<std::uint32_t>::max();
@@ -97,14 +97,14 @@ std::wstring music_text(PropertySource& source)
         + channel_text(read_unsigned(source, FileProperty::audio_channels));
 }
 
-// The line of a regular file without its duration.
+// Sets text and kind of a regular file, without the duration.
 void fill_line(FileFacts& facts, PropertySource* source)
 {
     if (facts.text.empty()) {
         facts.text = L"unknown file type";
         return;
     }
-    // Before the shell's own word: to it a shortcut is what it leads to.
+    // Checked before the shell's kinds: the shell reports the kind of a shortcut's target.
     if (platform::same_text_ignoring_case(facts.text, L".lnk")) {
         facts.text += L" (shortcut)";
         facts.kind = FileKind::shortcut;

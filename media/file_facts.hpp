@@ -1,4 +1,4 @@
-// What one line tells of a file: its extension, and what the shell or a decoder knows of its contents.
+// The facts line of a file: its extension, and what the shell or a decoder knows about its contents.
 #pragma once
 #include "media/path_answers.hpp"
 #include <array>
@@ -19,13 +19,13 @@ enum class FileKind : std::uint32_t {
 
 struct FileFacts {
     std::wstring text;
-    std::wstring size_text; // empty for folders, addresses and what does not exist
+    std::wstring size_text; // empty for folders, addresses and missing files
     FileKind kind = FileKind::unknown;
 
     friend bool operator==(const FileFacts&, const FileFacts&) = default;
 };
 
-// The properties asked for, in the order of property_keys.
+// The shell properties that are read, in the order of property_keys.
 enum class FileProperty {
     kind,
     duration,
@@ -36,7 +36,7 @@ enum class FileProperty {
     frame_rate
 };
 
-// Of the shell's property system: a format identifier and a number.
+// A PROPERTYKEY of the shell: a format identifier (GUID) and a number.
 struct PropertyKeyName {
     std::uint32_t data1;
     std::uint16_t data2;
@@ -47,8 +47,8 @@ struct PropertyKeyName {
 
 extern const std::array<PropertyKeyName, 7> property_keys;
 
-// One value as it was stored; 0 and nothing where there is none. The types are numbered as the system's
-// variants.
+// One property value as the file stores it; `empty`, 0 and no texts if there is none. Types have the numbers
+// of VARTYPE.
 struct PropertyValue {
     static constexpr std::uint16_t empty = 0;
     static constexpr std::uint16_t real64 = 5; // `bits` are those of a double
@@ -60,25 +60,26 @@ struct PropertyValue {
     std::vector<std::wstring> texts;
 };
 
-// Where the properties of one file come from.
+// Reads the properties of one file at a time.
 class PropertySource {
 public:
     virtual ~PropertySource() = default;
-    // False when the file's properties cannot be had; the file is then asked for none.
+    // False if the file's properties cannot be read; then no other function may be called but close().
     virtual bool open(const std::wstring& path) = 0;
     virtual void close() = 0;
     virtual PropertyValue read(FileProperty property) = 0;
-    // Converted from whatever it was stored as; 0 when that fails.
+    // The duration in units of 100 ns, converted from the stored type; 0 if that fails.
     virtual std::uint64_t read_duration() = 0;
 };
 
-// A relative path counts from the current directory. The source is closed again.
+// The facts of a file, folder or address. A relative path counts from the current directory. Closes the
+// source again.
 FileFacts read_file_facts(const std::wstring& path, PropertySource& source, PathAnswers& paths);
 
-// Of pictures that a decoder took; the shell is not asked.
+// The facts of a picture that a decoder has opened; the shell is not queried.
 FileFacts facts_for_animation(
     const std::wstring& path, std::uint32_t width, std::uint32_t height, std::uint32_t frame_count);
-// `pixel_format` as GDI+ numbers it.
+// `pixel_format` is a GDI+ PixelFormat, which holds the bits per pixel in its second byte.
 FileFacts facts_for_picture(
     const std::wstring& path, std::uint32_t width, std::uint32_t height, std::uint32_t pixel_format);
 

@@ -1,5 +1,5 @@
-// The links by which a file that was moved is found again: one for each path, named by the path's hash. None
-// is ever deleted.
+// Shell links (.lnk) for finding moved files: one per path, named by the path's hash. The system can resolve
+// a link to the current path of a file that was moved. Links are never deleted.
 #pragma once
 #include "platform/hash_provider.hpp"
 #include <cstddef>
@@ -11,16 +11,17 @@
 
 namespace media {
 
-// What is hashed of a path: its UTF-16 units, two bytes each, low byte first, nothing folded.
+// The bytes of a path that are hashed: its UTF-16 units, little-endian, without case folding.
 std::vector<std::byte> hashed_bytes(std::wstring_view path);
 // 64 lower-case hexadecimal digits and ".lnk".
 std::wstring link_name(const platform::Digest& digest);
 
-// Which link belongs to a path.
+// Maps a path to the file of its link.
 class LinkNames {
 public:
     virtual ~LinkNames() = default;
     virtual bool is_ready() const = 0;
+    // nullopt if hashing fails.
     virtual std::optional<std::wstring> link_of(const std::wstring& path) = 0;
 };
 
@@ -36,28 +37,28 @@ private:
     platform::HashProvider hash_;
 };
 
-// Has `write` make the file beside `link`, under a name that is never taken for a link's, and gives it its
-// own name when it is whole: a link that exists is one that leads somewhere. What a writing that failed
-// leaves is removed; where even that fails, the next one for this link replaces it.
+// Calls `write` with a temporary name beside `link`, and renames the file to `link` when it is complete. So
+// an existing link is always a valid one, even if the process ends while writing. The temporary file of a
+// failed write is removed, or replaced by the next attempt if removing fails.
 bool save_whole(const std::wstring& link, const std::function<bool(const std::wstring& file)>& write);
 
-// Keeps where files went. Used by the thread that made it.
+// Creates and resolves links. Used only on the thread that made it.
 class LinkStore {
 public:
     virtual ~LinkStore() = default;
     virtual bool is_ready() const = 0;
-    // The present path of the link's target, for which the user may be asked; empty when it cannot be told.
-    // The link stays as it is.
+    // The current path of the link's target; empty if it cannot be found. May show a dialog of the system.
+    // Does not change the link.
     virtual std::wstring resolve(const std::wstring& link) = 0;
     virtual bool save(const std::wstring& target, const std::wstring& link) = 0;
 };
 
-// What is asked of the file system.
+// File system queries, as an interface for tests.
 class PathQuestions {
 public:
     virtual ~PathQuestions() = default;
     virtual bool exists(const std::wstring& path) = 0;
-    // Counted from the current directory.
+    // Relative paths count from the current directory.
     virtual std::wstring absolute(const std::wstring& path) = 0;
 };
 

@@ -22,7 +22,7 @@ constexpr int text_margin = 5;
 constexpr int darkened = -150;
 constexpr int lightened = 100;
 
-// In a pane too narrow for it the bar has no width.
+// In a pane that is too narrow the bar has width 0.
 Rect bar_rect(Size pane)
 {
     const int right = pane.width - bar_margin;
@@ -66,6 +66,8 @@ PlayState first_state(bool autoplay)
 GifRun::GifRun(Size pane, std::uint32_t frame_count)
     : bar_(bar_rect(pane))
     , frame_count_(std::max(frame_count, 1u))
+    // The last frame's thumb is at the right end, so the bar is divided by one less than the number of
+    // frames.
     , pixels_per_frame_(frame_count_ == 1 ? 0.0 : static_cast<double>(bar_.width()) / last_frame())
 {
 }
@@ -91,6 +93,7 @@ int GifRun::thumb_x(std::uint32_t frame) const
 
 std::uint32_t next_selection(std::uint32_t active, std::uint32_t wanted)
 {
+    // Going back means decoding from the first frame again.
     if (active == wanted)
         return wanted;
     return active < wanted ? active + 1 : 0;

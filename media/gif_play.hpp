@@ -1,4 +1,4 @@
-// How an animation plays: its delays, its frames, the seek bar and what a click does.
+// Playing an animation: delays, frames, the seek bar and clicks.
 #pragma once
 #include "platform/color.hpp"
 #include "platform/geometry.hpp"
@@ -10,29 +10,30 @@
 
 namespace media {
 
-// Milliseconds of each frame, of values in hundredths of a second, of which the low 16 bits count: 100 where
-// the value is 0 or missing. An animation of several frames for which the decoder knows no delays at all is
-// none; one frame always plays.
+// The delay of each frame in milliseconds. `values` are hundredths of a second in their low 16 bits; a
+// missing or zero value gives 100 ms. nullopt without frames, and for several frames if the decoder has no
+// delay property: that is no animation.
 std::optional<std::vector<std::uint32_t>> frame_delays(
     std::uint32_t frame_count, std::span<const std::uint32_t> values, bool has_delay_property);
 
-// How long a frame is meant to stay: no shorter than the floor, and 3% less for the work of drawing.
+// How long a frame is shown, in milliseconds: at least `shortest_delay`, less 3% for the time that drawing
+// takes.
 inline constexpr std::uint32_t shortest_delay = 30;
 std::uint32_t frame_time(std::uint32_t delay);
-// What is left of it after drawing; never nothing.
+// The part of the frame time left after drawing, at least 1 ms.
 std::uint32_t wait_time(std::uint32_t frame_time, std::uint32_t elapsed);
 inline constexpr std::uint32_t paused_wait = 30;
 
-// The state of the thread that plays.
+// The state of the animation thread.
 enum class PlayState : std::uint32_t { playing = 0, stopping = 1, paused = 2 };
-// What a click beside the bar makes of a state.
+// The state after a click outside the seek bar.
 PlayState swapped(PlayState state);
 PlayState first_state(bool autoplay);
 
-// Where one run stands. All is fixed when it begins but the current frame.
+// One run of an animation. Everything but the current frame is fixed when it begins.
 class GifRun {
 public:
-    // Of at least one frame, in a pane of this size.
+    // For a pane of this size. A `frame_count` of 0 counts as 1.
     GifRun(platform::Size pane, std::uint32_t frame_count);
 
     const platform::Rect& bar() const { return bar_; }
@@ -42,11 +43,11 @@ public:
     double pixels_per_frame() const { return pixels_per_frame_; }
     std::uint32_t current_frame() const { return current_frame_; }
 
-    // After a frame was drawn while playing.
+    // Goes to the next frame, after the last one to the first.
     void advance();
-    // A click on the bar chooses a frame; false beside it.
+    // A click on the bar selects a frame; false if it is outside the bar.
     bool seek(platform::Point click);
-    // Of a frame on the bar.
+    // The thumb position of a frame on the bar.
     int thumb_x(std::uint32_t frame) const;
 
 private:
@@ -56,11 +57,12 @@ private:
     std::uint32_t current_frame_ = 0;
 };
 
-// Decoding a frame needs all before it, so a frame far off is reached one selection at a time: the next one
-// to select on the way from the `active` frame. Equal to `wanted` at the last step.
+// The next frame to select on the way from `active` to `wanted`; `wanted` itself in the last step. Decoding a
+// frame needs all frames before it, so a far frame is reached in single steps, with the lock released in
+// between.
 std::uint32_t next_selection(std::uint32_t active, std::uint32_t wanted);
 
-// What a drawn frame looked like; a paused turn draws only what differs.
+// The state of the last drawn frame. While paused, a turn of the thread draws only if it has changed.
 struct FrameLook {
     std::uint32_t frame = 0;
     bool is_paused = false;
@@ -70,7 +72,7 @@ struct FrameLook {
     friend bool operator==(const FrameLook&, const FrameLook&) = default;
 };
 
-// The overlay stands while the cursor is over the pane.
+// The overlay is shown while the cursor is over the pane.
 bool has_overlay(platform::Size pane, platform::Point cursor);
 std::wstring delay_text(std::uint32_t delay);
 platform::Rect delay_text_rect(platform::Size pane);
@@ -79,11 +81,11 @@ inline constexpr wchar_t paused_text[] = L"||  Paused ";
 inline constexpr int paused_text_alpha = 100;
 platform::Point paused_text_place(const platform::Rect& draw_rect);
 
-// The bar as it is drawn, in this order.
+// The parts of the seek bar, in drawing order.
 struct SeekBarLook {
     platform::Rect played; // blended
     platform::Rect rest; // blended
-    platform::Point thumb_start; // a line of one pixel, its end left out
+    platform::Point thumb_start; // a line one pixel wide; its end point is not drawn
     platform::Point thumb_end;
     platform::Rect outline;
 

@@ -2,6 +2,14 @@
 #include "media/byte_view.hpp"
 #include <algorithm>
 
+// A GIF is a sequence of blocks whose sizes are in the file, so its frames can be counted without decoding:
+// compressed data is skipped by its length bytes. Two kinds of facts are gathered, and they need opposite
+// care with a damaged file.
+//
+// The claim (`covered`, `frames_cost`) limits what a decoder may be given. Some decoders go on after a
+// damaged block, so the walk does too, byte by byte, and counts whatever could begin a frame. The delays must
+// belong to frames that every decoder finds, so they end at the first damaged block.
+
 namespace media {
 
 namespace {
@@ -13,7 +21,7 @@ constexpr std::uint8_t graphic_control = 0xF9;
 constexpr std::uint64_t screen_size = 13; // signature and logical screen
 constexpr std::uint64_t descriptor_size = 10;
 
-// Bytes of the colour table that these flags announce.
+// The size in bytes of the colour table that these flags announce.
 std::uint64_t color_table_size(std::uint8_t flags)
 {
     return (flags & 0x80) != 0 ? std::uint64_t{ 3 } << ((flags & 7) + 1) : 0;
@@ -36,7 +44,8 @@ public:
     }
 
 private:
-    // False at the trailer and at the end. What is no block is passed byte by byte, as some decoders do.
+    // Reads one block; false at the trailer and at the end. Bytes that begin no block are skipped one by one,
+    // as some decoders do.
     bool step()
     {
         if (bytes_.byte(at_) == extension_block)
@@ -47,7 +56,7 @@ private:
         return bytes_.byte(at_) != trailer && ++at_ < bytes_.size();
     }
 
-    // The delay stands before the frame it is meant for, and ends with it.
+    // A graphic control extension holds the delay of the next frame only.
     bool read_extension()
     {
         if (bytes_.byte(at_ + 1) == graphic_control && bytes_.byte(at_ + 2) >= 4 && bytes_.has(at_ + 3, 4))
@@ -73,12 +82,13 @@ private:
         constexpr std::uint8_t most_bits = 12;
         if (bytes_.byte(at_++) <= most_bits)
             return skip_pieces();
-        // What begins like no data is not passed as data: decoders look for the next block in it.
+        // An invalid code size: decoders give up the frame and look for the next block in its data.
         is_broken_ = true;
         return at_ < bytes_.size();
     }
 
-    // Pieces of up to 255 bytes, each after its length, up to an empty one.
+    // Skips sub-blocks, each a length byte and that many bytes, up to the empty one. False at the end of the
+    // file.
     bool skip_pieces()
     {
         while (at_ < bytes_.size()) {

@@ -11,14 +11,14 @@ using platform::Size;
 
 namespace {
 
-constexpr int longest_side = 1 << 30; // that sums of two places stay numbers
+constexpr int longest_side = 1 << 30; // so that adding two coordinates cannot overflow
 constexpr double thumbnail_share = 0.8;
 constexpr int text_margin = 8;
 constexpr int label_margin = 4;
-constexpr int label_slant = 2; // the last letter of a run may lean out
+constexpr int label_slant = 2; // the last letter may extend past the measured width
 constexpr int icon_gap = 2;
 
-// 0 also for what is no number.
+// 0 for NaN too, because a comparison with it is false.
 int whole_pixels(double length)
 {
     return length > 0 ? static_cast<int>(std::min<double>(length, longest_side)) : 0;
@@ -39,7 +39,7 @@ Rect actual_size(const LayoutRequest& request)
     return { left, top, left + width, top + height };
 }
 
-// Both sides stay fractions until the end: cut earlier, the width would move the height by whole rows.
+// Rounds only at the end: with the width truncated first, the height could be whole rows too small.
 Rect fitted(Size image, const Rect& box)
 {
     if (image.height == 0)

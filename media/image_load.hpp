@@ -1,4 +1,4 @@
-// How an entry of a file list becomes something to show.
+// Loads an entry of a file list: decides which decoder or shell query shows it.
 #pragma once
 #include "media/file_facts.hpp"
 #include <cstdint>
@@ -9,11 +9,11 @@ namespace media {
 
 enum class LoaderState : std::int32_t { nothing = 0, animation = 1, picture = 2, thumbnail = 3 };
 
-// `extensions` are those of the decoders, such as ".JPG".
+// Whether the path has one of `extensions`, those that the decoders name, such as ".JPG".
 bool is_picture_file(const std::wstring& path, std::span<const std::wstring> extensions);
 bool is_animation_file(const std::wstring& path);
 
-// Does what a load needs done. Each fills its part of the loader and answers whether it could.
+// The operations of a load. Each stores its result in the loader and returns whether it succeeded.
 class ImageSource {
 public:
     virtual ~ImageSource() = default;
@@ -25,20 +25,20 @@ public:
 
 struct LoadedEntry {
     LoaderState state = LoaderState::nothing;
-    std::wstring path; // absolute for what exists, otherwise the entry as written
+    std::wstring path; // absolute if it exists, otherwise the entry as written
 
     friend bool operator==(const LoadedEntry&, const LoadedEntry&) = default;
 };
 
 inline constexpr wchar_t failed_load_line[] = L"ImageLoader::load: failed loading\r\n";
 
-// A file with a decoder's extension that does not decode is not asked of the shell. Nothing more is asked of
-// a file whose share does not answer.
+// Loads an entry. The shell's thumbnail is not tried for a file that has a decoder's extension but does not
+// decode, and nothing is tried for a file on a share that does not answer.
 LoadedEntry load_entry(const std::wstring& entry, std::span<const std::wstring> extensions,
     ImageSource& source, PathAnswers& paths);
 
-// The facts to show beside the pane. What failed to load has none of its own: its entry is asked then, which
-// tells "unknown" or "URL".
+// The facts to show beside the pane: those of the loader, or after a failed load those of the entry itself,
+// which are mostly "unknown" or "URL".
 FileFacts facts_to_show(
     const LoadedEntry& loaded, const FileFacts& of_loader, PropertySource& source, PathAnswers& paths);
 

@@ -1,11 +1,11 @@
-// What a file plays, as people read it.
+// Durations and audio channels as text.
 #pragma once
 #include <cstdint>
 #include <string>
 
 namespace media {
 
-// Of ticks of 100 ns: "05:07", and "1:02:03" from an hour on.
+// A duration in ticks of 100 ns as "05:07", from one hour on as "1:02:03".
 std::wstring format_duration(std::uint64_t ticks);
 
 // "mono", "5.1ch"; empty for 0.

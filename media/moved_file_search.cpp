@@ -20,7 +20,7 @@ bool is_ready(const MovedFileSearch& with)
     return true;
 }
 
-// Empty when there is none; the user has been told then.
+// The path's link; empty, after a warning, if it cannot be computed.
 std::wstring link_to(const std::wstring& path, const MovedFileSearch& with)
 {
     std::optional<std::wstring> link = with.names.link_of(path);
@@ -29,7 +29,7 @@ std::wstring link_to(const std::wstring& path, const MovedFileSearch& with)
     return link.value_or(L"");
 }
 
-// Where the file is now; empty when it was not found, which the user has been told.
+// The current path of the file; empty, after a warning, if it was not found.
 std::wstring find(const std::wstring& path, const MovedFileSearch& with)
 {
     const std::wstring link = link_to(path, with);
@@ -47,7 +47,7 @@ std::wstring find(const std::wstring& path, const MovedFileSearch& with)
     return {};
 }
 
-// The old link stays: nothing deletes links.
+// Makes a link for the new path. The old one is kept: links are never deleted.
 bool make_link(const std::wstring& found, const MovedFileSearch& with)
 {
     const std::wstring link = link_to(found, with);
@@ -63,7 +63,8 @@ bool make_link(const std::wstring& found, const MovedFileSearch& with)
 
 bool search_moved_file(const std::wstring& entry, MovedFileSearch with)
 {
-    // Asked of the entry as written: made absolute, an address would look like a path of the current folder.
+    // is_url needs the entry as written: made absolute, an address would look like a path in the current
+    // folder.
     const std::wstring path = is_url(entry) ? std::wstring{} : with.paths.absolute(entry);
     if (entry.empty() || path.empty()) {
         with.talk.warn(L"このファイルは探索できません: " + entry);

@@ -1,21 +1,21 @@
-// Finding a file again that is no longer where its entry says.
+// Finds a file that is no longer at the path of its entry.
 #pragma once
 #include "media/file_links.hpp"
 #include <string>
 
 namespace media {
 
-// What the search asks of the user and of the page. Boxes let messages through: what stands on the page may
-// be another when one returns.
+// The user and the page, as the search needs them. Message boxes dispatch messages, so another page may be
+// shown when one returns.
 class SearchTalk {
 public:
     virtual ~SearchTalk() = default;
     virtual void warn(const std::wstring& text) = 0;
     // True for yes.
     virtual bool ask(const std::wstring& text) = 0;
-    // Asks whether the entry shall leave the list.
+    // Asks whether to remove the entry from the list, and does so.
     virtual void offer_removal() = 0;
-    // Puts the path in the entry's place and shows it; false when the entry is no longer there.
+    // Replaces the entry by the path and shows it; false if the entry no longer exists.
     virtual bool replace_entry(const std::wstring& found) = 0;
 };
 
@@ -26,9 +26,9 @@ struct MovedFileSearch {
     SearchTalk& talk;
 };
 
-// True when the list was changed. An entry that is there needs no search and no word. The link is that of the
-// absolute path, also where it was made for the path as written: such a one is not found, and its entry is
-// offered for removal.
+// Searches the file of `entry`; true if the list was changed. Does nothing, without a message, if the file
+// exists. The link is looked up by the absolute path. A link that was made for a relative path as written is
+// therefore not found, and removal of the entry is offered.
 bool search_moved_file(const std::wstring& entry, MovedFileSearch with);
 
 } // namespace media

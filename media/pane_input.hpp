@@ -1,4 +1,4 @@
-// What the mouse asks of the main window when it is over the file pane.
+// The commands that the mouse sends from the file pane.
 #pragma once
 #include "media/image_load.hpp"
 #include "platform/geometry.hpp"
@@ -7,21 +7,22 @@
 
 namespace media {
 
-// The command of a step of the wheel, above 0 for one up; none for 0. With Ctrl the entry moves in its list,
-// without it another one is chosen.
+// The command for a step of the wheel, which is positive upwards; nullopt for 0. With Ctrl the current entry
+// moves in the list, otherwise another entry is selected.
 std::optional<int> wheel_command(int step, bool with_ctrl);
 
 enum class DoubleClick { nothing, press, open, search };
-// An animation takes it as one more press, which undoes the first one's.
+// The action of a double click. For an animation it is a second press, which undoes the first one's.
 DoubleClick double_click(const LoadedEntry& loaded);
 
-// From a press to the drag that it may begin. Nothing here asks for the button: a press that was let go stays
-// armed, and the next move beyond the distance begins a drag that ends at once.
+// From a press of the button to the drag that it may begin. The button itself is not checked: after a release
+// outside the pane this stays armed, and the next move past the distance begins a drag, which the system ends
+// at once.
 class DragArm {
 public:
-    // Keeps the place of the first press.
+    // Keeps the position of the first press.
     void press(platform::Point at);
-    // Whether a move has gone far enough in either direction.
+    // Whether the pointer has moved at least `distance` in either direction.
     bool is_due(platform::Point at, platform::Size distance) const;
     void disarm() { *this = {}; }
 

@@ -1,4 +1,4 @@
-// What stands at paths, asked with care for shares that do not answer.
+// Queries paths, and remembers shares that do not answer.
 #pragma once
 #include "platform/path_answer.hpp"
 #include <functional>
@@ -7,21 +7,21 @@
 
 namespace media {
 
-// All that asks for files on the way to one picture shares one of these. A share or drive that does not
-// answer is asked once, for each time may take it seconds: until forget(), nothing more is asked of what lies
-// on it. Paths that are merely missing, and relative ones, are asked for every time. Used by one thread.
+// A query to a share or drive that does not answer may block for seconds. So it is made once: until forget(),
+// all other paths there count as missing without a query. Missing paths elsewhere and relative paths are
+// queried every time. All code that shows one page's files shares one object. Used by one thread.
 class PathAnswers {
 public:
     using AskPath = std::function<platform::PathAnswer(const std::wstring&)>;
 
     explicit PathAnswers(AskPath ask = &platform::ask_path);
 
-    // Of a path on a share that does not answer: nothing stands there.
+    // PathKind::nothing for every path on a share that does not answer.
     platform::PathKind kind_of(const std::wstring& path);
     bool exists(const std::wstring& path) { return kind_of(path) != platform::PathKind::nothing; }
-    // Whether the path lies on a share or drive that is known not to answer. Asks nothing.
+    // Whether the path is on a share or drive that is known not to answer. Makes no query.
     bool is_silent(const std::wstring& path) const;
-    // The next question goes to the share again.
+    // The next query goes to the share again.
     void forget() { silent_volumes_.clear(); }
 
 private:

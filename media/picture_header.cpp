@@ -5,6 +5,15 @@
 #include <array>
 #include <string_view>
 
+// A decoder allocates what a header claims, so a small file can claim gigabytes. The readers below find that
+// claim in the file's bytes before any decoder sees them, and what is too large is refused.
+//
+// They are right if no decoder ever finds a larger picture than they do. So they are stricter than a decoder
+// where decoders disagree about damaged files: they take the larger of two sizes, or give none, which refuses
+// the file. A fuzz test compares them with a decoder. They are our own because a decoder reports the size
+// only after it has opened the picture, when it may have allocated it, and because the program uses no
+// libraries but the system's.
+
 namespace media {
 
 namespace {
@@ -16,8 +25,8 @@ using Claim = std::optional<PictureClaim>;
 
 constexpr auto png_signature = "\x89PNG\r\n\x1A\n"sv;
 
-// Signature, length and name of the first chunk, then width and height. Decoders differ in what they make of
-// another chunk before it.
+// Signature, length and name of the first chunk, then width and height. The first chunk must be IHDR:
+// decoders disagree about others before it.
 Size png_size(ByteView bytes, std::uint64_t at = 0)
 {
     if (!bytes.begins_with("IHDR", at + 12) || !bytes.has(at + 16, 8))
@@ -39,8 +48,8 @@ bool stands_alone(std::uint8_t marker)
     return marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8);
 }
 
-// The marker at or after a place: the first byte after FF that is neither filling nor FF kept as data. What
-// stands before it is skipped, as decoders do. The end of the bytes where there is none.
+// The offset of the first marker at or after `at`: a byte after FF that is neither FF (padding) nor 0 (a data
+// byte FF). Bytes before it are skipped, as decoders do. bytes.size() if there is none.
 std::uint64_t next_marker(ByteView bytes, std::uint64_t at)
 {
     while (at < bytes.size()) {
@@ -52,7 +61,7 @@ std::uint64_t next_marker(ByteView bytes, std::uint64_t at)
     return bytes.size();
 }
 
-// Segments, each with its length, up to the first that starts a frame: precision, height, width.
+// Skips segments by their lengths up to the first that starts a frame: precision, height, width.
 Size jpeg_size(ByteView bytes)
 {
     constexpr std::uint8_t end_of_image = 0xD9;
@@ -67,19 +76,21 @@ Size jpeg_size(ByteView bytes)
         }
         if (!stands_alone(marker))
             at += std::max<std::uint64_t>(bytes.number16(at + 1, big), shortest);
-        // The FF of the next marker stands behind this one or behind its segment.
+        // The FF of the next marker is right after this marker or its segment, so the search starts one
+        // further.
         at = next_marker(bytes, at + 2);
     }
     return std::nullopt;
 }
 
-// A negative side counts from the other end.
+// The magnitude of a signed side: a negative height only means top-down rows.
 std::uint32_t length_of(std::uint32_t side)
 {
     return (side & 0x80000000) != 0 ? 0 - side : side;
 }
 
-// The header that BMP and ICO share; its length tells the old form, which has short numbers.
+// The header that BMP and ICO share. Its length field identifies the old form (BITMAPCOREHEADER), with 16-bit
+// sides.
 Size bitmap_size(ByteView bytes, std::uint64_t at)
 {
     constexpr std::uint32_t old_header = 12;
@@ -91,7 +102,7 @@ Size bitmap_size(ByteView bytes, std::uint64_t at)
         length_of(bytes.number32(at + 8, little)) };
 }
 
-// Colours and mask of an icon stand above each other, so that half its bitmap's height is seen.
+// An icon's bitmap holds the colours and the mask one above the other, so the picture has half its height.
 Size icon_picture_size(ByteView bytes, std::uint64_t at)
 {
     if (bytes.begins_with(png_signature, at))
@@ -102,8 +113,8 @@ Size icon_picture_size(ByteView bytes, std::uint64_t at)
     return size;
 }
 
-// The larger of what an entry says of its picture, in one byte a side, and of what stands in the picture
-// itself: it depends on the decoder which of them counts. None for a picture without width or height.
+// The larger of the size in the directory entry, one byte per side, and the size in the picture itself:
+// decoders differ in which one they use. nullopt for a picture without width or height.
 Size icon_entry_size(ByteView bytes, std::uint64_t entry)
 {
     const Size size = icon_picture_size(bytes, bytes.number32(entry + 12, little));
@@ -116,12 +127,12 @@ Size icon_entry_size(ByteView bytes, std::uint64_t entry)
     return PictureSize{ std::max(size->width, told(entry)), std::max(size->height, told(entry + 1)) };
 }
 
-// One picture that cannot be read spoils the icon: which of them is shown is the decoder's choice.
+// The decoder chooses which picture of an icon it shows, so a single unreadable one refuses the icon.
 Claim icon_claim(ByteView bytes)
 {
     constexpr std::uint64_t header = 6;
     constexpr std::uint64_t entry = 16;
-    constexpr std::uint64_t too_much = largest_decoding_cost + 1; // so that a sum fits its number
+    constexpr std::uint64_t too_much = largest_decoding_cost + 1; // caps the sum, so that it cannot overflow
     const std::uint64_t told = bytes.number16(4, little);
     const std::uint64_t count = std::min(told, (std::max(bytes.size(), header) - header) / entry);
     Claim claim;
@@ -138,8 +149,8 @@ Claim icon_claim(ByteView bytes)
     return claim;
 }
 
-// Whole numbers of every width, which stand in the entry itself or, of eight bytes, where it points to. None
-// for other values, for several, and for what is no length.
+// An integer of any width. It is in the entry itself, or, if it has eight bytes, at the offset there. nullopt
+// for other types, for arrays, and for a value that is negative or exceeds 32 bits.
 std::optional<std::uint32_t> tiff_number(ByteView bytes, std::uint64_t entry, ByteOrder order)
 {
     struct Type {
@@ -163,7 +174,7 @@ std::optional<std::uint32_t> tiff_number(ByteView bytes, std::uint64_t entry, By
         : std::nullopt;
 }
 
-// The number of the first entry with this tag; a later one does not count. `absent` without any.
+// The value of the first entry with this tag, or `absent` if there is none.
 std::optional<std::uint32_t> tiff_value(ByteView bytes, std::uint64_t directory, std::uint16_t tag,
     ByteOrder order, std::optional<std::uint32_t> absent)
 {
@@ -177,8 +188,8 @@ std::optional<std::uint32_t> tiff_value(ByteView bytes, std::uint64_t directory,
     return absent;
 }
 
-// The first directory only: a still picture shows its first page. Its tiles are decoded whole, however little
-// of them is seen.
+// Reads the first directory only: the program shows the first page. Tiles are decoded whole, so one that is
+// larger than the picture counts instead of it.
 Size tiff_size(ByteView bytes, ByteOrder order)
 {
     const std::uint64_t directory = bytes.number32(4, order);
@@ -212,7 +223,7 @@ struct Kind {
     Claim (*read)(ByteView bytes);
 };
 
-// Longer forms of a kind that no decoder of the system reads are known as well, so that they stay out.
+// "II+" and "MM+" are BigTIFF. The system's decoders do not read it, and it is refused in case one ever does.
 constexpr Kind kinds[] = {
     { png_signature, [](ByteView bytes) { return claim_of(png_size(bytes)); } },
     { "\xFF\xD8"sv, [](ByteView bytes) { return claim_of(jpeg_size(bytes)); } },
@@ -240,8 +251,8 @@ bool is_metafile(ByteView bytes)
         || bytes.begins_with("\2\0\x09\0"sv);
 }
 
-// A bitmap inside a metafile: version, 1, width, height, bytes of a row and format, then 0 before plain
-// pixels or 1 before a whole picture.
+// Checks an EMF+ bitmap: version, 1, width, height, bytes per row, format, then 0 before raw pixels or 1
+// before an encoded picture. A header that is cut off draws nothing.
 bool can_draw_inner_picture(ByteView bytes, std::uint64_t at)
 {
     constexpr std::uint64_t header = 28;
@@ -260,11 +271,12 @@ bool can_draw_inner_picture(ByteView bytes, std::uint64_t at)
     return decoding_cost(size) <= largest_decoding_cost && row * size.height <= rest - header;
 }
 
-// Bitmaps are objects of their own, or parts of brushes and of other metafiles; everywhere the same two
-// numbers begin them, at an even place. So all of the file is looked through instead of its records.
+// A bitmap may be an object of its own or part of a brush or of an inner metafile. Everywhere it begins with
+// the same two numbers at an even offset, so the whole file is scanned for them instead of parsing its
+// records.
 bool can_draw_inner_pictures(ByteView bytes)
 {
-    constexpr std::uint32_t version = 0xDBC01; // the rest is of the graphics' own
+    constexpr std::uint32_t version = 0xDBC01; // the low 12 bits vary with the version of GDI+
     constexpr std::uint32_t bitmap = 1;
     for (std::uint64_t at = 0; at + 8 <= bytes.size(); at += 2) {
         const bool begins_bitmap =

@@ -5,7 +5,7 @@ namespace media {
 
 namespace {
 
-constexpr std::size_t yield_mask = 0xFF;
+constexpr std::size_t yield_mask = 0xFF; // yields at every 256th entry
 
 void make_link(const std::wstring& entry, std::size_t index, LinkStore& store, LinkNames& names,
     PathQuestions& paths, WorkerControl& control)
@@ -24,7 +24,7 @@ void make_link(const std::wstring& entry, std::size_t index, LinkStore& store, L
 
 std::vector<std::wstring> every_entry(const book::Book& book)
 {
-    constexpr std::size_t expected = 200000; // no Book of any likely size makes the list move
+    constexpr std::size_t expected = 200000; // enough for any likely Book, so the vector does not grow
     std::vector<std::wstring> entries;
     entries.reserve(expected);
     for (const book::Page& page : book.pages)
@@ -94,7 +94,7 @@ bool start_shortcut_creation(
     starter.log(L"start_shortcut_creation_async()\r\n");
     if (!start.auto_file_search)
         return false;
-    // Before the queue is touched: a running worker holds its lock.
+    // A running worker holds the queue's lock, so it must end before the queue is touched.
     if (!starter.stop_worker())
         return false;
     if (!starter.has_folder(start.link_folder) && !starter.create_folder(start.link_folder)) {

@@ -1,4 +1,4 @@
-// The paths whose links a worker makes, and how its work is begun, done and resumed.
+// The queue of paths for which a worker makes links, and the start, run and resumption of that worker.
 #pragma once
 #include "book/book.hpp"
 #include "media/file_links.hpp"
@@ -19,25 +19,25 @@ struct QueueCounts {
     friend bool operator==(const QueueCounts&, const QueueCounts&) = default;
 };
 
-// Every entry of every page in stored order, addresses and repetitions included.
+// Every entry of every page in stored order, including addresses and duplicates.
 std::vector<std::wstring> every_entry(const book::Book& book);
 
-// The lock is the queue's own: its operations take it, and the worker holds it for the whole of a run. So the
-// worker must be stopped before anything is queued.
+// The operations take the queue's lock, and the worker holds it for a whole run. So the worker must be
+// stopped before anything is queued.
 class ShortcutQueue {
 public:
-    // Drops what was left.
+    // Replaces all entries, including those an interrupted run left.
     QueueCounts replace(std::vector<std::wstring> entries);
-    // The new paths go ahead of what an interrupted run left; nothing changes when there is neither.
+    // Puts the paths before the entries that an interrupted run left.
     QueueCounts merge(const std::vector<std::wstring>& paths);
 
     std::recursive_mutex& lock() const { return lock_; }
-    // Under the lock.
+    // Call with the lock held.
     const std::vector<std::wstring>& entries() const { return entries_; }
-    // How many leading entries are done.
+    // The number of leading entries that are done.
     std::size_t resume_index() const { return resume_index_; }
 
-    // What a run tells: that it begins, where it was stopped, that nothing is left.
+    // A run reports that it begins, where it was stopped, or that it is complete.
     void begin_run() { is_interrupted_ = false; }
     void interrupt_at(std::size_t index);
     void finish();
@@ -50,7 +50,7 @@ private:
     std::atomic<bool> is_interrupted_ = false;
 };
 
-// Between two entries of a run.
+// How a run is interrupted between two entries.
 class WorkerControl {
 public:
     virtual ~WorkerControl() = default;
@@ -58,9 +58,9 @@ public:
     virtual void yield() = 0;
 };
 
-// The worker's run: a link for each entry that exists and has none. Entries are taken as written, so a
-// relative one is hashed as such. Failures are passed over: the entry is tried again when it is queued the
-// next time. Without store or names the queue stays as it is.
+// The worker's run: makes a link for each entry that exists and has none. Entries are used as written, so a
+// relative path is hashed as a relative path. A failed entry is skipped and tried again when it is queued the
+// next time. If the store or the names are not ready, the queue is left unchanged.
 void make_links(
     ShortcutQueue& queue, LinkStore& store, LinkNames& names, PathQuestions& paths, WorkerControl& control);
 
@@ -70,20 +70,20 @@ struct ShortcutStart {
     std::wstring link_folder; // without a trailing separator
 };
 
-// What starting needs of the main window.
+// The main window, as starting the worker needs it.
 class ShortcutStarter {
 public:
     virtual ~ShortcutStarter() = default;
     virtual void log(const std::wstring& line) = 0;
     virtual void warn(const std::wstring& text) = 0;
-    // True when there is none any more. One that hangs in a call to the system may not be stopped in time.
+    // True if no worker is running afterwards. One that hangs in a system call may not stop in time.
     virtual bool stop_worker() = 0;
     virtual bool start_worker() = 0;
     virtual bool has_folder(const std::wstring& path) = 0;
     virtual bool create_folder(const std::wstring& path) = 0;
 };
 
-// True when a worker was started. `queue_entries` runs while none does.
+// Starts the worker; true if it was started. Calls `queue_entries` while no worker is running.
 bool start_shortcut_creation(
     const ShortcutStart& start, ShortcutStarter& starter, const std::function<QueueCounts()>& queue_entries);
 

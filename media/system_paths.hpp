@@ -1,4 +1,4 @@
-// The file system as it is asked for links and moved files.
+// PathQuestions of the real file system.
 #pragma once
 #include "media/file_links.hpp"
 
@@ -11,7 +11,7 @@ public:
     std::wstring absolute(const std::wstring& path) override;
 };
 
-// What an entry of a file list names, in full: an address as it stands.
+// The absolute path of an entry; an address unchanged.
 std::wstring full_entry(const std::wstring& entry);
 
 } // namespace media
