@@ -1,12 +1,11 @@
-// Colours with alpha, as a pixel of 32 bits holds them: alpha in the highest byte.
+// Arithmetic of 32-bit pixels with alpha in the highest byte.
 #pragma once
 #include <algorithm>
 #include <cstdint>
 
 namespace ovlib {
 
-// A colour channel freed of the alpha that it was multiplied by, rounded. Nothing is left of one without
-// alpha.
+// Undoes the premultiplication of a colour channel, rounded; 0 if alpha is 0.
 constexpr std::uint32_t plain_channel(std::uint32_t multiplied, std::uint32_t alpha)
 {
     return alpha == 0 ? 0 : std::min<std::uint32_t>((multiplied * 255 + alpha / 2) / alpha, 255);

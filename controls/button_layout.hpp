@@ -1,4 +1,4 @@
-// What stands where on a drawn button.
+// The layout of a drawn button.
 #pragma once
 #include "platform/geometry.hpp"
 
@@ -10,12 +10,13 @@ struct ButtonState {
     bool focused = false;
 };
 
-// A pressed button moves what it shows by one pixel, right and down.
+// `rect` moved by one pixel to the right and down, as the contents of a pressed button are.
 platform::Rect pressed_offset(const platform::Rect& rect);
-// The focus rectangle stands this far inside a push button.
+// The focus rectangle inside a push button.
 platform::Rect button_focus_rect(const platform::Rect& item);
 
-// Where a push button's text is centred. The text of a disabled one has a light shadow, drawn before it.
+// The rectangles in which a push button's text is centred. A disabled button's text has a light shadow, drawn
+// first.
 struct ButtonTextPlaces {
     platform::Rect text;
     bool has_shadow = false;

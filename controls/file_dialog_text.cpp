@@ -4,7 +4,7 @@ namespace ovlib {
 
 namespace {
 
-// Cuts the text before the next null off the front, and the null with it.
+// Removes and returns the text before the next null; the null is removed too.
 std::wstring_view take_text(std::wstring_view& buffer)
 {
     const std::wstring_view text = buffer.substr(0, buffer.find(L'\0'));
@@ -27,7 +27,7 @@ std::vector<std::wstring> chosen_paths(std::wstring_view buffer, bool multiple)
     const std::wstring first{ take_text(buffer) };
     if (first.empty())
         return {};
-    // A root such as `C:\` brings its own separator.
+    // A root such as `C:\` already ends with a separator.
     const std::wstring folder = first.back() == L'\\' ? first : first + L"\\";
     std::vector<std::wstring> paths;
     while (multiple) {
@@ -36,6 +36,7 @@ std::vector<std::wstring> chosen_paths(std::wstring_view buffer, bool multiple)
             break;
         paths.push_back(folder + std::wstring{ name });
     }
+    // A single file is returned as a full path, also with `multiple`.
     if (paths.empty())
         paths.push_back(first);
     return paths;

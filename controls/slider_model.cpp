@@ -8,7 +8,7 @@ namespace {
 
 constexpr int side_margin = 8;
 constexpr int track_height = 13;
-constexpr int thumb_reach = 5; // from the value's place to either side
+constexpr int thumb_reach = 5; // from the value's x to either side
 constexpr int thumb_rise = 4; // above the track
 constexpr int thumb_growth = 6; // higher than the track
 constexpr int bar_overlap = 4; // the bar ends under the thumb
@@ -26,6 +26,7 @@ double span_of(const SliderModel& slider)
 
 } // namespace
 
+// std::clamp is undefined when min > max, which a caller may set for a moment.
 std::int32_t clamp_value(const SliderModel& slider, std::int64_t value)
 {
     const std::int64_t at_most = std::min<std::int64_t>(value, slider.max);
@@ -107,6 +108,7 @@ std::optional<SliderNotice> release_slider(SliderModel& slider)
 
 bool begin_slider_drag(SliderModel& slider, bool button_is_down)
 {
+    // The parent handled the press in between: it may have ended it, or the button is up by now.
     slider.pressed = slider.pressed && button_is_down;
     if (!slider.pressed || slider.captured)
         return false;

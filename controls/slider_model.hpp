@@ -1,5 +1,4 @@
-// What a horizontal slider decides: where its parts stand, which value a place means, what the mouse does to
-// it and what is drawn where.
+// The logic of a horizontal slider: layout, the mapping of values to positions, mouse handling and drawing.
 #pragma once
 #include "controls/stroke.hpp"
 #include "platform/color.hpp"
@@ -26,12 +25,12 @@ struct SliderNotice {
 
 enum class SliderBorder : std::int32_t { none = 0, sunken = 1, raised = 2 };
 
-// A record: whoever changes the range or the value moves the thumb and draws anew afterwards.
+// A record. Code that changes the range or the value must move `thumb` and repaint afterwards.
 struct SliderModel {
     Color groove;
     Color fill; // 0: no bar, and the thumb takes `back`
     Rect track;
-    Color reserved; // read by nobody
+    Color reserved; // never read
     Rect thumb;
     std::int32_t min = 0;
     std::int32_t max = 0;
@@ -42,41 +41,42 @@ struct SliderModel {
     Color back;
 };
 
-// Into `min` to `max`; `min` when they are crossed.
+// `value` clamped to `min` to `max`; `min` if min > max.
 std::int32_t clamp_value(const SliderModel& slider, std::int64_t value);
 
-// Centred in the client area.
+// The track, centred in the client area.
 Rect slider_track(Size client);
-// Around `x`, the place of the value.
+// The thumb, centred on `x`, the position of the value.
 Rect slider_thumb(const Rect& track, int x);
 
-// Made for ranges that begin at 0: `min` is not taken off the value.
+// For ranges that begin at 0: these do not subtract `min`.
 int value_to_x(const SliderModel& slider);
 std::int32_t x_to_value(const SliderModel& slider, int x);
 
 enum class SliderPart { none, thumb, track };
 SliderPart slider_part(const SliderModel& slider, Point point);
 
-// The mouse. Each changes the record first and returns what the parent is to be told then; `there` is the
-// value under the mouse, in or out of the range.
+// Mouse handling. Each function updates the record and returns the notification to send to the parent, if
+// any. `there` is the value at the mouse position; it may be out of range.
 std::optional<SliderNotice> press_slider(SliderModel& slider, SliderPart part, std::int64_t there);
 std::optional<SliderNotice> drag_slider(SliderModel& slider, std::int64_t there);
-// The end of a drag, by whichever of its signs comes first; the others find nothing left to end.
+// Ends a drag. May be called for the button's release and for the loss of capture: the second call does
+// nothing.
 std::optional<SliderNotice> release_slider(SliderModel& slider);
-// After the parent has been told of a press: true when the mouse is to be captured. The parent may have ended
-// the press, or the button have come up while it was busy; then the press is over.
+// Call after the parent was notified of a press; true if the mouse must be captured now. False if the parent
+// ended the press or the button was released while the parent was busy.
 bool begin_slider_drag(SliderModel& slider, bool button_is_down);
 
-// What is drawn, beyond the ground in `back`.
+// Drawing, on a background in `back`.
 inline constexpr int slider_pen_width = 2; // of the frame and of the thumb
 inline constexpr int slider_border_width = 1;
 
-// The groove, then the rows of the bar; without a fill the rows are empty.
+// The groove, then the rows of the bar, which are empty without a fill.
 std::array<FilledRect, 7> slider_bar(const SliderModel& slider);
 std::array<Stroke, 2> slider_frame(const SliderModel& slider);
 Color thumb_color(const SliderModel& slider);
 std::array<Stroke, 2> thumb_edges(const SliderModel& slider);
-// Not for a slider without a border.
+// Call only if border_style is not `none`.
 std::array<Stroke, 2> slider_border(const SliderModel& slider, Size client);
 
 } // namespace ovlib

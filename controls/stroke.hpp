@@ -1,4 +1,4 @@
-// Filled places and two-line strokes, of which the edges of drawn controls are made.
+// Filled rectangles and two-line strokes, of which drawn controls are made.
 #pragma once
 #include "platform/color.hpp"
 #include "platform/geometry.hpp"
@@ -13,7 +13,7 @@ struct FilledRect {
     friend bool operator==(const FilledRect&, const FilledRect&) = default;
 };
 
-// From the first point over the second to the third.
+// A line from the first point through the second to the third.
 struct Stroke {
     std::array<platform::Point, 3> points;
     Color color;

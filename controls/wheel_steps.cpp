@@ -17,6 +17,7 @@ int WheelSteps::turn(int delta, std::uint32_t time)
     const int direction = sign_of(delta);
     if (direction == 0)
         return 0;
+    // Unsigned subtraction stays right when the time wraps around.
     const bool goes_on = direction == sign_of(sum_) && time - last_ <= pause;
     last_ = time;
     if (std::abs(delta) >= notch) {

@@ -1,20 +1,20 @@
-// Turns of a mouse wheel as whole steps.
+// Turns mouse wheel messages into whole steps.
 #pragma once
 #include <cstdint>
 
 namespace ovlib {
 
-// A wheel with notches reports 120 a notch, a touchpad many turns of 1 to 119. Small turns are added up and
-// make a step when they reach a notch; what is over counts for the next one. A turn of a notch or more is one
-// step, however large it is, and ends a sum.
+// A wheel with notches reports 120 per notch, a touchpad many turns of 1 to 119. Small turns are summed up
+// until they reach a notch, which is a step; the remainder counts towards the next one. A turn of one notch
+// or more is one step, however large it is, and discards the sum.
 class WheelSteps {
 public:
     static constexpr int notch = 120;
-    // Without a turn for longer than this, the hand has left the wheel.
+    // After a longer pause a turn is a new movement, and the sum is discarded.
     static constexpr std::uint32_t pause = 1000; // milliseconds
 
-    // 1 for a step up, away from the user, -1 for one down, 0 for none yet. `delta` and `time` as the message
-    // reports them: the time is in milliseconds and starts again at 0 after 49 days.
+    // 1 for a step up (away from the user), -1 for a step down, 0 for no step yet. `delta` and `time` are
+    // those of the message; the time is in milliseconds and wraps around after 49 days.
     int turn(int delta, std::uint32_t time);
 
 private:

@@ -1,11 +1,11 @@
-// Where top-level windows come up.
+// Initial positions of top-level windows.
 #pragma once
 #include "platform/geometry.hpp"
 #include <algorithm>
 
 namespace ovlib {
 
-// A window of this size in the middle of `frame`.
+// The rectangle of a window of this size, centred in `frame`.
 constexpr platform::Rect centered(platform::Size window, const platform::Rect& frame)
 {
     const int left = frame.left + (frame.width() - window.width) / 2;
@@ -13,9 +13,8 @@ constexpr platform::Rect centered(platform::Size window, const platform::Rect& f
     return { left, top, left + window.width, top + window.height };
 }
 
-// `window` moved into `work_area`, the part of a screen that no bar of the system covers. One that is larger
-// begins at the upper left corner: its caption can be reached, and what is cut off is the bottom and the
-// right.
+// `window` moved into `work_area`, the part of a screen without taskbar. A window that is larger starts at
+// the upper left corner, so that its caption can be reached.
 constexpr platform::Rect brought_into_view(const platform::Rect& window, const platform::Rect& work_area)
 {
     const int left = std::max(std::min(window.left, work_area.right - window.width()), work_area.left);

@@ -1,4 +1,4 @@
-// The numbers by which user actions and notifications reach the main window, each named once.
+// The command numbers of user actions and notifications to the main window.
 #pragma once
 
 namespace core::command {
@@ -36,7 +36,7 @@ enum Id : int {
     close_program = 1040,
     request_refresh = 1041,
     go_to_tab = 1044, // lparam: the tab's number
-    // The controls' own identifiers.
+    // Identifiers of controls.
     box_1 = 1045,
     box_2 = 1046,
     box_3 = 1047,
@@ -52,7 +52,7 @@ enum Id : int {
     delete_pages = 1063,
     delete_page = 1064,
     set_accepting_input = 1066,
-    first_tab_color = 2300, // the tab strip's own
+    first_tab_color = 2300, // handled by the tab strip itself
     last_tab_color = 2315,
     open_reference_folder = 2500,
     choose_reference_folder = 2501,
@@ -60,7 +60,7 @@ enum Id : int {
     repaint_box = 2505,
     set_box_font = 2506,
     toggle_tab = 2507,
-    remove_tab = 2508, // lparam: the book::Page, good for the time of the call
+    remove_tab = 2508, // lparam: the book::Page*, valid during the call
     show_book_editor = 2509,
     show_replace = 2510,
     palette_window = 2518,
@@ -115,11 +115,11 @@ enum Id : int {
     last_search_engine = 34049,
 };
 
-// What an edit control says when its text changed, and a combo box when an entry was chosen.
+// EN_CHANGE and CBN_SELCHANGE.
 inline constexpr int edit_changed = 768;
 inline constexpr int combo_chosen = 1;
 
-// What a one-line field of a secondary window says when Enter was pressed in it.
+// The notification code of a one-line field in a secondary window when Enter is pressed.
 inline constexpr int input_form_enter = 33000;
 
 } // namespace core::command

@@ -1,5 +1,5 @@
-// What holds for each command before and after its handler: which notification codes it takes, in which state
-// it is refused, and which views it leaves to be refreshed.
+// The rule of each command: the notification codes it accepts, the state it requires and the views that must
+// be refreshed after it.
 #pragma once
 #include "core/command_ids.hpp"
 #include "core/command_table.hpp"
@@ -10,15 +10,15 @@
 
 namespace core {
 
-// What a command asks of the program's state; combined by |.
+// The program state that a command requires; combined by |.
 enum class Needs : std::uint32_t {
     nothing = 0,
-    input = 1, // no box or dialog stands, and no window holds the input
+    input = 1, // no message box or dialog is open, and no window blocks the input
     free_book = 2, // neither the page editor nor the replace window is open
     page = 4, // there is a current page
     entry = 8, // its selected file entry is not empty
     folder = 16, // it has a reference folder
-    pages = 32, // the Book has pages, though the position may lie beyond them
+    pages = 32, // the Book has pages, even if the position is past their end
 };
 constexpr Needs operator|(Needs a, Needs b)
 {
@@ -37,8 +37,8 @@ constexpr Outcome outcome_of(bool done)
 
 struct CommandRule {
     IdRange ids;
-    RefreshMask done = 0; // at least these views, when the handler did its work
-    RefreshMask failed = 0; // and when it did not
+    RefreshMask done = 0; // the views to refresh, at least, after success
+    RefreshMask failed = 0; // and after failure
     Needs needs = Needs::nothing;
     CodeRule codes = plain_code;
 
@@ -71,7 +71,7 @@ inline constexpr std::array command_rules{
     CommandRule{ { command::write_mail, command::show_web_menu } },
     CommandRule{ command::show_folder_menu, 0, 0, Needs::page },
     CommandRule{ { command::about, command::close_program } },
-    CommandRule{ command::request_refresh }, // the mask comes with it
+    CommandRule{ command::request_refresh }, // the message carries the mask
     CommandRule{ command::go_to_tab, refresh::full },
     CommandRule{ { command::box_1, command::box_3 }, 0, 0, Needs::nothing, text_changed },
     CommandRule{ command::search_box, 0, 0, Needs::nothing, text_changed },
@@ -121,10 +121,10 @@ inline constexpr std::array command_rules{
 };
 static_assert(is_ordered(std::span<const CommandRule>{ command_rules }));
 
-// The rule of a command that acts with this notification code; null when there is none.
+// The command's rule; null if the command is unknown or does not accept this notification code.
 const CommandRule* find_command(int id, int code);
 
-// Whether the command does nothing in a state where only `met` holds.
+// Whether the command is refused in a state that meets only `met`.
 constexpr bool is_refused(const CommandRule& rule, Needs met)
 {
     return !covers(met, rule.needs);

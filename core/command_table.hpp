@@ -1,4 +1,4 @@
-// Tables by command number: how a row is found, and which notification codes it takes.
+// Tables ordered by command number: row lookup and accepted notification codes.
 #pragma once
 #include <cstddef>
 #include <limits>
@@ -6,7 +6,7 @@
 
 namespace core {
 
-// Which notification codes a command acts on.
+// The range of notification codes that a command accepts.
 struct CodeRule {
     int first = 0;
     int last = 0;
@@ -20,7 +20,7 @@ constexpr CodeRule only_code(int code)
 {
     return { code, code };
 }
-// The code carries a number below `count`.
+// The code is a parameter below `count`.
 constexpr CodeRule code_below(int count)
 {
     return { 0, count - 1 };
@@ -43,14 +43,14 @@ struct IdRange {
     constexpr bool contains(IdRange other) const { return contains(other.first) && contains(other.last); }
 };
 
-// A row that binds a handler.
+// A row that binds a handler to commands.
 template <class Handler> struct CommandEntry {
     IdRange ids;
     Handler handler;
     CodeRule codes = plain_code;
 };
 
-// Rows have a member `ids`. Ascending and without overlap, which a table must be to be searched.
+// Whether the table's `ids` are ascending and do not overlap, which find_row requires.
 template <class Row> constexpr bool is_ordered(std::span<const Row> table)
 {
     for (std::size_t i = 0; i < table.size(); ++i) {
@@ -62,7 +62,7 @@ template <class Row> constexpr bool is_ordered(std::span<const Row> table)
     return true;
 }
 
-// The row that `id` belongs to; null when there is none.
+// The row whose range contains `id`, or null.
 template <class Row> constexpr const Row* find_row(std::span<const Row> table, int id)
 {
     std::size_t low = 0;
@@ -77,7 +77,7 @@ template <class Row> constexpr const Row* find_row(std::span<const Row> table, i
     return low != table.size() && table[low].ids.contains(id) ? &table[low] : nullptr;
 }
 
-// The handler for `id` with this notification code; null when there is none.
+// The handler for `id` with this notification code, or null.
 template <class Handler>
 constexpr const Handler* find_handler(std::span<const CommandEntry<Handler>> table, int id, int code)
 {

@@ -1,21 +1,21 @@
-// The data root as a place: the current directory may move, because file dialogs move it.
+// Keeps the data root as an absolute path, because file dialogs change the current directory.
 #pragma once
 #include <cstdint>
 #include <string>
 
 namespace core {
 
-// Sets where the data root lies; a relative path counts from the current directory, which is what an empty
-// one stands for. To be called while the current directory is still the one the program was started in.
+// Sets the data root. A relative path counts from the current directory, and an empty one means that
+// directory. Must be called before anything changes the current directory that the program was started in.
 void hold_data_root(const std::wstring& root);
 
-// 0 or the system's error code. An empty path stands for the data root.
+// Returns 0 or the system's error code. An empty path means the data root.
 std::uint32_t set_current_directory(const std::wstring& path);
 
-// Where the file that a Book's path names lies, whatever the current directory is. Empty for an empty path.
+// Resolves the path of a Book's file against the data root. Empty for an empty path.
 std::wstring path_from_data_root(const std::wstring& path);
 
-// `path` made absolute by the system; `path` itself when that fails.
+// `path` made absolute by the system; `path` itself if that fails.
 std::wstring full_path(const std::wstring& path);
 
 } // namespace core

@@ -1,19 +1,19 @@
-// Where the program's own files lie.
+// The folders and files that belong to the program.
 #pragma once
 #include <string>
 #include <string_view>
 
 namespace core {
 
-// Without a trailing separator.
+// Paths without a trailing separator.
 struct Folders {
     std::wstring data_root;
     std::wstring dat; // must exist: settings, history, web lists, colours
     std::wstring res; // must exist: bitmaps and images of the interface
-    std::wstring book_backup; // made by the backup command
+    std::wstring book_backup; // created by the backup command
     std::wstring download; // reserved
-    std::wstring shortcut; // made by the shortcut worker
-    std::wstring webview2_profiles; // made by the browser host
+    std::wstring shortcut; // created by the shortcut worker
+    std::wstring webview2_profiles; // created by the browser host
 };
 
 Folders folders_below(std::wstring_view data_root);

@@ -1,26 +1,27 @@
-// The locks of pictures, which are loaded on one thread, played on another and drawn on a third.
+// The locks of pictures: a picture is loaded, played and drawn on different threads.
 #pragma once
 #include <mutex>
 
 namespace core {
 
-// One of each for the process. Where several are needed they are taken in this order: loader, drawing, frame.
+// Each lock exists once per process. Code that needs several takes them in this order: loader, drawing,
+// frame.
 
-// Held for a whole load, and by an animation for as long as it plays: what plays is not loaded over.
+// Held during a load, and by an animation while it plays, so that no load replaces a playing animation.
 inline std::recursive_mutex& loader_lock()
 {
     static std::recursive_mutex lock;
     return lock;
 }
 
-// Held while a picture is drawn or copied to the screen, and while the colours change that the drawing reads.
+// Held while a picture is drawn or copied to the screen, and while the palette that drawing reads is changed.
 inline std::recursive_mutex& drawing_lock()
 {
     static std::recursive_mutex lock;
     return lock;
 }
 
-// Of the current frame alone, which clicks change while the animation plays.
+// Guards only the number of the current frame, which a click changes while the animation plays.
 inline std::recursive_mutex& frame_lock()
 {
     static std::recursive_mutex lock;

@@ -1,4 +1,4 @@
-// Which views a command has touched, and in which order they are brought up to date.
+// The views that a command invalidated, and the order in which they are refreshed.
 #pragma once
 #include <array>
 #include <cstddef>
@@ -8,9 +8,9 @@ namespace core {
 
 using RefreshMask = std::uint32_t;
 
-// Bits of the mask, in the order of service.
+// Bits of the mask, listed in service order.
 enum class View : RefreshMask {
-    page = 0x1, // the three boxes; brings the file pane, the file combo and the list editor along
+    page = 0x1, // the three boxes; also refreshes the file pane, the file combo and the list editor
     file_pane = 0x2,
     file_combo = 0x4,
     file_list_editor = 0x8,
@@ -30,9 +30,9 @@ inline constexpr std::array service_order{ View::page, View::file_pane, View::fi
 
 namespace refresh {
 
-inline constexpr RefreshMask full = 0xF47F; // every view: after a change of page or Book
-inline constexpr RefreshMask full_but_page = 0xF47E; // the boxes already hold what was saved
-inline constexpr RefreshMask controls = 0xF400; // a button's state changed, the page did not
+inline constexpr RefreshMask full = 0xF47F; // all views, after a change of page or Book
+inline constexpr RefreshMask full_but_page = 0xF47E; // after a save: the boxes already show the page
+inline constexpr RefreshMask controls = 0xF400; // a button's state changed, but not the page
 inline constexpr RefreshMask controls_and_enable = 0xF440; // an editing window was opened
 inline constexpr RefreshMask tabs = 0x8410; // a tab was added or removed
 inline constexpr RefreshMask file_list = 0xE;
@@ -42,8 +42,8 @@ inline constexpr RefreshMask folder_button = 0x2000;
 
 } // namespace refresh
 
-// What is to be refreshed when the boxes hold the page with the stored index `shown` and `current` is the
-// current one: with the wrong page in them the next edit would be saved into another page.
+// The views to refresh if the boxes show the page with the stored index `shown` but `current` is the current
+// one. Left as they are, the next edit of the boxes would be saved into the wrong page.
 constexpr RefreshMask overdue_views(std::size_t shown, std::size_t current)
 {
     return shown == current ? 0 : refresh::full;
@@ -54,8 +54,8 @@ constexpr bool has_view(RefreshMask mask, View view)
     return (mask & static_cast<RefreshMask>(view)) != 0;
 }
 
-// Calls `serve(view)` for the views named in `pending`, which is live: a view may add others that come later
-// in the order. Each bit is cleared just before its work, but that of the history, which stays.
+// Calls `serve(view)` for the views in `pending`, in service order. A view may add bits for views that come
+// later. Each bit is cleared just before its view is served, except history_enabled, which is kept.
 template <class Serve> void serve_refresh(RefreshMask& pending, Serve&& serve)
 {
     constexpr RefreshMask file_views = 0xE;

@@ -17,7 +17,7 @@ struct FlagKey {
     bool Settings::*value;
 };
 
-// In the order in which they are read and written.
+// In the order in which the keys are read and written.
 constexpr std::array number_keys{
     NumberKey{ L"INTERPOLATION", &Settings::interpolation_command },
     NumberKey{ L"BROWSERZOOMFAC", &Settings::browser_zoom_percent },
@@ -78,7 +78,8 @@ std::wstring view_data_text(const Settings& settings)
 
 std::int32_t interpolation_mode(std::int32_t command)
 {
-    // Default, nearest neighbour, bilinear, bilinear high quality, bicubic, bicubic high quality.
+    // GDI+ InterpolationMode: default, nearest neighbour, bilinear, high quality bilinear, bicubic, high
+    // quality bicubic.
     constexpr std::array<std::int32_t, 6> modes{ 0, 5, 3, 6, 4, 7 };
     const auto place = static_cast<std::int64_t>(command) - first_interpolation;
     return place >= 0 && place < static_cast<std::int64_t>(modes.size())
