@@ -25,6 +25,7 @@ double median(std::vector<double> times)
     return *middle;
 }
 
+// Subject and yardstick alternate within every round, so that a change in the machine's load meets both.
 Result measure(const Case& work, const Options& options)
 {
     const auto typical = [&](const std::vector<double>& times) {

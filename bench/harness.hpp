@@ -1,5 +1,5 @@
-// Measures work against a yardstick taken in the same run. A harness of our own: Debian ships Google
-// Benchmark for Linux only, and one harness must serve Windows programs under Wine as well.
+// Measures work against a yardstick of the same run. A harness of our own, because it must also run in
+// Windows programs under Wine and Debian ships Google Benchmark for Linux only.
 #pragma once
 #include "book/book.hpp"
 #include <functional>
@@ -11,18 +11,18 @@ namespace bench {
 
 using Work = std::function<void()>;
 
-// `subject` is held against `yardstick`, against a time measured outside under the name `against`, or against
-// nothing but `target_ms`.
+// `subject` is compared with `yardstick`, with a time that the caller measured under the name `against`, or
+// only with `target_ms`.
 struct Case {
     std::string name;
     Work subject;
-    std::string against = {}; // what the yardstick is, in words
-    Work yardstick = nullptr; // null: taken from outside, if told
-    double target_ratio = 0; // greatest subject / yardstick that meets the target; 0: no such target
-    double target_ms = 0; // likewise for the bare time
-    int rounds = 9; // the median counts
-    Work prepare = nullptr; // before every round, not measured
-    int repeats = 1; // how often a round does both; times are those of one
+    std::string against = {}; // describes the yardstick
+    Work yardstick = nullptr; // null: Options::outside, if it has one
+    double target_ratio = 0; // the largest subject / yardstick that meets the target; 0: no such target
+    double target_ms = 0; // likewise for the time alone
+    int rounds = 9; // the median is printed
+    Work prepare = nullptr; // runs before every round, not measured
+    int repeats = 1; // repetitions per round; times are per repetition
 };
 
 struct Result {
@@ -36,11 +36,11 @@ struct Result {
 
 struct Options {
     std::wstring book; // the big Book's file
-    std::wstring scratch; // a file that may be written and is removed
+    std::wstring scratch; // a temporary file that is written and removed
     std::map<std::string, double> outside; // yardsticks measured by the caller: name and milliseconds
     std::vector<std::string> only; // suites to run; empty: all
     bool tab_separated = false;
-    bool quietest = false; // the least of the rounds counts, not the median: for a busy machine
+    bool quietest = false; // prints the minimum of the rounds instead of the median, for a busy machine
 };
 
 class Bench {
@@ -48,11 +48,11 @@ public:
     explicit Bench(Options options);
 
     const Options& options() const { return options_; }
-    // Loaded at the first call and shared by the suites, which leave it as they found it.
+    // Loaded at the first call and shared by the suites, which must restore what they change.
     book::Book& big_book();
-    // Runs subject and yardstick in turns, so that both meet the same machine, and prints the medians.
+    // Measures a case and prints its row.
     void run(const Case& work);
-    // Prints what was measured otherwise.
+    // Prints a row that was measured elsewhere.
     void add(const Result& result);
 
 private:
@@ -61,7 +61,7 @@ private:
     bool has_book_ = false;
 };
 
-// Keeps the compiler from dropping the work that made `value`.
+// Keeps the compiler from optimising away the work that produced `value`.
 inline volatile unsigned char kept = 0;
 template <typename Value> void keep(const Value& value)
 {

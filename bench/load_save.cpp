@@ -19,7 +19,7 @@ void load(book::Book& book, const std::wstring& file)
         throw std::runtime_error(platform::to_utf8(error));
 }
 
-// The time of a load alone: what stood in memory before goes in between.
+// The time of a load alone: the old Book is freed before each round.
 void run_load(Bench& bench)
 {
     auto book = std::make_shared<book::Book>();
@@ -31,7 +31,7 @@ void run_load(Bench& bench)
         .prepare = [book] { book->clear(); } });
 }
 
-// As many writes as the Book has pages, of the same bytes together.
+// Writes the same number of bytes in as many calls as the Book has pages.
 Work raw_writes(const std::wstring& file, std::size_t bytes, std::size_t writes)
 {
     return [file, bytes, writes] {

@@ -21,7 +21,7 @@ Work rebuilding(book::Book& book, book::OrderMode mode, book::SortKey key)
     };
 }
 
-// The plain way: one call of the system a comparison.
+// The straightforward sort: one call of the system per comparison.
 Work sorting_by_comparisons(const book::Book& book, std::size_t box)
 {
     return [&book, box] {
@@ -35,7 +35,8 @@ Work sorting_by_comparisons(const book::Book& book, std::size_t box)
     };
 }
 
-// The pages were all imported at one time; a Book that was written has many.
+// Gives the pages random stamps: they were all imported at the same time, unlike those of a Book written by
+// hand.
 void spread_stamps(book::Book& book)
 {
     std::mt19937 generator(1);
@@ -44,7 +45,7 @@ void spread_stamps(book::Book& book)
             digit = static_cast<wchar_t>(L'0' + generator() % 10);
 }
 
-// What is fast must also be right: a permutation in which no page compares greater than the next.
+// Throws unless the measured sort is correct: a permutation in which no page compares greater than the next.
 void check_order(const book::Book& book, std::size_t box)
 {
     std::vector<bool> seen(book.pages.size());

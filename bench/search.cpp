@@ -9,7 +9,7 @@ namespace {
 using book::LetterCase;
 
 constexpr char ripgrep[] = "rg -i";
-// They stand on no page.
+// No page contains these.
 constexpr wchar_t absent[] = L"quixotry";
 constexpr wchar_t common_letters[] = L"tensions here";
 constexpr int many_rounds = 25;
@@ -22,7 +22,7 @@ book::SearchQuery query_for(std::vector<std::wstring> terms, LetterCase letter_c
     return query;
 }
 
-// From the first page over every other to the end: no page matches, so none stops it.
+// Searches all pages after the first: no page matches, so none ends the search early.
 Work search_of_all(book::Book& book, book::SearchQuery query)
 {
     return [&book, query = std::move(query)] {
@@ -55,7 +55,7 @@ void run_three_terms(Bench& bench, LetterCase letter_case, bool all_terms)
         .rounds = many_rounds });
 }
 
-// Neighbours in a shuffled Book lie anywhere in memory.
+// Consecutive pages of a shuffled Book lie anywhere in memory.
 void run_shuffled(Bench& bench)
 {
     book::Book& book = bench.big_book();

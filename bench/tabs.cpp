@@ -1,4 +1,4 @@
-// Laying out the greatest number of tabs, as every turn of a page does.
+// Laying out the largest number of tabs, which every page turn does.
 #include "bench/harness.hpp"
 #include "look/tab_strip.hpp"
 #include <algorithm>
@@ -25,7 +25,7 @@ void set_tab_numbers(book::Book& book, const std::vector<std::uint64_t>& numbers
     book.recount();
 }
 
-// Tabs all over the Book.
+// As many tabs as a Book may have, spread evenly.
 void spread_tabs(book::Book& book)
 {
     const std::size_t gap = std::max<std::size_t>(book.pages.size() / book::tab_limit, 1);

@@ -45,7 +45,7 @@ AppHost::~AppHost()
     window_->send(WM_CLOSE, 0, 0);
     gui::take_quit();
     window_.reset();
-    // It must not lie in a folder that goes.
+    // The current directory must not be the temporary folder, which is deleted next.
     std::filesystem::current_path(old_folder_);
 }
 

@@ -1,4 +1,4 @@
-// The main window in the bench's own process, and the program in a process of its own, each on a data root of
+// Hosts the main window in the bench's process. Each host, and each start of the program, has a data root of
 // its own.
 #pragma once
 #include "app/wnd/appwnd.hpp"
@@ -13,7 +13,7 @@
 
 namespace bench {
 
-// What the program ships, with a Book that it opens at its start.
+// A copy of the shipped files with a Book that the program opens when it starts.
 class DataRoot {
 public:
     explicit DataRoot(book::Book& book);
@@ -35,13 +35,13 @@ public:
     app::AppWnd& window() { return *window_; }
     const book::Book& book() const { return window_->book(); }
     HWND control(int id) const { return GetDlgItem(window_->hwnd(), id); }
-    // The main window's control of this class; there is one.
+    // The only control of this class in the main window.
     template <class Control> Control& the() const;
 
-    // Until nothing is left to be painted.
+    // Serves messages until nothing is left to paint.
     void settle() const;
     void command(int id) const;
-    // As the slider tells of a place on its track.
+    // Goes to a page by the notification that the slider sends.
     void go_to(std::size_t position) const;
 
 private:

@@ -1,4 +1,4 @@
-// The worker that makes the links of a Book's files, over the greatest number of paths that is expected.
+// The worker that makes links for a Book's files, with the largest number of paths to be expected.
 #include "bench/harness.hpp"
 #include "media/shortcut_queue.hpp"
 #include "media/system_paths.hpp"
@@ -12,7 +12,7 @@ namespace bench {
 namespace {
 
 constexpr std::size_t path_count = 200000;
-constexpr std::size_t file_count = 200; // each named by a thousand entries
+constexpr std::size_t file_count = 200; // each of them in a thousand entries
 constexpr int few_rounds = 3;
 
 using Paths = std::vector<std::wstring>;
@@ -41,7 +41,7 @@ public:
     void yield() override { Sleep(0); }
 };
 
-// Files, missing files and links in a folder that goes at the end.
+// Existing files, missing files and links in a temporary folder.
 class LinkSite {
 public:
     LinkSite()
@@ -64,7 +64,7 @@ public:
         queue.replace(paths);
         media::make_links(queue, store_, names_, paths_, control_);
     }
-    // With nothing asked before and no name made.
+    // Makes the links without checking the files and without hashing names.
     void make_bare()
     {
         for (std::size_t i = 0; i < file_count; ++i)
@@ -80,7 +80,7 @@ public:
 
     Paths there;
     Paths missing;
-    Paths links; // of those that are there
+    Paths links; // of the files in `there`
 
 private:
     std::wstring bare_place(std::size_t i) const { return folder_.file(std::to_wstring(i) + L".lnk"); }

@@ -32,7 +32,7 @@ void must(bool holds, const char* what)
         throw std::runtime_error(what);
 }
 
-// Twelve million pixels that no two rows share, as the system's own encoder packs them.
+// Twelve million pixels without equal rows, compressed by the system's encoder.
 void write_photo(const std::wstring& path)
 {
     Gdiplus::GpBitmap* bitmap = nullptr;
@@ -58,7 +58,7 @@ void write_photo(const std::wstring& path)
     must(saved == Gdiplus::Ok, "no file for the photograph");
 }
 
-// The pane of the main window, with files of this suite's own.
+// The pane of the main window with the files of one measurement.
 class MediaHost {
 public:
     explicit MediaHost(book::Book book)
@@ -107,7 +107,7 @@ void run_photo(Bench& bench, const test_support::TempFolder& folder)
     }
     MediaHost host{ book_of({ path }) };
     must(host.pane().loader().state() == media::LoaderState::picture, "the photograph did not load");
-    // What no program can do without: the bytes, and every pixel of them once.
+    // The minimum for any program: read the file and decode every pixel once.
     const auto decode = [&] {
         ovlib::GDIPMemory memory;
         ovlib::GDIPImage image;
@@ -127,7 +127,7 @@ void run_photo(Bench& bench, const test_support::TempFolder& folder)
         decode, 1.0 });
 }
 
-// As a page turn over an animation does it.
+// Starts and stops the thread as a page turn onto and away from an animation does.
 void run_starts(Bench& bench, const test_support::TempFolder& folder)
 {
     const std::wstring path = folder.file(L"始.gif");
@@ -152,8 +152,7 @@ void run_starts(Bench& bench, const test_support::TempFolder& folder)
     bench.run(starts);
 }
 
-// What a frame costs that must be scaled to the pane, beside the system's plain stretching of the same
-// pixels.
+// Drawing a frame scaled to the pane, compared with the system's StretchBlt of the same pixels.
 void run_frame(Bench& bench, const test_support::TempFolder& folder)
 {
     constexpr int side = 200;
@@ -177,7 +176,7 @@ void run_frame(Bench& bench, const test_support::TempFolder& folder)
     bench.run(frame);
 }
 
-// Times between two frames, taken where the thread tells of them.
+// The times between frames, taken when the thread's frame number changes.
 std::vector<double> frame_times(MediaHost& host, std::size_t count)
 {
     std::vector<double> times;

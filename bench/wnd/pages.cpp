@@ -16,8 +16,8 @@ namespace {
 namespace command = core::command;
 
 constexpr double frame_ms = 16.7;
-constexpr int turns = 10; // of one round
-constexpr int places = 9; // in the Book, one a round
+constexpr int turns = 10; // per round
+constexpr int places = 9; // in the Book, one per round
 
 struct Order {
     const char* name;
@@ -31,7 +31,7 @@ std::vector<HWND> boxes_of(const AppHost& host)
     return { host.control(command::box_1), host.control(command::box_2), host.control(command::box_3) };
 }
 
-// The least that a turn can cost: its texts in plain controls, painted.
+// The least that a page turn can cost: setting and painting its texts in plain controls.
 Work plain_turn(const AppHost& host, const PlainEdits& plain)
 {
     return [&] {
@@ -68,7 +68,7 @@ void run_orders(Bench& bench, AppHost& host, const std::string& tabs)
     }
 }
 
-// How often a box was given a text: once a turn.
+// Counts how often a box is given a text, which must be once per page turn.
 class TextCount {
 public:
     explicit TextCount(HWND box)
@@ -95,7 +95,7 @@ private:
     int count_ = 0;
 };
 
-// The pointer at the left end of the slider's track, pressed.
+// A drag of the slider that begins at the left end of its track.
 class Drag {
 public:
     explicit Drag(AppHost& host)
@@ -111,7 +111,7 @@ public:
     }
 
     int width() const { return slider_.track.width(); }
-    // By so many pixels, and until nothing is left to do. Throws unless each new value turned one page.
+    // Drags by so many pixels and serves all messages. Throws unless each new value turned exactly one page.
     void step(int pixels)
     {
         const std::int32_t old_value = slider_.value;
@@ -121,7 +121,8 @@ public:
         host_.settle();
         check(turns_.count() - old_turns == (slider_.value != old_value));
     }
-    // All of the way, a pixel a move, before the first of them is served; then until they all are.
+    // Moves the pointer pixel by pixel along the whole track before any message is served, then serves them
+    // all.
     void sweep()
     {
         POINT from = place();
@@ -175,7 +176,7 @@ void run_drag(Bench& bench, AppHost& host)
     bench.run(sweep);
 }
 
-// The banner tells of it, and every page has been looked at.
+// A search without result reads every page and shows the banner.
 void run_search_in_vain(Bench& bench, AppHost& host)
 {
     constexpr const wchar_t* nowhere = L"quixotryx";
@@ -193,7 +194,7 @@ void run_search_in_vain(Bench& bench, AppHost& host)
     host.settle();
 }
 
-// Tabs all over the Book, as many as it may have.
+// As many tabs as a Book may have, spread evenly.
 void spread_tabs(book::Book& book)
 {
     const std::size_t gap = std::max<std::size_t>(book.pages.size() / book::tab_limit, 1);

@@ -1,4 +1,4 @@
-// Painting each control, by itself and at the size that the program gives it.
+// Painting each control alone, at its size in the program.
 #include "bench/harness.hpp"
 #include "book/book.hpp"
 #include "core/folders.hpp"
@@ -31,10 +31,10 @@ namespace {
 
 using look::SharedFont;
 
-constexpr int paints = 200; // of one round
+constexpr int paints = 200; // per round
 constexpr double most_ms = 1; // for one paint
 
-// What is painted by the system has no target: it is measured for comparison.
+// Controls painted by the system have no target: they are measured for comparison.
 enum class Target { ours, systems };
 
 void pump()
@@ -44,7 +44,7 @@ void pump()
         DispatchMessageW(&message);
 }
 
-// What controls stand in: draws for those that ask their parent.
+// The parent of the measured controls; draws the owner-drawn ones.
 class Host : public ovlib::BaseWnd {
 public:
     bool on_message(ovlib::WndMessage& message) override
@@ -136,7 +136,7 @@ public:
         shown_ = std::move(made);
         return control;
     }
-    // The control that was added last, alone on the host.
+    // Measures the control that was added last, alone on the host.
     void run(const std::string& name, Target target = Target::ours)
     {
         run(name, *shown_, target);
@@ -204,7 +204,7 @@ void paint_buttons(PaintBench& paint)
     paint.run("ImageButton with both, 266 x 45");
 }
 
-// The system draws the bar's ground; what is ours are the parts.
+// The system draws the bar's background; only the parts are ours.
 void paint_status_bar(PaintBench& paint, const book::Book& book)
 {
     auto& status = paint.add<look::MyStatusBar>({ 1374, 23 }, L"", &book);

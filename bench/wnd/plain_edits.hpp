@@ -1,4 +1,4 @@
-// The yardstick of what the main window does with text: the system's own edit controls in a plain window.
+// The yardstick for the main window's text boxes: the system's edit controls in a plain window.
 #pragma once
 #include <string>
 #include <vector>
@@ -8,7 +8,7 @@ namespace bench {
 
 class PlainEdits {
 public:
-    // One edit control for each of `models`, with its place, style and font.
+    // Makes one edit control per window in `models`, with its position, style and font.
     explicit PlainEdits(const std::vector<HWND>& models);
     PlainEdits(const PlainEdits&) = delete;
     PlainEdits& operator=(const PlainEdits&) = delete;

@@ -1,4 +1,4 @@
-// From the start of a process to a window that shows and answers.
+// The time from starting a process until its window is visible and answers messages.
 #include "bench/harness.hpp"
 #include "bench/wnd/app_host.hpp"
 #include "look/theme.hpp"
@@ -26,7 +26,7 @@ public:
     }
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
-    // By force: to close would write the Book.
+    // Terminated, because closing the window would save the Book.
     ~Process()
     {
         TerminateProcess(process_.hProcess, 0);

@@ -10,7 +10,7 @@ namespace bench {
 namespace {
 
 constexpr std::size_t characters = 500000;
-constexpr int keys = 20; // of one round
+constexpr int keys = 20; // per round
 
 std::wstring long_text()
 {
@@ -31,7 +31,7 @@ book::Book long_book(bool wraps, const std::wstring& text)
     return made;
 }
 
-// With the caret in the middle of the text and to be seen.
+// Puts the caret in the middle of the text and scrolls it into view.
 void put_caret(HWND edit)
 {
     SendMessageW(edit, EM_SETSEL, characters / 2, characters / 2);
