@@ -3,7 +3,7 @@ import re
 import sys
 
 PAGES = 100_000
-NEIGHBOUR_UNITS = 572  # of box 3 on each page; brings the Book to about 155 MB
+NEIGHBOUR_UNITS = 572  # length of box 3 on each page; makes the Book about 155 MB
 ENTRY = re.compile(r"^(?P<word>\S+)(?: \[(?P<reading>[^]]*)\])? /(?P<meanings>.*)/$")
 CATALOGUE_NUMBER = re.compile(r"^EntL\d+X?$")
 

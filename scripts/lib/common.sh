@@ -1,4 +1,4 @@
-# Shared by the scripts: where things are, and what must be installed. Sourced, never run.
+# Shared by the scripts: folders, required packages and small helpers. To be sourced.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
@@ -16,22 +16,22 @@ timed() {
     return "$code"
 }
 
-# Builds without a word, and shows the end of what was said when it fails: build_quietly NAME PRESET [target…].
+# Builds without output; on failure prints the end of the log: build_quietly NAME PRESET [target…].
 build_quietly() {
     local log=$build/$1-build.log
     shift
     "$root/scripts/build" "$@" >"$log" 2>&1 || { tail -n 40 "$log" >&2; die "the build failed"; }
 }
 
-# Runs tests of a Windows program and shows what they say: run_tests LOG PROGRAM FILTER COUNT. True when that many passed.
-# A crashed process may answer 0 under Wine, so only its words count.
+# Runs tests of a Windows program and prints their output: run_tests LOG PROGRAM FILTER COUNT. Succeeds if COUNT tests passed.
+# A crashed process may return 0 under Wine, so only its output decides.
 run_tests() {
     "$root/scripts/wine" "$build/windows/$2.exe" --gtest_filter="$3" >"$1" 2>&1 || true
     cat "$1"
     grep -q "PASSED .* $4 test" "$1" && ! grep -q FAILED "$1"
 }
 
-# Everything the build, the tests and the screen need, as Debian 12 names it.
+# Everything that the build, the tests and the screens need, by the package names of Debian 12.
 packages=(
     ca-certificates cmake ninja-build g++ g++-mingw-w64-x86-64-posix
     clang clang-format clang-tidy libclang-rt-14-dev lld llvm ccache
@@ -50,7 +50,7 @@ missing_packages() {
 
 has_japanese_locale() { locale -a 2>/dev/null | grep -qiE '^ja_JP\.utf-?8$'; }
 
-# Installs what is missing; quiet and quick when nothing is.
+# Installs missing packages; quick and silent if nothing is missing.
 ensure_setup() {
     if [ -n "$(missing_packages)" ] || ! has_japanese_locale; then
         "$root/scripts/setup"

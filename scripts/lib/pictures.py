@@ -1,9 +1,9 @@
-"""Renders res/svg into the pictures that the program loads, checks the committed ones, or shows all on one sheet.
+"""Renders res/svg into the pictures that the program loads, checks the committed ones, or draws all on one sheet.
 
-The folder decides what an SVG becomes:
-  menu/    a BMP of 32 bits, premultiplied
+The folder decides the format of an SVG's picture:
+  menu/    a 32-bit BMP, premultiplied
   button/  a PNG, normal at the left, disabled at the right
-  key/     a BMP of 24 bits with a transparent colour, which the SVG itself bears
+  key/     a 24-bit BMP with a transparent colour, which the SVG itself contains
   icon/    an image of app/wnd/pagewick.ico
 """
 import pathlib
@@ -44,7 +44,7 @@ def all_pictures():
 
 
 def files_of(pictures):
-    """What must stand where, as bytes."""
+    """The paths and bytes of all files to write."""
     files = {RES / f"{name}.bmp": bmp(picture.mapped(premultiplied), 32) for name, picture in pictures["menu"].items()}
     files |= {RES / f"{name}.png": png(sheet_of_states(picture)) for name, picture in pictures["button"].items()}
     files |= {RES / f"{name}.bmp": bmp(picture, 24) for name, picture in pictures["key"].items()}
@@ -65,14 +65,14 @@ def write(files):
 
 
 def check(files):
-    """Names every file that is not what its SVG gives; 0 when there is none."""
+    """Prints every file that differs from its SVG; returns 0 if there is none."""
     different = [path for path, data in files.items() if not path.exists() or path.read_bytes() != data]
     orphans = sorted(committed() - files.keys())
     for path in different:
-        print(f"not what its SVG gives: {path.relative_to(ROOT)}")
+        print(f"differs from its SVG: {path.relative_to(ROOT)}")
     for path in orphans:
         print(f"without an SVG: {path.relative_to(ROOT)}")
-    print(f"{len(files) - len(different)} of {len(files)} files are what their SVGs give")
+    print(f"{len(files) - len(different)} of {len(files)} files match their SVGs")
     return 1 if different or orphans else 0
 
 

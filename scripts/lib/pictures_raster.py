@@ -1,4 +1,7 @@
-"""Pictures as pixels: reads the PNG that the renderer gives, writes PNG, BMP and ICO. Standard library only."""
+"""Pictures as pixels: reads the renderer's PNG and writes PNG, BMP and ICO.
+
+With Python's standard library only, so that scripts/pictures needs no package but the renderer.
+"""
 import struct
 import zlib
 
@@ -8,7 +11,7 @@ CHANNELS = {2: 3, RGBA: 4}
 
 
 class Picture:
-    """Rows from the top, four bytes a pixel: red, green, blue, alpha; not premultiplied."""
+    """Rows from the top, four bytes per pixel: red, green, blue, alpha; not premultiplied."""
 
     def __init__(self, width, height, pixels=None):
         self.width, self.height = width, height
@@ -22,7 +25,7 @@ class Picture:
         return self.pixels[4 * y * self.width:4 * (y + 1) * self.width]
 
     def mapped(self, change):
-        """A copy with `change(r, g, b, a)` for every pixel."""
+        """A copy in which every pixel is replaced by `change(r, g, b, a)`."""
         made = Picture(self.width, self.height)
         for start in range(0, len(self.pixels), 4):
             made.pixels[start:start + 4] = bytes(change(*self.pixels[start:start + 4]))
@@ -47,7 +50,7 @@ def paeth(left, up, corner):
 
 
 def unfiltered(kind, line, above, channels):
-    """A row of a PNG from how it differs from its neighbours."""
+    """Undoes a PNG row filter: each byte is stored as the difference from a guess by its neighbours."""
     row = bytearray(line)
     for i in range(len(row)):
         left = row[i - channels] if i >= channels else 0
@@ -90,7 +93,7 @@ def premultiplied(r, g, b, a):
 
 
 def rows_upward(picture, channels):
-    """Blue, green, red and, of four channels, alpha; rows from the bottom, each filled up to whole 32-bit units."""
+    """Blue, green, red and, with four channels, alpha; rows from the bottom, each padded to 32 bits."""
     body = b""
     for y in reversed(range(picture.height)):
         row = b"".join(bytes((b, g, r, a)[:channels])
@@ -111,7 +114,7 @@ def bmp(picture, bits):
 
 
 def icon_image(picture):
-    """As a bitmap with a mask below 256 pixels, where every reader of icons can use it, and as a PNG from there."""
+    """A bitmap with a mask below 256 pixels, which every reader of icons supports, and a PNG from there on."""
     if picture.width >= 256:
         return png(picture)
     mask_stride = (picture.width + 31) // 32 * 4

@@ -1,4 +1,4 @@
-"""All pictures on every colour that they meet, normal and enlarged, as one PNG."""
+"""Draws all pictures on every background they are used on, normal and enlarged, as one PNG."""
 import base64
 import re
 import subprocess
@@ -11,7 +11,7 @@ MARGIN = 20
 MENU_COLORS = {"white": "#ffffff", "light": "#f0f0f0", "dark": "#2b2b2b", "highlight": "#0078d7"}
 ICON_COLORS = {"white": "#ffffff", "light": "#dfe6ee", "dark": "#202020"}
 THEMES = ("Standard", "Sepia", "Dark", "Pink", "Green", "Blue")
-# The sizes of the buttons that show a picture; the others are as in BUTTON_SIZE.
+# The sizes of the buttons that show a picture; all others have BUTTON_SIZE.
 BUTTON_SIZES = {"loupe": (22, 22), "clear": (18, 22), "topfile": (17, 22), "btmfile": (17, 22), "reload": (24, 20),
                 "web_zoomin": (20, 20), "web_zoomout": (20, 20), "add_files": (45, 45), "add_pages": (45, 45)}
 BUTTON_SIZE = (18, 26)
@@ -55,7 +55,7 @@ def enlarged(picture, zoom):
 
 
 def without_key(picture):
-    """As TransparentBlt shows it: the colour of the key's corner pixel is not drawn."""
+    """The picture as TransparentBlt draws it: without the pixels in the key colour."""
     keys = {32: (255, 0, 255), 24: (0, 0, 0), 9: (255, 255, 255)}
     key = keys[picture.width]
     return picture.mapped(lambda r, g, b, a: (r, g, b, 0 if (r, g, b) == key else a))
@@ -66,14 +66,14 @@ def channels(color):
 
 
 def shade(color, delta):
-    """As Color::shade."""
+    """Same arithmetic as Color::shade."""
     rest = 255 - min(abs(delta), 255)
     lift = 255 * (256 - rest) if delta > 0 else 0
     return "#" + "".join(f"{(c * rest + lift) >> 8:02x}" for c in channels(color))
 
 
 def theme_colors(source):
-    """The stored colours of every theme, from the program's own table."""
+    """The colours of every theme, read from the program's own table."""
     themes = [{} for _ in THEMES]
     for name, values in re.findall(r"&ThemePalette::(\w+), \{([^}]*)\}", source.read_text(encoding="utf-8")):
         for theme, value in zip(themes, re.findall(r"0x([0-9A-F]{6})", values)):
@@ -131,7 +131,7 @@ def buttons(sheet, pictures, disabled, name, theme):
 
 
 def thumbnail(width, height):
-    """A stand-in for a photograph: sky over land."""
+    """A substitute for a photograph: sky over land."""
     made = Picture(width, height)
     return Picture(width, height, b"".join(
         bytes((110 + 3 * y, 170 + 2 * y, 240, 255)) if y < height * 0.6 else bytes((60 + x * 3, 120 + x, 60, 255))
@@ -161,7 +161,7 @@ def key_pictures(sheet, pictures, themes):
 
 
 def page_bars(sheet, seen, themes):
-    """A stretch of the page bar in every theme: plain, selected, pasted, in view."""
+    """A piece of the page bar in every theme: plain, selected, pasted, in view."""
     x, step = MARGIN, 15
     for zoom in (1, ZOOM):
         for theme in themes.values():

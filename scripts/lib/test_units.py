@@ -2,14 +2,14 @@
 """Runs the tests of a GoogleTest program in units: many tests share a process where they share no state.
 
     test_units.py list TARGET PROGRAM FILE [--size N] [--alone PATTERN]... [--screen] [--managed PATTERN]...
-        writes FILE for ctest (one add_test a unit) and FILE.json, the tests of each unit
+        writes FILE for ctest (one add_test per unit) and FILE.json, the tests of each unit
     test_units.py run FILE.json UNIT
-        runs one unit and leaves its results in a folder "results" beside FILE.json
+        runs one unit and writes its results to a folder "results" beside FILE.json
     test_units.py sum FOLDER...
-        adds up the results in such folders and prints the line that closes a test run
+        adds up the results in such folders and prints the last line of a test run
 
-A unit has passed when each of its tests reported OK: a crashed process may answer 0 under Wine. Tests that a crash
-kept from beginning run in a further process; a test that has begun never runs again.
+A unit has passed if each of its tests reported OK, because a crashed process may return 0 under Wine. Tests that did not
+start because of a crash run in another process; a test that has started never runs again.
 """
 import argparse
 import fnmatch
@@ -23,7 +23,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 MAX_PROCESSES = 8
-# A program that finds its screen unfit says so before it begins a test, see tests/support/screen_check.hpp.
+# A program that finds its screen unfit prints this before it starts a test, see tests/support/screen_check.hpp.
 UNFIT = "The screen is unfit: "
 LANE_VARIABLES = ("CTEST_RESOURCE_GROUP_0_SCREENS", "CTEST_RESOURCE_GROUP_0_MANAGED")
 
@@ -33,7 +33,7 @@ def is_windows(program):
 
 
 def lane_folder():
-    """The screen that ctest gave to this unit, one of the folders that scripts/test opened."""
+    """The screen that ctest assigned to this unit: one of the folders that scripts/test opened."""
     lanes = os.environ.get("PAGEWICK_LANES")
     if not lanes:
         return os.environ.get("PAGEWICK_SESSION")
@@ -55,7 +55,7 @@ def renew_lane(folder):
 
 
 def run_program(program, arguments, log, folder):
-    """Wine's own processes may keep the output open, so it is a file and no pipe."""
+    """Output goes to a file and not through a pipe, which Wine's own processes may keep open."""
     command = ["wine", program] if is_windows(program) else [program]
     with open(log, "wb") as output:
         return subprocess.run(command + arguments, stdout=output, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL,
@@ -78,13 +78,13 @@ def parse_list(text):
 
 
 def suite_of(test):
-    """Without the name of an instantiation and the number of a type."""
+    """The suite's name without the name of an instantiation and the number of a type."""
     parts = test.split(".")[0].split("/")
     return parts[0] if len(parts) == 1 or parts[1].isdigit() else parts[1]
 
 
 def group(tests, size, alone):
-    """Suites stay whole; small ones share a unit until it has `size` tests."""
+    """Groups whole suites into units: small suites share a unit until it has `size` tests."""
     suites, own = {}, {}
     for test in tests:
         if any(fnmatch.fnmatchcase(test, pattern) for pattern in alone):
@@ -104,7 +104,7 @@ def group(tests, size, alone):
 def list_units(options):
     listing, table = Path(options.file), Path(options.file + ".json")
     program = Path(options.program)
-    # The last of them holds the arguments of this call.
+    # The last one holds the arguments of this call.
     sources = (program, Path(__file__), listing.parent / f"include-{options.target}.cmake")
     if table.exists() and listing.exists() and listing.stat().st_mtime > max(source.stat().st_mtime for source in sources):
         return 0
@@ -146,7 +146,7 @@ class Unit:
                                          "skipped": self.skipped, "notes": self.notes, "seconds": self.seconds}))
 
     def run(self):
-        self.save()  # whatever ends this process, the tests without a result count as failed
+        self.save()  # if this process is killed, tests without a result count as failed
         started = time.monotonic()
         folder = lane_folder() if is_windows(self.program) else None
         log = str(self.file) + ".log"
@@ -172,7 +172,7 @@ class Unit:
         skipped = set(re.findall(r"^\[  SKIPPED \] (\S+)", text, re.M))
         failed = set(re.findall(r"^\[  FAILED  \] ([^\s,]+).*\(\d+ ms\)", text, re.M))
         unfit = re.search(re.escape(UNFIT) + ".*", text)
-        if unfit:  # said before the test did anything
+        if unfit:  # printed before the test did anything, so the test has not started
             ran -= set(re.findall(r"^\[ RUN      \] (\S+)", text, re.M)[-1:]) - passed - failed - skipped
         self.passed += [test for test in left if test in passed]
         self.skipped += [test for test in left if test in skipped - passed]
@@ -182,7 +182,7 @@ class Unit:
         if broken or (not ended and not unfit and ran):
             print(text)
         if unfit or not ran:
-            self.note(unfit.group(0) if unfit else f"a process ended with status {status} before its first test; it said: {text[-2000:]!r}")
+            self.note(unfit.group(0) if unfit else f"a process ended with status {status} before its first test; output: {text[-2000:]!r}")
             if folder:
                 renew_lane(folder)
         elif not ended:
