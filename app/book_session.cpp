@@ -34,7 +34,7 @@ bool BookSession::save(SaveCode code)
         desk().store_scroll(*page);
     SaveStep step = save_step(code, changed, talk().is_busy());
     if (step == SaveStep::ask)
-        step = talk().ask(save_question, BoxStyle::question) ? SaveStep::write : SaveStep::give_up;
+        step = ask_to_save();
     if (step == SaveStep::give_up)
         mark_clean();
     if (step != SaveStep::write)
@@ -42,6 +42,17 @@ bool BookSession::save(SaveCode code)
     if (changed)
         commit_edits();
     return write_book();
+}
+
+// The answer is about the page that was on the desk. When another one came while the box was open it says
+// nothing, neither about the file nor about the boxes.
+SaveStep BookSession::ask_to_save()
+{
+    const Shown asked = shown_place();
+    const bool is_wanted = talk().ask(save_question, BoxStyle::question);
+    if (talk().is_gone() || shown_place() != asked)
+        return SaveStep::skip;
+    return is_wanted ? SaveStep::write : SaveStep::give_up;
 }
 
 // All that can fail comes before the first change: a page gets its new texts with its new stamp, or neither.
@@ -59,6 +70,7 @@ void BookSession::commit_edits()
 
 bool BookSession::write_book()
 {
+    note_content_change(); // writing trims the texts of all pages
     if (!book_.save_to(core::path_from_data_root(book_.path))) {
         tell_save_failure();
         return false;
@@ -77,8 +89,10 @@ void BookSession::tell_save_failure()
 bool BookSession::may_leave_page()
 {
     const bool had_edits = desk().has_edits();
+    const Shown left = shown_place();
     save(SaveCode::ask);
-    if (talk().is_gone())
+    // Another page that came while a box was open is not what the user wants to leave.
+    if (talk().is_gone() || (had_edits && shown_place() != left))
         return false;
     const Leave decision = leave_decision(had_edits && desk().has_edits(), book_.current_page() != nullptr);
     if (decision == Leave::stay)
@@ -118,11 +132,14 @@ void BookSession::show_current_page()
     if (!page || desk().has_edits())
         return;
     // A page that is shown again stays where the user has it.
-    const bool is_shown_already = current_place() == shown_;
+    const Shown place = current_place();
+    const bool is_shown_already = place == shown_;
     if (is_shown_already)
         desk().store_scroll(*book_.current_page());
-    shown_ = current_place();
+    // A failure in between leaves texts of two pages in the boxes, which belong to no page then.
+    shown_ = {};
     desk().show(*page, is_shown_already);
+    shown_ = place;
     mark_clean();
 }
 
@@ -130,6 +147,14 @@ void BookSession::forget_shown_page()
 {
     shown_ = {};
     mark_clean();
+}
+
+// The old hits go at once: a box that is open now may paint before they are renewed, and would look for
+// entries that the list has no more.
+void BookSession::note_content_change()
+{
+    hits_of_.reset();
+    book_.hits.clear();
 }
 
 book::Page* BookSession::step_page(int direction)
@@ -190,7 +215,7 @@ bool BookSession::ask_about_entry(const std::wstring& question)
 void BookSession::refresh_counts()
 {
     if (book_.needs_update)
-        hits_of_.reset();
+        note_content_change();
     book_.refresh_counts();
 }
 
@@ -201,6 +226,10 @@ void BookSession::refresh_views(core::RefreshMask& pending)
     // A new order may have put another page to the position.
     pending |= settle();
     core::serve_refresh(pending, seams_.serve);
+    // A view may have changed the page itself. Boxes with edits are not shown anew, however often.
+    const core::RefreshMask overdue = settle();
+    if (!talk().is_gone() && !desk().has_edits())
+        pending |= overdue;
 }
 
 // The one place where the hits follow the page, its text and files, the order and the query.

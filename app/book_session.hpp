@@ -130,7 +130,7 @@ public:
     // After pages came, went or moved. Drops what the boxes hold.
     void forget_shown_page();
     // After the stored text or the file list of a page changed.
-    void note_content_change() { hits_of_.reset(); }
+    void note_content_change();
 
     // The page in that direction that matches the search; the current one when there is none.
     book::Page* step_page(int direction);
@@ -161,6 +161,7 @@ private:
         friend bool operator==(const HitsOf&, const HitsOf&) = default;
     };
 
+    SaveStep ask_to_save();
     bool write_book();
     void tell_save_failure();
     bool start_new_book(const std::wstring& path);

@@ -32,10 +32,15 @@ private:
 
 bool BookSession::create_book()
 {
-    save(SaveCode::always);
+    if (is_loading_)
+        return false;
+    const bool is_saved = save(SaveCode::always);
     const std::wstring path = talk().choose_book_path(L"Book の新規作成", L"");
     if (path.empty() || talk().is_gone())
         return false;
+    // What was edited while the dialog was open. A failure was reported already.
+    if (is_saved)
+        save(SaveCode::if_changed);
     const std::int32_t old_theme = look::palette().current_theme;
     look::load_theme(look::theme_standard); // the first page takes standard colours
     if (start_new_book(path)) {
@@ -74,6 +79,9 @@ bool BookSession::open_book(std::wstring path)
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the copy is wanted
 bool BookSession::load_book(std::wstring path)
 {
+    // The pages of both would end in one Book.
+    if (is_loading_)
+        return false;
     core::set_current_directory(L"");
     if (!platform::exists(core::path_from_data_root(path))) {
         talk().tell(L"ファイル [" + path + L"] が見つかりませんでした．", BoxStyle::warning);

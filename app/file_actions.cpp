@@ -168,7 +168,12 @@ Outcome remove_file(BookSession& session)
 
 Outcome remove_all_files(BookSession& session)
 {
-    if (!session.ask_about_page(L"リストから全てのファイルを削除しますか？"))
+    const book::Page* current = session.book().current_page();
+    if (!current)
+        return Outcome::failed;
+    const std::vector<std::wstring> asked = current->files;
+    if (!session.ask_about_page(L"リストから全てのファイルを削除しますか？")
+        || session.book().current_page()->files != asked)
         return Outcome::failed;
     return change_list(session, [](book::Page& page) { return remove_all_files(page); });
 }
@@ -220,10 +225,14 @@ Outcome choose_folder(BookSession& session, const ChoosePaths& choose)
 
 Outcome clear_folder(BookSession& session)
 {
-    const book::Page* page = session.book().current_page();
-    if (!page || !session.ask_about_page(L"フォルダの選択を取消しますか？\r\n" + page->reference_folder))
+    book::Book& book = session.book();
+    if (!book.current_page())
         return Outcome::failed;
-    session.book().current_page()->reference_folder.clear();
+    const std::wstring asked = book.current_page()->reference_folder;
+    if (!session.ask_about_page(L"フォルダの選択を取消しますか？\r\n" + asked)
+        || book.current_page()->reference_folder != asked)
+        return Outcome::failed;
+    book.current_page()->reference_folder.clear();
     session.save(SaveCode::always);
     return Outcome::done;
 }

@@ -36,8 +36,7 @@ void apply_order(book::Book& book, int id)
     }
 }
 
-// After pages came, went or changed places. Finding the hits at once keeps a page that cannot be searched
-// from being saved as the current one.
+// After pages came, went or changed places: until the current page is shown the boxes hold the text of none.
 void follow_pages(BookSession& session)
 {
     session.forget_shown_page();

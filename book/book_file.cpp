@@ -76,7 +76,8 @@ bool take_line(Page& page, Field field, FileText line)
     return false;
 }
 
-// Makes room for what the rest of the file promises by the pages read so far: doubling would waste memory.
+// Makes room for what the rest of the file promises by the pages read so far: doubling would waste memory. A
+// promise of more pages than a Book may hold comes from small pages before a large one, and is not believed.
 void make_room(std::vector<Page>& pages, std::uint64_t delivered, std::uint64_t file_size)
 {
     if (pages.size() < pages.capacity())
@@ -84,7 +85,8 @@ void make_room(std::vector<Page>& pages, std::uint64_t delivered, std::uint64_t 
     const double share =
         static_cast<double>(file_size) / static_cast<double>(std::max<std::uint64_t>(delivered, 1));
     const double promised = static_cast<double>(pages.size()) * std::max(share, 1.0) * 1.02;
-    pages.reserve(std::max(static_cast<std::size_t>(promised), pages.size() + pages.size() / 4));
+    const double believed = std::min(promised, static_cast<double>(page_limit));
+    pages.reserve(std::max(static_cast<std::size_t>(believed), pages.size() + pages.size() / 4));
 }
 
 void write_lines(LineWriter& writer, std::wstring_view text)
