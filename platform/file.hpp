@@ -1,6 +1,7 @@
 // Files, as far as the logic needs them. Paths are UTF-16 text on every system; `/` and, on Windows, `\`
 // separate.
 #pragma once
+#include "platform/unique_handle.hpp"
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -20,23 +21,29 @@ public:
     static File open_over(const std::wstring& path);
 
     File() = default;
-    File(File&& other) noexcept;
-    File& operator=(File&& other) noexcept;
-    ~File();
 
-    bool is_open() const;
+    bool is_open() const { return static_cast<bool>(handle_); }
     // Bytes delivered; 0 at the end of the file and on failure.
     std::size_t read(std::span<std::byte> target);
     // True when every byte was taken.
     bool write(std::span<const std::byte> bytes);
     bool seek_to_start();
     std::optional<std::uint64_t> size() const;
-    void close();
+    void close() { handle_.reset(); }
 
 private:
-    explicit File(std::intptr_t handle) noexcept;
-    static constexpr std::intptr_t no_handle = -1;
-    std::intptr_t handle_ = no_handle; // the system's own
+    struct SystemFile {
+        using Handle = std::intptr_t;
+        static Handle invalid() noexcept { return -1; }
+        static void close(Handle handle) noexcept;
+    };
+
+    explicit File(std::intptr_t handle) noexcept
+        : handle_(handle)
+    {
+    }
+
+    unique_handle<SystemFile> handle_;
 };
 
 // True for anything that stands at `path`, a folder included.

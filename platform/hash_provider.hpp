@@ -1,5 +1,6 @@
 // Digests by SHA-256.
 #pragma once
+#include "platform/unique_handle.hpp"
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -14,17 +15,19 @@ using Digest = std::array<std::uint8_t, 32>;
 class HashProvider {
 public:
     HashProvider();
-    HashProvider(const HashProvider&) = delete;
-    HashProvider& operator=(const HashProvider&) = delete;
-    // Some systems have nothing to give back.
-    ~HashProvider(); // NOLINT(performance-trivially-destructible)
 
     // False when the system gives none; no digest is made then.
     bool is_ready() const;
     std::optional<Digest> digest(std::span<const std::byte> bytes);
 
 private:
-    [[maybe_unused]] void* handle_ = nullptr; // where the system has one
+    struct SystemProvider {
+        using Handle = void*;
+        static Handle invalid() noexcept { return nullptr; }
+        static void close(Handle handle) noexcept;
+    };
+
+    unique_handle<SystemProvider> provider_; // none where the system has none
 };
 
 } // namespace platform

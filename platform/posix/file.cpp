@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
-#include <utility>
 
 namespace platform {
 
@@ -45,7 +44,7 @@ File File::open_read(const std::wstring& path)
     File file(open_path(path, O_RDONLY));
     struct stat status { };
     // A folder can be opened for reading here, but never read.
-    if (file.is_open() && (::fstat(descriptor(file.handle_), &status) != 0 || S_ISDIR(status.st_mode)))
+    if (file.is_open() && (::fstat(descriptor(file.handle_.get()), &status) != 0 || S_ISDIR(status.st_mode)))
         file.close();
     return file;
 }
@@ -64,7 +63,7 @@ std::size_t File::read(std::span<std::byte> target)
 {
     ssize_t count = -1;
     do
-        count = ::read(descriptor(handle_), target.data(), target.size());
+        count = ::read(descriptor(handle_.get()), target.data(), target.size());
     while (count < 0 && errno == EINTR);
     return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
@@ -72,7 +71,7 @@ std::size_t File::read(std::span<std::byte> target)
 bool File::write(std::span<const std::byte> bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t count = ::write(descriptor(handle_), bytes.data(), bytes.size());
+        const ssize_t count = ::write(descriptor(handle_.get()), bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
@@ -84,21 +83,20 @@ bool File::write(std::span<const std::byte> bytes)
 
 bool File::seek_to_start()
 {
-    return ::lseek(descriptor(handle_), 0, SEEK_SET) == 0;
+    return ::lseek(descriptor(handle_.get()), 0, SEEK_SET) == 0;
 }
 
 std::optional<std::uint64_t> File::size() const
 {
     struct stat status { };
-    if (::fstat(descriptor(handle_), &status) != 0)
+    if (::fstat(descriptor(handle_.get()), &status) != 0)
         return std::nullopt;
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-void File::close()
+void File::SystemFile::close(Handle handle) noexcept
 {
-    if (is_open())
-        ::close(descriptor(std::exchange(handle_, no_handle)));
+    ::close(descriptor(handle));
 }
 
 bool exists(const std::wstring& path)

@@ -81,7 +81,9 @@ void mix_end(State& state, std::span<const std::byte> rest, std::uint64_t bits)
 } // namespace
 
 HashProvider::HashProvider() = default;
-HashProvider::~HashProvider() = default;
+
+// Nothing was opened.
+void HashProvider::SystemProvider::close(Handle) noexcept { }
 
 bool HashProvider::is_ready() const
 {

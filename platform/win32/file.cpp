@@ -3,7 +3,6 @@
 #include "platform/path_attributes.hpp"
 #include "platform/path_text.hpp"
 #include <algorithm>
-#include <utility>
 #include <windows.h>
 
 namespace platform {
@@ -12,6 +11,12 @@ namespace {
 
 constexpr DWORD share_everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::size_t largest_transfer = 0x40000000; // one call counts its bytes in 32 bits
+
+struct Search {
+    using Handle = HANDLE;
+    static Handle invalid() noexcept { return INVALID_HANDLE_VALUE; }
+    static void close(Handle search) noexcept { FindClose(search); }
+};
 
 HANDLE system_handle(std::intptr_t handle)
 {
@@ -35,11 +40,8 @@ DWORD reparse_tag(std::wstring path)
     while (path.size() > 1 && is_separator(path.back()))
         path.pop_back();
     WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(path.c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return 0;
-    FindClose(search);
-    return found.dwReserved0;
+    const unique_handle<Search> search{ FindFirstFileW(path.c_str(), &found) };
+    return search ? found.dwReserved0 : 0;
 }
 
 } // namespace
@@ -63,7 +65,7 @@ std::size_t File::read(std::span<std::byte> target)
 {
     const auto wanted = static_cast<DWORD>(std::min(target.size(), largest_transfer));
     DWORD count = 0;
-    return ReadFile(system_handle(handle_), target.data(), wanted, &count, nullptr) ? count : 0;
+    return ReadFile(system_handle(handle_.get()), target.data(), wanted, &count, nullptr) ? count : 0;
 }
 
 bool File::write(std::span<const std::byte> bytes)
@@ -71,7 +73,7 @@ bool File::write(std::span<const std::byte> bytes)
     while (!bytes.empty()) {
         const auto wanted = static_cast<DWORD>(std::min(bytes.size(), largest_transfer));
         DWORD count = 0;
-        if (!WriteFile(system_handle(handle_), bytes.data(), wanted, &count, nullptr) || count == 0)
+        if (!WriteFile(system_handle(handle_.get()), bytes.data(), wanted, &count, nullptr) || count == 0)
             return false;
         bytes = bytes.subspan(count);
     }
@@ -80,21 +82,20 @@ bool File::write(std::span<const std::byte> bytes)
 
 bool File::seek_to_start()
 {
-    return SetFilePointer(system_handle(handle_), 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER;
+    return SetFilePointer(system_handle(handle_.get()), 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER;
 }
 
 std::optional<std::uint64_t> File::size() const
 {
     LARGE_INTEGER size{};
-    if (!GetFileSizeEx(system_handle(handle_), &size))
+    if (!GetFileSizeEx(system_handle(handle_.get()), &size))
         return std::nullopt;
     return static_cast<std::uint64_t>(size.QuadPart);
 }
 
-void File::close()
+void File::SystemFile::close(Handle handle) noexcept
 {
-    if (is_open())
-        CloseHandle(system_handle(std::exchange(handle_, no_handle)));
+    CloseHandle(system_handle(handle));
 }
 
 bool exists(const std::wstring& path)

@@ -8,19 +8,18 @@ namespace platform {
 
 HashProvider::HashProvider()
 {
-    if (!BCRYPT_SUCCESS(BCryptOpenAlgorithmProvider(&handle_, BCRYPT_SHA256_ALGORITHM, nullptr, 0)))
-        handle_ = nullptr;
+    if (!BCRYPT_SUCCESS(BCryptOpenAlgorithmProvider(provider_.put(), BCRYPT_SHA256_ALGORITHM, nullptr, 0)))
+        provider_.release(); // whatever a failed call left there is none
 }
 
-HashProvider::~HashProvider()
+void HashProvider::SystemProvider::close(Handle handle) noexcept
 {
-    if (handle_ != nullptr)
-        BCryptCloseAlgorithmProvider(handle_, 0);
+    BCryptCloseAlgorithmProvider(handle, 0);
 }
 
 bool HashProvider::is_ready() const
 {
-    return handle_ != nullptr;
+    return static_cast<bool>(provider_);
 }
 
 std::optional<Digest> HashProvider::digest(std::span<const std::byte> bytes)
@@ -30,7 +29,7 @@ std::optional<Digest> HashProvider::digest(std::span<const std::byte> bytes)
     Digest digest{};
     // The call only reads what it is given.
     auto* const input = reinterpret_cast<PUCHAR>(const_cast<std::byte*>(bytes.data()));
-    const NTSTATUS told = BCryptHash(handle_, nullptr, 0, input, static_cast<ULONG>(bytes.size()),
+    const NTSTATUS told = BCryptHash(provider_.get(), nullptr, 0, input, static_cast<ULONG>(bytes.size()),
         digest.data(), static_cast<ULONG>(digest.size()));
     return BCRYPT_SUCCESS(told) ? std::optional{ digest } : std::nullopt;
 }

@@ -1,4 +1,5 @@
 #include "platform/screen.hpp"
+#include "platform/unique_handle.hpp"
 #include <windows.h>
 
 namespace platform {
@@ -6,11 +7,10 @@ namespace platform {
 int pixels_per_inch()
 {
     constexpr int usual = 96;
-    const HDC context = CreateCompatibleDC(nullptr);
+    const unique_handle<GivenBackBy<HDC, &DeleteDC>> context{ CreateCompatibleDC(nullptr) };
     if (!context)
         return usual;
-    const int pixels = GetDeviceCaps(context, LOGPIXELSY);
-    DeleteDC(context);
+    const int pixels = GetDeviceCaps(context.get(), LOGPIXELSY);
     return pixels > 0 ? pixels : usual;
 }
 
