@@ -42,25 +42,26 @@ void TextStream::draw(const std::wstring& text, const RECT& rect)
 
 void TextStream::draw_run(const std::wstring& text, RECT& rect, Measuring measuring)
 {
-    swap_style();
-    if (measuring == Measuring::measured) {
-        rect = { 0, 0, width, 0 };
-        DrawTextW(dc.handle(), text.c_str(), -1, &rect, flags | DT_CALCRECT);
-        OffsetRect(&rect, x, y);
+    {
+        const ObjectSelection selected(dc, font);
+        swap_colors();
+        if (measuring == Measuring::measured) {
+            rect = { 0, 0, width, 0 };
+            DrawTextW(dc.handle(), text.c_str(), -1, &rect, flags | DT_CALCRECT);
+            OffsetRect(&rect, x, y);
+        }
+        DrawTextW(dc.handle(), text.c_str(), -1, &rect, flags);
+        swap_colors();
     }
-    DrawTextW(dc.handle(), text.c_str(), -1, &rect, flags);
     x += rect.right - rect.left;
     line_height = rect.bottom - rect.top;
-    swap_style();
     if (underline_next)
         underline(rect);
     underline_next = false;
 }
 
-void TextStream::swap_style()
+void TextStream::swap_colors()
 {
-    if (HGDIOBJ const previous = SelectObject(dc.handle(), font))
-        font = static_cast<HFONT>(previous);
     color = Color{ SetTextColor(dc.handle(), color.value) };
     back_color = Color{ SetBkColor(dc.handle(), back_color.value) };
     back_mode = SetBkMode(dc.handle(), back_mode);

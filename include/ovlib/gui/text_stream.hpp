@@ -46,8 +46,8 @@ private:
     enum class Measuring { measured, as_given };
 
     void draw_run(const std::wstring& text, RECT& rect, Measuring measuring);
-    // Exchanges font, colours and mode between the stream and the device context.
-    void swap_style();
+    // Exchanges colours and mode between the stream and the device context.
+    void swap_colors();
     void underline(const RECT& rect);
 };
 
