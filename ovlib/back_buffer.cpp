@@ -46,20 +46,14 @@ void fill_rect(BaseImage& image, Color color, const RECT& rect)
         std::memcpy(row(y), first, length);
 }
 
-BackBuffer::~BackBuffer()
-{
-    release();
-}
-
 bool BackBuffer::create(int wanted_width, int wanted_height)
 {
-    if (bitmap_ != nullptr || !dc_)
+    if (bitmap_ || !dc_)
         return false;
     info_ = bitmap_info(wanted_width, wanted_height);
     void* memory = nullptr;
-    bitmap_ = CreateDIBSection(dc_.handle(), &info_, DIB_RGB_COLORS, &memory, nullptr, 0);
-    previous_ = bitmap_ != nullptr ? SelectObject(dc_.handle(), bitmap_) : nullptr;
-    if (previous_ == nullptr) {
+    bitmap_.renew(CreateDIBSection(dc_.handle(), &info_, DIB_RGB_COLORS, &memory, nullptr, 0));
+    if (!bitmap_ || !selected_.emplace(dc_, bitmap_)) {
         release();
         return false;
     }
@@ -81,12 +75,8 @@ bool BackBuffer::fit(int wanted_width, int wanted_height)
 
 void BackBuffer::release()
 {
-    if (previous_ != nullptr)
-        SelectObject(dc_.handle(), previous_);
-    if (bitmap_ != nullptr)
-        DeleteObject(bitmap_);
-    previous_ = nullptr;
-    bitmap_ = nullptr;
+    selected_.reset();
+    bitmap_.reset();
     info_ = {};
     bits = nullptr;
     bits_per_pixel = stride = width = height = 0;
@@ -94,7 +84,7 @@ void BackBuffer::release()
 
 void BackBuffer::copy_to(const DC& target, POINT at) const
 {
-    if (bitmap_ == nullptr)
+    if (!bitmap_)
         return;
     finish_drawing();
     SetDIBitsToDevice(target.handle(), at.x, at.y, static_cast<DWORD>(width), static_cast<DWORD>(height), 0,

@@ -22,23 +22,14 @@ PaintDC::~PaintDC()
 
 ClientDC::ClientDC(const Wnd& wnd)
     : DC(GetDC(wnd.hwnd()))
-    , wnd_(wnd)
+    , owned_({ wnd.hwnd(), hdc_ })
 {
-}
-
-ClientDC::~ClientDC()
-{
-    ReleaseDC(wnd_.hwnd(), hdc_);
 }
 
 MemDC::MemDC(HDC like)
     : DC(CreateCompatibleDC(like))
+    , owned_(hdc_)
 {
-}
-
-MemDC::~MemDC()
-{
-    DeleteDC(hdc_);
 }
 
 SIZE MemDC::size() const

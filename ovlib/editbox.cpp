@@ -7,6 +7,7 @@
 #include <span>
 #include <stdexcept>
 
+#include "ovlib/handles.hpp"
 #include "read_all.hpp"
 
 namespace ovlib {
@@ -254,17 +255,14 @@ void EditBox::renew_text(const std::wstring& text)
 bool EditBox::hand_over(const std::wstring& text)
 {
     const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
-    HLOCAL const memory = LocalAlloc(LMEM_MOVEABLE, size);
-    void* const start = memory != nullptr ? LocalLock(memory) : nullptr;
-    if (start == nullptr) {
-        LocalFree(memory);
+    UniqueLocalMemory<HLOCAL> memory{ LocalAlloc(LMEM_MOVEABLE, size) };
+    void* const start = memory ? LocalLock(memory.get()) : nullptr;
+    if (start == nullptr)
         return false;
-    }
     std::memcpy(start, text.c_str(), size);
-    LocalUnlock(memory);
-    const auto old = reinterpret_cast<HLOCAL>(send(EM_GETHANDLE, 0, 0));
-    send(EM_SETHANDLE, reinterpret_cast<std::uintptr_t>(memory), 0);
-    LocalFree(old);
+    LocalUnlock(memory.get());
+    const UniqueLocalMemory<HLOCAL> old{ reinterpret_cast<HLOCAL>(send(EM_GETHANDLE, 0, 0)) };
+    send(EM_SETHANDLE, reinterpret_cast<std::uintptr_t>(memory.release()), 0);
     return true;
 }
 

@@ -7,25 +7,19 @@ Event::Event(Reset reset, bool signalled)
 {
 }
 
-Event::~Event()
-{
-    if (handle_ != nullptr)
-        CloseHandle(handle_);
-}
-
 bool Event::set()
 {
-    return SetEvent(handle_) != FALSE;
+    return SetEvent(handle_.get()) != FALSE;
 }
 
 bool Event::reset()
 {
-    return ResetEvent(handle_) != FALSE;
+    return ResetEvent(handle_.get()) != FALSE;
 }
 
 bool Event::wait(std::uint32_t milliseconds) const
 {
-    return WaitForSingleObject(handle_, milliseconds) == WAIT_OBJECT_0;
+    return WaitForSingleObject(handle_.get(), milliseconds) == WAIT_OBJECT_0;
 }
 
 } // namespace ovlib

@@ -4,53 +4,36 @@
 
 namespace ovlib::GDI {
 
-Object::Object(Object&& other) noexcept
-    : handle_(std::exchange(other.handle_, nullptr))
-    , ownership_(std::exchange(other.ownership_, Ownership::none))
+void Object::OwnedOrBorrowed::close(Handle held) noexcept
 {
+    if (held.ownership == Ownership::owned)
+        DeleteObject(held.object);
 }
 
-Object& Object::operator=(Object&& other) noexcept
-{
-    if (this != &other) {
-        reset();
-        handle_ = std::exchange(other.handle_, nullptr);
-        ownership_ = std::exchange(other.ownership_, Ownership::none);
-    }
-    return *this;
-}
+Object::~Object() = default;
 
-Object::~Object()
+bool Object::attach(HGDIOBJ object, Ownership ownership)
 {
-    reset();
-}
-
-bool Object::attach(HGDIOBJ handle, Ownership ownership)
-{
-    if (ownership_ == Ownership::owned) {
-        if (ownership == Ownership::owned && handle != nullptr && handle != handle_)
-            DeleteObject(handle);
+    if (held_.get().ownership == Ownership::owned) {
+        if (object != handle())
+            OwnedOrBorrowed::close({ object, ownership });
         return false;
     }
-    handle_ = handle;
-    ownership_ = handle != nullptr ? ownership : Ownership::none;
+    held_.reset({ object, object != nullptr ? ownership : Ownership::none });
     return true;
 }
 
-void Object::renew(HGDIOBJ handle, Ownership ownership)
+void Object::renew(HGDIOBJ object, Ownership ownership)
 {
-    if (handle != handle_)
-        reset();
-    ownership_ = Ownership::none;
-    attach(handle, ownership);
+    if (object == handle())
+        held_.release();
+    reset();
+    attach(object, ownership);
 }
 
 void Object::reset()
 {
-    if (ownership_ == Ownership::owned)
-        DeleteObject(handle_);
-    handle_ = nullptr;
-    ownership_ = Ownership::none;
+    held_.reset();
 }
 
 Font::Font()

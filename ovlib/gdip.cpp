@@ -82,18 +82,15 @@ Gdiplus::ARGB to_argb(Color color)
 }
 
 GDIP::GDIP(HDC hdc)
-    : status_(GdipCreateFromHDC(hdc, &graphics_))
+    : status_(GdipCreateFromHDC(hdc, graphics_.put()))
 {
 }
 
-GDIP::~GDIP()
-{
-    GdipDeleteGraphics(graphics_);
-}
+GDIP::~GDIP() = default;
 
 void GDIP::set_smoothing(Gdiplus::SmoothingMode mode)
 {
-    status_ = GdipSetSmoothingMode(graphics_, mode);
+    status_ = GdipSetSmoothingMode(graphics_.get(), mode);
 }
 
 void GDIP::round_rect(
@@ -103,36 +100,33 @@ void GDIP::round_rect(
     const float dy = 2 * radius_y;
     if (dx > static_cast<float>(rect.right - rect.left) || dy > static_cast<float>(rect.bottom - rect.top))
         return;
-    Gdiplus::GpPath* path = nullptr;
-    status_ = GdipCreatePath(Gdiplus::FillModeAlternate, &path);
+    UniqueGdipPath path;
+    status_ = GdipCreatePath(Gdiplus::FillModeAlternate, path.put());
     if (status_ != Gdiplus::Ok)
         return;
-    status_ = add_corners(path, rect, dx, dy);
+    status_ = add_corners(path.get(), rect, dx, dy);
     if (status_ == Gdiplus::Ok)
-        fill_and_draw(path, border, border_width, fill);
-    GdipDeletePath(path);
+        fill_and_draw(path.get(), border, border_width, fill);
 }
 
 void GDIP::rectangle(const RECT& rect, Color border, Color fill)
 {
     const INT width = rect.right - rect.left;
     const INT height = rect.bottom - rect.top;
-    Gdiplus::GpSolidFill* brush = nullptr;
-    status_ = GdipCreateSolidFill(to_argb(fill), &brush);
+    UniqueGdipSolidFill brush;
+    status_ = GdipCreateSolidFill(to_argb(fill), brush.put());
     if (status_ == Gdiplus::Ok)
-        status_ = GdipFillRectangleI(graphics_, brush, rect.left, rect.top, width, height);
-    Gdiplus::GpPen* pen = nullptr;
+        status_ = GdipFillRectangleI(graphics_.get(), brush.get(), rect.left, rect.top, width, height);
+    UniqueGdipPen pen;
     if (status_ == Gdiplus::Ok)
-        status_ = GdipCreatePen1(to_argb(border), 1.0f, Gdiplus::UnitWorld, &pen);
+        status_ = GdipCreatePen1(to_argb(border), 1.0f, Gdiplus::UnitWorld, pen.put());
     if (status_ == Gdiplus::Ok)
-        status_ = GdipDrawRectangleI(graphics_, pen, rect.left, rect.top, width, height);
-    GdipDeletePen(pen);
-    GdipDeleteBrush(brush);
+        status_ = GdipDrawRectangleI(graphics_.get(), pen.get(), rect.left, rect.top, width, height);
 }
 
 void GDIP::set_interpolation(Gdiplus::InterpolationMode mode)
 {
-    status_ = GdipSetInterpolationMode(graphics_, mode);
+    status_ = GdipSetInterpolationMode(graphics_.get(), mode);
 }
 
 void GDIP::draw_image(Gdiplus::GpImage* image, const RECT& target)
@@ -140,30 +134,28 @@ void GDIP::draw_image(Gdiplus::GpImage* image, const RECT& target)
     const INT width = target.right - target.left;
     const INT height = target.bottom - target.top;
     if (width > 0 && height > 0)
-        status_ = GdipDrawImageRectI(graphics_, image, target.left, target.top, width, height);
+        status_ = GdipDrawImageRectI(graphics_.get(), image, target.left, target.top, width, height);
 }
 
 void GDIP::draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source)
 {
     const INT width = source.right - source.left;
     const INT height = source.bottom - source.top;
-    status_ = GdipDrawImageRectRectI(graphics_, image, at.x, at.y, width, height, source.left, source.top,
-        width, height, Gdiplus::UnitPixel, nullptr, nullptr, nullptr);
+    status_ = GdipDrawImageRectRectI(graphics_.get(), image, at.x, at.y, width, height, source.left,
+        source.top, width, height, Gdiplus::UnitPixel, nullptr, nullptr, nullptr);
 }
 
 void GDIP::fill_and_draw(Gdiplus::GpPath* path, Color border, float border_width, Color fill)
 {
-    Gdiplus::GpSolidFill* brush = nullptr;
-    status_ = GdipCreateSolidFill(to_argb(fill), &brush);
+    UniqueGdipSolidFill brush;
+    status_ = GdipCreateSolidFill(to_argb(fill), brush.put());
     if (status_ == Gdiplus::Ok)
-        status_ = GdipFillPath(graphics_, brush, path);
-    Gdiplus::GpPen* pen = nullptr;
+        status_ = GdipFillPath(graphics_.get(), brush.get(), path);
+    UniqueGdipPen pen;
     if (status_ == Gdiplus::Ok)
-        status_ = GdipCreatePen1(to_argb(border), border_width, Gdiplus::UnitWorld, &pen);
+        status_ = GdipCreatePen1(to_argb(border), border_width, Gdiplus::UnitWorld, pen.put());
     if (status_ == Gdiplus::Ok)
-        status_ = GdipDrawPath(graphics_, pen, path);
-    GdipDeletePen(pen);
-    GdipDeleteBrush(brush);
+        status_ = GdipDrawPath(graphics_.get(), pen.get(), path);
 }
 
 } // namespace ovlib

@@ -23,24 +23,19 @@ UINT milliseconds(LONG hundredths)
 
 } // namespace
 
-GDIPMemory::~GDIPMemory()
-{
-    free();
-}
+GDIPMemory::~GDIPMemory() = default;
 
 void GDIPMemory::free()
 {
-    if (handle_ != nullptr)
-        GlobalFree(handle_);
-    handle_ = nullptr;
+    handle_.reset();
 }
 
 bool GDIPMemory::assign(std::span<const std::byte> bytes)
 {
-    if (handle_ != nullptr || bytes.empty())
+    if (handle_ || bytes.empty())
         return false;
-    handle_ = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-    GlobalMemoryLock lock(handle_);
+    handle_.reset(GlobalAlloc(GMEM_MOVEABLE, bytes.size()));
+    GlobalMemoryLock lock(handle_.get());
     const bool locked = lock.data() != nullptr;
     if (locked)
         std::memcpy(lock.data(), bytes.data(), bytes.size());
@@ -52,14 +47,14 @@ bool GDIPMemory::assign(std::span<const std::byte> bytes)
 
 bool GDIPMemory::read_file(const std::wstring& path)
 {
-    if (handle_ != nullptr)
+    if (handle_)
         return false;
     platform::File file = platform::File::open_read(path);
     const std::uint64_t size = file.is_open() ? file.size().value_or(0) : 0;
     if (size == 0 || size > largest_block)
         return false;
-    handle_ = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<std::size_t>(size));
-    GlobalMemoryLock lock(handle_);
+    handle_.reset(GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, static_cast<std::size_t>(size)));
+    GlobalMemoryLock lock(handle_.get());
     const bool read =
         lock.data() != nullptr && read_all(file, std::span(lock.data(), static_cast<std::size_t>(size))) != 0;
     lock.release();
@@ -69,22 +64,18 @@ bool GDIPMemory::read_file(const std::wstring& path)
 }
 
 GlobalMemoryLock::GlobalMemoryLock(HGLOBAL handle)
-    : handle_(handle)
-    , data_(handle != nullptr ? static_cast<std::byte*>(GlobalLock(handle)) : nullptr)
+    : data_(handle != nullptr ? static_cast<std::byte*>(GlobalLock(handle)) : nullptr)
+    , lock_(data_ != nullptr ? handle : nullptr)
 {
 }
 
 void GlobalMemoryLock::release()
 {
-    if (data_ != nullptr)
-        GlobalUnlock(handle_);
+    lock_.reset();
     data_ = nullptr;
 }
 
-GDIPImage::~GDIPImage()
-{
-    release();
-}
+GDIPImage::~GDIPImage() = default;
 
 bool GDIPImage::load(const GDIPMemory& memory)
 {
@@ -93,23 +84,23 @@ bool GDIPImage::load(const GDIPMemory& memory)
     // The block stays the memory's: the stream must not free it.
     if (!memory || CreateStreamOnHGlobal(memory.handle(), FALSE, &stream_) != S_OK)
         return keep(Gdiplus::GenericError);
-    return keep(GdipLoadImageFromStream(stream_, &image_));
+    return keep(GdipLoadImageFromStream(stream_.Get(), image_.put()));
 }
 
 bool GDIPImage::load(const std::wstring& path)
 {
     if (loaded_ != 0)
         return false;
-    return keep(GdipLoadImageFromFile(path.c_str(), &image_));
+    return keep(GdipLoadImageFromFile(path.c_str(), image_.put()));
 }
 
 bool GDIPImage::copy_from(const GDIPImage& image)
 {
     if (loaded_ != 0)
         return false;
-    if (image.image_ == nullptr)
+    if (!image.image_)
         return keep(Gdiplus::InvalidParameter);
-    return keep(GdipCloneImage(image.image_, &image_));
+    return keep(GdipCloneImage(image.image_.get(), image_.put()));
 }
 
 void GDIPImage::clear()
@@ -129,28 +120,24 @@ bool GDIPImage::keep(Gdiplus::GpStatus status)
 // The picture before the stream that it reads from.
 void GDIPImage::release()
 {
-    if (image_ != nullptr)
-        GdipDisposeImage(image_);
-    image_ = nullptr;
-    if (stream_ != nullptr)
-        stream_->Release();
-    stream_ = nullptr;
+    image_.reset();
+    stream_.Reset();
     loaded_ = 0;
 }
 
 UINT GDIPImage::width() const
 {
     UINT width = 0;
-    if (image_ != nullptr)
-        status_ = GdipGetImageWidth(image_, &width);
+    if (image_)
+        status_ = GdipGetImageWidth(image_.get(), &width);
     return width;
 }
 
 UINT GDIPImage::height() const
 {
     UINT height = 0;
-    if (image_ != nullptr)
-        status_ = GdipGetImageHeight(image_, &height);
+    if (image_)
+        status_ = GdipGetImageHeight(image_.get(), &height);
     return height;
 }
 

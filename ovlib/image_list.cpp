@@ -34,7 +34,7 @@ HBITMAP copy_with_bits(HBITMAP bitmap, std::uint32_t** bits, std::size_t* count)
 bool ImageList::create(int width, int height, int capacity)
 {
     images_.reset(ImageList_Create(width, height, ILC_COLOR32, capacity, 0));
-    return images_ != nullptr;
+    return static_cast<bool>(images_);
 }
 
 int ImageList::add(HBITMAP premultiplied)

@@ -41,12 +41,16 @@ MENUITEMINFOW row_info(const MenuRow& row, HBITMAP picture)
 
 } // namespace
 
+BaseMenu::BaseMenu(HMENU owned)
+    : hmenu_(owned)
+    , owned_(owned)
+{
+}
+
 BaseMenu::~BaseMenu()
 {
     if (gone_ != nullptr)
         *gone_ = true;
-    if (hmenu_ != nullptr && owned_elsewhere_ == 0)
-        DestroyMenu(hmenu_);
 }
 
 bool BaseMenu::append(const MENUITEMINFOW& item)
@@ -70,14 +74,14 @@ bool BaseMenu::add_separator()
 
 bool BaseMenu::add_submenu(const std::wstring& text, BaseMenu& menu, int id)
 {
-    if (menu.hmenu_ == nullptr || menu.owned_elsewhere_ != 0)
+    if (!menu.owned_)
         return false;
     MENUITEMINFOW info = text_info(MIIM_ID | MIIM_SUBMENU, text);
     info.wID = static_cast<UINT>(id);
     info.hSubMenu = menu.hmenu_;
     if (!append(info))
         return false;
-    menu.owned_elsewhere_ = 1;
+    menu.owned_.release();
     return true;
 }
 
@@ -101,9 +105,9 @@ bool BaseMenu::add_row(const MenuRow& row, const MenuPictures* pictures)
     const bool filled = inner.add_rows(row.rows, pictures);
     info.fMask |= MIIM_SUBMENU;
     info.hSubMenu = inner.hmenu_;
-    if (inner.hmenu_ == nullptr || !append(info))
+    if (!inner.owned_ || !append(info))
         return false;
-    inner.owned_elsewhere_ = 1;
+    inner.owned_.release();
     return filled;
 }
 
@@ -173,14 +177,14 @@ int BaseMenu::show_at(const Wnd& owner, std::uint32_t flags, POINT point)
 }
 
 Menu::Menu()
+    : BaseMenu(CreatePopupMenu())
 {
-    hmenu_ = CreatePopupMenu();
     // One column for marks and pictures: with one for each, pictures touch the texts.
     MENUINFO info{};
     info.cbSize = sizeof info;
     info.fMask = MIM_STYLE;
     info.dwStyle = MNS_CHECKORBMP;
-    SetMenuInfo(hmenu_, &info);
+    SetMenuInfo(handle(), &info);
 }
 
 } // namespace ovlib

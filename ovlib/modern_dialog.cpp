@@ -1,9 +1,9 @@
 #include "ovlib/gui/modern_dialog.hpp"
 
-#include <memory>
 #include <utility>
 
 #include "ovlib/gui/wnd.hpp"
+#include "ovlib/handles.hpp"
 #include "platform/process_log.hpp"
 
 namespace ovlib::modern {
@@ -37,11 +37,10 @@ bool succeeded(HRESULT result, const wchar_t* failure)
 void append_path(IShellItemArray& items, DWORD index, std::vector<std::wstring>& paths)
 {
     ComPtr<IShellItem> item;
-    wchar_t* name = nullptr;
-    if (FAILED(items.GetItemAt(index, &item)) || FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &name)))
+    UniqueTaskMemory<wchar_t*> name;
+    if (FAILED(items.GetItemAt(index, &item)) || FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, name.put())))
         return;
-    const std::unique_ptr<wchar_t, decltype(&CoTaskMemFree)> owner{ name, &CoTaskMemFree };
-    paths.emplace_back(name);
+    paths.emplace_back(name.get());
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include <commctrl.h>
 #include <commoncontrols.h>
 #include <shellapi.h>
-#include <utility>
+#include <wrl/client.h>
 
 namespace ovlib {
 
@@ -19,14 +19,11 @@ DWORD kind_of(const std::wstring& path)
 
 } // namespace
 
-SHIcon::~SHIcon()
-{
-    clear();
-}
+SHIcon::~SHIcon() = default;
 
 void SHIcon::load(const std::wstring& path, int size)
 {
-    if (icon_ == nullptr && !take_icon(path, size))
+    if (!icon_ && !take_icon(path, size))
         clear();
 }
 
@@ -36,18 +33,16 @@ bool SHIcon::take_icon(const std::wstring& path, int size)
     constexpr UINT what = SHGFI_SYSICONINDEX | SHGFI_USEFILEATTRIBUTES | SHGFI_SHELLICONSIZE;
     if (SHGetFileInfoW(path.c_str(), kind_of(path), &info, sizeof info, what) == 0)
         return false;
-    if (FAILED(SHGetImageList(size, IID_PPV_ARGS(&list_))) || list_ == nullptr)
+    Microsoft::WRL::ComPtr<IImageList> list;
+    if (FAILED(SHGetImageList(size, IID_PPV_ARGS(&list))) || !list)
         return false;
-    return SUCCEEDED(list_->GetIcon(info.iIcon, ILD_TRANSPARENT, &icon_)) && icon_ != nullptr
-        && SUCCEEDED(list_->GetIconSize(&width_, &height_));
+    return SUCCEEDED(list->GetIcon(info.iIcon, ILD_TRANSPARENT, icon_.put())) && icon_
+        && SUCCEEDED(list->GetIconSize(&width_, &height_));
 }
 
 void SHIcon::clear()
 {
-    if (icon_ != nullptr)
-        DestroyIcon(std::exchange(icon_, nullptr));
-    if (list_ != nullptr)
-        std::exchange(list_, nullptr)->Release();
+    icon_.reset();
     width_ = height_ = 0;
 }
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "ovlib/handles.hpp"
+
 namespace ovlib {
 
 namespace {
@@ -10,39 +12,31 @@ constexpr DWORD flags =
     FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM;
 constexpr DWORD default_language = MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT);
 
-// The buffer that the system allocated for a message.
-template <class Char> class LocalText {
-public:
-    LocalText() = default;
-    LocalText(const LocalText&) = delete;
-    LocalText& operator=(const LocalText&) = delete;
-    ~LocalText() { LocalFree(text_); }
+// FORMAT_MESSAGE_ALLOCATE_BUFFER takes the address of a pointer where it declares a text.
+template <class Char> Char* target_of(UniqueLocalMemory<Char*>& message)
+{
+    return reinterpret_cast<Char*>(message.put());
+}
 
-    // FORMAT_MESSAGE_ALLOCATE_BUFFER takes the address of a pointer where it declares a text.
-    Char* target() { return reinterpret_cast<Char*>(&text_); }
-    std::basic_string<Char> str() const
-    {
-        return text_ != nullptr ? std::basic_string<Char>(text_) : std::basic_string<Char>();
-    }
-
-private:
-    Char* text_ = nullptr;
-};
+template <class Char> std::basic_string<Char> text_of(const UniqueLocalMemory<Char*>& message)
+{
+    return message ? std::basic_string<Char>(message.get()) : std::basic_string<Char>();
+}
 
 } // namespace
 
 std::wstring system_error_text(std::uint32_t code)
 {
-    LocalText<wchar_t> text;
-    FormatMessageW(flags, nullptr, code, default_language, text.target(), 0, nullptr);
-    return text.str();
+    UniqueLocalMemory<wchar_t*> message;
+    FormatMessageW(flags, nullptr, code, default_language, target_of<wchar_t>(message), 0, nullptr);
+    return text_of<wchar_t>(message);
 }
 
 std::string narrow_system_error_text(std::uint32_t code)
 {
-    LocalText<char> text;
-    FormatMessageA(flags, nullptr, code, default_language, text.target(), 0, nullptr);
-    return text.str();
+    UniqueLocalMemory<char*> message;
+    FormatMessageA(flags, nullptr, code, default_language, target_of<char>(message), 0, nullptr);
+    return text_of<char>(message);
 }
 
 } // namespace ovlib

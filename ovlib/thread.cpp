@@ -6,6 +6,8 @@
 #include <system_error>
 #include <windows.h>
 
+#include "ovlib/handles.hpp"
+
 namespace ovlib {
 
 namespace {
@@ -18,10 +20,10 @@ namespace {
 } // namespace
 
 struct Thread::Record {
-    HANDLE handle = nullptr;
+    UniqueKernelHandle handle;
     unsigned id = 0;
 
-    bool is_joinable() const { return handle != nullptr; }
+    bool is_joinable() const { return static_cast<bool>(handle); }
     void join() { join_after(WaitForSingleObject(handle_of_another(), INFINITE)); }
     // Breaking off reaches only the call that is running just then, so it is tried until none comes any more.
     // False when that takes longer than `limit` milliseconds.
@@ -33,7 +35,7 @@ struct Thread::Record {
         while ((waited = WaitForSingleObject(handle_of_another(), pause)) == WAIT_TIMEOUT) {
             if (GetTickCount64() - begin >= limit)
                 return false;
-            CancelSynchronousIo(handle);
+            CancelSynchronousIo(handle.get());
         }
         join_after(waited);
         return true;
@@ -44,14 +46,13 @@ private:
     {
         if (id == GetCurrentThreadId())
             raise(std::errc::resource_deadlock_would_occur);
-        return handle;
+        return handle.get();
     }
     void join_after(DWORD waited)
     {
         if (waited == WAIT_FAILED)
             raise(std::errc::no_such_process);
-        CloseHandle(handle);
-        handle = nullptr;
+        handle.reset();
     }
 };
 
@@ -71,12 +72,12 @@ bool Thread::start(void* arg, std::uint32_t flag_value)
     stop_flag_.exchange(flag_value);
     argument_ = arg;
     // Suspended until the record stands: the thread itself may ask for it.
-    record->handle = reinterpret_cast<HANDLE>(
-        _beginthreadex(nullptr, 0, &Thread::enter, this, CREATE_SUSPENDED, &record->id));
-    if (record->handle == nullptr)
+    record->handle.reset(reinterpret_cast<HANDLE>(
+        _beginthreadex(nullptr, 0, &Thread::enter, this, CREATE_SUSPENDED, &record->id)));
+    if (!record->is_joinable())
         raise(std::errc::resource_unavailable_try_again);
     record_ = std::move(record);
-    ResumeThread(record_->handle);
+    ResumeThread(record_->handle.get());
     return true;
 }
 

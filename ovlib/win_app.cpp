@@ -2,6 +2,7 @@
 
 #include <shellapi.h>
 
+#include "ovlib/handles.hpp"
 #include "platform/path_text.hpp"
 
 namespace ovlib::WinApp {
@@ -16,11 +17,10 @@ void initialize(HINSTANCE module, int show)
     instance = module;
     show_command = show;
     int count = 0;
-    wchar_t** const vector = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (vector == nullptr)
+    const UniqueLocalMemory<wchar_t**> vector{ CommandLineToArgvW(GetCommandLineW(), &count) };
+    if (!vector)
         return;
-    arguments.assign(vector, vector + count);
-    LocalFree(vector);
+    arguments.assign(vector.get(), vector.get() + count);
     if (arguments.empty())
         return;
     program_path = arguments.front();

@@ -1,7 +1,6 @@
 #include "app/wnd/shell_folders.hpp"
+#include "ovlib/handles.hpp"
 #include <array>
-#include <memory>
-#include <objbase.h>
 #include <shlobj.h>
 #include <windows.h>
 
@@ -9,12 +8,11 @@ namespace app {
 
 std::wstring desktop_folder()
 {
-    PIDLIST_ABSOLUTE list = nullptr;
-    if (FAILED(SHGetSpecialFolderLocation(nullptr, CSIDL_DESKTOPDIRECTORY, &list)))
+    ovlib::UniqueTaskMemory<PIDLIST_ABSOLUTE> list;
+    if (FAILED(SHGetSpecialFolderLocation(nullptr, CSIDL_DESKTOPDIRECTORY, list.put())))
         return {};
-    const std::unique_ptr<ITEMIDLIST, decltype(&CoTaskMemFree)> owner{ list, &CoTaskMemFree };
     std::array<wchar_t, MAX_PATH> path{};
-    return SHGetPathFromIDListW(list, path.data()) ? std::wstring{ path.data() } : std::wstring{};
+    return SHGetPathFromIDListW(list.get(), path.data()) ? std::wstring{ path.data() } : std::wstring{};
 }
 
 } // namespace app

@@ -6,6 +6,7 @@
 #include "core/folders.hpp"
 #include "core/titles.hpp"
 #include "ovlib/gui/gdip.hpp"
+#include "ovlib/handles.hpp"
 #include "ovlib/system_error.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/process_log.hpp"
@@ -26,33 +27,26 @@ void tell(const wchar_t* text, BoxStyle style)
 }
 
 // The guard against a second run. Held for the life of the process.
-class OneInstance {
-public:
-    OneInstance()
-        : mutex_(
-            CreateMutexW(nullptr, TRUE, L"a1b2c3d4e5f647a89b0cd1e2f3a4b5c69fa72d38b5c1440eacdf81e76b03a1cf"))
+struct OwnedMutex {
+    using Handle = HANDLE;
+    static Handle invalid() noexcept { return nullptr; }
+    static void close(Handle mutex) noexcept
     {
-        if (mutex_ && GetLastError() == ERROR_ALREADY_EXISTS)
-            let_go();
+        ReleaseMutex(mutex);
+        CloseHandle(mutex);
     }
-    ~OneInstance() { let_go(); }
-    OneInstance(const OneInstance&) = delete;
-    OneInstance& operator=(const OneInstance&) = delete;
-
-    bool is_ours() const { return mutex_ != nullptr; }
-
-private:
-    void let_go()
-    {
-        if (!mutex_)
-            return;
-        ReleaseMutex(mutex_);
-        CloseHandle(mutex_);
-        mutex_ = nullptr;
-    }
-
-    HANDLE mutex_;
 };
+using OneInstance = ovlib::unique_handle<OwnedMutex>;
+
+// None when another instance holds it.
+OneInstance become_the_instance()
+{
+    constexpr auto name = L"a1b2c3d4e5f647a89b0cd1e2f3a4b5c69fa72d38b5c1440eacdf81e76b03a1cf";
+    OneInstance instance{ CreateMutexW(nullptr, TRUE, name) };
+    if (GetLastError() == ERROR_ALREADY_EXISTS)
+        instance.reset();
+    return instance;
+}
 
 class OleSession {
 public:
@@ -128,8 +122,8 @@ int run_with_libraries()
 
 int run_application()
 {
-    const OneInstance instance;
-    if (!instance.is_ours()) {
+    const OneInstance instance = become_the_instance();
+    if (!instance) {
         tell(L"This application is already running.", BoxStyle::warning);
         return failed;
     }

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <windows.h>
 
+#include "ovlib/handles.hpp"
+
 namespace ovlib {
 
 class Event {
@@ -10,9 +12,6 @@ public:
     enum class Reset { automatic, manual };
 
     explicit Event(Reset reset = Reset::automatic, bool signalled = false);
-    Event(const Event&) = delete;
-    Event& operator=(const Event&) = delete;
-    ~Event();
 
     bool set();
     bool reset();
@@ -20,10 +19,10 @@ public:
     bool wait(std::uint32_t milliseconds = INFINITE) const;
 
     // Null when the system had none to give.
-    HANDLE handle() const { return handle_; }
+    HANDLE handle() const { return handle_.get(); }
 
 private:
-    HANDLE handle_;
+    UniqueKernelHandle handle_;
 };
 
 } // namespace ovlib

@@ -3,8 +3,8 @@
 #include "look/banner.hpp"
 #include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/passive_wnd.hpp"
+#include "ovlib/handles.hpp"
 #include "ovlib/timer.hpp"
-#include <memory>
 
 namespace look {
 
@@ -26,11 +26,6 @@ public:
     void draw(const ovlib::BackBuffer& buffer) const;
 
 private:
-    struct IconDeleter {
-        void operator()(HICON icon) const { DestroyIcon(icon); }
-    };
-    using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
-
     void make_font_and_icon();
     void on_timer();
     bool on_paint();
@@ -43,7 +38,7 @@ private:
     std::wstring text_;
     ovlib::Timer timer_;
     ovlib::GDI::Font font_;
-    Icon icon_;
+    ovlib::UniqueIcon icon_;
 };
 
 } // namespace look

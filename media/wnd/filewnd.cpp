@@ -6,6 +6,7 @@
 #include "core/settings.hpp"
 #include "core/titles.hpp"
 #include "ovlib/gui/system_geometry.hpp"
+#include "ovlib/handles.hpp"
 #include "platform/file.hpp"
 #include <utility>
 
@@ -117,9 +118,9 @@ void FileWnd::set_rect(const RECT& rect, bool repaint)
     if (canvas_.fit() && canvas_.area() != before)
         draw_anew();
     const SIZE whole = size();
-    HRGN const region = CreateRoundRectRgn(0, 0, whole.cx + 1, whole.cy + 1, corner, corner);
-    if (!SetWindowRgn(hwnd(), region, repaint))
-        DeleteObject(region);
+    ovlib::UniqueRegion region{ CreateRoundRectRgn(0, 0, whole.cx + 1, whole.cy + 1, corner, corner) };
+    if (SetWindowRgn(hwnd(), region.get(), repaint))
+        region.release(); // the system's from here on
 }
 
 void FileWnd::load_mark()

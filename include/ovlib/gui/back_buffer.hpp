@@ -2,6 +2,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <windows.h>
 
 #include "ovlib/gui/dc.hpp"
@@ -35,11 +36,6 @@ void fill_rect(BaseImage& image, Color color, const RECT& rect);
 // WM_PAINT.
 class BackBuffer : public BaseImage {
 public:
-    BackBuffer() = default;
-    BackBuffer(const BackBuffer&) = delete;
-    BackBuffer& operator=(const BackBuffer&) = delete;
-    ~BackBuffer() override;
-
     // Sides below 1 become 1. False when a bitmap exists already, and on failure, which leaves nothing
     // behind.
     bool create(int wanted_width, int wanted_height);
@@ -49,16 +45,16 @@ public:
     // The whole buffer, with its left upper corner there.
     void copy_to(const DC& target, POINT at = {}) const;
 
-    bool is_created() const { return bitmap_ != nullptr; }
+    bool is_created() const { return static_cast<bool>(bitmap_); }
     const MemDC& dc() const { return dc_; }
-    HBITMAP bitmap() const { return bitmap_; }
+    HBITMAP bitmap() const { return bitmap_.handle(); }
     const BITMAPINFO& info() const { return info_; }
 
 private:
     BITMAPINFO info_{};
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ previous_ = nullptr;
     MemDC dc_;
+    GDI::Bitmap bitmap_;
+    std::optional<ObjectSelection> selected_;
 };
 
 } // namespace ovlib

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "ovlib/gui/gdi_object.hpp"
+#include "ovlib/handles.hpp"
 
 namespace ovlib {
 
@@ -45,10 +46,9 @@ public:
     explicit ClientDC(const Wnd& wnd);
     ClientDC(const ClientDC&) = delete;
     ClientDC& operator=(const ClientDC&) = delete;
-    ~ClientDC() override;
 
 private:
-    const Wnd& wnd_;
+    UniqueLentDC owned_;
 };
 
 class MemDC : public DC {
@@ -57,9 +57,11 @@ public:
     explicit MemDC(HDC like = nullptr);
     MemDC(const MemDC&) = delete;
     MemDC& operator=(const MemDC&) = delete;
-    ~MemDC() override;
     // Of the selected bitmap; 0 and 0 without one.
     SIZE size() const override;
+
+private:
+    UniqueMemoryDC owned_;
 };
 
 // Selects for the length of a scope. Declare the object's owner before it.
@@ -75,6 +77,8 @@ public:
     virtual ~ObjectSelection() { release(); }
     // Selects the old object back, once.
     void release();
+    // False when the system refused the object, and after release.
+    explicit operator bool() const { return previous_ != nullptr; }
 
 private:
     const DC* dc_;

@@ -2,9 +2,9 @@
 #pragma once
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <windows.h>
 
+#include "ovlib/handles.hpp"
 #include "platform/color.hpp"
 
 namespace ovlib::GDI {
@@ -15,25 +15,34 @@ enum class Ownership : std::uint32_t { none = 0, owned = 1, borrowed = 2 };
 class Object {
 public:
     Object() = default;
-    Object(Object&& other) noexcept;
-    Object& operator=(Object&& other) noexcept;
+    Object(Object&&) = default;
+    Object& operator=(Object&&) = default;
     virtual ~Object();
 
     // Refused, with false, while an object is owned. An owned handle belongs to this call from its start: one
     // that is refused is deleted, so that nothing is lost.
-    bool attach(HGDIOBJ handle, Ownership ownership);
+    bool attach(HGDIOBJ object, Ownership ownership);
     // Lets go of what is held, then attaches.
-    void renew(HGDIOBJ handle, Ownership ownership = Ownership::owned);
+    void renew(HGDIOBJ object, Ownership ownership = Ownership::owned);
     // Deletes an owned object, forgets a borrowed one.
     void reset();
 
-    HGDIOBJ handle() const { return handle_; }
-    Ownership ownership() const { return ownership_; }
-    explicit operator bool() const { return handle_ != nullptr; }
+    HGDIOBJ handle() const { return held_.get().object; }
+    Ownership ownership() const { return held_.get().ownership; }
+    explicit operator bool() const { return static_cast<bool>(held_); }
 
 private:
-    HGDIOBJ handle_ = nullptr;
-    Ownership ownership_ = Ownership::none;
+    struct OwnedOrBorrowed {
+        struct Handle {
+            HGDIOBJ object = nullptr;
+            Ownership ownership = Ownership::none;
+            bool operator==(const Handle&) const = default;
+        };
+        static Handle invalid() noexcept { return {}; }
+        static void close(Handle held) noexcept;
+    };
+
+    unique_handle<OwnedOrBorrowed> held_;
 };
 
 class Pen : public Object {

@@ -44,7 +44,7 @@ public:
     GDIP& operator=(const GDIP&) = delete;
     virtual ~GDIP();
 
-    Gdiplus::GpGraphics* graphics() const { return graphics_; }
+    Gdiplus::GpGraphics* graphics() const { return graphics_.get(); }
     Gdiplus::GpStatus status() const { return status_; }
     void set_smoothing(Gdiplus::SmoothingMode mode);
     // Radii wider than half the rectangle draw nothing.
@@ -61,7 +61,7 @@ public:
 private:
     void fill_and_draw(Gdiplus::GpPath* path, Color border, float border_width, Color fill);
 
-    Gdiplus::GpGraphics* graphics_ = nullptr;
+    UniqueGdipGraphics graphics_;
     Gdiplus::GpStatus status_;
 };
 

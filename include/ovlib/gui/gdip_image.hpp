@@ -5,6 +5,9 @@
 #include <span>
 #include <string>
 #include <vector>
+#include <windows.h>
+
+#include <wrl/client.h>
 
 #include "ovlib/gui/gdiplus.hpp"
 
@@ -24,11 +27,11 @@ public:
     bool read_file(const std::wstring& path);
     void free();
 
-    HGLOBAL handle() const { return handle_; }
-    explicit operator bool() const { return handle_ != nullptr; }
+    HGLOBAL handle() const { return handle_.get(); }
+    explicit operator bool() const { return static_cast<bool>(handle_); }
 
 private:
-    HGLOBAL handle_ = nullptr;
+    UniqueGlobalMemory handle_;
 };
 
 // A block's bytes, locked for the length of a scope.
@@ -37,13 +40,12 @@ public:
     explicit GlobalMemoryLock(HGLOBAL handle);
     GlobalMemoryLock(const GlobalMemoryLock&) = delete;
     GlobalMemoryLock& operator=(const GlobalMemoryLock&) = delete;
-    ~GlobalMemoryLock() { release(); }
     void release();
     std::byte* data() const { return data_; }
 
 private:
-    HGLOBAL handle_;
     std::byte* data_;
+    UniqueGlobalLock lock_;
 };
 
 // Loaded once: load and copy_from refuse while a picture is held, clear makes room. A failed load leaves it
@@ -61,7 +63,7 @@ public:
     virtual void clear();
 
     bool is_loaded() const { return loaded_ != 0; }
-    Gdiplus::GpImage* image() const { return image_; }
+    Gdiplus::GpImage* image() const { return image_.get(); }
     Gdiplus::GpStatus status() const { return status_; }
     // In pixels; 0 without a picture.
     UINT width() const;
@@ -73,8 +75,8 @@ protected:
 private:
     void release();
 
-    Gdiplus::GpImage* image_ = nullptr;
-    IStream* stream_ = nullptr;
+    Microsoft::WRL::ComPtr<IStream> stream_; // outlives the picture, which reads from it
+    UniqueGdipImage image_;
     std::uint8_t loaded_ = 0;
     mutable Gdiplus::GpStatus status_ = Gdiplus::Ok;
 };

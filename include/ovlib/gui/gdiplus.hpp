@@ -1,4 +1,5 @@
-// The one way to the system's GDI+ header: with NOMINMAX it finds no min and max of its own.
+// The one way to the system's GDI+ header: with NOMINMAX it finds no min and max of its own. Owners of what
+// it makes.
 #pragma once
 #include <algorithm>
 #include <windows.h>
@@ -18,3 +19,17 @@ using std::min;
 #if defined(_MSC_VER)
 #pragma warning(pop)
 #endif
+
+#include "ovlib/handles.hpp"
+
+namespace ovlib {
+
+using UniqueGdipGraphics =
+    unique_handle<GivenBackBy<Gdiplus::GpGraphics*, &Gdiplus::DllExports::GdipDeleteGraphics>>;
+using UniqueGdipImage = unique_handle<GivenBackBy<Gdiplus::GpImage*, &Gdiplus::DllExports::GdipDisposeImage>>;
+using UniqueGdipPath = unique_handle<GivenBackBy<Gdiplus::GpPath*, &Gdiplus::DllExports::GdipDeletePath>>;
+using UniqueGdipPen = unique_handle<GivenBackBy<Gdiplus::GpPen*, &Gdiplus::DllExports::GdipDeletePen>>;
+using UniqueGdipSolidFill =
+    unique_handle<GivenBackBy<Gdiplus::GpSolidFill*, &Gdiplus::DllExports::GdipDeleteBrush>>;
+
+} // namespace ovlib

@@ -1,10 +1,10 @@
 // Pictures of one size, for list views.
 #pragma once
-#include <memory>
-#include <type_traits>
 #include <windows.h>
 
 #include <commctrl.h>
+
+#include "ovlib/handles.hpp"
 
 namespace ovlib {
 
@@ -19,13 +19,10 @@ public:
     int add(HBITMAP premultiplied);
 
     HIMAGELIST handle() const { return images_.get(); }
-    explicit operator bool() const { return images_ != nullptr; }
+    explicit operator bool() const { return static_cast<bool>(images_); }
 
 private:
-    struct Deleter {
-        void operator()(HIMAGELIST images) const { ImageList_Destroy(images); }
-    };
-    std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, Deleter> images_;
+    UniqueImageList images_;
 };
 
 } // namespace ovlib

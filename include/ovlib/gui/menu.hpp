@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include "controls/menu_rows.hpp"
+#include "ovlib/handles.hpp"
 
 namespace ovlib {
 
@@ -50,18 +51,17 @@ public:
     bool is_showing() const { return showing_ != 0; }
 
     HMENU handle() const { return hmenu_; }
-    bool is_owned_elsewhere() const { return owned_elsewhere_ != 0; }
+    bool is_owned_elsewhere() const { return hmenu_ != owned_.get(); }
 
 protected:
-    BaseMenu() = default;
-
-    std::uint32_t owned_elsewhere_ = 0;
-    HMENU hmenu_ = nullptr;
+    explicit BaseMenu(HMENU owned);
 
 private:
     bool append(const MENUITEMINFOW& item);
     bool add_row(const MenuRow& row, const MenuPictures* pictures);
 
+    HMENU hmenu_;
+    UniqueMenu owned_; // the same, until it belongs to another menu
     std::uint8_t showing_ = 0;
     bool* gone_ = nullptr; // set while showing: messages served meanwhile may delete this object
 };

@@ -3,7 +3,7 @@
 #include <string>
 #include <windows.h>
 
-struct IImageList;
+#include "ovlib/handles.hpp"
 
 namespace ovlib {
 
@@ -11,25 +11,22 @@ namespace ovlib {
 class SHIcon {
 public:
     SHIcon() = default;
-    SHIcon(const SHIcon&) = delete;
-    SHIcon& operator=(const SHIcon&) = delete;
     virtual ~SHIcon();
 
     // `size` is one of the SHIL_ numbers. The name decides: a file need not exist, a folder must. Does
     // nothing when an icon is loaded already.
     void load(const std::wstring& path, int size);
 
-    HICON icon() const { return icon_; }
+    HICON icon() const { return icon_.get(); }
     int width() const { return width_; }
     int height() const { return height_; }
-    explicit operator bool() const { return icon_ != nullptr; }
+    explicit operator bool() const { return static_cast<bool>(icon_); }
 
 private:
     bool take_icon(const std::wstring& path, int size);
     void clear();
 
-    IImageList* list_ = nullptr;
-    HICON icon_ = nullptr;
+    UniqueIcon icon_;
     int width_ = 0;
     int height_ = 0;
 };

@@ -1,0 +1,40 @@
+// An owner for each way of giving back that the system has. Those of GDI+ are with its header, and
+// GDI::Object owns pens, brushes, fonts and bitmaps or borrows them.
+#pragma once
+#include <windows.h>
+
+#include <commctrl.h>
+#include <objbase.h>
+
+#include "platform/unique_handle.hpp"
+
+namespace ovlib {
+
+using platform::GivenBackBy;
+using platform::unique_handle;
+
+using UniqueGlobalLock = unique_handle<GivenBackBy<HGLOBAL, &GlobalUnlock>>;
+using UniqueGlobalMemory = unique_handle<GivenBackBy<HGLOBAL, &GlobalFree>>;
+using UniqueIcon = unique_handle<GivenBackBy<HICON, &DestroyIcon>>;
+using UniqueImageList = unique_handle<GivenBackBy<HIMAGELIST, &ImageList_Destroy>>;
+using UniqueKernelHandle = unique_handle<GivenBackBy<HANDLE, &CloseHandle>>;
+using UniqueLibrary = unique_handle<GivenBackBy<HMODULE, &FreeLibrary>>;
+using UniqueMemoryDC = unique_handle<GivenBackBy<HDC, &DeleteDC>>;
+using UniqueMenu = unique_handle<GivenBackBy<HMENU, &DestroyMenu>>;
+using UniqueRegion = unique_handle<GivenBackBy<HRGN, &DeleteObject>>;
+template <class Pointer> using UniqueLocalMemory = unique_handle<GivenBackBy<Pointer, &LocalFree>>;
+template <class Pointer> using UniqueTaskMemory = unique_handle<GivenBackBy<Pointer, &CoTaskMemFree>>;
+
+// A device context that a window lends, which is given back with the window's handle.
+struct LentDC {
+    struct Handle {
+        HWND hwnd = nullptr;
+        HDC hdc = nullptr;
+        bool operator==(const Handle&) const = default;
+    };
+    static Handle invalid() noexcept { return {}; }
+    static void close(Handle lent) noexcept { ReleaseDC(lent.hwnd, lent.hdc); }
+};
+using UniqueLentDC = unique_handle<LentDC>;
+
+} // namespace ovlib
