@@ -40,13 +40,13 @@ bool FilePane::show_selected_file()
     if (pane_.is_loading())
         return false;
     const media::ImageLoader& loader = pane_.loader();
-    const unsigned turn = ++turn_;
+    const auto query = queries_.make();
     media::FileFacts facts = loader.facts_to_show();
-    if (turn != turn_)
+    if (!queries_.is_latest(query))
         return false;
     facts_ = std::move(facts);
     small_picture_.fetch(loader.path(), facts_.kind, thumbnails_, paths_);
-    return turn == turn_;
+    return queries_.is_latest(query);
 }
 
 void FilePane::draw_note(const ovlib::DC& dc, const MainLayout& layout, const std::wstring& counter) const

@@ -1,6 +1,7 @@
 // The file pane of the main window with what is told of its file below it.
 #pragma once
 #include "app/main_layout.hpp"
+#include "core/latest_request.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "media/wnd/small_picture.hpp"
 #include <string>
@@ -29,7 +30,7 @@ private:
     media::FileWnd pane_;
     media::FileFacts facts_; // of what is in the pane
     media::SmallPicture small_picture_;
-    unsigned turn_ = 0; // of asking
+    core::LatestRequest queries_; // for the facts and the small picture
 };
 
 } // namespace app

@@ -137,23 +137,24 @@ void FileWnd::on_destroy()
 
 void FileWnd::show_selected_file()
 {
-    must_load_again_ = true;
+    loads_.make();
     if (is_loading_)
         return;
     const Flagged loading{ is_loading_ };
-    while (must_load_again_ && book_->current_page()) {
-        must_load_again_ = false;
-        load_and_show();
+    auto served = core::LatestRequest::Request::none;
+    while (!loads_.is_latest(served) && book_->current_page()) {
+        served = loads_.latest();
+        load_and_show(served);
     }
 }
 
-void FileWnd::load_and_show()
+void FileWnd::load_and_show(core::LatestRequest::Request load)
 {
     // It holds the loader's lock.
     gif_thread_.stop();
     loader_.load(selected_entry());
     // Another file is wanted, or the window went, while the shell was asked.
-    if (must_load_again_ || !is_window())
+    if (!loads_.is_latest(load) || !is_window())
         return;
     lay_out_and_draw();
     InvalidateRect(hwnd(), nullptr, TRUE);

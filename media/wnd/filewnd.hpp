@@ -3,6 +3,7 @@
 #pragma once
 #include "book/book.hpp"
 #include "controls/wheel_steps.hpp"
+#include "core/latest_request.hpp"
 #include "look/wnd/themed.hpp"
 #include "media/pane_input.hpp"
 #include "media/wnd/gif_thread.hpp"
@@ -67,7 +68,7 @@ private:
     void drag_file();
     void draw_many_files_mark();
 
-    void load_and_show();
+    void load_and_show(core::LatestRequest::Request load);
     void lay_out_and_draw();
     void draw_anew();
     std::wstring selected_entry() const;
@@ -81,7 +82,7 @@ private:
     ovlib::WheelSteps wheel_;
     ovlib::GDI::Bitmap many_files_mark_;
     bool is_loading_ = false;
-    bool must_load_again_ = false;
+    core::LatestRequest loads_;
 };
 
 } // namespace media

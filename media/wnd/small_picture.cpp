@@ -57,14 +57,14 @@ void SmallPicture::fetch(
     clear();
     if (path.empty())
         return;
-    const unsigned turn = turn_;
+    const auto fetch = fetches_.make();
     const std::wstring icon_file = icon_file_of(path, paths.is_silent(path));
     ShellThumbnail thumbnail;
     auto icon = std::make_unique<ovlib::SHIcon>();
     if (icon_file != path || !thumbnail.take(thumbnails.picture_of(path, small_picture_side)))
         icon->load(icon_file, SHIL_LARGE);
     // Messages let through meanwhile may have brought a later file.
-    if (turn != turn_)
+    if (!fetches_.is_latest(fetch))
         return;
     kind_ = kind;
     is_blended_ = thumbnail.bitmap() && has_alpha(thumbnail);
@@ -74,7 +74,7 @@ void SmallPicture::fetch(
 
 void SmallPicture::clear()
 {
-    ++turn_;
+    fetches_.make();
     thumbnail_.clear();
     icon_.reset();
     kind_ = FileKind::unknown;

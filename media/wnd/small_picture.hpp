@@ -1,5 +1,6 @@
 // The small picture of a file beside its facts.
 #pragma once
+#include "core/latest_request.hpp"
 #include "media/file_facts.hpp"
 #include "media/wnd/shell_thumbnail.hpp"
 #include "ovlib/gui/dc.hpp"
@@ -36,7 +37,7 @@ private:
     ShellThumbnail thumbnail_;
     bool is_blended_ = false; // the thumbnail, for its alpha
     std::unique_ptr<ovlib::SHIcon> icon_;
-    unsigned turn_ = 0; // of fetching
+    core::LatestRequest fetches_;
 };
 
 } // namespace media
