@@ -183,7 +183,7 @@ std::uint32_t GifThread::draw(bool is_paused)
 {
     drawn_ = look(is_paused);
     const std::uint32_t delay = is_selected_ ? loader_->delays()[*active_] : 0;
-    return canvas_->draw_frame_of_animation(
+    return canvas_->draw_animation_step(
         { run_, drawn_->frame, delay, drawn_->is_paused, drawn_->has_overlay });
 }
 

@@ -117,21 +117,21 @@ void ImageCanvas::draw(int x_offset, int y_offset)
     ovlib::finish_drawing();
 }
 
-std::uint32_t ImageCanvas::draw_frame_of_animation(const AnimationFrame& frame)
+std::uint32_t ImageCanvas::draw_animation_step(const AnimationStep& step)
 {
     const std::scoped_lock hold{ core::drawing_lock() };
     clear();
     draw_picture(layout_.draw_rect);
-    if (frame.is_paused)
+    if (step.is_paused)
         draw_labelled_text(look::shared_font(label_font), paused_text, paused_text_place(layout_.draw_rect),
             white, paused_text_alpha);
-    if (frame.has_overlay) {
-        draw_text(look::shared_font(label_font), delay_text(frame.delay), delay_text_rect(area()),
+    if (step.has_overlay) {
+        draw_text(look::shared_font(label_font), delay_text(step.delay), delay_text_rect(area()),
             palette().viewer_text);
-        draw_seek_bar(frame.run, frame.frame);
+        draw_seek_bar(step.run, step.frame);
     }
     ovlib::finish_drawing();
-    return frame.is_paused ? paused_wait : frame_time(frame.delay);
+    return step.is_paused ? paused_wait : frame_time(step.delay);
 }
 
 void ImageCanvas::clear()

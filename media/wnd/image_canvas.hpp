@@ -11,8 +11,8 @@
 
 namespace media {
 
-// One turn of an animation as it is drawn.
-struct AnimationFrame {
+// One step of an animation: a frame and what is drawn over it.
+struct AnimationStep {
     const GifRun& run;
     std::uint32_t frame = 0;
     std::uint32_t delay = 0; // as stored, in milliseconds
@@ -33,10 +33,11 @@ public:
     // What is loaded, scrolled by the offset.
     void draw(int x_offset, int y_offset);
     // The frame that is active, with what stands over it. How long it is to be seen, in milliseconds.
-    std::uint32_t draw_frame_of_animation(const AnimationFrame& frame);
+    std::uint32_t draw_animation_step(const AnimationStep& step);
 
     void clear();
     void draw_placeholder(const platform::Rect& rect);
+    // A border round a thumbnail, with the file's icon and name below it.
     void draw_frame(const platform::Rect& rect);
     void draw_missing();
     void draw_labelled_text(
