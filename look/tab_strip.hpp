@@ -14,7 +14,8 @@
 
 namespace look {
 
-// A tab as it was when the strip was last built. A copy, so the strip can be painted after the Book has changed.
+// A tab as it was when the strip was last built. A copy, so the strip can be painted after the Book has
+// changed.
 struct TabItem {
     std::uint64_t number = 0; // from 1
     platform::Rect rect;

@@ -154,7 +154,9 @@ TEST(CommandRules, KnowNoOtherCommand)
         while (row != rows.end() && row->last < id)
             ++row;
         const bool is_known = row != rows.end() && id >= row->first;
-        EXPECT_EQ(core::find_row(std::span<const core::CommandRule>{ core::command_rules }, id) != nullptr, is_known) << id;
+        EXPECT_EQ(core::find_row(std::span<const core::CommandRule>{ core::command_rules }, id) != nullptr,
+            is_known)
+            << id;
     }
 }
 
