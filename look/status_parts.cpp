@@ -10,8 +10,6 @@ namespace look {
 
 namespace {
 
-using core::format_byte_size;
-
 StatusRun value(std::wstring text)
 {
     return { std::move(text), StatusTone::value };
