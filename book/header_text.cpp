@@ -23,6 +23,8 @@ unsigned digit_value(std::uint32_t unit)
 template <typename Unit> std::optional<BookHeader> parse_header(std::basic_string_view<Unit> digits)
 {
     HeaderBytes bytes{};
+    // A header of another length counts as damaged as a whole: reading it in part would mix settings and
+    // defaults.
     if (digits.size() != 2 * bytes.size())
         return std::nullopt;
     for (std::size_t i = 0; i < bytes.size(); ++i) {

@@ -12,6 +12,7 @@ std::vector<std::wstring> read_history(ByteSource& source)
     LineReader reader(source);
     for (FileText line = reader.read_line(); !line.empty(); line = reader.read_line()) {
         line = trimmed(line, TrimMode::both);
+        // Editors write a byte order mark; it is not part of a path.
         if (!line.empty() && line.front() == static_cast<FileUnit>(byte_order_mark))
             line.remove_prefix(1);
         if (!line.empty())
@@ -60,6 +61,7 @@ void HistoryList::add(std::wstring entry)
             entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(i));
     }
     entries_.insert(entries_.begin(), std::move(entry));
+    // Drops one entry for the added one: a longer list, from an edited file, keeps its length.
     if (entries_.size() > history_limit)
         entries_.pop_back();
     save();

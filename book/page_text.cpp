@@ -50,6 +50,7 @@ std::size_t trim_text(std::wstring& text, TrimMode mode)
 {
     const std::wstring_view kept = trimmed(text, mode);
     const auto start = static_cast<std::size_t>(kept.data() - text.data());
+    // The end first, so that `start` stays valid.
     text.erase(start + kept.size());
     text.erase(0, start);
     return text.size();

@@ -15,6 +15,8 @@ bool QueryMatcher::matches(const Page& page) const
 {
     if (query_.selected_only || query_.terms.empty())
         return matches_without_terms(page);
+    // Each of all terms may be in another text of the page, so they are searched one by one. For any term,
+    // one pass over the texts searches all terms at once.
     const bool has_terms = query_.all_terms ? std::all_of(finders_.begin(), finders_.end(),
                                [&](const TermFinder& finder) {
                                    return has_any(page, { &finder, 1 });
@@ -30,6 +32,7 @@ bool QueryMatcher::collect(const Page& page, std::vector<SearchHit>& hits) const
         return matches_without_terms(page);
     if (collect_terms(page, hits))
         return true;
+    // Hits of some terms do not count when another one is missing.
     hits.clear();
     return is_tracked(page);
 }

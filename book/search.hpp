@@ -23,7 +23,7 @@ struct SearchQuery {
 
 enum class LetterCase { exact, folded };
 
-// SearchHit::place: 100, 101, 102 are the boxes, 200 + i is entry i of the file list.
+// Where on a page: 100, 101, 102 are the boxes, 200 + i is entry i of the file list.
 inline constexpr std::uint64_t box_place = 100;
 inline constexpr std::uint64_t file_place = 200;
 

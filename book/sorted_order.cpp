@@ -55,7 +55,7 @@ template <typename KeyOf> Order sorted_by(const std::vector<Page>& pages, KeyOf 
 
 Order sorted_by_box(const std::vector<Page>& pages, std::size_t box)
 {
-    std::vector<const std::wstring*> texts;
+    std::vector<const std::wstring*> texts; // pointers, so that no text is copied
     texts.reserve(pages.size());
     for (const Page& page : pages)
         texts.push_back(&page.text[box]);

@@ -53,6 +53,7 @@ int value_to_x(const SliderModel& slider)
     const Rect& track = slider.track;
     if (slider.max == slider.min)
         return track.left;
+    // A value outside the range keeps the thumb inside the track.
     const double place = std::round(slider.value / span_of(slider) * track.width() + track.left);
     return static_cast<int>(
         std::max(std::min(place, static_cast<double>(track.right) - 1), static_cast<double>(track.left)));
@@ -81,6 +82,7 @@ std::optional<SliderNotice> press_slider(SliderModel& slider, SliderPart part, s
     slider.pressed = part != SliderPart::none;
     if (!slider.pressed)
         return {};
+    // Unlike the system's trackbar, a press on the track goes straight to the mouse position.
     const std::int32_t old = slider.value;
     slider.value = clamp_value(slider, there);
     if (part == SliderPart::thumb)
@@ -92,6 +94,7 @@ std::optional<SliderNotice> drag_slider(SliderModel& slider, std::int64_t there)
 {
     const std::int32_t old = slider.value;
     slider.value = clamp_value(slider, there);
+    // No notification while the value is unchanged: the parent may do much work for each.
     if (slider.value == old)
         return {};
     return SliderNotice{ SliderCode::thumb_track, slider.value };

@@ -16,6 +16,7 @@ constexpr int span_weight = 160; // of 256, for the pixels below the span
 constexpr int frame_dark = -150;
 constexpr int frame_light = 200;
 
+// Pixels per page, as a fraction: 100,000 pages share 370 pixels.
 double scale_of(std::size_t page_count)
 {
     return static_cast<double>(page_bar_size.width) / static_cast<double>(page_count);

@@ -19,6 +19,7 @@ constexpr std::u16string_view interface_face = u"Meiryo UI";
 constexpr std::int32_t normal = 400;
 constexpr std::int32_t bold = 700;
 
+// In the order of SharedFont.
 constexpr std::array<FontSpec, shared_font_count> specs{ {
     { arial, 8, normal },
     { arial, 9, normal },

@@ -28,6 +28,7 @@ constexpr std::array<TabColor, tab_color_count> tab_color_table{ {
 
 constexpr Color white{ 0xFFFFFF };
 
+// The header is not checked when it is read: an unknown number becomes the nearest box.
 std::size_t label_box(const book::BookHeader& header)
 {
     constexpr std::int32_t last_box =

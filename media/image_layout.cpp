@@ -95,6 +95,8 @@ ImageLayout layout_image(const LayoutRequest& request)
 
 Rect draw_target(const ImageLayout& layout, Point offset)
 {
+    // At actual size a picture larger than the client area begins at the scroll offset; a smaller one stays
+    // centred.
     const Rect& drawn = layout.draw_rect;
     if (layout.mode != mode_actual_size)
         return drawn;

@@ -34,6 +34,7 @@ LoadedEntry load_entry(const std::wstring& entry, std::span<const std::wstring> 
     ImageSource& source, PathAnswers& paths)
 {
     LoadedEntry loaded{ LoaderState::nothing, paths.exists(entry) ? source.absolute(entry) : entry };
+    // Checked after exists(), which may have just found that the share does not answer.
     if (!loaded.path.empty() && !paths.is_silent(loaded.path))
         loaded.state = load_from(loaded.path, extensions, source);
     return loaded;

@@ -75,6 +75,7 @@ void make_links(
     if (queue.entries().empty() || !store.is_ready() || !names.is_ready())
         return;
     for (std::size_t i = 0; i < queue.entries().size(); ++i) {
+        // The rest of the queue is kept, so the next run continues here.
         if (control.is_stopped()) {
             queue.interrupt_at(i);
             return;
