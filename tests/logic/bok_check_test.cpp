@@ -1,4 +1,4 @@
-// check names what is wrong with a file, page by page; convert mends what can be mended.
+// check lists the problems of a file, page by page; convert repairs what it can.
 #include "book/book.hpp"
 #include "tests/support/bok_run.hpp"
 #include <gtest/gtest.h>
@@ -39,7 +39,7 @@ struct BokCheck : testing::Test {
     }
 };
 
-TEST_F(BokCheck, FindsNothingInASoundBook)
+TEST_F(BokCheck, FindsNothingInAValidBook)
 {
     PageText page;
     page.box1 = L"\r\n a\r\n\x3000\r\n";
@@ -49,11 +49,11 @@ TEST_F(BokCheck, FindsNothingInASoundBook)
     page.numbers = L"2026010203040520260607080910 5 1 16777215 1 2 3 4 5 6 7 8 1\r\n";
     const Outcome outcome = check(header_lines() + page.text() + PageText{}.text());
     EXPECT_EQ(outcome.code, 0) << outcome.out << outcome.err;
-    EXPECT_EQ(outcome.out, "nothing is wrong: pages 2, tabs 1, marks 1\n");
+    EXPECT_EQ(outcome.out, "no problems: pages 2, tabs 1, marks 1\n");
     EXPECT_EQ(outcome.err, "");
 }
 
-TEST_F(BokCheck, FindsNothingInWhatTheProgramSaves)
+TEST_F(BokCheck, FindsNothingInASavedBook)
 {
     book::Book book;
     for (std::size_t i = 0; i < 300; ++i) {
@@ -66,7 +66,7 @@ TEST_F(BokCheck, FindsNothingInWhatTheProgramSaves)
     ASSERT_TRUE(book.save_to(folder.wide_path(L"a.bok")));
     const Outcome outcome = bok({ "check", folder.path(L"a.bok") });
     EXPECT_EQ(outcome.code, 0) << outcome.out;
-    EXPECT_EQ(outcome.out, "nothing is wrong: pages 300, tabs 256, marks 0\n");
+    EXPECT_EQ(outcome.out, "no problems: pages 300, tabs 256, marks 0\n");
 }
 
 TEST_F(BokCheck, NamesPageAndLine)
@@ -77,7 +77,7 @@ TEST_F(BokCheck, NamesPageAndLine)
         "page index 1 (line 14): box 2 has more than one line");
 }
 
-TEST_F(BokCheck, FindsWhatAFieldWouldLose)
+TEST_F(BokCheck, FindsTextThatAFieldWouldLose)
 {
     PageText page;
     page.files = L"a\r\n \r\nb\r\n";
@@ -99,10 +99,10 @@ TEST_F(BokCheck, FindsWhatAFieldWouldLose)
     page = {};
     page.box1 = L"a\r\n\x03 lost\r\n";
     page.box2 = L"";
-    expect_finding(header_lines() + page.text(), "what follows U+0003 at the end of box 1 is lost");
+    expect_finding(header_lines() + page.text(), "text after U+0003 at the end of box 1 is lost");
 }
 
-TEST_F(BokCheck, FindsWhatTheNextSaveWouldBreak)
+TEST_F(BokCheck, FindsTextThatTheNextSaveWouldBreak)
 {
     expect_finding(
         header_lines() + page_with_numbers(L"").text(), "a Book saved with it can never be opened again");
@@ -117,20 +117,20 @@ TEST_F(BokCheck, FindsWhatTheNextSaveWouldBreak)
     expect_finding(header_lines() + page.text(), "once saved the Book is broken here");
 }
 
-TEST_F(BokCheck, FindsStampsThatAreNoTimes)
+TEST_F(BokCheck, FindsStampsThatAreNotTimes)
 {
     const auto with_stamp = [](const std::wstring& stamp) {
         return header_lines() + page_with_numbers(stamp + L" 0 0 0 0 0 0 0 0 0 0 0 0\r\n").text();
     };
     expect_finding(with_stamp(L"2026"), "stamp \"2026\" is too short");
     expect_finding(with_stamp(L"2026010203040"), "is too short");
-    expect_finding(with_stamp(L"20260102030405"), "has no whole time of modification");
-    expect_finding(with_stamp(L"202601020304052026010203040"), "has no whole time of modification");
+    expect_finding(with_stamp(L"20260102030405"), "has no complete modification time");
+    expect_finding(with_stamp(L"202601020304052026010203040"), "has no complete modification time");
     expect_finding(with_stamp(L"20260102030405202601020304056"), "is not two times");
     expect_finding(with_stamp(L"2026010203040x20260102030405"), "is not two times");
 }
 
-TEST_F(BokCheck, FindsNumbersThatCannotBeReadOrCount)
+TEST_F(BokCheck, FindsNumbersThatAreUnreadableOrIgnored)
 {
     const std::wstring good = PageText{}.numbers;
     const auto with_numbers = [](const std::wstring& numbers) {
@@ -146,7 +146,7 @@ TEST_F(BokCheck, FindsNumbersThatCannotBeReadOrCount)
         "colour 16777216 (token 10)");
 }
 
-TEST_F(BokCheck, GoesOnBehindNumbersThatCannotBeRead)
+TEST_F(BokCheck, ContinuesAfterUnreadableNumbers)
 {
     PageText later;
     later.box2 = L"a\r\nb\r\n";
@@ -154,7 +154,7 @@ TEST_F(BokCheck, GoesOnBehindNumbersThatCannotBeRead)
         header_lines() + page_with_numbers(L"x\r\n").text() + later.text(), "page index 1 (line 13): box 2");
 }
 
-TEST_F(BokCheck, FindsACurrentFilePastTheList)
+TEST_F(BokCheck, FindsACurrentFilePastTheEndOfTheList)
 {
     const auto with_current = [](const std::wstring& files, const std::wstring& current) {
         PageText page =
@@ -168,8 +168,8 @@ TEST_F(BokCheck, FindsACurrentFilePastTheList)
     EXPECT_EQ(check(with_current(L"", L"0")).code, 0);
 }
 
-// A stream needs no blank before a sign.
-TEST_F(BokCheck, CountsNumbersThatRunTogether)
+// A stream needs no space before a sign.
+TEST_F(BokCheck, CountsAdjacentNumbers)
 {
     const std::wstring stamp = L"2026010203040520260607080910";
     const auto with_numbers = [&](const std::wstring& numbers) {
@@ -191,27 +191,27 @@ TEST_F(BokCheck, FindsTabsBeyondTheLimit)
     expect_finding(text + tabbed.text(), "the 257th tab");
 }
 
-TEST_F(BokCheck, FindsMorePagesThanTheProgramMakes)
+TEST_F(BokCheck, FindsMorePagesThanTheLimit)
 {
     std::wstring text = header_lines();
     const std::wstring page = PageText{}.text();
     text.reserve(page.size() * 100001 + text.size());
     for (int i = 0; i < 100001; ++i)
         text += page;
-    expect_finding(text, "100001 pages, more than the program makes");
+    expect_finding(text, "100001 pages, more than the limit of the program");
 }
 
-TEST_F(BokCheck, FindsTheEndOfACutFile)
+TEST_F(BokCheck, FindsTheEndOfATruncatedFile)
 {
     const std::wstring whole = header_lines() + PageText{}.text();
     PageText second;
     second.box1 = L"text\r\n";
-    expect_finding(whole + L"tail", "page index 1 (line 11): lines behind the last whole page are dropped");
+    expect_finding(whole + L"tail", "page index 1 (line 11): lines after the last complete page are dropped");
     expect_finding(
         whole + L"text\r\n\x03\r\nti", "page index 1 (line 13): the file ends inside this page, at box 2");
-    expect_finding(whole.substr(0, whole.size() - 2), "the last line has no end");
-    expect_finding(header_lines() + L"text\r\n", "no whole page");
-    // Every cut leaves something to tell, but for the one between two pages.
+    expect_finding(whole.substr(0, whole.size() - 2), "the last line has no CR LF");
+    expect_finding(header_lines() + L"text\r\n", "no complete page");
+    // Every truncation is reported, except one exactly between two pages.
     const std::wstring two = whole + second.text();
     const std::size_t inside_header = 20;
     for (std::size_t length = 0; length < two.size(); length += length == inside_header ? 640 : 1)
@@ -228,10 +228,10 @@ TEST_F(BokCheck, FindsAnOddNumberOfBytes)
     EXPECT_NE(outcome.out.find("odd number of bytes"), std::string::npos);
 }
 
-TEST_F(BokCheck, TellsOlderAndDamagedFilesApart)
+TEST_F(BokCheck, DistinguishesOlderAndDamagedFiles)
 {
     expect_finding(L"", "the file is empty");
-    expect_finding(L"\x03\x03\r\n", "the three lines of the header are not whole");
+    expect_finding(L"\x03\x03\r\n", "the three lines of the header are incomplete");
     expect_finding(L"\xFEFFtext\r\n" + PageText{}.text(), "the older format");
     expect_finding(
         L"\x03\x03\r\nabc\r\n\x03\x03\r\n" + PageText{}.text(), "the BookHeader in line 2 is damaged");
@@ -255,10 +255,11 @@ TEST_F(BokCheck, FindsHeaderValuesOutsideTheirRange)
     expect_header_finding([](auto& h) { h.theme = 0; }, "theme is 0");
     expect_header_finding([](auto& h) { h.fonts[2].height = -30000; }, "fonts[2].height is -30000");
     expect_header_finding([](auto& h) { h.fonts[0].weight = 1001; }, "fonts[0].weight is 1001");
-    expect_header_finding([](auto& h) { h.fonts[1].face_name.fill(u'x'); }, "fonts[1].face has no end");
+    expect_header_finding(
+        [](auto& h) { h.fonts[1].face_name.fill(u'x'); }, "fonts[1].face has no terminating zero");
 }
 
-TEST_F(BokCheck, KnowsEveryValueThatTheProgramGives)
+TEST_F(BokCheck, AcceptsEveryValueThatTheProgramWrites)
 {
     book::BookHeader header;
     header.order_mode = -2702;
@@ -267,7 +268,7 @@ TEST_F(BokCheck, KnowsEveryValueThatTheProgramGives)
     EXPECT_EQ(check(header_lines(header) + PageText{}.text()).code, 0);
 }
 
-TEST_F(BokCheck, RefusesWhatIsNoFile)
+TEST_F(BokCheck, RefusesPathsThatAreNotFiles)
 {
     for (const std::string& path : { folder.path(L"."), folder.path(L"missing"), std::string() }) {
         const Outcome outcome = bok({ "check", path });
@@ -305,7 +306,7 @@ TEST_F(BokConvert, WritesTheCurrentFormatOfAnOlderBook)
     EXPECT_EQ(bok({ "check", target }).code, 0);
 }
 
-TEST_F(BokConvert, GoesOnWithDefaultsForADamagedHeader)
+TEST_F(BokConvert, ContinuesWithDefaultsForADamagedHeader)
 {
     EXPECT_EQ(convert(damaged, { "--yes" }).code, 0);
     EXPECT_EQ(converted().header, book::BookHeader());
@@ -322,7 +323,7 @@ TEST_F(BokConvert, AsksAtATerminal)
         convert(damaged, {}, "Yes\n", Terminal::yes).err.find("BookHeader is damaged"), std::string::npos);
 }
 
-TEST_F(BokConvert, TakesAnythingElseForANo)
+TEST_F(BokConvert, TreatsAnyOtherAnswerAsNo)
 {
     for (const char* answer : { "n\n", "\n", "", "no\n", " y\n", "はい\n" }) {
         const Outcome outcome = convert(older, {}, answer, Terminal::yes);
@@ -331,7 +332,7 @@ TEST_F(BokConvert, TakesAnythingElseForANo)
     }
 }
 
-TEST_F(BokConvert, TakesNoForAnAnswerWithoutATerminal)
+TEST_F(BokConvert, DeclinesWithoutATerminal)
 {
     for (const std::wstring& text : { older, damaged }) {
         const Outcome outcome = convert(text, {}, "y\n");
@@ -351,7 +352,7 @@ TEST_F(BokConvert, AsksNothingForACurrentBook)
     EXPECT_EQ(test_support::read_text(folder.wide_path(L"out.bok")), text);
 }
 
-TEST_F(BokConvert, MayWriteOverItsSource)
+TEST_F(BokConvert, CanOverwriteItsSource)
 {
     const std::string path = write(older);
     EXPECT_EQ(bok({ "convert", path, "-o", path, "--yes" }).code, 0);
@@ -371,7 +372,7 @@ TEST_F(BokConvert, GivesAPageWithoutAStampTheCurrentTimeTwice)
     EXPECT_EQ(bok({ "check", target }).code, 0);
 }
 
-TEST_F(BokConvert, KeepsACreationTimeThatIsWhole)
+TEST_F(BokConvert, KeepsACompleteCreationTime)
 {
     EXPECT_EQ(
         convert(header_lines() + page_with_numbers(L"20260102030405 0 0 0 0 0 0 0 0 0 0 0 0\r\n").text())
@@ -381,7 +382,7 @@ TEST_F(BokConvert, KeepsACreationTimeThatIsWhole)
     EXPECT_EQ(converted().pages.at(0).stamp.size(), 28u);
 }
 
-TEST_F(BokConvert, RemovesTheSeparatorsThatASaveWouldBreakAt)
+TEST_F(BokConvert, RemovesSeparatorsThatWouldBreakASavedBook)
 {
     PageText page;
     page.box1 = L"\xFEFF\x03 a\x03\r\n";
@@ -403,18 +404,18 @@ TEST_F(BokConvert, RemovesTheSeparatorsThatASaveWouldBreakAt)
     EXPECT_EQ(book.pages[0].stamp, L"2026010203040520260607080910");
 }
 
-TEST_F(BokConvert, GivesAStampOfSeparatorsTheCurrentTime)
+TEST_F(BokConvert, ReplacesAStampOfSeparatorsByTheCurrentTime)
 {
     const std::wstring numbers = L" " + std::wstring(30, L'\x03') + L" 0 0 0 0 0 0 0 0 0 0 0 0\r\n";
     EXPECT_EQ(convert(header_lines() + page_with_numbers(numbers).text()).code, 0);
     EXPECT_EQ(converted().pages.at(0).stamp.size(), 28u);
 }
 
-TEST_F(BokConvert, SaysWhyItCannotGoOn)
+TEST_F(BokConvert, ExplainsWhyItCannotContinue)
 {
     const Outcome text = convert(L"Dear diary,\r\n", { "--yes" });
     EXPECT_EQ(text.code, 1);
-    EXPECT_NE(text.err.find("no whole page"), std::string::npos) << text.err;
+    EXPECT_NE(text.err.find("no complete page"), std::string::npos) << text.err;
     const Outcome numbers = convert(header_lines() + page_with_numbers(L"x\r\n").text(), { "--yes" });
     EXPECT_EQ(numbers.code, 1);
     EXPECT_NE(numbers.err.find("page index 0"), std::string::npos) << numbers.err;

@@ -1,4 +1,4 @@
-// Markdown and HTML: read well, and no text of a Book becomes markup.
+// Markdown and HTML: the result is readable, and no text of a Book becomes markup.
 #include "book/book.hpp"
 #include "tests/support/bok_run.hpp"
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ struct BokExport : testing::Test {
 
 using BokHtml = BokExport;
 
-TEST_F(BokHtml, IsOneWholePageInJapanese)
+TEST_F(BokHtml, IsOneCompletePageInJapanese)
 {
     PageText page;
     page.box2 = L"題名\r\n";
@@ -51,7 +51,7 @@ TEST_F(BokHtml, IsOneWholePageInJapanese)
     EXPECT_EQ(count(html, "<script"), 0u);
 }
 
-TEST_F(BokHtml, LeadsFromTheContentsToEachPage)
+TEST_F(BokHtml, LinksTheContentsToEachPage)
 {
     PageText page;
     page.box2 = L"題名\r\n";
@@ -77,14 +77,14 @@ TEST_F(BokHtml, HasTheColoursOfTheBookThePageAndItsTab)
     EXPECT_EQ(count(html, "★"), 2u);
 }
 
-TEST_F(BokHtml, KeepsLinesAndBlanks)
+TEST_F(BokHtml, KeepsLinesAndSpaces)
 {
     PageText page;
     page.box3 = L"one\r\n\r\n  two\rthree\nfour\r\n";
     expect_part(exported("html", page), ">one\n\n  two\nthree\nfour</div>");
 }
 
-TEST_F(BokHtml, LetsNoTextBecomeMarkup)
+TEST_F(BokHtml, EscapesAllText)
 {
     const std::wstring evil = L"</div></style></title><script>alert('x')</script><!-- \"onload=\"&lt;\r\n";
     PageText page;
@@ -108,7 +108,7 @@ TEST_F(BokHtml, LetsNoTextBecomeMarkup)
     expect_part(html, "&lt;script&gt;alert(&#39;x&#39;)&lt;/script&gt;&lt;!-- &quot;onload=&quot;&amp;lt;");
 }
 
-TEST_F(BokHtml, HoldsNoCharacterThatHtmlForbids)
+TEST_F(BokHtml, ContainsNoCharacterThatHtmlForbids)
 {
     PageText page;
     page.box3 = std::wstring(L"a\0b\x1\x1B\x7F\x85\xD800 \xDC00\xFFFE\xFDD0\xDBFF\xDFFF z\r\n", 18);
@@ -118,7 +118,7 @@ TEST_F(BokHtml, HoldsNoCharacterThatHtmlForbids)
         "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD z<");
 }
 
-TEST_F(BokHtml, ComesInDisplayOrder)
+TEST_F(BokHtml, IsInDisplayOrder)
 {
     book::BookHeader header;
     header.order_mode = -2700;
@@ -157,7 +157,7 @@ TEST_F(BokMarkdown, HasHeadingLeadBodyAndFiles)
         "資料フォルダ: C:\\\\dir\n\n");
 }
 
-TEST_F(BokMarkdown, EscapesWhatWouldBeMarkup)
+TEST_F(BokMarkdown, EscapesMarkup)
 {
     PageText page;
     page.box3 = L"# a\r\n\r\n- b\r\n\r\n+ c\r\n\r\n1. d\r\n\r\n12) e\r\n\r\n> f\r\n\r\n    "
@@ -176,7 +176,7 @@ TEST_F(BokMarkdown, KeepsALeadInItsQuotation)
     expect_part(exported("markdown", page), "> one\n> \n> two\\\n> three\n");
 }
 
-TEST_F(BokMarkdown, HoldsNoControlCharacters)
+TEST_F(BokMarkdown, ContainsNoControlCharacters)
 {
     PageText page;
     page.box2 = L"a\x1B[31m\xD800\r\n";

@@ -1,4 +1,4 @@
-// Whole Books as JSON: the same bytes there and back, and a friendly form for people.
+// Whole Books as JSON: export and import give the same bytes, and people may write a simpler form.
 #include "tests/support/bok_import.hpp"
 #include "tools/bok/json_reader.hpp"
 #include "tools/bok/json_writer.hpp"
@@ -30,7 +30,7 @@ std::string written(std::wstring_view text)
     return json;
 }
 
-TEST(JsonText, GoesThereAndBackForEveryUnit)
+TEST(JsonText, RoundTripsEveryUnit)
 {
     std::wstring every;
     for (std::uint32_t unit = 0; unit < 0x10000; ++unit)
@@ -40,7 +40,7 @@ TEST(JsonText, GoesThereAndBackForEveryUnit)
     EXPECT_EQ(read_string(written(every)), every);
 }
 
-TEST(JsonText, IsUtf8WithEscapesWhereJsonOrALineNeedsThem)
+TEST(JsonText, IsUtf8WithTheEscapesThatJsonAndLinesNeed)
 {
     const std::wstring text{ L'"', L'\\', L'\n', L'\r', L'\t', wchar_t{ 0 }, wchar_t{ 0x1F }, wchar_t{ 0x7F },
         wchar_t{ 0x3042 }, wchar_t{ 0xD83D }, wchar_t{ 0xDE00 }, wchar_t{ 0xD800 }, wchar_t{ 0xDC00 - 1 },
@@ -50,13 +50,13 @@ TEST(JsonText, IsUtf8WithEscapesWhereJsonOrALineNeedsThem)
         "あ😀\\ud800\\udbff\\u2028\\u0085\"");
 }
 
-TEST(JsonText, TakesEveryEscape)
+TEST(JsonText, AcceptsEveryEscape)
 {
     EXPECT_EQ(read_string(R"("\"\\\/\b\f\n\r\t\u0041\uD83D\ude00\ud800")"),
         (std::wstring(L"\"\\/\b\f\n\r\tA") + wchar_t{ 0xD83D } + wchar_t{ 0xDE00 } + wchar_t{ 0xD800 }));
 }
 
-TEST(JsonText, IsRefusedWhenItIsNone)
+TEST(JsonText, IsRefusedWhenMalformed)
 {
     for (const char* json :
         { "", "x", "\"", "\"a", "\"\\\"", "\"\\x\"", "\"\\u12\"", "\"\\u12g4\"", "\"\\u-123\"", "\"\\",
@@ -73,7 +73,7 @@ template <class Number> Number read_number(std::string_view json)
     return number;
 }
 
-TEST(JsonNumber, HasTheWholeRangeOfItsType)
+TEST(JsonNumber, CoversTheRangeOfItsType)
 {
     EXPECT_EQ(read_number<std::uint64_t>("18446744073709551615"), 18446744073709551615u);
     EXPECT_EQ(read_number<std::int32_t>("-2147483648"), std::numeric_limits<std::int32_t>::min());
@@ -82,7 +82,7 @@ TEST(JsonNumber, HasTheWholeRangeOfItsType)
     EXPECT_EQ(read_number<std::uint32_t>("-0"), 0u);
 }
 
-TEST(JsonNumber, IsRefusedBeyondIt)
+TEST(JsonNumber, IsRefusedOutOfRange)
 {
     EXPECT_THROW(read_number<std::uint64_t>("18446744073709551616"), JsonError);
     EXPECT_THROW(read_number<std::int32_t>("-2147483649"), JsonError);
@@ -94,7 +94,7 @@ TEST(JsonNumber, IsRefusedBeyondIt)
         EXPECT_THROW(read_number<std::int32_t>(json), JsonError) << json;
 }
 
-TEST(JsonReader, TellsLineAndColumn)
+TEST(JsonReader, ReportsLineAndColumn)
 {
     JsonReader reader("{\n  \"a\": 1,\n  \"b\": x }");
     std::string name;
@@ -118,7 +118,7 @@ struct BokJson : test_support::BokImport {
         : BokImport("json")
     {
     }
-    // Through JSON and back, against what loading and saving makes of the same file.
+    // Exports to JSON and imports again, and compares with loading and saving the same file.
     void expect_same_bytes(std::wstring_view text)
     {
         const std::string path = folder.write(L"a.bok", text);
@@ -161,7 +161,7 @@ TEST_F(BokJson, KeepsEveryByteOfTheHeader)
     }
 }
 
-TEST_F(BokJson, GivesTheSameBytesForWhatNoBoxWouldHold)
+TEST_F(BokJson, GivesTheSameBytesForTextThatNoBoxCouldHold)
 {
     PageText page;
     page.box1 = L"\xFEFF\xFEFF"
@@ -185,7 +185,7 @@ TEST_F(BokJson, GivesTheSameBytesForRandomPages)
         std::wstring text;
         for (auto length = random() % 12; length > 0; --length) {
             const wchar_t unit = alphabet[random() % alphabet.size()];
-            // Behind nothing but white space a separator would end the field, at once or when it is saved.
+            // After white space alone, a separator would end the field, at once or after the next save.
             const std::size_t line = text.rfind(L'\n') + 1;
             if (unit == 3 && text.find_first_of(L"ab\"\\|{}", line) == text.npos)
                 continue;
@@ -203,8 +203,8 @@ TEST_F(BokJson, GivesTheSameBytesForRandomPages)
     }
 }
 
-// Loading trims the line, so that the next save would write it as the end of a field.
-TEST_F(BokJson, RefusesASeparatorThatOnlyWhiteSpaceHid)
+// Loading trims the line, so the next save would write the separator as the end of a field.
+TEST_F(BokJson, RefusesASeparatorHiddenByWhiteSpace)
 {
     PageText page;
     page.box2 = L" \x03 x\r\n";
@@ -214,7 +214,7 @@ TEST_F(BokJson, RefusesASeparatorThatOnlyWhiteSpaceHid)
     expect_refused(outcome.out, "pages[0]: text[1] begins with U+0003");
 }
 
-TEST_F(BokJson, KeepsTheTabsInTheirOrder)
+TEST_F(BokJson, KeepsTheOrderOfTabs)
 {
     std::wstring text = header_lines();
     for (const wchar_t* tab : { L"0", L"1", L"0", L"1" }) {
@@ -225,7 +225,7 @@ TEST_F(BokJson, KeepsTheTabsInTheirOrder)
     expect_same_bytes(text);
 }
 
-TEST_F(BokJson, DropsTabsBeyondTheLimitAndSaysSo)
+TEST_F(BokJson, DropsTabsBeyondTheLimitAndReportsIt)
 {
     std::string json = R"({"pages":[)";
     for (int i = 0; i < 300; ++i)
@@ -236,7 +236,7 @@ TEST_F(BokJson, DropsTabsBeyondTheLimitAndSaysSo)
     EXPECT_NE(bok({ "info", target, "--json" }).out.find("\"tabs\":256,"), std::string::npos);
 }
 
-TEST_F(BokJson, TakesWhatAPersonLeavesOutFromTheProgram)
+TEST_F(BokJson, FillsOmittedMembersWithDefaults)
 {
     const book::Book book = imported(R"({ "header": { "theme": 6002, "wrap_text": 1 }, "pages": [ {} ] })");
     EXPECT_EQ(book.header.wrap_text, 1);
@@ -249,7 +249,7 @@ TEST_F(BokJson, TakesWhatAPersonLeavesOutFromTheProgram)
     EXPECT_EQ(page.back_color[2], 0x141414u);
 }
 
-TEST_F(BokJson, TakesLinesAndWebColours)
+TEST_F(BokJson, AcceptsLinesAndWebColours)
 {
     const book::Book book = imported(R"({"pages":[{"text":[["","one","","two"],"title",[]],
         "text_color":["#010203",255,"#FFFFFF"],"tab_color":"#4a57b3","tab_number":9}]})");
@@ -260,7 +260,7 @@ TEST_F(BokJson, TakesLinesAndWebColours)
     EXPECT_EQ(page.tab_number, 1u);
 }
 
-TEST_F(BokJson, MakesEveryLineBreakOfABoxCrLf)
+TEST_F(BokJson, TurnsEveryLineBreakOfABoxIntoCrLf)
 {
     const book::Book book = imported(R"({"pages":[{"text":["a\nb\rc\r\nd\n\r\n","t","\n\ne"]}]})");
     EXPECT_EQ(book.pages.at(0).text[0], L"a\r\nb\r\nc\r\nd\r\n");
@@ -268,29 +268,29 @@ TEST_F(BokJson, MakesEveryLineBreakOfABoxCrLf)
     EXPECT_EQ(imported(R"({"pages":[{"text":["a\rb","",""]}]})").pages.at(0).text[0], L"a\r\nb\r\n");
 }
 
-TEST_F(BokJson, RefusesWhatWouldBreakTheFileByItsPlace)
+TEST_F(BokJson, RefusesTextThatWouldBreakTheFileWithItsPosition)
 {
     expect_refused(R"({"pages":[{},
  {"text":["a\u0003","",""]}]})",
-        "line 2, column 2: pages[1]: text[0] holds U+0003");
-    expect_refused(R"({"pages":[{"text":["","",["x","\u0003"]]}]})", "text[2] holds U+0003");
-    expect_refused(R"({"pages":[{"text":["","a\u0003",""]}]})", "text[1] holds U+0003");
-    expect_refused(R"({"pages":[{"text":["","a\nb",""]}]})", "text[1] holds a line break");
-    expect_refused(R"({"pages":[{"text":["","a\rb",""]}]})", "text[1] holds a line break");
-    expect_refused(R"({"pages":[{"files":["a","b\r\nc"]}]})", "files[1] holds a line break");
-    expect_refused(R"({"pages":[{"files":["a","\u0003"]}]})", "files[1] holds U+0003");
+        "line 2, column 2: pages[1]: text[0] contains U+0003");
+    expect_refused(R"({"pages":[{"text":["","",["x","\u0003"]]}]})", "text[2] contains U+0003");
+    expect_refused(R"({"pages":[{"text":["","a\u0003",""]}]})", "text[1] contains U+0003");
+    expect_refused(R"({"pages":[{"text":["","a\nb",""]}]})", "text[1] contains a line break");
+    expect_refused(R"({"pages":[{"text":["","a\rb",""]}]})", "text[1] contains a line break");
+    expect_refused(R"({"pages":[{"files":["a","b\r\nc"]}]})", "files[1] contains a line break");
+    expect_refused(R"({"pages":[{"files":["a","\u0003"]}]})", "files[1] contains U+0003");
     expect_refused(R"({"pages":[{"files":["a","","b"]}]})", "files[1] is blank");
     expect_refused(R"({"pages":[{"files":["\u3000 "]}]})", "files[0] is blank");
-    expect_refused(R"({"pages":[{"reference_folder":"a\rb"}]})", "reference_folder holds a line break");
+    expect_refused(R"({"pages":[{"reference_folder":"a\rb"}]})", "reference_folder contains a line break");
     expect_refused(R"({"pages":[{"stamp":""}]})", "stamp is empty");
-    expect_refused(R"({"pages":[{"stamp":"2026 01"}]})", "stamp holds white space");
-    expect_refused(R"({"pages":[{"stamp":"2026\u300001"}]})", "stamp holds white space");
-    expect_refused(R"({"pages":[{"stamp":"2026\u000301"}]})", "stamp holds U+0003");
-    expect_refused(R"({"pages":[{"files":["a"],"current_file":1}]})", "current_file lies past the end");
-    expect_refused(R"({"pages":[{"current_file":1}]})", "current_file lies past the end");
+    expect_refused(R"({"pages":[{"stamp":"2026 01"}]})", "stamp contains white space");
+    expect_refused(R"({"pages":[{"stamp":"2026\u300001"}]})", "stamp contains white space");
+    expect_refused(R"({"pages":[{"stamp":"2026\u000301"}]})", "stamp contains U+0003");
+    expect_refused(R"({"pages":[{"files":["a"],"current_file":1}]})", "current_file is past the end");
+    expect_refused(R"({"pages":[{"current_file":1}]})", "current_file is past the end");
 }
 
-TEST_F(BokJson, RefusesEvenAVerbatimPageThatWouldComeBackAsAnother)
+TEST_F(BokJson, RefusesEvenAVerbatimPageThatWouldComeBackDifferently)
 {
     const auto verbatim = [](const std::string& members) {
         return R"({"pages":[{"verbatim":true,)" + members + "}]}";
@@ -299,29 +299,29 @@ TEST_F(BokJson, RefusesEvenAVerbatimPageThatWouldComeBackAsAnother)
         verbatim(R"("text":["a\r\n\u0003b","",""])"), "text[0] has a line that begins with U+0003");
     expect_refused(verbatim(R"("text":["","",["\u0003"]])"), "text[2] has a line that begins with U+0003");
     expect_refused(verbatim(R"("text":[""," \u0003",""])"), "text[1] begins with U+0003");
-    expect_refused(verbatim(R"("text":["","a\r\nb",""])"), "text[1] holds a line break");
+    expect_refused(verbatim(R"("text":["","a\r\nb",""])"), "text[1] contains a line break");
     expect_refused(verbatim(R"("files":["\u0003"])"), "files[0] begins with U+0003");
-    expect_refused(verbatim(R"("files":["a\r\nb"])"), "files[0] holds a line break");
+    expect_refused(verbatim(R"("files":["a\r\nb"])"), "files[0] contains a line break");
     expect_refused(verbatim(R"("files":[" "])"), "files[0] is blank");
     expect_refused(verbatim(R"("reference_folder":"\u0003")"), "reference_folder begins with U+0003");
     expect_refused(verbatim(R"("stamp":"")"), "stamp is empty");
-    expect_refused(verbatim(R"("stamp":"a b")"), "stamp holds white space");
+    expect_refused(verbatim(R"("stamp":"a b")"), "stamp contains white space");
     expect_refused(verbatim(R"("stamp":"\u0003")"), "stamp begins with U+0003");
-    expect_refused(verbatim(R"("current_file":3)"), "current_file lies past");
+    expect_refused(verbatim(R"("current_file":3)"), "current_file is past");
 }
 
-TEST_F(BokJson, RefusesWhatIsNotItsForm)
+TEST_F(BokJson, RefusesOtherForms)
 {
-    expect_refused("", "the text ends too early");
+    expect_refused("", "the text ends unexpectedly");
     expect_refused("[]", "expected '{'");
     expect_refused("{}", "a Book needs a page");
     expect_refused(R"({"pages":[]})", "a Book needs a page");
-    expect_refused(R"({"pages":[{}]} x)", "something follows the end");
+    expect_refused(R"({"pages":[{}]} x)", "unexpected text after the end");
     expect_refused(R"({"pages":[{}],})", "");
     expect_refused(R"({"pages":[{},]})", "");
     expect_refused(R"({"pages":[{}],"extra":1})", "unknown member \"extra\"");
     expect_refused(R"({"pages":[{"txet":[]}]})", "pages[0]: unknown member \"txet\"");
-    expect_refused(R"({"pages":[{"mark":1,"mark":0}]})", "member \"mark\" stands twice");
+    expect_refused(R"({"pages":[{"mark":1,"mark":0}]})", "duplicate member \"mark\"");
     expect_refused(R"({"format":"other","pages":[{}]})", "format");
     expect_refused(R"({"pages":[{"text":["a","b"]}]})", "needs 3 elements");
     expect_refused(R"({"pages":[{"text":["a","b","c","d"]}]})", "needs 3 elements");
@@ -338,17 +338,17 @@ TEST_F(BokJson, RefusesWhatIsNotItsForm)
         R"({"header":{"fonts":[{"face":"12345678901234567890123456789012","face_tail":"x"},{},{}]}})",
         "at most 32 units");
     expect_refused(R"({"pages":null})", "expected '['");
-    expect_refused("\xEF\xBB\xBF{", "the text ends too early");
+    expect_refused("\xEF\xBB\xBF{", "the text ends unexpectedly");
     expect_refused("{\"pages\":[{\"stamp\":\"\xFF\"}]}", "line 1, column 21: pages[0]: not UTF-8");
 }
 
-TEST_F(BokJson, IsNotTroubledByDeepNesting)
+TEST_F(BokJson, SurvivesDeepNesting)
 {
     expect_refused(std::string(1000000, '['), "expected '{'");
     expect_refused(R"({"pages":)" + std::string(1000000, '['), "expected '{'");
 }
 
-TEST_F(BokJson, HoldsAsManyPagesAsABook)
+TEST_F(BokJson, AcceptsAsManyPagesAsABook)
 {
     std::string json = R"({"pages":[{})";
     for (int i = 1; i < 100000; ++i)
@@ -357,7 +357,7 @@ TEST_F(BokJson, HoldsAsManyPagesAsABook)
     expect_refused(json + ",{}]}", "at most 100000 pages");
 }
 
-TEST_F(BokJson, APageWithoutAStampGoesOutButNotIn)
+TEST_F(BokJson, ExportsButDoesNotImportAPageWithoutAStamp)
 {
     PageText page;
     page.numbers = L"";

@@ -1,4 +1,4 @@
-// Output appears whole or not at all, and progress shows on a terminal only.
+// Output is written completely or not at all, and progress is shown on a terminal only.
 #include "platform/file.hpp"
 #include "tests/support/bok_run.hpp"
 #include "tools/bok/progress.hpp"
@@ -43,7 +43,7 @@ TEST_F(BokOutput, ReplacesItsTargetInOneStep)
     EXPECT_FALSE(platform::exists(beside));
 }
 
-TEST_F(BokOutput, LeavesNothingBehindWhenItIsGivenUp)
+TEST_F(BokOutput, LeavesNoFilesWhenItIsAbandoned)
 {
     folder.write_utf8(L"out.txt", "old");
     {
@@ -65,7 +65,7 @@ TEST_F(BokOutput, TouchesNoOtherFileBesideItsTarget)
     EXPECT_EQ(folder.read_utf8(L"out.txt.0.tmp"), "somebody else's");
 }
 
-TEST_F(BokOutput, IsRefusedWhereNoFileCanStand)
+TEST_F(BokOutput, IsRefusedWhereNoFileCanBeCreated)
 {
     EXPECT_THROW(Replacement(folder.wide_path(L".")), Problem);
     EXPECT_THROW(Replacement(folder.wide_path(L"missing") + L"/out.txt"), Problem);
@@ -86,7 +86,7 @@ TEST_F(BokOutput, OfEveryCommandIsRefusedWithOneLine)
     }
 }
 
-TEST_F(BokOutput, OfAnExportGoesToTheFileThatIsNamed)
+TEST_F(BokOutput, OfAnExportGoesToTheNamedFile)
 {
     const std::string book = folder.write(L"a.bok", header_lines() + PageText{}.text());
     const Outcome outcome = bok({ "export", book, "--to", "tsv", "-o", folder.path(L"out.txt") });
@@ -97,7 +97,7 @@ TEST_F(BokOutput, OfAnExportGoesToTheFileThatIsNamed)
 }
 
 #if !defined(_WIN32)
-TEST_F(BokOutput, NeverTakesThePlaceOfADevice)
+TEST_F(BokOutput, NeverReplacesADevice)
 {
     const std::string book = folder.write(L"a.bok", header_lines() + PageText{}.text());
     EXPECT_EQ(bok({ "convert", book, "-o", "/dev/null" }).code, 1);
@@ -106,7 +106,7 @@ TEST_F(BokOutput, NeverTakesThePlaceOfADevice)
 }
 #endif
 
-// Takes so many bytes and no more.
+// Accepts so many bytes and no more.
 class FullStream : public std::streambuf {
 public:
     explicit FullStream(std::streamsize room)
@@ -124,7 +124,7 @@ private:
     std::streamsize room_;
 };
 
-TEST_F(BokOutput, ThatIsCutShortIsAProblem)
+TEST_F(BokOutput, ThatIsTruncatedIsAProblem)
 {
     const std::string book = folder.write(L"a.bok", header_lines() + PageText{}.text());
     FullStream full(10);
@@ -162,7 +162,7 @@ TEST_F(BokProgress, ShowsNothingForShortWork)
     EXPECT_EQ(err.str(), "");
 }
 
-TEST_F(BokProgress, ShowsLongWorkAndTakesTheLineAway)
+TEST_F(BokProgress, ShowsLongWorkAndErasesTheLine)
 {
     streams.err_is_terminal = true;
     {
@@ -175,7 +175,7 @@ TEST_F(BokProgress, ShowsLongWorkAndTakesTheLineAway)
     EXPECT_EQ(err.str(), "\rworking 50 %\r            \r");
 }
 
-TEST_F(BokProgress, AnnouncesWorkWhoseStepsAreUnseen)
+TEST_F(BokProgress, AnnouncesWorkOfUnknownProgress)
 {
     streams.err_is_terminal = true;
     {

@@ -1,4 +1,4 @@
-// info, pages, order and find: what they tell of a sound Book, and what they refuse.
+// info, pages, order and find: their output for a valid Book, and what they refuse.
 #include "book/book.hpp"
 #include "tests/support/bok_run.hpp"
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ struct BokRead : testing::Test {
     }
 };
 
-TEST_F(BokRead, InfoTellsCountsAndEveryMemberOfTheHeader)
+TEST_F(BokRead, InfoShowsCountsAndEveryMemberOfTheHeader)
 {
     book::BookHeader header;
     header.version = 4294967295u;
@@ -51,7 +51,7 @@ TEST_F(BokRead, InfoTellsCountsAndEveryMemberOfTheHeader)
     header.fonts = {};
     header.fonts[0].height = -30000;
     header.fonts[0].weight = 700;
-    header.fonts[0].face_name.fill(u'x'); // no zero at its end
+    header.fonts[0].face_name.fill(u'x'); // without a terminating zero
     header.fonts[1].face_name = { u'"', 0xD800, u'\0', u'z' };
     PageText page;
     page.numbers = L"2026010203040520260607080910 1 1 0 0 0 0 0 0 0 0 0 0\r\n";
@@ -67,14 +67,14 @@ TEST_F(BokRead, InfoTellsCountsAndEveryMemberOfTheHeader)
               "\n");
 }
 
-TEST_F(BokRead, InfoTellsAPersonTheSame)
+TEST_F(BokRead, InfoShowsTheSameAsATable)
 {
     const std::string out = out_of({ "info", book_of(3) });
     EXPECT_NE(out.find("pages             3\n"), std::string::npos) << out;
     EXPECT_NE(out.find("fonts[0]          メイリオ"), std::string::npos) << out;
 }
 
-TEST_F(BokRead, PagesTellsEveryMemberWithTheTextsAsLoaded)
+TEST_F(BokRead, PagesShowsEveryMemberWithTheTextsAsLoaded)
 {
     PageText page;
     page.box1 = L"\"q\"\r\n\x3042 \r\n";
@@ -92,7 +92,7 @@ TEST_F(BokRead, PagesTellsEveryMemberWithTheTextsAsLoaded)
         "\"back_color\":[1,2,3],\"tab_color\":16777215,\"scroll_first\":-1,\"scroll_third\":2147483647}\n");
 }
 
-TEST_F(BokRead, PagesComeInDisplayOrder)
+TEST_F(BokRead, PagesAreInDisplayOrder)
 {
     book::BookHeader header;
     header.order_mode = -2700;
@@ -101,7 +101,7 @@ TEST_F(BokRead, PagesComeInDisplayOrder)
     EXPECT_EQ(std::ranges::count(out, '\n'), 3);
 }
 
-TEST_F(BokRead, ARangeTakesBothEndsAndIsCutAtTheLastPage)
+TEST_F(BokRead, ARangeIncludesBothEndsAndStopsAtTheLastPage)
 {
     const std::string path = book_of(5);
     const auto count = [&](const char* range) {
@@ -116,7 +116,7 @@ TEST_F(BokRead, ARangeTakesBothEndsAndIsCutAtTheLastPage)
     EXPECT_EQ(count("5-9"), 0);
 }
 
-TEST_F(BokRead, OrderFollowsTheBookUntilItIsToldOtherwise)
+TEST_F(BokRead, OrderFollowsTheBookUnlessAnOptionOverridesIt)
 {
     book::BookHeader header;
     header.order_mode = -2702;
@@ -132,7 +132,7 @@ TEST_F(BokRead, OrderFollowsTheBookUntilItIsToldOtherwise)
         out_of({ "order", path, "--json", "--mode", "stored", "--reverse" }), "[9,8,7,6,5,4,3,2,1,0]\n");
 }
 
-TEST_F(BokRead, ReverseAloneTurnsTheBooksOwnDirectionRound)
+TEST_F(BokRead, ReverseAloneReversesTheDirectionOfTheBook)
 {
     EXPECT_EQ(out_of({ "order", book_of(3), "--json", "--reverse" }), "[2,1,0]\n");
     book::BookHeader header;
@@ -140,7 +140,7 @@ TEST_F(BokRead, ReverseAloneTurnsTheBooksOwnDirectionRound)
     EXPECT_EQ(out_of({ "order", book_of(3, header), "--json", "--reverse" }), "[0,1,2]\n");
 }
 
-TEST_F(BokRead, OrderIsSafeWithTheOneModeThatHasNoOpposite)
+TEST_F(BokRead, OrderAcceptsTheOneModeThatCannotBeNegated)
 {
     book::BookHeader header;
     header.order_mode = std::numeric_limits<std::int32_t>::min();
@@ -149,7 +149,7 @@ TEST_F(BokRead, OrderIsSafeWithTheOneModeThatHasNoOpposite)
     EXPECT_EQ(out_of({ "order", path, "--json", "--reverse" }), "[0,1,2]\n");
 }
 
-TEST_F(BokRead, OrderSortsByTheKeyThatIsAskedFor)
+TEST_F(BokRead, OrderSortsByTheGivenKey)
 {
     std::wstring text = header_lines();
     for (const wchar_t* stamp : { L"2026010100000020260301000000", L"2025010100000020260201000000",
@@ -198,14 +198,14 @@ struct BokFind : BokRead {
     }
 };
 
-TEST_F(BokFind, TellsWhereEachTermStands)
+TEST_F(BokFind, ReportsThePositionOfEachTerm)
 {
     EXPECT_EQ(found({ "apple pear" }),
         "{\"position\":0,\"index\":0,\"hits\":[{\"term\":\"apple\",\"place\":100,\"start\":15,\"end\":20}]}\n"
         "{\"position\":1,\"index\":1,\"hits\":[{\"term\":\"pear\",\"place\":101,\"start\":0,\"end\":4}]}\n");
 }
 
-TEST_F(BokFind, FoldsCaseAndLooksIntoFilesWhenAsked)
+TEST_F(BokFind, IgnoresCaseAndSearchesFilesOnRequest)
 {
     EXPECT_EQ(found({ "APPLE", "--ignore-case", "--files" }),
         "{\"position\":0,\"index\":0,\"hits\":[{\"term\":\"APPLE\",\"place\":100,\"start\":0,\"end\":5},"
@@ -235,13 +235,13 @@ TEST_F(BokFind, WithoutTermsEveryPageMatches)
     EXPECT_EQ(std::ranges::count(out, '\n'), 3);
 }
 
-TEST_F(BokFind, ShowsAPersonTheLineOfEachHit)
+TEST_F(BokFind, ShowsTheLineOfEachHit)
 {
     const std::string out = out_of({ "find", path, "apple", "--files" });
     EXPECT_EQ(out, "0  [0]  a b\n    box 1  15-20  and apple\n    file 1  3-8  C:\\apple\\apple.txt\n");
 }
 
-// Every command that only reads refuses what it could read wrongly, and says where help is.
+// Every command that only reads refuses files that it could misread, and names the command that helps.
 struct BokRefuses : BokRead {
     std::vector<std::vector<std::string>> readers(const std::string& path)
     {
@@ -251,7 +251,7 @@ struct BokRefuses : BokRead {
     void expect_refused(const std::string& path, std::string_view word)
     {
         for (const auto& arguments : readers(path)) {
-            // Even at a terminal, and whatever is typed there.
+            // Even on a terminal, whatever the user types.
             const Outcome outcome = bok(arguments, "y\ny\n", Terminal::yes);
             EXPECT_EQ(outcome.code, 1) << arguments[0];
             EXPECT_EQ(outcome.complaints(), 1) << outcome.err;
@@ -272,18 +272,18 @@ TEST_F(BokRefuses, ADamagedHeader)
         folder.write(L"a.bok", L"\x03\x03\r\n00ff\r\n\x03\x03\r\n" + PageText{}.text()), "convert");
 }
 
-TEST_F(BokRefuses, WhatIsNoBook)
+TEST_F(BokRefuses, FilesThatAreNotBooks)
 {
     expect_refused(folder.write(L"a.bok", L""), "empty");
     expect_refused(folder.write_utf8(L"a.bok", "odd"), "header");
-    expect_refused(folder.write(L"a.bok", header_lines()), "no whole page");
+    expect_refused(folder.write(L"a.bok", header_lines()), "no complete page");
     expect_refused(folder.write(L"a.bok", L"\x03\x03\r\n"), "header");
     expect_refused(folder.path(L"missing.bok"), "no such file");
     expect_refused("", "no such file");
     expect_refused(folder.path(L"."), "folder");
 }
 
-TEST_F(BokRefuses, NumbersThatCannotBeReadByTheirPlace)
+TEST_F(BokRefuses, UnreadableNumbersWithTheirPosition)
 {
     PageText damaged;
     damaged.numbers = L"2026010203040520260607080910 0 0 x\r\n";
@@ -291,7 +291,7 @@ TEST_F(BokRefuses, NumbersThatCannotBeReadByTheirPlace)
         "page index 1 (line 16)");
 }
 
-TEST_F(BokRefuses, NothingOfACutFileButItsHalfPage)
+TEST_F(BokRefuses, OnlyTheIncompletePageOfATruncatedFile)
 {
     const std::wstring text = header_lines() + PageText{ .box2 = L"whole\r\n" }.text() + PageText{}.text();
     const std::string path = folder.write(L"a.bok", text.substr(0, text.size() - 4));
@@ -299,7 +299,7 @@ TEST_F(BokRefuses, NothingOfACutFileButItsHalfPage)
 }
 
 #if !defined(_WIN32)
-TEST_F(BokRefuses, WhatIsNoOrdinaryFile)
+TEST_F(BokRefuses, WhatIsNotAnOrdinaryFile)
 {
     expect_refused("/dev/zero", "not an ordinary file");
 }

@@ -1,5 +1,5 @@
-// Tables in and out: what a cell means, what is refused and by which name, and that nothing is lost on the
-// way.
+// Importing and exporting tables: the meaning of a cell, the messages of refused ones, and that nothing is
+// lost.
 #include "tests/support/bok_import.hpp"
 
 namespace {
@@ -29,7 +29,7 @@ TEST_F(BokTsv, MakesAPageOfEachLine)
     EXPECT_EQ(book.pages[1].files, std::vector<std::wstring>{});
 }
 
-TEST_F(BokTsv, GivesPagesWhatTheProgramGivesNewOnes)
+TEST_F(BokTsv, GivesPagesTheDefaultsOfNewOnes)
 {
     const book::Book book = imported("\t\t\t\t");
     ASSERT_EQ(book.pages.size(), 1u);
@@ -43,7 +43,7 @@ TEST_F(BokTsv, GivesPagesWhatTheProgramGivesNewOnes)
     EXPECT_EQ(bok({ "check", target }).code, 0);
 }
 
-TEST_F(BokTsv, TakesAnyLineEndAndAByteOrderMark)
+TEST_F(BokTsv, AcceptsAnyLineEndAndAByteOrderMark)
 {
     for (const char* table :
         { "a\tb\tc\t\t\nd\te\tf\t\t\n", "a\tb\tc\t\t\r\nd\te\tf\t\t\r\n", "a\tb\tc\t\t\nd\te\tf\t\t",
@@ -66,7 +66,7 @@ TEST_F(BokTsv, ReadsTheEscapesOfTheBoxes)
         (std::wstring{ L'\t', wchar_t{ 0xD83D }, wchar_t{ 0xDE00 }, wchar_t{ 0xD800 } } + L"|\r\n"));
 }
 
-TEST_F(BokTsv, TakesABackslashInAPathAsItStands)
+TEST_F(BokTsv, KeepsABackslashInAPath)
 {
     const book::Book book = imported("\t\t\tC:\\new\\temp\\\\u\\|\\\\server\\a\\u{7c}b\tD:\\n\\");
     const book::Page& page = book.pages.at(0);
@@ -83,28 +83,28 @@ TEST_F(BokTsv, TrimsWhatTheProgramTrims)
     EXPECT_EQ(page.reference_folder, L"folder");
 }
 
-TEST_F(BokTsv, RefusesAnotherNumberOfColumnsByTheLine)
+TEST_F(BokTsv, RefusesAWrongNumberOfColumnsWithTheLine)
 {
     expect_refused("a\tb\tc\t\t\nd\te\tf\t\n", "line 2: 4 columns instead of 5");
     expect_refused("a\tb\tc\t\t\t\n", "line 1: 6 columns instead of 5");
     expect_refused("a\tb\tc\t\t\n\nd\te\tf\t\t\n", "line 2: 1 column instead of 5");
-    expect_refused("", "no line");
-    expect_refused("\xEF\xBB\xBF", "no line");
+    expect_refused("", "the table is empty");
+    expect_refused("\xEF\xBB\xBF", "the table is empty");
 }
 
-TEST_F(BokTsv, RefusesWhatWouldBreakTheFileByLineAndColumn)
+TEST_F(BokTsv, RefusesTextThatWouldBreakTheFileWithLineAndColumn)
 {
-    expect_refused("a\tb\tc\t\t\na\x03\tb\tc\t\t\n", "line 2, column 1 (box 1): holds U+0003");
-    expect_refused("a\tb\\u{3}\tc\t\t\n", "line 1, column 2 (box 2): holds U+0003");
-    expect_refused("a\tb\tc\x03\t\t\n", "column 3 (box 3): holds U+0003");
-    expect_refused("a\tb\tc\tx|y\x03\t\n", "column 4 (files): entry 2 holds U+0003");
-    expect_refused("a\tb\tc\t\td\x03\n", "column 5 (folder): holds U+0003");
-    expect_refused("a\tb\\nb\tc\t\t\n", "column 2 (box 2): holds a line break");
-    expect_refused("a\tb\\u{d}b\tc\t\t\n", "column 2 (box 2): holds a line break");
-    expect_refused("a\tb\tc\tx\\u{d}\\u{a}y\t\n", "column 4 (files): entry 1 holds a line break");
-    expect_refused("a\tb\tc\t\td\\u{a}d\n", "column 5 (folder): holds a line break");
-    expect_refused("a\rb\tb\tc\t\t\n", "column 1 (box 1): holds a carriage return");
-    expect_refused("a\tb\tc\t\td\rd\n", "column 5 (folder): holds a carriage return");
+    expect_refused("a\tb\tc\t\t\na\x03\tb\tc\t\t\n", "line 2, column 1 (box 1): contains U+0003");
+    expect_refused("a\tb\\u{3}\tc\t\t\n", "line 1, column 2 (box 2): contains U+0003");
+    expect_refused("a\tb\tc\x03\t\t\n", "column 3 (box 3): contains U+0003");
+    expect_refused("a\tb\tc\tx|y\x03\t\n", "column 4 (files): entry 2 contains U+0003");
+    expect_refused("a\tb\tc\t\td\x03\n", "column 5 (folder): contains U+0003");
+    expect_refused("a\tb\\nb\tc\t\t\n", "column 2 (box 2): contains a line break");
+    expect_refused("a\tb\\u{d}b\tc\t\t\n", "column 2 (box 2): contains a line break");
+    expect_refused("a\tb\tc\tx\\u{d}\\u{a}y\t\n", "column 4 (files): entry 1 contains a line break");
+    expect_refused("a\tb\tc\t\td\\u{a}d\n", "column 5 (folder): contains a line break");
+    expect_refused("a\rb\tb\tc\t\t\n", "column 1 (box 1): contains a carriage return");
+    expect_refused("a\tb\tc\t\td\rd\n", "column 5 (folder): contains a carriage return");
 }
 
 TEST_F(BokTsv, RefusesBlankEntries)
@@ -116,28 +116,28 @@ TEST_F(BokTsv, RefusesBlankEntries)
     expect_refused("a\tb\tc\tx|\u3000|y\t\n", "entry 2 is blank");
 }
 
-TEST_F(BokTsv, RefusesBytesThatAreNoUtf8)
+TEST_F(BokTsv, RefusesBytesThatAreNotUtf8)
 {
     for (const char* bytes : { "\xFF", "\xC3", "\xC0\x80", "\xE3\x81", "\xED\xA0\x80", "\xF4\x90\x80\x80",
              "\x80", "\xF0\x9F\x98", "\xE0\x80\x80" })
         expect_refused("a\tb\tc" + std::string(bytes) + "\t\t\n",
-            "line 1, column 3 (box 3): holds bytes that are not UTF-8");
-    expect_refused("a\tb\tc\t\xFE\t\n", "column 4 (files): holds bytes that are not UTF-8");
+            "line 1, column 3 (box 3): contains bytes that are not UTF-8");
+    expect_refused("a\tb\tc\t\xFE\t\n", "column 4 (files): contains bytes that are not UTF-8");
     expect_refused(std::string_view("\xFF\xFE"
                                     "a\0",
                        4),
         "UTF-16");
 }
 
-TEST_F(BokTsv, RefusesEscapesThatMeanNothing)
+TEST_F(BokTsv, RefusesUnknownEscapes)
 {
     for (const char* cell :
         { "\\", "\\x", "\\u", "\\u{", "\\u{}", "\\u{110000}", "\\u{g}", "\\u{0000041}", "C:\\Users" })
-        expect_refused("a\t" + std::string(cell) + "\tc\t\t\n", "column 2 (box 2): an unknown escape");
+        expect_refused("a\t" + std::string(cell) + "\tc\t\t\n", "column 2 (box 2): unknown escape");
     expect_refused("a\tb\tc\tC:\\u{x}\t\n", "column 4 (files): \\u{...}");
 }
 
-TEST_F(BokTsv, HoldsAsManyPagesAsABook)
+TEST_F(BokTsv, AcceptsAsManyPagesAsABook)
 {
     std::string table;
     for (int i = 0; i < 100000; ++i)
@@ -146,7 +146,7 @@ TEST_F(BokTsv, HoldsAsManyPagesAsABook)
     expect_refused(table + "\t\t\t\t\n", "line 100001: a Book has at most 100000 pages");
 }
 
-TEST_F(BokTsv, ComesFromTheInputStreamToo)
+TEST_F(BokTsv, IsReadFromStandardInputToo)
 {
     const Outcome outcome = bok({ "import", "-", "--from", "tsv", "-o", target }, "a\tb\tc\t\t\n");
     EXPECT_EQ(outcome.code, 0) << outcome.err;
@@ -159,8 +159,9 @@ TEST_F(BokTsv, IsRefusedWhenItCannotBeRead)
         EXPECT_EQ(bok({ "import", path, "--from", "tsv", "-o", target }).code, 1);
 }
 
-// A Book through a table and back has the same texts, files and folders, whatever they hold.
-TEST_F(BokTsv, GoesOutAndInWithTheSamePages)
+// A Book that is exported to a table and imported again has the same texts, files and folders, whatever they
+// are.
+TEST_F(BokTsv, RoundTripsPages)
 {
     PageText page;
     page.box1 = L"\tx\\n|\r\n\r\n a\rb\nc \xD800\r\nend \r\n";
@@ -185,7 +186,7 @@ TEST_F(BokTsv, GoesOutAndInWithTheSamePages)
     EXPECT_EQ(bok({ "export", target, "--to", "tsv" }).out, table.out);
 }
 
-TEST_F(BokTsv, ComesOutInStoredOrder)
+TEST_F(BokTsv, IsWrittenInStoredOrder)
 {
     book::BookHeader header;
     header.order_mode = -2700;

@@ -1,4 +1,4 @@
-// The command line of bok: what it takes, what it refuses, and how it answers.
+// The command line of bok: accepted and refused arguments, and its output.
 #include "tests/support/bok_run.hpp"
 #include "tools/bok/options.hpp"
 #include <gtest/gtest.h>
@@ -43,7 +43,7 @@ TEST_F(BokUsage, IsRefusedWithOneLineAndTheCodeTwo)
     expect_usage({ "export", book, "--to", "tsv", "-o", "" });
 }
 
-TEST_F(BokUsage, KnowsTheValuesThatOptionsTake)
+TEST_F(BokUsage, ChecksTheValuesOfOptions)
 {
     for (const char* range : { "", "-", "5-2", "-3", "a-b", "1-2-3", "1-99999999999999999999", " 1-2" })
         expect_usage({ "pages", book, "--range", range });
@@ -54,7 +54,7 @@ TEST_F(BokUsage, KnowsTheValuesThatOptionsTake)
         expect_usage({ "order", book, "--seed", seed });
 }
 
-TEST_F(BokUsage, IsToldOnDemand)
+TEST_F(BokUsage, IsShownOnRequest)
 {
     for (const std::vector<std::string>& call : { std::vector<std::string>{ "--help" }, { "-h" }, { "help" },
              { "find", "--help" }, { "check", "-h" } }) {
@@ -65,13 +65,13 @@ TEST_F(BokUsage, IsToldOnDemand)
     }
 }
 
-TEST_F(BokUsage, TakesOptionsAnywhereAndInOneWordWithTheirValue)
+TEST_F(BokUsage, AcceptsOptionsAnywhereAndInOneWordWithTheirValue)
 {
     EXPECT_EQ(bok({ "pages", "--range", "0-0", book }).code, 0);
     EXPECT_EQ(bok({ "pages", book, "--range=0" }).out, bok({ "pages", "--range", "0-0", book }).out);
 }
 
-TEST_F(BokUsage, TakesWhatStandsBehindTwoDashesAsItIs)
+TEST_F(BokUsage, TreatsWordsAfterTwoDashesAsOperands)
 {
     expect_usage({ "find", book, "--all-of-it" });
     const Outcome outcome = bok({ "find", book, "--json", "--", "--help" });
@@ -79,7 +79,7 @@ TEST_F(BokUsage, TakesWhatStandsBehindTwoDashesAsItIs)
     EXPECT_EQ(outcome.out, "");
 }
 
-TEST_F(BokUsage, TellsAProblemInOneLineWhateverThePathHolds)
+TEST_F(BokUsage, ReportsAProblemInOneLineWhateverThePathContains)
 {
     const Outcome outcome = bok({ "info", "no\nsuch\x1b[31m\xff file" });
     EXPECT_EQ(outcome.code, 1);
@@ -88,7 +88,7 @@ TEST_F(BokUsage, TellsAProblemInOneLineWhateverThePathHolds)
     EXPECT_NE(outcome.err.find("no such file"), std::string::npos);
 }
 
-TEST(ParseOptions, GivesWhatWasGiven)
+TEST(ParseOptions, ReturnsTheGivenOptions)
 {
     using namespace bok;
     const std::array rules{ OptionRule{ "-o", "FILE", "" }, OptionRule{ "--yes", "", "" } };

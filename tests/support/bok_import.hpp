@@ -1,4 +1,4 @@
-// Imports of bok: what comes in becomes a Book, and what is refused leaves its target alone.
+// Imports of bok: accepted input becomes a Book, and refused input leaves the target unchanged.
 #pragma once
 #include "book/book.hpp"
 #include "platform/file.hpp"
@@ -9,7 +9,7 @@ namespace test_support {
 
 class BokImport : public testing::Test {
 protected:
-    // As `--from` names it.
+    // `format` is the value of --from.
     explicit BokImport(std::string format)
         : format_(std::move(format))
     {

@@ -1,4 +1,4 @@
-// bok without a process: its commands run here, with streams in memory.
+// Runs the commands of bok in this process, with streams in memory.
 #pragma once
 #include "book/header_text.hpp"
 #include "platform/text.hpp"
@@ -39,7 +39,7 @@ inline Outcome bok(
     return outcome;
 }
 
-// Files of a test by short names, as arguments of a command line.
+// Files of a test, named shortly for use as command line arguments.
 class BokFolder {
 public:
     std::string path(const std::wstring& name) const { return platform::to_utf8(folder_.file(name)); }
@@ -66,7 +66,7 @@ private:
     TempFolder folder_;
 };
 
-// The six fields of a page. The lines of a field end in CR LF, which the caller writes.
+// The six fields of a page. The caller writes the CR LF of every line.
 struct PageText {
     std::wstring box1{};
     std::wstring box2{};
@@ -84,7 +84,7 @@ struct PageText {
     }
 };
 
-// The three lines before the pages.
+// The three header lines.
 inline std::wstring header_lines(const book::BookHeader& header = {})
 {
     const std::string digits = book::header_text(header);

@@ -26,14 +26,14 @@ int run_check(const Options& options, Streams& streams)
     const Inspection inspection =
         inspect(source, size, write, [&](std::uint64_t done) { progress.show(done, size); });
     if (inspection.findings == 0) {
-        sink->text() += "nothing is wrong: pages " + std::to_string(inspection.pages) + ", tabs "
+        sink->text() += "no problems: pages " + std::to_string(inspection.pages) + ", tabs "
             + std::to_string(inspection.tabs) + ", marks " + std::to_string(inspection.marks) + '\n';
     }
     sink->finish();
     if (inspection.findings == 0)
         return exit_done;
     throw Problem(printable(path) + ": " + std::to_string(inspection.findings)
-        + (inspection.findings == 1 ? " thing is wrong" : " things are wrong"));
+        + (inspection.findings == 1 ? " problem" : " problems"));
 }
 
 } // namespace bok

@@ -1,4 +1,4 @@
-// The commands, one function each. They throw Problem and UsageError.
+// The commands, one function each. They return the exit code and throw Problem and UsageError.
 #pragma once
 #include "tools/bok/options.hpp"
 #include "tools/bok/streams.hpp"

@@ -1,4 +1,4 @@
-// What a terminal needs before a program can talk to it in UTF-8.
+// Prepares the console for UTF-8.
 #pragma once
 
 namespace bok {
@@ -7,8 +7,8 @@ enum class StandardStream { in, out, err };
 
 bool is_terminal(StandardStream stream);
 
-// From here on bytes pass unchanged and a terminal takes them as UTF-8. Answers what restore_console wants
-// back, for a console outlives the programs that write to it.
+// After this the standard streams pass bytes unchanged and the terminal reads them as UTF-8. Returns the old
+// code page for restore_console: a Windows console keeps its code page after the program ends.
 unsigned prepare_console();
 void restore_console(unsigned code_page);
 

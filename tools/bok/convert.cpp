@@ -10,7 +10,7 @@ namespace bok {
 
 namespace {
 
-// Only a person at a terminal can say yes.
+// Asks only if a person can see the question and answer it; otherwise the answer is no.
 bool ask(Streams& streams, const std::string& question)
 {
     if (!streams.in_is_terminal || !streams.err_is_terminal)
@@ -26,7 +26,7 @@ std::string question_for(Consent consent, const std::string& path)
     return printable(std::string_view(path))
         + (consent == Consent::older_format
                 ? ": the older format, or no Book at all. Read it as the older format?"
-                : ": the BookHeader is damaged. Go on with default settings?");
+                : ": the BookHeader is damaged. Continue with default settings?");
 }
 
 } // namespace
@@ -40,14 +40,15 @@ int run_convert(const Options& options, Streams& streams)
         was_declined = !agreed;
         return agreed;
     };
+    // A declined question ends in the loader's message, which does not mention --yes.
     const auto open = [&] {
         try {
             return open_any_book(path, streams, consent);
         } catch (const Problem&) {
             if (!was_declined)
                 throw;
-            throw Problem(
-                printable(std::string_view(path)) + ": not converted; --yes goes on without a question");
+            throw Problem(printable(std::string_view(path))
+                + ": not converted; use --yes to convert without a question");
         }
     };
     book::Book book = open();

@@ -17,7 +17,7 @@ using Export = void (*)(const book::Book&, Sink&, Progress&);
 
 struct Form {
     Export write;
-    bool is_displayed; // its pages come in display order
+    bool is_displayed; // pages are written in display order, otherwise in stored order
 };
 
 Form form_named(const std::string& name)
@@ -42,6 +42,7 @@ int run_export(const Options& options, Streams& streams)
     if (options.has("-o") && file.empty())
         throw UsageError("option -o needs a value");
     book::Book book = open_book(options.operand(0), streams);
+    // Only if needed: a stamp that is too short to sort by must not stop an export in stored order.
     if (form.is_displayed)
         rebuild_order(book);
     const auto sink = open_sink(streams.out, file == "-" ? std::wstring() : platform::from_utf8(file));

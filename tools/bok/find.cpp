@@ -74,7 +74,7 @@ std::string name_of(std::uint64_t place)
                                     : "file " + std::to_string(place - book::file_place + 1);
 }
 
-// The hit with a little of what stands around it on its line.
+// The hit with up to 20 units of context on either side, on its line only. Never cuts a surrogate pair.
 std::string surroundings(std::wstring_view text, const book::SearchHit& hit)
 {
     constexpr std::size_t reach = 20;

@@ -40,8 +40,11 @@ article>h2{display:flex;gap:.6em;margin:0;padding:.55rem 1.1rem;font-size:1.15re
 @media print{article{box-shadow:none;border:1px solid #888;break-inside:avoid}}
 )css";
 
+// All text of a Book passes through here or append_escaped_utf8, so none can become markup. Quotes are
+// escaped too, because the same function writes attribute values.
 void append_escaped(std::wstring_view text, std::string& out)
 {
+    // Control characters and noncharacters are errors in HTML.
     const auto is_refused = [](std::uint32_t point) {
         return (point < 0x20 && point != '\n' && point != '\t') || (point >= 0x7F && point < 0xA0)
             || (point & 0xFFFE) == 0xFFFE || (point >= 0xFDD0 && point <= 0xFDEF);
@@ -74,7 +77,7 @@ void append_escaped_utf8(std::string_view text, std::string& out)
     append_escaped(platform::from_utf8(text), out);
 }
 
-// Lines divided by LF, whatever divided them.
+// The text with LF between lines, whether they ended in CR, LF or CR LF.
 std::wstring lines_of(std::wstring_view text)
 {
     std::wstring lines;
@@ -118,6 +121,7 @@ std::string file_name(const std::wstring& path)
     return printable(std::wstring_view(name).substr(0, dot == 0 ? name.npos : dot));
 }
 
+// The security policy blocks scripts and remote content, in case an escape were missing.
 void append_head(const book::Book& book, const std::string& name, std::string& out)
 {
     const look::ThemePalette colors = look::theme_colors(book.header.theme);

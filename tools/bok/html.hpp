@@ -1,4 +1,4 @@
-// A Book as one web page that needs nothing beside it.
+// A Book as one self-contained web page.
 #pragma once
 #include "book/book.hpp"
 #include "tools/bok/progress.hpp"
@@ -6,8 +6,8 @@
 
 namespace bok {
 
-// In display order, with a table of contents, in the colours of the Book and its pages. No text of the Book
-// can become markup, and only web addresses become links.
+// Writes the pages in display order, with a table of contents, in the colours of the Book and its pages. No
+// text of the Book can become markup, and only web addresses become links.
 void export_html(const book::Book& book, Sink& sink, Progress& progress);
 
 } // namespace bok

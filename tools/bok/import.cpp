@@ -29,8 +29,9 @@ void read_pages(
     Import read, const std::string& name, const std::string& text, book::Book& book, Streams& streams)
 {
     const std::string shown = name == "-" ? "input" : printable(std::string_view(name));
+    // Recognised by its byte order mark, to name the encoding instead of a strange error in line 1.
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
-        throw Problem(shown + ": UTF-16, and bok reads UTF-8");
+        throw Problem(shown + ": is UTF-16, but bok reads UTF-8");
     Progress progress(streams, "importing");
     try {
         read(text, book, progress);
@@ -58,9 +59,9 @@ int run_import(const Options& options, Streams& streams)
 {
     const Import read = import_from(options.value("--from"));
     if (options.value("-o") == "-")
-        throw UsageError("a Book is written to a file, not to the output stream");
+        throw UsageError("a Book can only be written to a file");
     book::Book book;
-    {
+    { // frees the file's text before the Book is written
         const std::string text = read_all(options.operand(0), streams);
         read_pages(read, options.operand(0), text, book, streams);
     }

@@ -13,9 +13,9 @@ namespace bok {
 
 namespace {
 
-// Six times the largest Book that anyone has reason to make.
+// Six times the largest Book that is likely to exist.
 constexpr std::uint64_t size_limit = std::uint64_t{ 1 } << 30;
-// Files above this are looked through before memory is promised to them.
+// Larger files are scanned first, to refuse those whose Book would not fit in memory.
 constexpr std::uint64_t unquestioned_size = std::uint64_t{ 64 } << 20;
 constexpr std::uint64_t memory_limit = std::uint64_t{ 4 } << 30;
 constexpr std::uint64_t announced_size = std::uint64_t{ 16 } << 20;
@@ -35,8 +35,8 @@ platform::File open_ordinary(const std::wstring& path)
     return file;
 }
 
-// The memory that a Book of these units takes, most of which a hostile file can ask for by empty pages and
-// entries.
+// An upper estimate of the memory that the Book takes. A hostile file takes most by empty pages and list
+// entries: a few bytes each in the file, hundreds in memory. Vectors may hold twice their size.
 std::uint64_t memory_need(platform::File& file)
 {
     std::vector<char16_t> piece(piece_size);
@@ -59,12 +59,11 @@ void check_memory(const std::wstring& path, platform::File& file)
     if (file.size().value_or(0) <= unquestioned_size)
         return;
     if (memory_need(file) > memory_limit)
-        fail(path, "holds too much for one Book: it would take more than 4 GiB of memory");
+        fail(path, "is too large for one Book: it would take more than 4 GiB of memory");
 }
 
-// Why a Book could not be loaded, from the file itself: the first thing that stopped it, but for a header
-// that was
-// consented to.
+// Throws Problem with the first finding in the file that stops loading. Skips the header's finding if the
+// user agreed to continue with it.
 [[noreturn]] void tell_failure(const std::wstring& path, platform::File& file, bool consented)
 {
     file.seek_to_start();
@@ -82,7 +81,7 @@ void check_memory(const std::wstring& path, platform::File& file)
     const bool is_curable = inspection.header == book::HeaderStatus::older_format
         || inspection.header == book::HeaderStatus::damaged;
     if (!is_curable)
-        reason += "; `bok check` tells what is wrong, `bok convert` cannot help here";
+        reason += "; `bok check` lists the problems, `bok convert` cannot repair them";
     fail(path, reason);
 }
 
@@ -100,7 +99,7 @@ void check_readable(const std::wstring& path)
     if (!file.is_open())
         fail(path, "cannot be opened");
     if (file.size().value_or(0) > size_limit)
-        fail(path, "is larger than 1 GiB, more than bok reads");
+        fail(path, "is larger than 1 GiB, the most that bok reads");
 }
 
 book::Book open_any_book(const std::string& path, Streams& streams, const AskConsent& ask)
@@ -113,7 +112,7 @@ book::Book open_any_book(const std::string& path, Streams& streams, const AskCon
     if (source.size() > announced_size)
         progress.announce();
 
-    // What load_book asks is told apart by the header itself, not by the words of the question.
+    // load_book asks by a text only. Reading the header here tells which of its two questions it will be.
     book::LineReader reader(source);
     book::BookHeader ignored;
     const book::HeaderStatus header = book::read_header(reader, ignored);
@@ -145,7 +144,7 @@ std::string read_all(const std::string& path, Streams& streams)
     const auto take = [&](std::size_t count) {
         text.append(piece, 0, count);
         if (text.size() > size_limit)
-            fail(wide_path, "is larger than 1 GiB, more than bok reads");
+            fail(wide_path, "is larger than 1 GiB, the most that bok reads");
     };
     if (path == "-") {
         while (streams.in.read(piece.data(), static_cast<std::streamsize>(piece.size()))

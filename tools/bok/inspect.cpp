@@ -58,8 +58,8 @@ bool divides_tokens(FileUnit unit)
     return unit == ' ' || (unit >= '\t' && unit <= '\r');
 }
 
-// The tokens of a numbers line, as a stream takes them: behind the stamp a sign begins a number even where no
-// blank stands before it.
+// The tokens of a numbers line, as a stream splits them: after the stamp a sign begins a number even without
+// white space before it.
 std::vector<FileText> tokens_of(FileText line)
 {
     std::vector<FileText> tokens;
@@ -76,8 +76,8 @@ std::vector<FileText> tokens_of(FileText line)
     return tokens;
 }
 
-// A number as a stream reads it into an unsigned one: up to the first unit that is no digit, and a minus
-// wraps.
+// A token as a stream reads it into an unsigned number: up to the first unit that is no digit, wrapping
+// around for a minus.
 std::uint64_t unsigned_value(FileText token)
 {
     const std::string digits = printable(wide(token));
@@ -88,6 +88,8 @@ std::uint64_t unsigned_value(FileText token)
     return digits.starts_with('-') ? 0 - value : value;
 }
 
+// Follows the loader line by line, with the same line reader, so that each finding has its line number. It
+// goes on where the loader would stop, to list all problems of the file at once.
 class Inspector {
 public:
     Inspector(book::ByteSource& source, std::uint64_t size, const Report& report,
@@ -128,12 +130,12 @@ private:
     const std::function<void(std::uint64_t)>& progress_;
     Inspection result_;
     book::BookHeader header_;
-    std::uint64_t line_ = 0; // the one last read
-    bool is_cut_ = false; // it had no end
+    std::uint64_t line_ = 0; // number of the last line read
+    bool is_cut_ = false; // that line had no line end
     std::size_t field_ = 0;
-    std::uint64_t lines_ = 0; // of the field, blank ones left out where they do not count
+    std::uint64_t lines_ = 0; // of the field, without blank lines where those do not count
     std::uint64_t all_lines_ = 0; // of the page
-    bool told_separator_ = false; // once a field is enough
+    bool told_separator_ = false; // reported once per field
     bool told_null_ = false;
     book::Page page_; // files and numbers only
 };
@@ -165,7 +167,7 @@ void Inspector::tell_page(std::uint64_t line, std::string what, bool stops_loadi
 Inspection Inspector::run()
 {
     if (size_ % sizeof(FileUnit) != 0)
-        tell("the file has an odd number of bytes: what stands in its last block of 65,536 is not read");
+        tell("the file has an odd number of bytes: its last block of 65,536 bytes is not read");
     if (inspect_header_lines()) {
         inspect_pages();
         end_file();
@@ -173,22 +175,22 @@ Inspection Inspector::run()
     return result_;
 }
 
-// False when nothing can be read behind them.
+// False if nothing after the header can be read.
 bool Inspector::inspect_header_lines()
 {
     result_.header = book::read_header(reader_, header_);
-    line_ = 3;
+    line_ = 3; // the header's lines were read without next_line()
     switch (result_.header) {
     case book::HeaderStatus::good:
         return true;
     case book::HeaderStatus::damaged:
-        tell("the BookHeader in line 2 is damaged: `bok convert` can go on with default settings", true);
+        tell("the BookHeader in line 2 is damaged: `bok convert` can continue with default settings", true);
         return true;
     case book::HeaderStatus::older_format:
         begin_older_format();
         return true;
     default:
-        tell(size_ == 0 ? "the file is empty" : "the three lines of the header are not whole", true);
+        tell(size_ == 0 ? "the file is empty" : "the three lines of the header are incomplete", true);
         return false;
     }
 }
@@ -213,8 +215,7 @@ void Inspector::inspect_pages()
 void Inspector::take_separator(FileText line)
 {
     if (without_line_end(line).size() > 1)
-        tell_page(
-            line_, "what follows U+0003 at the end of " + std::string(field_names[field_]) + " is lost");
+        tell_page(line_, "text after U+0003 at the end of " + std::string(field_names[field_]) + " is lost");
     end_field();
     field_ = (field_ + 1) % field_count;
     if (field_ == 0)
@@ -231,8 +232,7 @@ void Inspector::take_line(FileText line)
     if (!told_null_ && line.find(FileUnit{}) != line.npos) {
         told_null_ = true;
         tell_page(line_,
-            "U+0000 inside " + std::string(field_names[field_])
-                + ": a window shows no more than stands before it");
+            "U+0000 inside " + std::string(field_names[field_]) + ": windows show only the text before it");
     }
     switch (field_) {
     case 0:
@@ -257,13 +257,12 @@ void Inspector::take_text(FileText line)
     line.remove_prefix(1);
     if (result_.header != book::HeaderStatus::older_format && line.starts_with(separator_unit))
         tell_page(line_,
-            "U+0003 behind U+FEFF at the beginning of box 1: once saved the Book is broken here; `bok "
+            "U+0003 after U+FEFF at the beginning of box 1: once saved the Book is broken here; `bok "
             "convert` removes it");
     else if (result_.header != book::HeaderStatus::older_format)
         tell_page(line_, "U+FEFF at the beginning of box 1 is dropped");
     else if (line.starts_with(separator_unit))
-        tell_page(
-            line_, "box 1 of the first page is empty, so that the fields of this page are read one off");
+        tell_page(line_, "box 1 of the first page is empty, so the fields of this page are shifted by one");
 }
 
 void Inspector::take_single(FileText line)
@@ -272,7 +271,8 @@ void Inspector::take_single(FileText line)
         return;
     inspect_hidden_separator(line);
     if (++lines_ == 2)
-        tell_page(line_, std::string(field_names[field_]) + " has more than one line: only the last stays");
+        tell_page(
+            line_, std::string(field_names[field_]) + " has more than one line: only the last one is kept");
 }
 
 void Inspector::take_file(FileText line)
@@ -283,16 +283,18 @@ void Inspector::take_file(FileText line)
     }
     ++lines_;
     inspect_hidden_separator(line);
+    // The entry's text does not matter: read_numbers only needs the number of entries.
     page_.files.emplace_back();
     page_.current_file = page_.files.size() - 1;
 }
 
-// Loading takes the white space before it away, and the next save writes what ends a field.
+// Loading trims the white space before the U+0003; the next save would write it at the start of a line, where
+// it ends the field.
 void Inspector::inspect_hidden_separator(FileText line)
 {
     if (book::trimmed(line, book::TrimMode::left).starts_with(separator_unit))
         tell_page(line_,
-            "U+0003 behind white space in " + std::string(field_names[field_])
+            "U+0003 after white space in " + std::string(field_names[field_])
                 + ": once saved the Book is broken here; `bok convert` removes it");
 }
 
@@ -300,7 +302,7 @@ void Inspector::take_numbers(FileText line)
 {
     inspect_hidden_separator(line);
     if (++lines_ == 2)
-        tell_page(line_, "more than one line of numbers: the last one counts");
+        tell_page(line_, "more than one line of numbers: the last one is used");
     if (book::read_numbers(line, page_)) {
         inspect_tokens(line);
         inspect_stamp(page_.stamp);
@@ -318,6 +320,7 @@ void Inspector::inspect_tokens(FileText line)
     const std::vector<FileText> tokens = tokens_of(line);
     if (tokens.size() > token_count)
         tell_page(line_, "more than thirteen tokens in the line of numbers: the rest is dropped");
+    // read_numbers silently replaces a number past the end, so the token is compared with its result.
     const FileText current_file = tokens[std::min(tokens.size(), token_count) - 1];
     if (unsigned_value(current_file) != page_.current_file)
         tell_page(line_,
@@ -330,7 +333,7 @@ void Inspector::inspect_tokens(FileText line)
         if (colors[i] > greatest_color)
             tell_page(line_,
                 "colour " + std::to_string(colors[i]) + " (token " + std::to_string(first_color_token + i + 1)
-                    + ") is more than three bytes");
+                    + ") does not fit in three bytes");
     }
 }
 
@@ -345,7 +348,7 @@ void Inspector::inspect_stamp(const std::wstring& stamp)
     else if (stamp.size() < stamp_length)
         tell_page(line_,
             "stamp " + quoted(stamp)
-                + " has no whole time of modification: `bok convert` gives it the current time");
+                + " has no complete modification time: `bok convert` gives it the current time");
     else if (stamp.size() > stamp_length || !is_digits)
         tell_page(line_, "stamp " + quoted(stamp) + " is not two times of 14 digits");
 }
@@ -378,14 +381,14 @@ void Inspector::end_file()
             "the file ends inside this page, at " + std::string(field_names[field_])
                 + ": the page is dropped");
     else if (all_lines_ > 0)
-        tell_page(line_, "lines behind the last whole page are dropped");
+        tell_page(line_, "lines after the last complete page are dropped");
     else if (is_cut_)
-        tell_page(line_, "the last line has no end");
+        tell_page(line_, "the last line has no CR LF");
     if (result_.pages == 0)
-        tell("no whole page", true);
+        tell("no complete page", true);
     if (result_.pages > book::page_limit)
         tell(std::to_string(result_.pages)
-            + " pages, more than the program makes (100,000): no page can be added");
+            + " pages, more than the limit of the program (100,000): no page can be added");
     if (result_.header == book::HeaderStatus::good)
         bok::inspect_header(
             header_, result_.pages, [this](const std::string& what) { tell("header: " + what); });

@@ -9,7 +9,7 @@ namespace {
 
 using book::BookHeader;
 
-// Beyond this a font costs more than a screen can show.
+// A larger font fits on no screen.
 constexpr std::int64_t greatest_font_height = 2000;
 constexpr std::int64_t greatest_font_weight = 1000;
 constexpr std::int64_t window_height = 854;
@@ -28,7 +28,7 @@ constexpr std::array range_rules{
     RangeRule{
         "auto_file_search", [](const BookHeader& h) -> std::int64_t { return h.auto_file_search; }, 0, 1 },
     RangeRule{ "gif_autoplay", [](const BookHeader& h) -> std::int64_t { return h.gif_autoplay; }, 0, 1 },
-    RangeRule{ "the size of order_mode", book::order_magnitude, 2700, 2702 },
+    RangeRule{ "the magnitude of order_mode", book::order_magnitude, 2700, 2702 },
     RangeRule{ "sort_key", [](const BookHeader& h) -> std::int64_t { return h.sort_key; }, 3000, 3005 },
     RangeRule{
         "tab_label_box", [](const BookHeader& h) -> std::int64_t { return h.tab_label_box; }, 4000, 4002 },
@@ -50,7 +50,7 @@ void inspect_font(
     if (font.weight < 0 || font.weight > greatest_font_weight)
         report(out_of_range(name + ".weight", font.weight, 0, greatest_font_weight));
     if (std::ranges::find(font.face_name, u'\0') == font.face_name.end())
-        report(name + ".face has no end");
+        report(name + ".face has no terminating zero");
 }
 
 } // namespace

@@ -9,13 +9,13 @@
 namespace bok {
 
 void write_page_members(JsonWriter& json, const book::Page& page);
-// Every member of the record, the fonts by face, height and weight.
+// Every member of the record; of a font only face, height and weight.
 void write_header_summary(JsonWriter& json, const book::BookHeader& header);
 
 void export_json(const book::Book& book, Sink& sink, Progress& progress);
 
-// Reads what export_json wrote, or what a person wrote in its form, into an empty Book. Throws JsonError with
-// the place in its text. Counts of tabs and marks are left to Book::recount.
+// Reads the format of export_json, also written by a person, into an empty Book. Throws JsonError with the
+// position of the error. Does not count tabs and marks: call Book::recount.
 void import_json(std::string_view text, book::Book& book, Progress& progress);
 
 } // namespace bok

@@ -47,7 +47,7 @@ template <class List> void write_list(JsonWriter& json, const List& list)
     json.close(']');
 }
 
-// A visitor that writes each member it meets.
+// A visitor that writes each member it is called with.
 auto member_writer(JsonWriter& json)
 {
     return [&json](std::string_view name, const auto& member) {
@@ -62,7 +62,8 @@ std::wstring face_of(const book::LogFont& font)
     return { font.face_name.begin(), end };
 }
 
-// What stands behind the zero that ends the face, without the zeros at its own end.
+// The units after the zero that ends the face, without trailing zeros. Exporting them keeps the record's
+// bytes.
 std::wstring face_tail_of(const book::LogFont& font)
 {
     const auto end = std::ranges::find(font.face_name, u'\0');

@@ -43,10 +43,11 @@ void read_box(JsonReader& json, std::wstring& text)
         text += line;
         text += L"\r\n";
     }
+    // Line ends are between lines only.
     text.erase(text.size() < 2 ? 0 : text.size() - 2);
 }
 
-// A COLORREF, or "#rrggbb", which has its bytes the other way round.
+// A COLORREF, or "#rrggbb", which has its bytes in the opposite order.
 void read_color(JsonReader& json, std::uint32_t& color)
 {
     if (json.peek() != JsonReader::Kind::string) {
@@ -101,7 +102,7 @@ void read_value(JsonReader& json, ColorMember<std::array<std::uint32_t, book::bo
     read_exactly(json, colors.value, read_color);
 }
 
-// Reads the one member that bears `name` out of those it is shown.
+// A visitor that reads the member called `name` and ignores all others.
 class MemberReader {
 public:
     MemberReader(JsonReader& json, std::string_view name)
@@ -125,7 +126,8 @@ private:
     bool found_ = false;
 };
 
-// Reads an object whose members `take` knows by name.
+// Reads an object; `take` reads the value of a member, or returns false for an unknown name. Rejects
+// duplicate members.
 template <class Take> void read_object(JsonReader& json, Take take)
 {
     std::vector<std::string> seen;
@@ -133,7 +135,7 @@ template <class Take> void read_object(JsonReader& json, Take take)
     for (std::string name; json.next_member(name); seen.push_back(name)) {
         const std::size_t place = json.place();
         if (std::ranges::find(seen, name) != seen.end())
-            json.fail("member \"" + printable(name) + "\" stands twice", place);
+            json.fail("duplicate member \"" + printable(name) + "\"", place);
         if (!take(name))
             json.fail("unknown member \"" + printable(name) + "\"", place);
     }
@@ -192,7 +194,7 @@ void read_header(JsonReader& json, book::BookHeader& header)
 void read_page(JsonReader& json, book::Page& page)
 {
     bool is_verbatim = false;
-    json.peek();
+    json.peek(); // so that place() is the start of the page, for an error of the page as a whole
     const std::size_t place = json.place();
     read_object(json, [&](const std::string& name) {
         if (name == "verbatim") {
@@ -209,12 +211,14 @@ void read_page(JsonReader& json, book::Page& page)
 
 void read_pages(JsonReader& json, book::Book& book, Progress& progress, std::size_t size)
 {
+    // Pages take their defaults from the header read so far, so it must come before them.
     const book::Page blank = new_page(book.header);
     json.enter_array();
     while (json.next_element()) {
         const std::string page = "pages[" + std::to_string(book.pages.size()) + "]: ";
         if (book.pages.size() == book::page_limit)
             json.fail("a Book has at most " + std::to_string(book::page_limit) + " pages");
+        // The error names the page too: an exported page is one very long line.
         try {
             read_page(json, book.pages.emplace_back(blank));
         } catch (const JsonError& error) {

@@ -17,12 +17,14 @@ bool is_digit(char c)
 JsonReader::JsonReader(std::string_view text)
     : text_(text)
 {
+    // Some editors write a byte order mark, which JSON does not allow.
     if (text_.starts_with("\xEF\xBB\xBF"))
         at_ = 3;
 }
 
 void JsonReader::fail(const std::string& reason, std::size_t place) const
 {
+    // Lines are counted only here, so that reading itself need not count them.
     const std::string_view before = text_.substr(0, place);
     const auto line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1;
     const std::size_t line_start = before.rfind('\n') == std::string_view::npos ? 0 : before.rfind('\n') + 1;
@@ -49,14 +51,15 @@ bool JsonReader::take(char character)
 void JsonReader::expect(char character)
 {
     if (!take(character))
-        fail(at_ == text_.size() ? "the text ends too early" : std::string("expected '") + character + "'");
+        fail(
+            at_ == text_.size() ? "the text ends unexpectedly" : std::string("expected '") + character + "'");
 }
 
 JsonReader::Kind JsonReader::peek()
 {
     skip_white_space();
     if (at_ == text_.size())
-        fail("the text ends too early");
+        fail("the text ends unexpectedly");
     switch (text_[at_]) {
     case '{':
         return Kind::object;
@@ -104,6 +107,7 @@ bool JsonReader::next_member(std::string& name)
         return false;
     std::wstring text;
     read(text);
+    // place() must be the name, not the colon, in an error about the member.
     const std::size_t name_at = value_at_;
     expect(':');
     name = platform::to_utf8(text);
@@ -115,10 +119,10 @@ void JsonReader::finish()
 {
     skip_white_space();
     if (at_ != text_.size())
-        fail("something follows the end");
+        fail("unexpected text after the end");
 }
 
-// Bytes from here on that stand for themselves.
+// The number of bytes from here on that need no decoding of escapes.
 std::size_t JsonReader::plain_run() const
 {
     std::size_t end = at_;
@@ -138,12 +142,12 @@ void JsonReader::read(std::wstring& text)
             fail("not UTF-8", at_ + *bad);
         at_ += run;
         if (at_ == text_.size())
-            fail("the string has no end");
+            fail("unterminated string");
         const char character = text_[at_++];
         if (character == '"')
             return;
         if (character != '\\')
-            fail("a control character has to be written as an escape", at_ - 1);
+            fail("a control character must be written as an escape", at_ - 1);
         read_escape(text);
     }
 }
@@ -165,7 +169,7 @@ void JsonReader::read_escape(std::wstring& text)
     constexpr std::wstring_view meanings = L"\"\\/\b\f\n\r\t";
     const std::size_t which = at_ < text_.size() ? letters.find(text_[at_]) : std::string_view::npos;
     if (which == std::string_view::npos)
-        fail("an unknown escape", at_ - 1);
+        fail("unknown escape", at_ - 1);
     ++at_;
     text.push_back(which < meanings.size() ? meanings[which] : static_cast<wchar_t>(hexadecimal_unit()));
 }
@@ -192,6 +196,7 @@ std::uint64_t JsonReader::whole_number(bool& negative)
         ++at_;
     const std::string_view digits = text_.substr(start, at_ - start);
     const bool goes_on = at_ < text_.size() && (text_[at_] == '.' || text_[at_] == 'e' || text_[at_] == 'E');
+    // JSON forbids leading zeros.
     if (digits.empty() || goes_on || (digits.size() > 1 && digits.front() == '0'))
         fail("expected a whole number");
     std::uint64_t number = 0;

@@ -1,4 +1,8 @@
-// JSON text, read member by member as the caller expects it.
+// Reads JSON member by member, in the form that the caller expects.
+//
+// Our own and not a library: a Book may hold lone surrogates, which libraries reject or replace; an error is
+// reported with its line and column; a Book of 150 MB is read straight into its pages without a tree of all
+// values; and bok has no dependencies.
 #pragma once
 #include <cstdint>
 #include <limits>
@@ -10,7 +14,7 @@
 
 namespace bok {
 
-// What a JSON text does wrong, and the place: line and column from 1, columns in bytes.
+// An error in a JSON text with its position: line and column from 1, columns in bytes.
 struct JsonError : std::runtime_error {
     JsonError(std::size_t at_line, std::size_t at_column, const std::string& reason)
         : std::runtime_error(reason)
@@ -22,9 +26,9 @@ struct JsonError : std::runtime_error {
     std::size_t column;
 };
 
-// Walks a text that has to outlive it. Every operation throws JsonError when something else stands there. The
-// caller leads, so nothing nests deeper than the caller goes. Strings give all that \uXXXX can say, lone
-// surrogates included.
+// `text` must outlive the reader. Every operation throws JsonError if the text holds something else. The
+// caller drives the reading, so hostile nesting cannot exhaust the stack. Strings may contain anything that
+// \uXXXX can express, including lone surrogates.
 class JsonReader {
 public:
     enum class Kind { object, array, string, number, other };
@@ -33,7 +37,7 @@ public:
 
     Kind peek();
     void enter_object();
-    // The name of the next member, or false behind the last one.
+    // Reads the name of the next member; false after the last one.
     bool next_member(std::string& name);
     void enter_array();
     bool next_element();
@@ -44,11 +48,11 @@ public:
     requires std::is_integral_v<Number>
     void read(Number& number);
 
-    // Nothing but white space may follow.
+    // Throws unless only white space follows.
     void finish();
-    // Where the value last read or peeked at begins.
+    // The offset of the value last read or peeked at.
     std::size_t place() const { return value_at_; }
-    // Throws, for what stands at `place`.
+    // Throws an error at the offset `place`.
     [[noreturn]] void fail(const std::string& reason, std::size_t place) const;
     [[noreturn]] void fail(const std::string& reason) const { fail(reason, value_at_); }
 
@@ -66,7 +70,7 @@ private:
     std::string_view text_;
     std::size_t at_ = 0;
     std::size_t value_at_ = 0;
-    std::vector<bool> has_items_; // one an open bracket
+    std::vector<bool> has_items_; // one per open bracket: an element was read, so a comma must come next
 };
 
 template <class Number>

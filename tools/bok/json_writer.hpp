@@ -1,4 +1,4 @@
-// JSON text, written member by member.
+// Writes JSON member by member. Our own and not a library, like the reader: lone surrogates must survive.
 #pragma once
 #include "tools/bok/utf8.hpp"
 #include <concepts>
@@ -7,9 +7,9 @@
 
 namespace bok {
 
-// Appends to a text that the caller owns. Commas are its own business, brackets are the caller's. Text is
-// UTF-8 with the escapes that JSON asks for; a lone surrogate, which UTF-8 cannot hold, is written as \udXXX,
-// and what some readers take for the end of a line (U+0085, U+2028, U+2029) is escaped too.
+// Appends to a string that the caller owns. Writes the commas; the caller opens and closes brackets. Text is
+// UTF-8 with the escapes that JSON requires. A lone surrogate, which UTF-8 cannot encode, is written as
+// \udXXX, and characters that some readers take for a line end (U+0085, U+2028, U+2029) are escaped too.
 class JsonWriter {
 public:
     explicit JsonWriter(std::string& out)
@@ -24,7 +24,7 @@ public:
     void value(std::string_view ascii);
     void value(bool truth);
     template <std::integral Number> void value(Number number) { plain(std::to_string(number)); }
-    // For the reader's eye only.
+    // A line break before the next value, for readability only.
     void new_line() { pending_line_ = true; }
 
 private:

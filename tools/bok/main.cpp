@@ -19,7 +19,7 @@ int run_on_console(const std::vector<std::string>& arguments)
     return is_written ? code : bok::exit_problem;
 }
 
-// Nothing may leave the entry: where it did, there would be no line to read and no code to trust.
+// An exception that left main would end the process without a message and with an undefined exit code.
 template <class Character, class Convert> int guarded(int count, Character** words, Convert convert) noexcept
 {
     try {

@@ -13,14 +13,14 @@ bool is_digit(wchar_t unit)
     return unit >= L'0' && unit <= L'9';
 }
 
-// True for a first character that would open a list, a heading, a rule or the like.
+// Whether the first character would begin a list, a heading, a rule or another block.
 bool opens_block(std::wstring_view line)
 {
     constexpr std::wstring_view openers = L"#+-=:>";
     return !line.empty() && openers.find(line.front()) != openers.npos;
 }
 
-// Where the dot or bracket of a numbered list would stand, or npos.
+// The index of the dot or bracket after a number that would begin a numbered list, or npos.
 std::size_t list_number_end(std::wstring_view line)
 {
     const auto end = static_cast<std::size_t>(std::ranges::find_if_not(line, is_digit) - line.begin());
@@ -41,7 +41,7 @@ void append_point(std::uint32_t point, std::string& out)
     append_utf8(is_refused ? replacement_character : point, out);
 }
 
-// One line. Blanks at its start would make a code block, so they are written as entities.
+// One line. Spaces at its start would make a code block, so they are written as entities.
 void append_line(std::wstring_view line, std::string& out)
 {
     line = book::trimmed(line, book::TrimMode::right);
@@ -70,7 +70,8 @@ std::wstring_view take_line(std::wstring_view& text)
     return line;
 }
 
-// Lines, each behind `prefix`; one that is followed by another of its paragraph ends in a hard break.
+// Lines with `prefix` before each. A line that is followed by another in its paragraph ends in a hard line
+// break.
 void append_lines(std::wstring_view text, std::string_view prefix, std::string& out)
 {
     text = book::trimmed(text, book::TrimMode::right);

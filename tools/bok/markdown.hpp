@@ -6,8 +6,8 @@
 
 namespace bok {
 
-// In display order: box 2 as a heading, box 1 as a quotation, box 3 below, then the files. What would be
-// markup in a text is escaped, and lines stay lines.
+// Writes the pages in display order: box 2 as a heading, box 1 as a quotation, box 3, then the files.
+// Characters that would be markup are escaped, and line breaks are kept.
 void export_markdown(const book::Book& book, Sink& sink, Progress& progress);
 
 } // namespace bok

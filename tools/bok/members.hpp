@@ -1,17 +1,17 @@
-// The members of a Book's records by name, once for every form that reads or writes them as JSON.
+// The members of a Book's records by name, listed once for all code that reads or writes them as JSON.
 #pragma once
 #include "book/book_header.hpp"
 #include "book/page.hpp"
 
 namespace bok {
 
-// A COLORREF among other numbers.
+// Marks a number as a COLORREF, which JSON may also give as "#rrggbb".
 template <class Number> struct ColorMember {
     Number& value;
 };
 template <class Number> ColorMember(Number&) -> ColorMember<Number>;
 
-// `visit(name, member)` for each, in the order in which they are written.
+// Calls `visit(name, member)` for each member, in the order of the JSON text.
 template <class Page, class Visit> void visit_page(Page& page, Visit&& visit)
 {
     visit("stamp", page.stamp);
@@ -45,7 +45,7 @@ template <class Header, class Visit> void visit_header(Header& header, Visit&& v
     visit("theme", header.theme);
 }
 
-// Bytes of the record that mean nothing and are kept.
+// Bytes of the record without a meaning, which a save keeps.
 template <class Header, class Visit> void visit_reserved(Header& header, Visit&& visit)
 {
     visit("reserved_0", header.reserved_0);

@@ -16,7 +16,7 @@ public:
     {
     }
 
-    // Until a save would give back the page that was loaded.
+    // Repairs until the page would come back from a file unchanged. Each round removes one flaw.
     void mend()
     {
         mend_stamp();
@@ -25,8 +25,7 @@ public:
     }
 
 private:
-    // The program cannot work with a page that lacks a time: it gets the present one, twice when the creation
-    // is lost too.
+    // The program needs both times of a page: a missing one becomes the current time.
     void mend_stamp()
     {
         if (page_.stamp.size() >= 2 * book::time_length)
@@ -39,7 +38,8 @@ private:
         page_.stamp = std::move(mended);
     }
 
-    // A separator that would end its field when it is written: the boxes of the program drop every one.
+    // Removes all separators of the field, as the program's own boxes do. Any other flaw cannot come from a
+    // file.
     void mend(const PageFlaw& flaw)
     {
         std::wstring& text = text_of_field(flaw);
@@ -50,6 +50,7 @@ private:
         tell_(name_of(flaw) + ' ' + flaw.reason + ": U+0003 is removed");
         if (flaw.field == PageField::stamp)
             mend_stamp();
+        // A file entry that is blank now would be dropped by loading, so it is removed here.
         if (flaw.field != PageField::files || !book::trimmed(text, book::TrimMode::both).empty())
             return;
         page_.files.erase(page_.files.begin() + static_cast<std::ptrdiff_t>(flaw.entry));

@@ -1,4 +1,4 @@
-// Pages that a Book can hold but not keep.
+// Repairs pages that a Book in memory can hold but its file cannot.
 #pragma once
 #include "book/page.hpp"
 #include <functional>
@@ -6,9 +6,9 @@
 
 namespace bok {
 
-// Changes what a save would not give back as it is: a stamp that is missing or too short becomes the current
-// time, and separators that would end a field are removed. Calls `tell` with each change. Throws Problem for
-// a page that no Book's file can have given.
+// Changes everything that would come back from a saved file differently: a missing or short stamp becomes the
+// current time, and separators that would end a field are removed. Calls `tell` with each change. Throws
+// Problem for a page that cannot come from a Book's file.
 void mend_page(book::Page& page, const std::function<void(const std::string&)>& tell);
 
 } // namespace bok

@@ -1,4 +1,4 @@
-// Pages that come from outside and say nothing of their look.
+// New pages for imported text, which has no colours and times of its own.
 #pragma once
 #include "book/book_header.hpp"
 #include "book/page.hpp"

@@ -15,6 +15,7 @@ const OptionRule& rule_of(std::string_view name, std::span<const OptionRule> rul
     return *rule;
 }
 
+// A single dash is an operand: it names a standard stream.
 bool is_option(std::string_view word)
 {
     return word.size() > 1 && word.front() == '-';
@@ -77,6 +78,7 @@ Options parse_options(
             only_operands = true;
             continue;
         }
+        // A short option takes its value only as the next word.
         const std::size_t equals = word.starts_with("--") ? word.find('=') : std::string::npos;
         const OptionRule& rule = rule_of(std::string_view(word).substr(0, equals), rules);
         std::string value;

@@ -24,14 +24,15 @@ std::optional<book::OrderMode> parse_mode(const Options& options)
     throw UsageError("--mode takes stored, sorted or random");
 }
 
-// The other direction; the one number without an opposite keeps its meaning, which is the stored order.
+// The mode with the other direction. -2^31 cannot be negated; its replacement is no known mode either, so it
+// still means the stored order.
 std::int32_t reversed(std::int32_t mode)
 {
     return mode == std::numeric_limits<std::int32_t>::min() ? std::numeric_limits<std::int32_t>::max()
                                                             : -mode;
 }
 
-// What the options say of the Book's own settings.
+// The settings of the Book that the options override.
 struct OrderChange {
     std::optional<book::OrderMode> mode;
     bool reverse = false;

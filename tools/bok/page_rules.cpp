@@ -30,7 +30,7 @@ bool has_separator(std::wstring_view text)
     return text.find(book::separator) != std::wstring_view::npos;
 }
 
-// A CR without its LF or an LF without its CR.
+// Whether there is a CR without LF or an LF without CR.
 bool has_half_line_end(std::wstring_view text)
 {
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -63,7 +63,7 @@ void unify_line_ends(std::wstring& text)
 Flaw check_separator(std::wstring_view text, PageField field, std::size_t entry = 0)
 {
     if (has_separator(text))
-        return flaw(field, "holds U+0003, which divides the fields of a Book", entry);
+        return flaw(field, "contains U+0003, which separates the fields of a Book", entry);
     return std::nullopt;
 }
 
@@ -71,36 +71,37 @@ Flaw tidy_single_line(std::wstring& text, PageField field, std::size_t entry = 0
 {
     book::trim_text(text, book::TrimMode::both);
     if (has(text, line_end))
-        return flaw(field, "holds a line break, and only one line has room here", entry);
+        return flaw(field, "contains a line break, but this field has only one line", entry);
     return check_separator(text, field, entry);
 }
 
-// What ends a token of the numbers line.
+// Whether the unit ends a token of the numbers line.
 bool is_blank(wchar_t unit)
 {
     return unit == L' ' || (unit >= L'\t' && unit <= L'\r');
 }
 
+// A new page may have no white space in its stamp at all; one from a file only none that would end the token.
 Flaw check_stamp(const std::wstring& stamp, bool (*is_white)(wchar_t))
 {
     if (stamp.empty())
         return flaw(PageField::stamp, "is empty, and a Book with such a page cannot be opened again");
     if (std::ranges::any_of(stamp, is_white))
-        return flaw(PageField::stamp, "holds white space");
+        return flaw(PageField::stamp, "contains white space");
     return std::nullopt;
 }
 
 Flaw check_current_file(const book::Page& page)
 {
     if (page.current_file != 0 && page.current_file >= page.files.size())
-        return flaw(PageField::current_file, "lies past the end of the file list");
+        return flaw(PageField::current_file, "is past the end of the file list");
     return std::nullopt;
 }
 
 Flaw check_blank(std::wstring_view entry, std::size_t index)
 {
     if (entry.empty())
-        return flaw(PageField::files, "is blank, and a blank entry vanishes", index);
+        return flaw(PageField::files, "is blank, and blank entries are dropped", index);
     return std::nullopt;
 }
 
@@ -115,14 +116,15 @@ Flaw tidy_files(std::vector<std::wstring>& files)
     return std::nullopt;
 }
 
-// What would be cut off or take a meaning of its own in a field whose lines are trimmed.
+// Checks a field whose line is trimmed: a second line would be lost, and a leading U+0003 would end the
+// field.
 Flaw check_verbatim_line(std::wstring_view text, PageField field, std::size_t entry = 0)
 {
     const std::wstring_view line = book::trimmed(text, book::TrimMode::both);
     if (line.find(line_end) != std::wstring_view::npos)
-        return flaw(field, "holds a line break, and only one line has room here", entry);
+        return flaw(field, "contains a line break, but this field has only one line", entry);
     if (line.starts_with(book::separator))
-        return flaw(field, "begins with U+0003, which divides the fields of a Book", entry);
+        return flaw(field, "begins with U+0003, which separates the fields of a Book", entry);
     return std::nullopt;
 }
 
@@ -131,7 +133,7 @@ Flaw check_verbatim_lines(std::wstring_view text, PageField field)
     const std::wstring_view kept = book::trimmed(text, book::TrimMode::right);
     for (std::size_t start = 0; start < kept.size();) {
         if (kept[start] == book::separator)
-            return flaw(field, "has a line that begins with U+0003, which divides the fields of a Book");
+            return flaw(field, "has a line that begins with U+0003, which separates the fields of a Book");
         const std::size_t end = kept.find(line_end, start);
         if (end == std::wstring_view::npos)
             break;
@@ -212,7 +214,7 @@ std::optional<PageFlaw> check_verbatim_page(const book::Page& page)
     if (auto found = check_verbatim_line(page.reference_folder, PageField::folder))
         return found;
     if (page.stamp.starts_with(book::separator))
-        return flaw(PageField::stamp, "begins with U+0003, which divides the fields of a Book");
+        return flaw(PageField::stamp, "begins with U+0003, which separates the fields of a Book");
     if (auto found = check_stamp(page.stamp, is_blank))
         return found;
     return check_current_file(page);

@@ -1,4 +1,4 @@
-// What a page from outside must be so that a Book can hold it.
+// The rules that an imported page must meet so that a Book's file can hold it.
 #pragma once
 #include "book/page.hpp"
 #include <cstddef>
@@ -20,16 +20,16 @@ std::string name_of(const PageFlaw& flaw);
 
 enum class LineEnds { unify, keep };
 
-// Brings a page into the form that the program's own boxes would give it: box 2, the folder and the file
-// entries are trimmed, and with LineEnds::unify any line break of boxes 1 and 3 becomes CR LF. Answers what a
-// Book's file could not hold.
+// Brings a page into the form that the program's own boxes would give it: trims box 2, the folder and the
+// file entries, and with LineEnds::unify turns every line break in boxes 1 and 3 into CR LF. Returns the
+// first flaw that a Book's file could not hold.
 std::optional<PageFlaw> tidy_page(book::Page& page, LineEnds line_ends);
 
-// For a page that came out of a Book: changes no character, and answers only what would come back from the
-// file as something else.
+// For a page that was exported from a Book: changes nothing, and returns the first flaw that would come back
+// from the file differently.
 std::optional<PageFlaw> check_verbatim_page(const book::Page& page);
 
-// True when tidy_page would take the page as it stands, but for white space at the ends of its texts.
+// Whether tidy_page would accept the page and change nothing but white space at the ends of its texts.
 bool is_tidy(const book::Page& page);
 
 } // namespace bok

@@ -9,7 +9,7 @@ namespace bok {
 
 namespace {
 
-// Positions, both ends included.
+// A range of positions; both ends are included.
 struct Range {
     std::uint64_t first = 0;
     std::uint64_t last = std::numeric_limits<std::uint64_t>::max();
@@ -63,6 +63,7 @@ void write_row(const book::Page& page, std::uint64_t position, std::size_t index
 int run_pages(const Options& options, Streams& streams)
 {
     const bool is_json = options.has("--json");
+    // An empty value is more likely a mistake in a script than a request for all pages.
     if (options.has("--range") && options.value("--range").empty())
         throw UsageError("--range takes two positions, as in 0-9, the smaller one first");
     const Range range = parse_range(options.value("--range"));

@@ -6,9 +6,9 @@ namespace bok {
 
 namespace {
 
-constexpr std::chrono::milliseconds patience{ 500 };
-constexpr std::chrono::milliseconds interval{ 100 };
-// Reading the clock for every page would cost more than some of the work.
+constexpr std::chrono::milliseconds patience{ 500 }; // before the first line
+constexpr std::chrono::milliseconds interval{ 100 }; // between two lines
+// Reading the clock for every page would cost more than some commands spend on a page.
 constexpr std::uint64_t calls_between_looks = 64;
 
 } // namespace

@@ -1,4 +1,4 @@
-// How far long work has come, told on a terminal and nowhere else.
+// Shows the progress of long work, on a terminal only.
 #pragma once
 #include "tools/bok/streams.hpp"
 #include <chrono>
@@ -7,20 +7,20 @@
 
 namespace bok {
 
-// One line on the error stream, rewritten in place and gone at the end. Short work shows nothing.
+// One line on the error stream that is rewritten in place and erased at the end. Short work shows nothing.
 class Progress {
 public:
-    // `label` has to outlive the object.
+    // `label` must outlive the object.
     Progress(Streams& streams, std::string_view label);
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();
 
-    // `done` of `total`; cheap enough to be called for every page.
+    // Shows `done` of `total` in per cent. Cheap enough to call for every page.
     void show(std::uint64_t done, std::uint64_t total);
-    // Work whose steps cannot be seen from here: shows the label alone, at once.
+    // Shows the label alone, at once: for work whose progress is unknown.
     void announce();
-    // Takes the line away, so that other words find their place.
+    // Erases the line, so that other output can follow.
     void hide();
 
 private:

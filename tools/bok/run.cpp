@@ -22,25 +22,25 @@ struct Command {
     int (*run)(const Options&, Streams&);
 };
 
-constexpr OptionRule json_rule{ "--json", "", "one JSON object a line instead of a table" };
+constexpr OptionRule json_rule{ "--json", "", "one JSON object per line instead of a table" };
 constexpr OptionRule output_rule{ "-o", "FILE", "the Book to write", true };
 
 constexpr std::array info_rules{ OptionRule{ "--json", "", "one JSON object" } };
 constexpr std::array pages_rules{
-    OptionRule{ "--range", "A-B", "positions A to B, from 0; B is the last when left out" },
+    OptionRule{ "--range", "A-B", "positions A to B, counted from 0; without B, to the end" },
     json_rule,
 };
 constexpr std::array order_rules{
     OptionRule{ "--mode", "MODE", "stored, sorted or random, forward unless --reverse" },
-    OptionRule{ "--reverse", "", "backwards; without --mode, the other way round than the Book" },
+    OptionRule{ "--reverse", "", "backward; without --mode, opposite to the Book" },
     OptionRule{ "--key", "KEY", "sort key, 3000 to 3005" },
     OptionRule{ "--seed", "N", "seed of the random order" },
     OptionRule{ "--json", "", "one JSON array of stored indices" },
 };
 constexpr std::array find_rules{
-    OptionRule{ "--all", "", "every term has to be found, not any" },
-    OptionRule{ "--ignore-case", "", "upper and lower case are one" },
-    OptionRule{ "--files", "", "look into the file lists too" },
+    OptionRule{ "--all", "", "all terms must match instead of any" },
+    OptionRule{ "--ignore-case", "", "ignore upper and lower case" },
+    OptionRule{ "--files", "", "search the file lists too" },
     OptionRule{ "--track-marks", "", "pages with a mark match too" },
     OptionRule{ "--track-tabs", "", "pages with a tab match too" },
     json_rule,
@@ -55,20 +55,19 @@ constexpr std::array import_rules{
 };
 constexpr std::array export_rules{
     OptionRule{ "--to", "FORMAT", "tsv, json, markdown or html", true },
-    OptionRule{ "-o", "FILE", "the file to write instead of the output stream" },
+    OptionRule{ "-o", "FILE", "the file to write instead of standard output" },
 };
 
 constexpr std::array commands{
-    Command{ "info", "BOOK", "what the Book holds and how it is set", 1, info_rules, run_info },
-    Command{ "pages", "BOOK", "its pages in display order", 1, pages_rules, run_pages },
+    Command{ "info", "BOOK", "contents and settings of the Book", 1, info_rules, run_info },
+    Command{ "pages", "BOOK", "the pages in display order", 1, pages_rules, run_pages },
     Command{ "order", "BOOK", "the stored indices in display order", 1, order_rules, run_order },
-    Command{ "find", "BOOK QUERY", "the pages that match, with the places", 2, find_rules, run_find },
-    Command{ "check", "BOOK", "what is wrong with the file, page by page", 1, {}, run_check },
+    Command{ "find", "BOOK QUERY", "the matching pages and their hits", 2, find_rules, run_find },
+    Command{ "check", "BOOK", "problems of the file, page by page", 1, {}, run_check },
     Command{ "convert", "BOOK", "read an older or damaged Book, write the current format", 1, convert_rules,
         run_convert },
-    Command{
-        "import", "FILE", "make a Book; FILE may be - for the input stream", 1, import_rules, run_import },
-    Command{ "export", "BOOK", "write the Book in another form", 1, export_rules, run_export },
+    Command{ "import", "FILE", "make a Book; FILE may be - for standard input", 1, import_rules, run_import },
+    Command{ "export", "BOOK", "write the Book in another format", 1, export_rules, run_export },
 };
 
 void print_usage(std::ostream& out)
@@ -79,7 +78,7 @@ void print_usage(std::ostream& out)
         call.resize(std::max<std::size_t>(call.size(), 17), ' ');
         out << "  bok " << call << ' ' << command.summary << '\n';
     }
-    out << "\n`bok COMMAND --help` tells its options. Positions and indices count from 0; text is UTF-8.\n"
+    out << "\n`bok COMMAND --help` lists its options. Positions and indices count from 0; text is UTF-8.\n"
            "Exit codes: 0 done, 1 the Book has a problem, 2 usage.\n";
 }
 
@@ -93,7 +92,7 @@ void print_usage(const Command& command, std::ostream& out)
     for (const OptionRule& rule : command.rules) {
         std::string call = std::string(rule.name) + (rule.value.empty() ? "" : " ") + std::string(rule.value);
         call.resize(std::max<std::size_t>(call.size(), 16), ' ');
-        out << "  " << call << ' ' << rule.help << (rule.required ? " (needed)" : "") << '\n';
+        out << "  " << call << ' ' << rule.help << (rule.required ? " (required)" : "") << '\n';
     }
 }
 
@@ -102,7 +101,7 @@ bool asks_for_help(std::string_view word)
     return word == "--help" || word == "-h";
 }
 
-// A query may well read "--help" behind the word that ends the options.
+// After the word "--", a query may itself be "--help".
 bool has_help(std::span<const std::string> words)
 {
     return std::find_if(words.begin(), std::ranges::find(words, "--"), asks_for_help)
@@ -143,13 +142,13 @@ int run(const std::vector<std::string>& arguments, Streams& streams)
         return dispatch(arguments, streams);
     } catch (const UsageError& error) {
         return complain(
-            streams, exit_usage, std::string(error.what()) + " (`bok --help` tells the commands)");
+            streams, exit_usage, std::string(error.what()) + " (`bok --help` lists the commands)");
     } catch (const Problem& problem) {
         return complain(streams, exit_problem, problem.what());
-    } catch (const MyException& problem) {
+    } catch (const MyException& problem) { // no std::exception
         return complain(streams, exit_problem, platform::to_utf8(problem.message));
     } catch (const std::bad_alloc&) {
-        return complain(streams, exit_problem, "there is not enough memory for this");
+        return complain(streams, exit_problem, "not enough memory");
     } catch (const std::exception& problem) {
         return complain(streams, exit_problem, problem.what());
     }

@@ -1,4 +1,4 @@
-// The commands of bok, callable without a process.
+// Runs bok inside a process, for main and for tests.
 #pragma once
 #include "tools/bok/streams.hpp"
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace bok {
 
-// `arguments` are UTF-8, without the program's own name. Answers the exit code: 0 done, 1 the Book has a
-// problem, 2 usage. A problem is told in one line on the error stream; nothing is thrown.
+// `arguments` are UTF-8, without the program's own name. Returns the exit code: 0 done, 1 the Book has a
+// problem, 2 usage. Writes an error as one line to the error stream; throws nothing.
 int run(const std::vector<std::string>& arguments, Streams& streams);
 
 } // namespace bok

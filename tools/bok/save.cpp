@@ -9,7 +9,7 @@ namespace bok {
 
 namespace {
 
-// Remembers what the program's own way of saving does not look at.
+// Records a failed write, which write_book does not report.
 class CheckedSink final : public book::ByteSink {
 public:
     explicit CheckedSink(platform::File& file)
@@ -35,7 +35,7 @@ void save_book(book::Book& book, const std::string& path)
     if (file.is_open())
         book::write_book(book, sink);
     if (!file.is_open() || !sink.is_whole())
-        throw Problem(printable(path) + ": cannot be written whole; what stood there is left as it was");
+        throw Problem(printable(path) + ": cannot be written completely; the old file is unchanged");
     file.close();
     replacement.commit();
 }

@@ -62,7 +62,7 @@ protected:
     void write(std::string_view bytes) override
     {
         if (!file_.write(std::as_bytes(std::span(bytes))))
-            fail(replacement_.target(), "cannot be written whole; what stood there is left as it was");
+            fail(replacement_.target(), "cannot be written completely; the old file is unchanged");
     }
     void close() override
     {
@@ -71,7 +71,7 @@ protected:
     }
 
 private:
-    Replacement replacement_; // before the file, which has to be closed first
+    Replacement replacement_; // declared before the file, which must be closed first
     platform::File file_;
 };
 
@@ -81,15 +81,17 @@ Replacement::Replacement(std::wstring target)
     : target_(std::move(target))
 {
     check_target(target_);
+    // Never overwrites a temporary file: another bok may be writing it.
     for (int attempt = 0; attempt < most_attempts; ++attempt) {
         path_ = target_ + L"." + std::to_wstring(attempt) + L".tmp";
         if (!platform::exists(path_)) {
+            // Created now, so that an unwritable folder is reported before the work.
             if (!platform::File::create(path_).is_open())
                 fail(target_, "cannot be written");
             return;
         }
     }
-    fail(target_, "cannot be written: too many unfinished files beside it");
+    fail(target_, "cannot be written: too many temporary files beside it");
 }
 
 Replacement::~Replacement()

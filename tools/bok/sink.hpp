@@ -1,4 +1,4 @@
-// Where the text of a command goes: a stream, or a file that appears whole or not at all.
+// The output of a command: a stream, or a file that is written completely or not at all.
 #pragma once
 #include "platform/file.hpp"
 #include <iosfwd>
@@ -8,8 +8,9 @@
 
 namespace bok {
 
-// A file written beside its place and put there in one step. Until `commit` the old contents stand, and a
-// Replacement that goes away before takes its beginnings with it. All failures are thrown as Problem.
+// Replaces a file atomically: it is written under a temporary name and renamed by `commit`. Until then the
+// target is unchanged, and the destructor of an uncommitted Replacement deletes the temporary file. Failures
+// throw Problem.
 class Replacement {
 public:
     explicit Replacement(std::wstring target);
@@ -17,7 +18,7 @@ public:
     Replacement& operator=(const Replacement&) = delete;
     ~Replacement();
 
-    // The file to write, which stands beside the target and is empty at first.
+    // The temporary file, in the folder of the target. It exists and is empty.
     const std::wstring& path() const { return path_; }
     const std::wstring& target() const { return target_; }
     void commit();
@@ -28,7 +29,7 @@ private:
     bool committed_ = false;
 };
 
-// Gathers text and hands it on in large pieces.
+// Buffers text and writes it in large pieces.
 class Sink {
 public:
     virtual ~Sink() = default;
@@ -36,7 +37,7 @@ public:
     // Append here, then call pass_on().
     std::string& text() { return text_; }
     void pass_on();
-    // Hands on the rest and makes it last. Throws Problem when anything was lost on the way.
+    // Writes the rest and closes the output. Throws Problem if anything could not be written.
     void finish();
 
 protected:
@@ -47,7 +48,7 @@ private:
     std::string text_;
 };
 
-// A sink into `file`, or into `out` when no file is named.
+// A sink for `file`, or for `out` if `file` is empty.
 std::unique_ptr<Sink> open_sink(std::ostream& out, const std::wstring& file = {});
 
 } // namespace bok

@@ -1,4 +1,4 @@
-// What a command reads from and writes to, and how it fails.
+// The streams, exit codes and errors of the commands.
 #pragma once
 #include <iosfwd>
 #include <stdexcept>
@@ -18,7 +18,7 @@ inline constexpr int exit_done = 0;
 inline constexpr int exit_problem = 1;
 inline constexpr int exit_usage = 2;
 
-// The command was understood and cannot be carried out. The text is UTF-8.
+// The command cannot be carried out. The text is UTF-8.
 class Problem : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };

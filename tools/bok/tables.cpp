@@ -22,6 +22,7 @@ std::wstring_view first_line(std::wstring_view text)
 
 std::string title_of(const book::Page& page)
 {
+    // Box 2 is the page's heading.
     for (const std::size_t box : std::array<std::size_t, 3>{ 1, 0, 2 }) {
         if (const std::wstring_view line = first_line(page.text[box]); !line.empty())
             return printable(line, title_length);
@@ -48,8 +49,8 @@ void rebuild_order(book::Book& book)
         book.rebuild_order();
     } catch (const std::out_of_range&) {
         throw Problem(printable(book.path)
-            + ": a page has a stamp without a time of modification and cannot be sorted by it; `bok check` "
-              "names the page");
+            + ": the stamp of a page has no modification time to sort by; `bok check` names the "
+              "page");
     }
 }
 

@@ -17,7 +17,7 @@ void append_escape(std::uint32_t point, std::string& out)
     out.push_back('}');
 }
 
-// What a table cannot hold, or what some reader of tables takes for the end of a line.
+// Whether a table cannot hold the character, or some readers take it for a line end.
 bool needs_escape(std::uint32_t point)
 {
     return point < 0x20 || point == 0x85 || point == 0x2028 || point == 0x2029 || point == 0xFEFF
@@ -55,7 +55,7 @@ void append_path(std::wstring_view path, std::string& out)
     std::uint32_t before_before = 0;
     std::uint32_t before = 0;
     for_each_code_point(path, [&](std::uint32_t point) {
-        // Three characters that would read as the beginning of an escape.
+        // "\u{" in a path would be read as an escape, so its backslash is written as one.
         if (before_before == '\\' && before == 'u' && point == '{') {
             out.resize(out.size() - 2);
             out += "\\u{5c}u";

@@ -15,7 +15,7 @@ using Row = std::array<std::string_view, column_names.size()>;
 constexpr std::size_t files_column = 3;
 constexpr std::size_t folder_column = 4;
 
-// Where in the table the reader stands; columns from 0.
+// The reader's position in the table; columns count from 0.
 struct Place {
     std::size_t line;
     std::size_t column;
@@ -43,7 +43,7 @@ Row split(std::string_view line, std::size_t number)
     return row;
 }
 
-// What follows a backslash: its code point and its length, or nothing.
+// The escape after a backslash: its code point and its length; length 0 if there is none.
 struct Escape {
     std::uint32_t point = 0;
     std::size_t length = 0;
@@ -54,7 +54,7 @@ Escape braced_escape(std::wstring_view rest)
     if (!rest.starts_with(L"u{"))
         return {};
     const std::size_t end = rest.find(L'}');
-    constexpr std::size_t last_place = 2 + 6; // behind six digits; no brace at all is farther
+    constexpr std::size_t last_place = 2 + 6; // after six digits; npos is larger
     if (end > last_place)
         return {};
     const std::string digits = printable(rest.substr(2, end - 2));
@@ -82,13 +82,13 @@ Escape box_escape(std::wstring_view rest)
 void append_cell(std::string_view cell, const Place& place, std::wstring& text)
 {
     if (append_utf16(cell, text))
-        fail(place, "holds bytes that are not UTF-8");
+        fail(place, "contains bytes that are not UTF-8");
     if (cell.find('\r') != cell.npos)
-        fail(place, "holds a carriage return; a line break is written \\n");
+        fail(place, "contains a carriage return; write a line break as \\n");
 }
 
-// Replaces the escapes of `text`. A backslash without a meaning stays as it is in a path, and is an error
-// otherwise.
+// Replaces the escapes in `text`. A backslash that begins no escape is kept in a path and is an error in a
+// box.
 void unescape(std::wstring& text, bool is_path, const Place& place)
 {
     std::size_t at = text.find(L'\\');
@@ -105,8 +105,8 @@ void unescape(std::wstring& text, bool is_path, const Place& place)
         if (escape.length == 0) {
             if (!is_path || rest.starts_with(L"u{"))
                 fail(place,
-                    is_path ? "\\u{...} has to hold a hexadecimal number"
-                            : "an unknown escape; a backslash itself is written \\\\");
+                    is_path ? "\\u{...} must contain a hexadecimal number"
+                            : "unknown escape; write a backslash as \\\\");
             plain.push_back(text[at++]);
             continue;
         }
@@ -178,7 +178,7 @@ void import_tsv(std::string_view table, book::Book& book, Progress& progress)
         progress.show(start, table.size());
     }
     if (book.pages.empty())
-        throw TsvError("the table has no line, and a Book needs a page");
+        throw TsvError("the table is empty, and a Book needs a page");
 }
 
 } // namespace bok

@@ -7,7 +7,8 @@ namespace bok {
 
 namespace {
 
-// The length that a lead byte promises, with the least code point that needs it; 0 for no lead byte.
+// What a lead byte announces: the sequence's length (0 if it is no lead byte), the least code point that
+// needs that length, which rules out overlong forms, and the byte's own bits.
 struct Lead {
     std::size_t length;
     std::uint32_t least;
@@ -25,7 +26,7 @@ Lead lead_of(unsigned char byte)
     return { 0, 0, 0 };
 }
 
-// The code point at `at`, with its length; a length of 0 says that there is none.
+// The code point at `at` and its length in bytes; length 0 if the bytes are malformed.
 std::pair<std::uint32_t, std::size_t> decode(std::string_view bytes, std::size_t at)
 {
     const Lead lead = lead_of(static_cast<unsigned char>(bytes[at]));
@@ -53,7 +54,7 @@ bool begins_pair(char byte)
     return static_cast<unsigned char>(byte) >= 0xF0u;
 }
 
-// Writes one or two units and answers the place behind them.
+// Writes one or two units and returns the position after them.
 wchar_t* put_utf16(std::uint32_t point, wchar_t* unit)
 {
     if (point >= 0x10000) {
@@ -80,7 +81,8 @@ void append_utf16(std::uint32_t point, std::wstring& text)
 
 std::optional<std::size_t> append_utf16(std::string_view bytes, std::wstring& text)
 {
-    // Exactly the room that sound UTF-8 needs: a Book keeps these strings.
+    // Exactly the size that well-formed UTF-8 needs: a Book keeps these strings, and growing would waste
+    // memory.
     const std::size_t start = text.size();
     text.resize(start + static_cast<std::size_t>(std::ranges::count_if(bytes, begins_unit))
         + static_cast<std::size_t>(std::ranges::count_if(bytes, begins_pair)));

@@ -1,4 +1,5 @@
-// UTF-8 where it enters and where it is shown. What enters is taken to the letter or refused.
+// UTF-8 of input and output. Input is accepted exactly or rejected; platform/text.hpp would replace malformed
+// bytes.
 #pragma once
 #include "platform/text.hpp"
 #include <cstddef>
@@ -9,19 +10,20 @@
 
 namespace bok {
 
-// Appends the text of `bytes` to `text`. Answers the offset of the first byte that is no UTF-8 (surrogates
-// and overlong forms are none), or nothing when all of it was taken.
+// Appends the text of `bytes` to `text`. Returns the offset of the first malformed byte (surrogates and
+// overlong forms are malformed), or nullopt if all bytes were converted.
 std::optional<std::size_t> append_utf16(std::string_view bytes, std::wstring& text);
 
-// One code point as two units where it needs them.
+// Appends one code point, as a surrogate pair if it needs one.
 void append_utf16(std::uint32_t point, std::wstring& text);
 
-// One code point as UTF-8; a surrogate becomes U+FFFD.
+// Appends one code point as UTF-8; a surrogate becomes U+FFFD.
 void append_utf8(std::uint32_t point, std::string& bytes);
 void append_utf8(std::wstring_view text, std::string& bytes);
 
-// For a line on a terminal: controls, line ends and lone surrogates become U+FFFD, so that no text can break
-// the line or command the terminal. At most `length` code points, with "..." after a cut.
+// The text for a line on a terminal: control characters, line ends and lone surrogates become U+FFFD, so that
+// no text can break the line or send commands to the terminal. At most `length` code points, with "..." after
+// a cut.
 std::string printable(std::wstring_view text, std::size_t length = static_cast<std::size_t>(-1));
 std::string printable(std::string_view utf8);
 
@@ -32,7 +34,7 @@ constexpr bool is_surrogate_point(std::uint32_t point)
     return point >= 0xD800 && point <= 0xDFFF;
 }
 
-// Calls `take` with each code point of `text`; a lone surrogate comes as it is.
+// Calls `take` with each code point of `text`; a lone surrogate is passed as a code point.
 template <class Take> void for_each_code_point(std::wstring_view text, Take&& take)
 {
     for (std::size_t i = 0; i < text.size(); ++i) {

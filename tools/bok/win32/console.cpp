@@ -7,7 +7,7 @@
 
 namespace bok {
 
-// A console, not only a character device, which NUL is too.
+// GetConsoleMode, because _isatty is true for every character device, NUL included.
 bool is_terminal(StandardStream stream)
 {
     constexpr DWORD names[] = { STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE };
