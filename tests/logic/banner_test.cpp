@@ -24,7 +24,7 @@ std::vector<std::int32_t> alphas_of(BannerFade& fade, int ticks)
     return alphas;
 }
 
-TEST(BannerText, LosesEveryLineEnd)
+TEST(BannerText, RemovesEveryLineEnd)
 {
     EXPECT_EQ(look::banner_text(L"\r\na\r\n\r\nb\r\n"), L"ab");
     EXPECT_EQ(look::banner_text(L"\r\n"), L"");
@@ -32,17 +32,17 @@ TEST(BannerText, LosesEveryLineEnd)
     EXPECT_EQ(look::banner_text(L"一致条件: <京都 && 寺>"), L"一致条件: <京都 && 寺>");
 }
 
-TEST(BannerText, LosesTheLineEndThatComesAboutWhenAnotherGoes)
+TEST(BannerText, RemovesALineEndThatFormsWhenAnotherIsRemoved)
 {
     EXPECT_EQ(look::banner_text(L"a\r\r\n\nb"), L"ab");
 }
 
-TEST(BannerText, KeepsHalvesOfALineEnd)
+TEST(BannerText, KeepsALoneCrOrLf)
 {
     EXPECT_EQ(look::banner_text(L"a\rb\nc\n\r"), L"a\rb\nc\n\r");
 }
 
-TEST(BannerFade, RisesInSixTicks)
+TEST(BannerFade, FadesInWithinSixTicks)
 {
     BannerFade fade;
     EXPECT_EQ(fade.begin(), 30u);
@@ -50,7 +50,7 @@ TEST(BannerFade, RisesInSixTicks)
     EXPECT_EQ(fade.state(), State::staying);
 }
 
-TEST(BannerFade, LivesForSixTicksTwoSecondsAndSixTicks)
+TEST(BannerFade, TakesSixTicksThenTwoSecondsThenSixTicks)
 {
     BannerFade fade;
     fade.begin();
@@ -67,7 +67,7 @@ TEST(BannerFade, LivesForSixTicksTwoSecondsAndSixTicks)
     EXPECT_EQ(fade.alpha(), 0);
 }
 
-TEST(BannerFade, FallsInSixTicks)
+TEST(BannerFade, FadesOutWithinSixTicks)
 {
     BannerFade fade;
     fade.begin();
@@ -75,7 +75,7 @@ TEST(BannerFade, FallsInSixTicks)
     EXPECT_EQ(alphas_of(fade, 6), (std::vector<std::int32_t>{ 190, 150, 110, 70, 30, 0 }));
 }
 
-TEST(BannerFade, BeginsAnewFromThePresentAlpha)
+TEST(BannerFade, RestartsFromTheCurrentAlpha)
 {
     BannerFade fade;
     fade.begin();
@@ -86,7 +86,7 @@ TEST(BannerFade, BeginsAnewFromThePresentAlpha)
     EXPECT_EQ(alphas_of(fade, 2), (std::vector<std::int32_t>{ 190, 230 }));
 }
 
-TEST(BannerFade, IsUnseenAfterAReset)
+TEST(BannerFade, IsInvisibleAfterAReset)
 {
     BannerFade fade;
     fade.begin();
@@ -109,7 +109,7 @@ TEST(BannerLayout, IsNeverTooNarrowForItsTitle)
     EXPECT_EQ(look::banner_size(0, 64), (Size{ 94, 80 }));
 }
 
-TEST(BannerLayout, HasItsPartsAtTheirPlaces)
+TEST(BannerLayout, PlacesItsParts)
 {
     const look::BannerLayout layout = look::banner_layout({ 230, 80 });
     EXPECT_EQ(layout.line_start, (Point{ 6, 25 }));

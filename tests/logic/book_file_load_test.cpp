@@ -6,8 +6,6 @@ namespace {
 
 using namespace test_support;
 
-// ---- the header ---------------------------------------------------------------------------------------
-
 TEST_F(BookFile, KeepsEveryValueOfTheHeader)
 {
     book::BookHeader header;
@@ -25,7 +23,7 @@ TEST_F(BookFile, KeepsEveryValueOfTheHeader)
     EXPECT_TRUE(asker.questions.empty());
 }
 
-TEST_F(BookFile, TakesAVersionOf1Or2ForNoStatus)
+TEST_F(BookFile, DoesNotTreatAVersionOf1Or2AsAStatus)
 {
     for (const std::uint32_t version : { 0u, 1u, 2u, 0xFFFFFFFFu }) {
         book::BookHeader header;
@@ -36,7 +34,7 @@ TEST_F(BookFile, TakesAVersionOf1Or2ForNoStatus)
     }
 }
 
-TEST_F(BookFile, ReadsAMarkerWithAByteOrderMarkAndBlanksAround)
+TEST_F(BookFile, ReadsAMarkerWithAByteOrderMarkAndWhiteSpaceAround)
 {
     const std::wstring digits(656, L'0');
     ASSERT_TRUE(load(L"\uFEFF \3\3\u3000\r\n\t" + digits + L" \r\n  \3\3\r\n" + page_of_box1(L"a\r\n")));
@@ -69,8 +67,6 @@ TEST_F(BookFile, FailsForASmallFileOfAnOddNumberOfBytes)
     EXPECT_FALSE(book.load(file, error, nullptr));
     EXPECT_EQ(error, L"BookHeader のロードに失敗\r\n" + file);
 }
-
-// ---- the older format ---------------------------------------------------------------------------------
 
 TEST_F(BookFile, AsksBeforeItReadsTheOlderFormat)
 {
@@ -118,7 +114,7 @@ TEST_F(BookFile, RemovesOneByteOrderMarkBeforeTheFirstTextInEveryLoad)
     EXPECT_EQ(book.pages[1].text[0], L"\uFEFFb\r\n");
 }
 
-// The mark hides the first separator, so that every field of the page moves by one.
+// The byte order mark hides the first separator, so all fields of the page are shifted by one.
 TEST_F(BookFile, FailsForAnOlderFileWhoseFirstPageHasAnEmptyBox1)
 {
     EXPECT_FALSE(load(L"\uFEFF" + page_of_box1(L""), true));
@@ -134,8 +130,6 @@ TEST_F(BookFile, FindsNoPagesInAFileOfAnotherKind)
     EXPECT_EQ(error, L"Book 内にページが存在しない\r\n" + file);
 }
 
-// ---- a damaged header ---------------------------------------------------------------------------------
-
 TEST_F(BookFile, AsksBeforeItReplacesADamagedHeader)
 {
     error = L"from before";
@@ -147,7 +141,7 @@ TEST_F(BookFile, AsksBeforeItReplacesADamagedHeader)
     EXPECT_TRUE(book.pages.empty());
 }
 
-TEST_F(BookFile, GoesOnBehindADamagedHeaderWithTheDefaults)
+TEST_F(BookFile, ContinuesAfterADamagedHeaderWithTheDefaults)
 {
     for (const std::wstring& digits :
         { std::wstring(655, L'0'), std::wstring(654, L'0'), std::wstring(658, L'0'), std::wstring(656, L'g'),
@@ -160,22 +154,20 @@ TEST_F(BookFile, GoesOnBehindADamagedHeaderWithTheDefaults)
     }
 }
 
-// ---- failures -----------------------------------------------------------------------------------------
-
-TEST_F(BookFile, TellsAnEmptyPath)
+TEST_F(BookFile, ReportsAnEmptyPath)
 {
     EXPECT_FALSE(book.load(L"", error, nullptr));
     EXPECT_EQ(error, L"パス名が無効(empty)\r\n");
 }
 
-TEST_F(BookFile, TellsThatNothingStandsAtThePath)
+TEST_F(BookFile, ReportsAMissingFile)
 {
     const std::wstring missing = folder.file(L"missing.bok");
     EXPECT_FALSE(book.load(missing, error, nullptr));
     EXPECT_EQ(error, L"存在しないファイル\r\n" + missing);
 }
 
-TEST_F(BookFile, TellsThatAFolderCannotBeOpened)
+TEST_F(BookFile, ReportsThatAFolderCannotBeOpened)
 {
     EXPECT_FALSE(book.load(folder.path(), error, nullptr));
     EXPECT_EQ(error, L"ファイルのオープンに失敗\r\n" + folder.path());
@@ -200,7 +192,7 @@ TEST_F(BookFile, FailsForAnEmptyStamp)
     EXPECT_EQ(error, L"認識できないフォーマットを検出\r\n" + file);
 }
 
-TEST_F(BookFile, TellsThatThereIsNoCompletePage)
+TEST_F(BookFile, ReportsThatThereIsNoCompletePage)
 {
     for (const std::wstring& pages : { std::wstring(), std::wstring(L"text\r\n"),
              stop + stop + stop + stop + stop, stop + stop + stop + stop + stop + numbers }) {
@@ -209,7 +201,7 @@ TEST_F(BookFile, TellsThatThereIsNoCompletePage)
     }
 }
 
-TEST_F(BookFile, EndsAtAnyCutWithTheCompletePagesOrAReason)
+TEST_F(BookFile, LoadsTheCompletePagesOfATruncatedFileOrFailsWithAReason)
 {
     const std::wstring whole = header_lines() + page_of_box1(L"一\r\n")
         + page_lines({ L"a\r\n", L"b\r\n", L"c\r\n", L"d\r\n", L"e\r\n", numbers });
@@ -226,7 +218,7 @@ TEST_F(BookFile, EndsAtAnyCutWithTheCompletePagesOrAReason)
             continue;
         }
         EXPECT_EQ(is_loaded, !cut.pages.empty() && reason.empty()) << length;
-        // The separator's own line end is not needed.
+        // The line end of a separator may be missing.
         EXPECT_EQ(
             cut.pages.size(), length == 0 ? 0u : (length + 4 >= first_page) + (length + 4 >= bytes.size()))
             << length;
@@ -240,9 +232,7 @@ TEST_F(BookFile, DropsAPageThatIsNotComplete)
     EXPECT_EQ(book.pages[0].text[0], L"whole\r\n");
 }
 
-// ---- loading as a whole -------------------------------------------------------------------------------
-
-TEST_F(BookFile, StartsEveryLoadCleared)
+TEST_F(BookFile, ClearsTheBookBeforeEveryLoad)
 {
     ASSERT_TRUE(load(header_lines() + page_of_box1(L"a\r\n")));
     book.header.seed = 5;

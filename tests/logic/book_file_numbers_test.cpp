@@ -1,4 +1,4 @@
-// The numbers line: held against the stream that its rules are told by.
+// The numbers line, compared with the C++ stream that defines its rules.
 #include "book/page_numbers.hpp"
 #include "tests/support/memory_stream.hpp"
 #include "tests/support/temp_folder.hpp"
@@ -80,7 +80,7 @@ std::wstring written(const Page& page)
 
 const std::wstring plain_line = L"2024010112345620240202235959 1 1 2 3 4 5 6 7 8 9 10 1\r\n";
 
-TEST(NumbersLine, HoldsThirteenTokensBackgroundBeforeText)
+TEST(NumbersLine, HasThirteenTokensWithBackgroundBeforeText)
 {
     Page page = page_with_files(2);
     ASSERT_TRUE(read(plain_line, page));
@@ -124,7 +124,7 @@ TEST(NumbersLine, FailsForEachMissingToken)
     EXPECT_FALSE(read(L" \t\r\n", page));
 }
 
-TEST(NumbersLine, NeedsNoEndAndIgnoresWhatFollows)
+TEST(NumbersLine, NeedsNoLineEndAndIgnoresFurtherTokens)
 {
     Page page;
     EXPECT_TRUE(read(plain_line.substr(0, plain_line.size() - 2), page));
@@ -145,7 +145,7 @@ TEST(NumbersLine, KeepsTheLastFileForACurrentFilePastTheEnd)
     EXPECT_EQ(without.current_file, 0u);
 }
 
-TEST(NumbersLine, TakesEveryTabTokenButZeroForATab)
+TEST(NumbersLine, TreatsEveryTabTokenButZeroAsATab)
 {
     for (const auto& [token, expected] :
         { std::pair{ L"0", 0u }, { L"-0", 0u }, { L"1", 1u }, { L"-1", 1u }, { L"7", 1u } }) {
@@ -193,7 +193,7 @@ TEST(NumbersLine, ReadsRandomLinesAsAStreamDoes)
     }
 }
 
-// A C library may count more as space in its plain locale; a Book must read alike everywhere.
+// A C library may treat more characters as space in its default locale; a Book must read the same everywhere.
 TEST(NumbersLine, EndsAStampOnlyAtAsciiWhiteSpace)
 {
     for (const wchar_t unit : { L'\u0085', L'\u00A0', L'\u3000', L'\u2003', L'\uFEFF', L'\0' }) {

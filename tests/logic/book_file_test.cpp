@@ -6,8 +6,6 @@ namespace {
 
 using namespace test_support;
 
-// ---- structure ----------------------------------------------------------------------------------------
-
 TEST_F(BookFile, BeginsWithTheHeaderMarkerAndNoByteOrderMark)
 {
     book.pages.emplace_back();
@@ -20,7 +18,7 @@ TEST_F(BookFile, BeginsWithTheHeaderMarkerAndNoByteOrderMark)
         std::ranges::equal(start, expected, {}, [](std::byte byte) { return std::to_integer<int>(byte); }));
 }
 
-TEST_F(BookFile, HoldsTheHeaderBetweenTwoMarkersAndThenThePages)
+TEST_F(BookFile, HasTheHeaderBetweenTwoMarkersAndThenThePages)
 {
     book.header.seed = 0x12345678;
     for (const wchar_t* text : { L"一", L"二" }) {
@@ -46,7 +44,7 @@ TEST_F(BookFile, WritesAPageWithNothingButNumbersAsSevenLines)
     EXPECT_EQ(book.pages.at(0), page);
 }
 
-TEST_F(BookFile, TakesEveryLineThatBeginsWithTheSeparatorForOne)
+TEST_F(BookFile, TreatsEveryLineThatBeginsWithTheSeparatorAsOne)
 {
     const std::wstring odd_stop = L"\3 whatever follows \3\r\n";
     ASSERT_TRUE(load(header_lines() + L"a\r\n" + odd_stop + L"b\r\n\3\3\r\nc\r\n" + stop + stop + odd_stop
@@ -68,8 +66,6 @@ TEST_F(BookFile, KeepsASeparatorInsideALineAsText)
     EXPECT_EQ(page.reference_folder, L"h\3i");
 }
 
-// ---- fields, as the reader takes them -----------------------------------------------------------------
-
 TEST_F(BookFile, ReadsBoxes1And3WithEveryLineAndItsEnd)
 {
     const std::wstring text = L"  ひとつ\r\n\r\n\tふたつ \nlone\r\n \r\n";
@@ -86,7 +82,7 @@ TEST_F(BookFile, ReadsTheLastLineThatIsNotBlankIntoBox2)
     EXPECT_EQ(loaded_page({ L"", L" \r\n", L"", L"", L"", numbers }).text[1], L"");
 }
 
-TEST_F(BookFile, ReadsOneFileALineTrimmedWithoutBlankOnes)
+TEST_F(BookFile, ReadsOneFilePerLineTrimmedWithoutBlankOnes)
 {
     const Page& page = loaded_page({ L"", L"", L"",
         L" C:\\a b.png \r\n\r\n \u3000\r\nhttps://example.com/\r\n", L"", L"s 0 0 0 0 0 0 0 0 0 0 0 9\r\n" });
@@ -128,9 +124,7 @@ TEST_F(BookFile, NeverTrustsSelectionOrTabNumbers)
         saved(), header_lines() + page_lines({ L"", L"", L"", L"", L"", L"s 0 1 0 0 0 0 0 0 0 0 0 0\r\n" }));
 }
 
-// ---- fields, as the writer gives them -----------------------------------------------------------------
-
-TEST_F(BookFile, TrimsTheBoxesInMemoryAsItSaves)
+TEST_F(BookFile, TrimsTheBoxesInMemoryWhenItSaves)
 {
     Page& page = book.pages.emplace_back();
     page.stamp = L"s";
@@ -164,7 +158,7 @@ TEST_F(BookFile, WritesFilesAndFolderAsTheyAre)
     EXPECT_EQ(book.pages[0].reference_folder, L" folder ");
 }
 
-TEST_F(BookFile, IsStableThroughRounds)
+TEST_F(BookFile, IsUnchangedByLoadingAndSavingAgain)
 {
     ASSERT_TRUE(load(header_lines() + page_of_box1(L"  text\r\n\r\nmore  \r\n\r\n")));
     EXPECT_EQ(book.pages[0].text[0], L"  text\r\n\r\nmore  \r\n\r\n");
@@ -176,8 +170,6 @@ TEST_F(BookFile, IsStableThroughRounds)
         EXPECT_EQ(saved(), first);
     }
 }
-
-// ---- saving as a whole --------------------------------------------------------------------------------
 
 TEST_F(BookFile, IsNotSavedWithoutAPathOrPages)
 {
@@ -192,14 +184,14 @@ TEST_F(BookFile, IsNotSavedWithoutAPathOrPages)
     EXPECT_FALSE(book.save_to(L""));
 }
 
-TEST_F(BookFile, IsNotSavedWhereNoFileCanBeMade)
+TEST_F(BookFile, IsNotSavedWhereNoFileCanBeCreated)
 {
     book.pages.emplace_back();
     EXPECT_FALSE(book.save_to(folder.path()));
     EXPECT_FALSE(book.save_to(folder.file(L"missing") + L"/x.bok"));
 }
 
-TEST_F(BookFile, ReplacesALongerFileWhole)
+TEST_F(BookFile, ReplacesALongerFileCompletely)
 {
     write_text(file, std::wstring(5000, L'x'));
     book.path = file;
@@ -209,7 +201,7 @@ TEST_F(BookFile, ReplacesALongerFileWhole)
         header_lines() + page_lines({ L"", L"", L"", L"", L"", L"s 0 0 0 0 0 0 0 0 0 0 0 0\r\n" }));
 }
 
-TEST_F(BookFile, LeavesEverythingButTheTextsAsItWasWhenSaved)
+TEST_F(BookFile, ChangesOnlyTheTextsWhenSaved)
 {
     book.pages.emplace_back().stamp = L"s";
     book.path = file;
@@ -223,7 +215,7 @@ TEST_F(BookFile, LeavesEverythingButTheTextsAsItWasWhenSaved)
     EXPECT_EQ(book.header.position, 77u);
 }
 
-TEST_F(BookFile, CarriesLoneSurrogatesAndZeros)
+TEST_F(BookFile, PreservesLoneSurrogatesAndZeros)
 {
     const std::wstring text =
         std::wstring(L"a\0b", 3) + wchar_t{ 0xD800 } + L"c" + wchar_t{ 0xDFB7 } + L"\uFFFF";

@@ -52,7 +52,7 @@ TEST(PageRecord, StartsEmpty)
     EXPECT_EQ(page.current_file, 0u);
 }
 
-TEST(BookClear, PutsEverythingBack)
+TEST(BookClear, ResetsEverything)
 {
     Book book = book_of({ L"a", L"b" });
     book.header.seed = 4;
@@ -75,7 +75,7 @@ TEST(BookClear, PutsEverythingBack)
     EXPECT_FALSE(book.needs_update);
 }
 
-TEST(BookInsertPage, ShiftsLaterPagesAndGoesThere)
+TEST(BookInsertPage, ShiftsLaterPagesAndGoesToTheNewOne)
 {
     Book book = book_of({ L"a", L"b" });
     book.header.position = 7;
@@ -118,7 +118,7 @@ TEST(BookInsertPage, SucceedsUpToTheLimit)
     EXPECT_EQ(book.pages.size(), book::page_limit);
 }
 
-TEST(BookInsertPage, ThrowsOnAFullBookAtAnyIndexAndLeavesItAlone)
+TEST(BookInsertPage, ThrowsOnAFullBookAtAnyIndexAndLeavesItUnchanged)
 {
     Book book;
     book.pages.resize(book::page_limit);
@@ -133,7 +133,7 @@ TEST(BookInsertPage, ThrowsOnAFullBookAtAnyIndexAndLeavesItAlone)
     EXPECT_EQ(book.pages[0], Page());
 }
 
-TEST(PageCountOver, TellsTheLimitAndIsNotFatal)
+TEST(PageCountOver, NamesTheLimitAndIsNotFatal)
 {
     const Book::PageCountOver over;
     EXPECT_EQ(over.code, 0u);
@@ -177,7 +177,7 @@ TEST(BookNewPage, TakesTheThemesColoursAndTheTimeTwice)
     }
 }
 
-TEST(BookNewPage, BecomesThePositionOfItsIndex)
+TEST(BookNewPage, SetsThePositionToItsIndex)
 {
     Book book = book_of({ L"a", L"b", L"c" });
     book.header.order_mode = -2700;
@@ -211,7 +211,7 @@ TEST(BookRemoveSelected, ErasesExactlyTheSelectedPages)
     EXPECT_TRUE(book.needs_update);
 }
 
-TEST(BookRemoveSelected, AnswersFalseWhenNoneWent)
+TEST(BookRemoveSelected, ReturnsFalseWhenNothingIsRemoved)
 {
     Book book = book_of({ L"a" });
     book.pages[0].selected = PageSelection::pasted;
@@ -232,7 +232,7 @@ TEST(BookRemovePageAt, ErasesThePageShownThere)
     EXPECT_TRUE(book.needs_update);
 }
 
-TEST(BookRemovePageAt, KeepsThePositionInside)
+TEST(BookRemovePageAt, KeepsThePositionInRange)
 {
     Book book = book_of({ L"a", L"b", L"c" });
     book.header.position = 2;
@@ -255,7 +255,7 @@ TEST(BookRemovePageAt, LeavesOneEmptyPageInAnEmptiedBook)
     EXPECT_EQ(book.header.position, 0u);
 }
 
-TEST(BookRemovePageAt, AnswersFalseWhereNoPageIs)
+TEST(BookRemovePageAt, ReturnsFalseWithoutAPageThere)
 {
     Book book = book_of({ L"a" });
     book.header.position = 9;
@@ -278,7 +278,7 @@ TEST(BookCurrentPage, IsThePageShownAtThePosition)
     EXPECT_EQ(Book().current_page(), nullptr);
 }
 
-TEST(BookInsertPage, LeavesAnOrderThatMeansStoredIndicesUntilTheRefresh)
+TEST(BookInsertPage, FallsBackToStoredIndicesUntilTheRefresh)
 {
     Book book = book_of({ L"a", L"b" });
     book.order = { 1, 0 };
@@ -333,7 +333,7 @@ TEST(BookTabs, AreFoundByTheirNumber)
     EXPECT_EQ(book.page_of_tab(0), nullptr);
 }
 
-TEST(BookTabs, AreFoundAlsoWhenPagesMovedSinceTheRecount)
+TEST(BookTabs, AreFoundEvenAfterPagesMovedSinceTheRecount)
 {
     Book book = book_of({ L"a", L"b", L"c", L"d" });
     book.pages[1].tab_number = 1;
@@ -360,7 +360,7 @@ TEST(BookTabs, KeepNoIndexOfADroppedTab)
     EXPECT_EQ(book.page_of_tab(257), nullptr);
 }
 
-TEST(BookRefreshCounts, DoesNothingUnlessAsked)
+TEST(BookRefreshCounts, DoesNothingUnlessAnUpdateIsNeeded)
 {
     Book book = book_of({ L"b", L"a" });
     book.hits.emplace_back();

@@ -24,7 +24,7 @@ TEST(BoxColors, OfAWritableBoxAreThePagesOwn)
     EXPECT_EQ(colors, (look::BoxColors{ Color{ 0x112233 }, Color{ 0x445566 } }));
 }
 
-TEST(BoxColors, LoseTheByteThatSelectsAPalette)
+TEST(BoxColors, IgnoreTheByteThatSelectsAPaletteEntry)
 {
     const auto colors = look::box_colors(page_with(0x01112233, 0xFF445566), 1, BoxUse::writable);
     EXPECT_EQ(colors, (look::BoxColors{ Color{ 0x112233 }, Color{ 0x445566 } }));
@@ -42,13 +42,13 @@ TEST(BoxColors, OfAReadOnlyBoxLightenADarkBackgroundForTheText)
     EXPECT_EQ(colors, (look::BoxColors{ ovlib::rgb(186, 186, 186), Color{ 0x141414 } }));
 }
 
-TEST(BoxColors, ShowAsTheyAreWhileTheyAreChosen)
+TEST(BoxColors, AreNotDimmedWhileTheyAreChosen)
 {
     const auto colors = look::box_colors(page_with(0x112233, 0x445566), 1, BoxUse::read_only_with_palette);
     EXPECT_EQ(colors.text, Color{ 0x112233 });
 }
 
-TEST(DimmedText, TurnsAtALuminanceOf128)
+TEST(DimmedText, ChangesDirectionAtALuminanceOf128)
 {
     const auto gray = [](std::uint32_t v) { return ovlib::rgb(v, v, v); };
     EXPECT_EQ(look::dimmed_text(gray(127)), gray((127 * 75 + 46155) >> 8));
@@ -56,7 +56,7 @@ TEST(DimmedText, TurnsAtALuminanceOf128)
     EXPECT_EQ(look::dimmed_text(ovlib::rgb(0, 0, 255)), ovlib::rgb(180, 180, 255)); // blue is dark
 }
 
-TEST(BoxFont, BeyondAnyUseIsRefused)
+TEST(BoxFont, OfAnAbsurdSizeIsRefused)
 {
     book::LogFont font;
     const std::int32_t least = std::numeric_limits<std::int32_t>::min();
@@ -74,7 +74,7 @@ TEST(BoxFont, BeyondAnyUseIsRefused)
     EXPECT_FALSE(look::is_usable_font(font));
 }
 
-TEST(BoxFont, AlwaysEndsItsName)
+TEST(BoxFont, IsAlwaysZeroTerminated)
 {
     book::LogFont font;
     font.face_name.fill(u'字');

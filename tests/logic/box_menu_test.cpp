@@ -1,4 +1,4 @@
-// The context menu of a text box and the rules that grey its items.
+// The context menu of a text box and the rules for greying its items.
 #include "core/command_ids.hpp"
 #include "look/box_menu.hpp"
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// What stands where on drawn buttons and check boxes.
+// The layout of drawn buttons and check boxes.
 #include "controls/button_layout.hpp"
 #include "controls/check_box_layout.hpp"
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ constexpr ButtonState normal{};
 constexpr ButtonState pressed{ .pressed = true };
 constexpr ButtonState disabled{ .disabled = true };
 
-TEST(ButtonText, StandsInTheItemItself)
+TEST(ButtonText, IsCentredInTheItem)
 {
     EXPECT_EQ(button_text_places(item, normal), (ButtonTextPlaces{ item, false, {} }));
 }
@@ -36,7 +36,7 @@ TEST(ButtonText, DoesNotMoveWhenDisabledWhilePressed)
         button_text_places(item, { .pressed = true, .disabled = true }), button_text_places(item, disabled));
 }
 
-TEST(ButtonFocus, StandsThreePixelsInside)
+TEST(ButtonFocus, IsThreePixelsInside)
 {
     EXPECT_EQ(button_focus_rect(item), (Rect{ 3, 3, 77, 17 }));
 }
@@ -67,7 +67,7 @@ TEST(CheckBoxLayout, TextMayBeWiderThanTheItem)
     EXPECT_EQ(check_text_rect(item, { 100, 12 }), (Rect{ 18, 3, 118, 15 }));
 }
 
-TEST(CheckBoxLayout, FocusGoesRoundTheTextAtFullHeight)
+TEST(CheckBoxLayout, FocusSurroundsTheTextAtFullHeight)
 {
     EXPECT_EQ(check_focus_rect(item, { 18, 3, 58, 15 }), (Rect{ 17, 0, 59, 20 }));
 }

@@ -1,4 +1,4 @@
-// Colours of buttons and check boxes in every theme and state, and the place of a picture.
+// Colours of buttons and check boxes in every theme and state, and the position of a picture.
 #include "look/button_look.hpp"
 #include <gtest/gtest.h>
 
@@ -98,7 +98,7 @@ TEST(SheetPlace, MovesByOnePixelWhilePressed)
         sheet_place(item, sheet, SheetAlign::left, pressed), (SheetPlace{ { 7, 3 }, { 0, 0, 16, 16 } }));
 }
 
-TEST(SheetPlace, StandsSixPixelsFromTheLeftWhenAligned)
+TEST(SheetPlace, IsSixPixelsFromTheLeftWhenAligned)
 {
     EXPECT_EQ(sheet_place({ 0, 0, 266, 45 }, { 48, 24 }, SheetAlign::left, normal),
         (SheetPlace{ { 6, 10 }, { 0, 0, 24, 24 } }));

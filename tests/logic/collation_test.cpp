@@ -1,4 +1,4 @@
-// The user's linguistic order, and the bytes that stand for it.
+// The user's linguistic order, and the order bytes that represent it.
 #include "book/linguistic_sort.hpp"
 #include "platform/collation.hpp"
 #include "platform/collation_prefix.hpp"
@@ -13,7 +13,7 @@ namespace {
 using platform::compare_linguistic;
 using platform::Ordering;
 
-TEST(CompareLinguistic, TellsLessEqualAndGreater)
+TEST(CompareLinguistic, DistinguishesLessEqualAndGreater)
 {
     EXPECT_EQ(compare_linguistic(L"a", L"b"), Ordering::less);
     EXPECT_EQ(compare_linguistic(L"b", L"a"), Ordering::greater);
@@ -24,14 +24,14 @@ TEST(CompareLinguistic, TellsLessEqualAndGreater)
     EXPECT_EQ(compare_linguistic(L"あ", L"か"), Ordering::less);
 }
 
-TEST(CompareLinguistic, LooksAtTextsUpToTheirFirstNull)
+TEST(CompareLinguistic, ComparesTextsUpToTheirFirstNull)
 {
     EXPECT_EQ(compare_linguistic(std::wstring(L"a\0z", 3), std::wstring(L"a\0b", 3)), Ordering::equal);
     EXPECT_EQ(compare_linguistic(std::wstring(L"a\0z", 3), L"a"), Ordering::equal);
     EXPECT_EQ(compare_linguistic(std::wstring(L"\0", 1), L""), Ordering::equal);
 }
 
-TEST(CompareLinguistic, TakesHalvesOfPairsWithoutHarm)
+TEST(CompareLinguistic, AcceptsLoneSurrogates)
 {
     const std::wstring high{ wchar_t{ 0xD842 } };
     const std::wstring low{ wchar_t{ 0xDFB7 } };
@@ -40,7 +40,7 @@ TEST(CompareLinguistic, TakesHalvesOfPairsWithoutHarm)
 }
 
 #if defined(_WIN32)
-TEST(CompareLinguistic, FollowsTheLanguageAndNotTheUnits)
+TEST(CompareLinguistic, FollowsTheLanguageAndNotTheCodeUnits)
 {
     EXPECT_EQ(compare_linguistic(L"a", L"B"), Ordering::less);
     EXPECT_EQ(compare_linguistic(L"e\u0301", L"\u00E9"), Ordering::equal);
@@ -61,7 +61,7 @@ TEST(CollationPrefix, EndsAtANull)
     EXPECT_TRUE(prefix.is_whole);
 }
 
-TEST(CollationPrefix, IsCutOnlyBehindPlainUnits)
+TEST(CollationPrefix, IsCutOnlyAfterPlainUnits)
 {
     const std::wstring text = std::wstring(20, L'あ') + L"\u0301" + std::wstring(20, L'亜');
     EXPECT_EQ(platform::collation_prefix(text, 20).text.size(), 20u);
@@ -122,7 +122,7 @@ public:
         return made;
     }
 
-    // Like the other but for a unit or two, or its end.
+    // The same text with one or two other units or another end.
     std::wstring neighbour_of(std::wstring text)
     {
         for (std::size_t changes = below(3); changes > 0 && !text.empty(); --changes)
@@ -139,7 +139,7 @@ private:
     std::mt19937 generator_;
 };
 
-// Answers whether the system could tell the bytes of both.
+// Returns whether the system has order bytes for both.
 template <std::size_t size> bool expect_bytes_to_order(const std::wstring& left, const std::wstring& right)
 {
     std::array<std::uint8_t, size> left_bytes;
@@ -171,7 +171,7 @@ TEST(OrderBytes, DifferOnlyAsTheTextsCompare)
     }
 }
 
-TEST(OrderBytes, OfOrdinaryTextAreToldAndAreThoseOfItsBeginning)
+TEST(OrderBytes, OfOrdinaryTextExistAndEqualThoseOfItsBeginning)
 {
     const std::wstring beginning = L"こうしょう\r\n(n) negotiation; 交渉 ";
     std::array<std::uint8_t, 16> bytes;
@@ -208,7 +208,7 @@ void expect_the_order_of_comparing(const std::vector<std::wstring>& texts)
             << testing::PrintToString(texts[order[i - 1]]) << testing::PrintToString(texts[order[i]]);
 }
 
-TEST(LinguisticOrder, IsTheOrderOfComparing)
+TEST(LinguisticOrder, EqualsSortingByComparison)
 {
     for (const Script& script : scripts) {
         SCOPED_TRACE(script.name);
@@ -220,7 +220,7 @@ TEST(LinguisticOrder, IsTheOrderOfComparing)
     }
 }
 
-TEST(LinguisticOrder, TellsTextsApartThatBeginAlikeForLong)
+TEST(LinguisticOrder, DistinguishesTextsWithLongCommonBeginnings)
 {
     std::vector<std::wstring> texts;
     for (const std::size_t alike : { 0, 5, 12, 40, 300 })
@@ -229,8 +229,8 @@ TEST(LinguisticOrder, TellsTextsApartThatBeginAlikeForLong)
     expect_the_order_of_comparing(texts);
 }
 
-// A heading that all pages have, whatever stands where it ends and where the texts part.
-TEST(LinguisticOrder, LooksBehindWhatTextsShare)
+// A heading that all pages share, with various characters at its end and where the texts begin to differ.
+TEST(LinguisticOrder, ComparesAfterWhatTextsShare)
 {
     for (const Script& script : scripts) {
         SCOPED_TRACE(script.name);
@@ -246,7 +246,7 @@ TEST(LinguisticOrder, LooksBehindWhatTextsShare)
     }
 }
 
-TEST(LinguisticOrder, CountsTextsWithTheirFirstNullAmongWhatTheyShareAsEqual)
+TEST(LinguisticOrder, TreatsTextsThatShareTheirFirstNullAsEqual)
 {
     std::vector<std::wstring> texts;
     for (int i = 0; i < 20; ++i)
@@ -256,8 +256,8 @@ TEST(LinguisticOrder, CountsTextsWithTheirFirstNullAmongWhatTheyShareAsEqual)
     expect_the_order_of_comparing(texts);
 }
 
-// Every level tells one text from the rest.
-TEST(LinguisticOrder, IsSafeForTextsThatBranchAgainAndAgain)
+// Every level separates one text from the rest.
+TEST(LinguisticOrder, IsSafeForTextsThatSeparateOnePerLevel)
 {
     std::vector<std::wstring> texts;
     for (std::size_t i = 0; i < 400; ++i)
@@ -265,7 +265,7 @@ TEST(LinguisticOrder, IsSafeForTextsThatBranchAgainAndAgain)
     expect_the_order_of_comparing(texts);
 }
 
-TEST(OrderBytesStart, LeavesPlainUnitsBeforeTheDifference)
+TEST(OrderBytesStart, KeepsPlainUnitsBeforeTheDifference)
 {
     const std::wstring text = std::wstring(20, L'あ') + L"\u3099\u3099" + std::wstring(10, L'亜');
     EXPECT_EQ(platform::order_bytes_start(text, 20), 12u);

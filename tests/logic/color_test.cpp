@@ -14,7 +14,7 @@ TEST(ColorShade, ZeroLeavesTheValueAsItIs)
     EXPECT_EQ(Color{ 0x12345678 }.shade(0).value, 0x12345678u);
 }
 
-TEST(ColorShade, TheWholeWayReachesWhiteAndBlack)
+TEST(ColorShade, TheLargestDeltaReachesWhiteAndBlack)
 {
     for (std::uint32_t c = 0; c < 256; ++c) {
         EXPECT_EQ(rgb(c, c, c).shade(255), rgb(255, 255, 255));
@@ -22,7 +22,7 @@ TEST(ColorShade, TheWholeWayReachesWhiteAndBlack)
     }
 }
 
-TEST(ColorShade, BeyondTheWholeWayIsTheWholeWay)
+TEST(ColorShade, IsLimitedToTheLargestDelta)
 {
     const Color color = rgb(10, 100, 200);
     EXPECT_EQ(color.shade(300), color.shade(255));
@@ -59,7 +59,7 @@ TEST(ColorShade, KeepsTheChannelsApart)
     EXPECT_EQ(shaded, rgb((200 * 175) >> 8, (100 * 175) >> 8, (50 * 175) >> 8));
 }
 
-TEST(ColorShade, MayBeWorkedOutAtCompileTime)
+TEST(ColorShade, IsConstexpr)
 {
     static_assert(rgb(0, 0, 0).shade(255) == rgb(255, 255, 255));
     static_assert(Color{}.value == 0);
@@ -74,7 +74,7 @@ TEST(Color, HasRedInTheLowestByte)
     EXPECT_EQ(color.blue(), 0x33);
 }
 
-TEST(Color, CopiesItsValueAlsoOntoItself)
+TEST(Color, CopiesItsValueEvenToItself)
 {
     Color color = rgb(1, 2, 3);
     const Color& same = color;
@@ -98,7 +98,7 @@ TEST(ColorLuminance, IsBrightFromTheMiddleOn)
     EXPECT_TRUE(rgb(128, 128, 128).is_bright());
 }
 
-TEST(BlendedChannel, KeepsTheWeightOfWhatLiesBelow)
+TEST(BlendedChannel, WeighsTheColourBelow)
 {
     EXPECT_EQ(ovlib::blended_channel(200, 100, 256), 200);
     EXPECT_EQ(ovlib::blended_channel(200, 100, 0), 100);

@@ -1,4 +1,4 @@
-// The rule of every command: its codes, its refusals and the views it leaves to be refreshed.
+// The rule of every command: its notification codes, its requirements and the views to refresh.
 #include "app/command_run.hpp"
 #include "core/command_ids.hpp"
 #include "core/command_rules.hpp"
@@ -110,7 +110,7 @@ protected:
     }
 };
 
-TEST_P(CommandRow, ActsOnItsCodesOnly)
+TEST_P(CommandRow, AcceptsItsCodesOnly)
 {
     const Codes codes = GetParam().codes;
     for (const int id : identifiers()) {
@@ -120,7 +120,7 @@ TEST_P(CommandRow, ActsOnItsCodesOnly)
     }
 }
 
-TEST_P(CommandRow, LeavesItsViewsToBeRefreshed)
+TEST_P(CommandRow, RequestsTheRefreshOfItsViews)
 {
     for (const int id : identifiers()) {
         const core::CommandRule* rule = core::find_command(id, GetParam().codes.first);

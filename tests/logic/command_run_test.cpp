@@ -1,4 +1,4 @@
-// Nesting of commands: one refresh when the outermost ends, and nothing raised gets out.
+// Nested commands: one refresh when the outermost ends, and no exception escapes.
 #include "app/command_run.hpp"
 #include "book/my_exception.hpp"
 #include <algorithm>
@@ -70,7 +70,7 @@ TEST_F(CommandRun, MergesTheMasksOfNestedCommandsIntoOneRefresh)
     EXPECT_EQ(commands.depth(), 0);
 }
 
-TEST_F(CommandRun, ReportsWhatAnActionRaisesAndStillRefreshes)
+TEST_F(CommandRun, ReportsAnExceptionAndStillRefreshes)
 {
     commands.run([&] {
         commands.merge(0x1);
@@ -93,7 +93,7 @@ TEST_F(CommandRun, CatchesANestedFailureWhereItWasRaised)
     EXPECT_EQ(commands.depth(), 0);
 }
 
-TEST_F(CommandRun, CatchesWhatTheRefreshRaisesAndDoesNotTryAgain)
+TEST_F(CommandRun, CatchesAnExceptionOfTheRefreshAndDoesNotRetry)
 {
     during_refresh = [&] {
         commands.merge(0x8000);
@@ -125,7 +125,7 @@ TEST_F(CommandRun, DropsBitsThatNoViewServes)
     EXPECT_EQ(refreshed, std::vector<RefreshMask>{ core::refresh::full });
 }
 
-TEST_F(CommandRun, AddsWhatIsOverdueWhenTheOutermostEnds)
+TEST_F(CommandRun, AddsOverdueViewsWhenTheOutermostEnds)
 {
     overdue = 0x1;
     commands.run([&] {
@@ -135,14 +135,14 @@ TEST_F(CommandRun, AddsWhatIsOverdueWhenTheOutermostEnds)
     EXPECT_EQ(refreshed, std::vector<RefreshMask>{ 0x1 });
 }
 
-TEST_F(CommandRun, AddsWhatIsOverdueAlsoAfterAFailure)
+TEST_F(CommandRun, AddsOverdueViewsEvenAfterAFailure)
 {
     overdue = 0x1;
     commands.run([] { throw std::runtime_error("half done"); });
     EXPECT_EQ(refreshed, std::vector<RefreshMask>{ 0x1 });
 }
 
-TEST_F(CommandRun, LeavesViewsThatNeverSettle)
+TEST_F(CommandRun, GivesUpOnViewsThatNeverSettle)
 {
     during_refresh = [&] { commands.merge(0x10); };
     commands.run([&] { commands.merge(0x1); });
@@ -150,14 +150,14 @@ TEST_F(CommandRun, LeavesViewsThatNeverSettle)
     EXPECT_EQ(commands.pending(), 0u);
 }
 
-TEST_F(CommandRun, DoesNotTakeTheStandingHistoryBitForMoreWork)
+TEST_F(CommandRun, DoesNotTreatTheKeptHistoryBitAsMoreWork)
 {
     during_refresh = [&] { commands.merge(0x40); };
     commands.run([&] { commands.merge(0x41); });
     EXPECT_EQ(refreshed.size(), 1u);
 }
 
-TEST_F(CommandRun, RefreshesNothingOfAWindowThatIsGone)
+TEST_F(CommandRun, RefreshesNothingOfADestroyedWindow)
 {
     commands.run([&] {
         commands.merge(0x1);
@@ -167,7 +167,7 @@ TEST_F(CommandRun, RefreshesNothingOfAWindowThatIsGone)
     EXPECT_EQ(commands.pending(), 0u);
 }
 
-// A run over views that send commands while they are served, as filling a box does.
+// A refresh whose views send commands while they are served, as filling a text box does.
 class ServedView : public testing::TestWithParam<core::View> {
 protected:
     using Views = std::vector<core::View>;
@@ -186,7 +186,7 @@ protected:
     Views all() const { return { core::service_order.begin(), core::service_order.end() }; }
 };
 
-TEST_P(ServedView, MaySendCommandsThatAskForNothingAndIsServedOnce)
+TEST_P(ServedView, MaySendCommandsThatRequestNothingAndIsServedOnce)
 {
     work = [&](core::View view) {
         if (view == GetParam())
@@ -207,14 +207,14 @@ TEST_P(ServedView, DoesNotStartAnotherRefreshInsideItsOwn)
         inside = false;
     };
     commands.run([&] { commands.merge(core::refresh::full); });
-    // What it asked for beside what was still to come is served in a second round, and then there is rest.
+    // Views requested in addition are served in a second round, and then the refresh ends.
     EXPECT_LE(served.size(), 2 * all().size());
     EXPECT_EQ(Views(served.begin(), served.begin() + static_cast<std::ptrdiff_t>(all().size())), all());
     EXPECT_EQ(commands.pending(), 0u);
     EXPECT_EQ(commands.depth(), 0);
 }
 
-TEST_P(ServedView, IsNotLostWhenALaterViewAsksForIt)
+TEST_P(ServedView, IsNotLostWhenALaterViewRequestsIt)
 {
     bool asked = false;
     work = [&](core::View view) {

@@ -1,4 +1,4 @@
-// Finding a row by command number, and the codes that a row takes.
+// Finding a row by command number, and the codes that a row accepts.
 #include "core/command_ids.hpp"
 #include "core/command_table.hpp"
 #include <array>
@@ -20,7 +20,7 @@ char found(int id)
     return row ? row->handler : '-';
 }
 
-TEST(CommandTable, FindsEveryIdentifierOfARangeAndNoneBeside)
+TEST(CommandTable, FindsEveryIdentifierOfARangeAndNoOther)
 {
     EXPECT_EQ(found(1002), 'n');
     EXPECT_EQ(found(1045), 'e');
@@ -45,7 +45,7 @@ TEST(CommandTable, BindsAHandlerToItsCodes)
     EXPECT_EQ(handler(1003, 0), '-');
 }
 
-TEST(CommandTable, KnowsWhetherItCanBeSearched)
+TEST(CommandTable, DetectsWhetherItCanBeSearched)
 {
     EXPECT_TRUE(core::is_ordered(std::span<const Row>{ table }));
     constexpr std::array overlapping{ Row{ { 1, 5 }, 'a' }, Row{ { 5, 6 }, 'b' } };
@@ -56,14 +56,14 @@ TEST(CommandTable, KnowsWhetherItCanBeSearched)
     EXPECT_FALSE(core::is_ordered(std::span<const Row>{ turned }));
 }
 
-TEST(CodeRule, TakesZeroOnlyUnlessToldOtherwise)
+TEST(CodeRule, AcceptsOnlyZeroByDefault)
 {
     EXPECT_TRUE(core::plain_code.allows(0));
     EXPECT_FALSE(core::plain_code.allows(1));
     EXPECT_FALSE(core::plain_code.allows(core::command::edit_changed));
 }
 
-TEST(CodeRule, TellsANotificationByItsCode)
+TEST(CodeRule, AcceptsANotificationByItsCode)
 {
     constexpr core::CodeRule changed = core::only_code(core::command::edit_changed);
     EXPECT_TRUE(changed.allows(768));
@@ -71,7 +71,7 @@ TEST(CodeRule, TellsANotificationByItsCode)
     EXPECT_FALSE(changed.allows(256));
 }
 
-TEST(CodeRule, TakesANumberBelowACount)
+TEST(CodeRule, AcceptsANumberBelowACount)
 {
     constexpr core::CodeRule number = core::code_below(3);
     EXPECT_TRUE(number.allows(0));
@@ -80,7 +80,7 @@ TEST(CodeRule, TakesANumberBelowACount)
     EXPECT_FALSE(number.allows(-1));
 }
 
-TEST(CodeRule, TakesAnyCodeWhereItSaysSo)
+TEST(CodeRule, AcceptsAnyCodeIfItAllowsAny)
 {
     EXPECT_TRUE(core::any_code.allows(0));
     EXPECT_TRUE(core::any_code.allows(1)); // as accelerators send it

@@ -22,7 +22,7 @@ TEST(ConditionText, IsEmptyWhenEveryPageMatches)
     EXPECT_EQ(condition_text(query), L"");
 }
 
-TEST(ConditionText, OfASelectionIsThatAndNothingElse)
+TEST(ConditionText, OfASelectionNamesNothingElse)
 {
     SearchQuery query = query_for({ L"a", L"b" });
     query.selected_only = query.track_marks = query.track_tabs = true;
@@ -43,7 +43,7 @@ TEST(ConditionText, JoinsTermsAndBracketsTwoOrMore)
     EXPECT_EQ(condition_text(query), L"<猫 | 犬 | 鳥>");
 }
 
-TEST(ConditionText, AddsTheTracks)
+TEST(ConditionText, AddsTracking)
 {
     SearchQuery query;
     query.track_marks = true;
@@ -64,7 +64,7 @@ TEST(ConditionText, CutsLongTermsAtThirtyTwoCharacters)
     EXPECT_EQ(condition_text(query_for({ std::wstring(33, L'あ') })), std::wstring(32, L'あ') + L"...");
 }
 
-TEST(ConditionText, CutsInsideTheBracketAndBeforeTheTracks)
+TEST(ConditionText, CutsInsideTheBracketAndBeforeTracking)
 {
     SearchQuery query = query_for({ std::wstring(28, L'a'), L"bcd" });
     EXPECT_EQ(condition_text(query), L"<" + std::wstring(28, L'a') + L" | b...>");
@@ -83,7 +83,7 @@ TEST(ConditionText, CountsAPairAsOneCharacterAndNeverCutsIt)
     EXPECT_EQ(condition_text(query_for({ term })), term);
     EXPECT_EQ(condition_text(query_for({ term + emoji })), term + L"...");
     EXPECT_EQ(condition_text(query_for({ L"a" + term })), L"a" + term.substr(0, 62) + L"...");
-    // A half without its other counts as one.
+    // A lone surrogate counts as one character.
     EXPECT_EQ(
         condition_text(query_for({ emoji.substr(1) + term })), emoji.substr(1) + term.substr(0, 62) + L"...");
 }
@@ -97,7 +97,7 @@ TEST(ConditionText, DoesNotCutTwentyEmoji)
     EXPECT_EQ(condition_text(query_for({ term })), term); // 40 units
 }
 
-// The brackets are put round what is left of the joined text.
+// The brackets are added after the joined text was shortened.
 TEST(ConditionText, DoesNotCountTheBrackets)
 {
     const std::wstring term(29, L'a');
@@ -106,7 +106,7 @@ TEST(ConditionText, DoesNotCountTheBrackets)
     EXPECT_EQ(condition_text(query_for({ term, L"b" })), L"<" + term + L" | ...>");
 }
 
-TEST(FailedSearchText, TellsTheConditionWhenThereIsOne)
+TEST(FailedSearchText, NamesTheConditionIfThereIsOne)
 {
     EXPECT_EQ(book::failed_search_text(query_for({ L"猫", L"犬" })), L"一致条件: <猫 | 犬>");
     EXPECT_EQ(book::failed_search_text({}), L"");

@@ -28,7 +28,7 @@ protected:
     std::wstring path = folder.file(L"custom_colors.dat");
 };
 
-TEST_F(CustomColorsFile, IsSixtyFourBytesWithTheLowestOfEachColourFirst)
+TEST_F(CustomColorsFile, IsSixtyFourBytesInLittleEndian)
 {
     CustomColors colors{};
     colors[0] = 0x00C0FFEE;
@@ -43,7 +43,7 @@ TEST_F(CustomColorsFile, IsSixtyFourBytesWithTheLowestOfEachColourFirst)
     EXPECT_EQ(std::count(bytes.begin() + 4, bytes.end() - 4, std::byte{}), 56);
 }
 
-TEST_F(CustomColorsFile, GivesBackWhatWasWritten)
+TEST_F(CustomColorsFile, ReturnsWhatWasWritten)
 {
     CustomColors colors{};
     for (std::uint32_t i = 0; i < colors.size(); ++i)
@@ -84,7 +84,7 @@ TEST_F(CustomColorsFile, OfAnyOtherLengthFillsWhatItReaches)
     EXPECT_EQ(read_from(counting(300)), read_from(counting(64)));
 }
 
-TEST_F(CustomColorsFile, SaysWhenItCannotBeWritten)
+TEST_F(CustomColorsFile, ReportsAFailedWrite)
 {
     EXPECT_FALSE(look::write_custom_colors(folder.file(L"missing") + L"/custom_colors.dat", {}));
 }

@@ -1,4 +1,4 @@
-// What is told of an exception, and the file of a logon's end.
+// The message for an exception, and the file written at the end of a logon.
 #include "app/failures.hpp"
 #include "book/book.hpp"
 #include <gtest/gtest.h>
@@ -46,7 +46,7 @@ TEST(FailureNotice, OfAFullBookIsAWarning)
     EXPECT_EQ(full.text.find(L"ページ数の上限 ["), 0u);
 }
 
-TEST(FailureNotice, WithoutWordsHoldsOnlyTheClosingOnes)
+TEST(FailureNotice, WithoutATextHasOnlyTheClosingWords)
 {
     EXPECT_EQ(notice(MyException{ L"", fatal_code }, FailedAt::creation).text,
         L"\r\nアプリケーションを終了します．");

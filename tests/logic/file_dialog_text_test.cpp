@@ -1,4 +1,4 @@
-// What goes into file dialogs and what comes out.
+// The filters and results of file dialogs.
 #include "controls/file_dialog_text.hpp"
 #include <gtest/gtest.h>
 
@@ -47,7 +47,7 @@ TEST(ChosenPaths, ABufferThatIsFullEndsTheList)
     EXPECT_EQ(chosen_paths(L"C:\\a"sv, true), Paths{ L"C:\\a" });
 }
 
-TEST(ChosenPaths, NothingWasChosen)
+TEST(ChosenPaths, AreNoneWhenNothingWasChosen)
 {
     EXPECT_EQ(chosen_paths(L""sv, true), Paths{});
     EXPECT_EQ(chosen_paths(L"\0\0"sv, true), Paths{});

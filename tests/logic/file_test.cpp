@@ -36,7 +36,7 @@ TEST_F(Files, AreWrittenAndReadBack)
     EXPECT_EQ(test_support::read_bytes(file), bytes("one two"));
 }
 
-TEST_F(Files, AreReadPieceByPieceUntilNothingComes)
+TEST_F(Files, AreReadPieceByPieceUntilTheEnd)
 {
     test_support::write_bytes(file, bytes("abcde"));
     File in = File::open_read(file);
@@ -68,7 +68,7 @@ TEST_F(Files, KeepTheirTailWhenWrittenOver)
     EXPECT_EQ(test_support::read_bytes(fresh), bytes("XY"));
 }
 
-TEST_F(Files, CannotBeOpenedWhereNothingOrAFolderStands)
+TEST_F(Files, CannotBeOpenedWhereNothingOrAFolderExists)
 {
     EXPECT_FALSE(File::open_read(folder.file(L"missing")).is_open());
     EXPECT_FALSE(File::open_read(folder.path()).is_open());
@@ -78,7 +78,7 @@ TEST_F(Files, CannotBeOpenedWhereNothingOrAFolderStands)
     EXPECT_FALSE(File::open_over(folder.path()).is_open());
 }
 
-TEST_F(Files, DeliverNothingWhenNotOpen)
+TEST_F(Files, ReadNothingWhenNotOpen)
 {
     File none;
     std::array<std::byte, 4> piece{};
@@ -90,7 +90,7 @@ TEST_F(Files, DeliverNothingWhenNotOpen)
     none.close();
 }
 
-TEST_F(Files, HandOverWhatIsOpenWhenMoved)
+TEST_F(Files, TransferTheOpenFileWhenMoved)
 {
     File first = File::create(file);
     File second(std::move(first));
@@ -104,8 +104,8 @@ TEST_F(Files, HandOverWhatIsOpenWhenMoved)
     EXPECT_EQ(test_support::read_bytes(folder.file(L"other")), Bytes{});
 }
 
-// Everything is shared: a Book that is open elsewhere can be read, written and put aside.
-TEST_F(Files, StayOpenToOthers)
+// Files are opened with all share modes: a Book that is open elsewhere can be read, written and renamed.
+TEST_F(Files, StayAccessibleToOthers)
 {
     test_support::write_bytes(file, bytes("abc"));
     File reader = File::open_read(file);
@@ -117,7 +117,7 @@ TEST_F(Files, StayOpenToOthers)
     EXPECT_TRUE(platform::remove_file(file));
 }
 
-TEST_F(Files, AreToldFromFolders)
+TEST_F(Files, AreDistinguishedFromFolders)
 {
     test_support::write_bytes(file, {});
     EXPECT_TRUE(platform::exists(file));
@@ -146,7 +146,7 @@ TEST_F(Files, AreRemovedAndReplaced)
     EXPECT_FALSE(platform::remove_file(other));
 }
 
-TEST_F(Files, StandInFoldersThatCanBeMadeOnce)
+TEST_F(Files, LieInFoldersThatCanBeCreatedOnce)
 {
     const std::wstring inner = folder.file(L"内");
     EXPECT_TRUE(platform::create_folder(inner));
@@ -156,7 +156,7 @@ TEST_F(Files, StandInFoldersThatCanBeMadeOnce)
     EXPECT_TRUE(File::create(inner + L"/x").is_open());
 }
 
-TEST_F(Files, AreToldFromFoldersAndFromNothing)
+TEST_F(Files, AreDistinguishedFromFoldersAndFromNothing)
 {
     using platform::PathKind;
     test_support::write_bytes(file, bytes("x"));
@@ -169,7 +169,7 @@ TEST_F(Files, AreToldFromFoldersAndFromNothing)
     EXPECT_EQ(platform::path_kind(L"http://x.invalid/a"), PathKind::nothing);
 }
 
-TEST_F(Files, TellTheirSizeUnopened)
+TEST_F(Files, HaveASizeWithoutBeingOpened)
 {
     test_support::write_bytes(file, bytes("12345"));
     EXPECT_EQ(platform::file_size(file), 5u);
@@ -189,7 +189,7 @@ TEST(AbsolutePath, CountsFromTheCurrentDirectory)
     EXPECT_EQ(platform::absolute_path(L"a/../日記.txt"), full);
 }
 
-TEST(PathAnswer, TellsAShareThatDoesNotAnswerFromAPathThatIsNotThere)
+TEST(PathAnswer, DistinguishesAnUnreachableShareFromAMissingPath)
 {
     for (const std::uint32_t silent : { 21u, 51u, 53u, 55u, 59u, 64u, 67u, 121u, 1203u, 1222u, 1231u, 1232u })
         EXPECT_TRUE(platform::is_of_volume(silent)) << silent;

@@ -1,4 +1,4 @@
-// What the commands on files and folders say.
+// The texts of the commands on files and folders.
 #include "app/file_texts.hpp"
 #include <gtest/gtest.h>
 

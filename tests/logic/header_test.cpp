@@ -46,7 +46,7 @@ TEST(BookHeaderDefaults, AreThoseOfANewBook)
     EXPECT_EQ(header.theme, 6000);
 }
 
-TEST(BookHeaderDefaults, ReserveZeros)
+TEST(BookHeaderDefaults, HaveZerosInReservedMembers)
 {
     const BookHeader header;
     EXPECT_EQ(header.reserved_0, 0u);
@@ -113,7 +113,7 @@ TEST(MulDiv, RoundsHalfAwayFromZero)
     EXPECT_EQ(platform::mul_div(1, 1, 3), 0);
 }
 
-TEST(MulDiv, KeepsTheWholeProductAndTellsFailures)
+TEST(MulDiv, KeepsTheWholeProductAndReportsFailures)
 {
     constexpr int greatest = std::numeric_limits<int>::max();
     constexpr int least = std::numeric_limits<int>::min();
@@ -124,7 +124,7 @@ TEST(MulDiv, KeepsTheWholeProductAndTellsFailures)
     EXPECT_EQ(platform::mul_div(least, 1, 1), least);
 }
 
-// Offset and bytes of each member, one row a line of the record's table.
+// Offset and bytes of each member, one row per line of the record's table.
 struct MemberCase {
     const char* name;
     std::size_t offset;
@@ -134,7 +134,7 @@ struct MemberCase {
 
 class HeaderMember : public testing::TestWithParam<MemberCase> { };
 
-TEST_P(HeaderMember, StandsAtItsOffset)
+TEST_P(HeaderMember, IsAtItsOffset)
 {
     BookHeader header;
     std::string expected = book::header_text(header);
@@ -233,7 +233,7 @@ TEST(HeaderText, IsRefusedWithAnythingButADigitInIt)
     }
 }
 
-TEST(HeaderText, TakesAnyBytesForARecord)
+TEST(HeaderText, AcceptsAnyBytesAsARecord)
 {
     const std::wstring extreme(digit_count, L'f');
     const auto header = book::header_from_text(extreme);

@@ -1,4 +1,4 @@
-// The history as its window shows it.
+// The rows, title and commands of the history window.
 #include "book/history_rows.hpp"
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@ using book::history_row;
 using book::HistoryRow;
 using ovlib::Color;
 
-TEST(HistoryRow, DividesThePathAtItsLastSeparator)
+TEST(HistoryRow, SplitsThePathAtItsLastSeparator)
 {
     EXPECT_EQ(history_row(L"C:\\本\\日記.bok"), (HistoryRow{ L"日記.bok", L"C:\\本" }));
     EXPECT_EQ(history_row(L"C:/本/日記.bok"), (HistoryRow{ L"日記.bok", L"C:/本" }));
@@ -35,7 +35,7 @@ TEST(HistoryCommand, IsSentForTheRowsOfTheRangeOnly)
 {
     EXPECT_EQ(book::history_command(0), 10000);
     EXPECT_EQ(book::history_command(4999), 14999);
-    EXPECT_EQ(book::history_command(-1), std::nullopt); // beside the rows
+    EXPECT_EQ(book::history_command(-1), std::nullopt); // outside the rows
     EXPECT_EQ(book::history_command(5000), std::nullopt);
     EXPECT_EQ(book::history_command(5001), std::nullopt);
 }

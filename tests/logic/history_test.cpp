@@ -38,7 +38,7 @@ protected:
     std::wstring file = folder.file(L"history.txt");
 };
 
-TEST(HistoryFile, HoldsOnePathALine)
+TEST(HistoryFile, HasOnePathPerLine)
 {
     EXPECT_EQ(paths_in(L"C:\\本\\一.bok\r\nrelative.bok\r\n"), (Paths{ L"C:\\本\\一.bok", L"relative.bok" }));
     EXPECT_EQ(paths_in(L"last without an end"), (Paths{ L"last without an end" }));
@@ -50,14 +50,14 @@ TEST(HistoryFile, SkipsBlankLinesAndTrimsTheOthers)
     EXPECT_EQ(paths_in(L"\r\n  a b.bok \t\r\n \u3000\r\n\r\nc\r\n"), (Paths{ L"a b.bok", L"c" }));
 }
 
-TEST(HistoryFile, LosesOneByteOrderMarkBeforeEveryPath)
+TEST(HistoryFile, DropsOneByteOrderMarkBeforeEveryPath)
 {
     EXPECT_EQ(paths_in(L"\uFEFFa\r\n \uFEFFb\r\n\uFEFF\uFEFFc\r\nd\uFEFF\r\n"),
         (Paths{ L"a", L"b", L"\uFEFFc", L"d\uFEFF" }));
 }
 
-// An empty entry would be offered for opening again and again.
-TEST(HistoryFile, NeverGivesAnEmptyPath)
+// The program would try to open an empty entry again at every start.
+TEST(HistoryFile, NeverYieldsAnEmptyPath)
 {
     EXPECT_EQ(paths_in(L"\uFEFF\r\na\r\n \uFEFF \r\n"), (Paths{ L"a" }));
 }
@@ -67,7 +67,7 @@ TEST(HistoryFile, KeepsALoneLineFeedInAPath)
     EXPECT_EQ(paths_in(L"a\nb\r\nc"), (Paths{ L"a\nb", L"c" }));
 }
 
-TEST(HistoryFile, EndsAtABlockThatIsOddAndFirst)
+TEST(HistoryFile, EndsAtAFirstBlockOfOddLength)
 {
     test_support::Bytes bytes = bytes_of(L"a\r\nb\r\n");
     bytes.push_back(std::byte{ 0 });
@@ -85,7 +85,7 @@ TEST_F(History, IsEmptyWithoutAFile)
     EXPECT_EQ(test_support::read_text(file), L"first.bok\r\n");
 }
 
-TEST_F(History, ForgetsWhatItHeldWhenItLoads)
+TEST_F(History, ReplacesItsEntriesWhenItLoads)
 {
     HistoryList list = loaded(L"a\r\n");
     ASSERT_TRUE(platform::remove_file(file));
@@ -130,7 +130,7 @@ TEST_F(History, KeepsAThousandEntries)
     EXPECT_EQ(list.entries().back(), L"998.bok");
 }
 
-TEST_F(History, LosesOneEntryHoweverLongItWas)
+TEST_F(History, DropsOneEntryHoweverLongItIs)
 {
     HistoryList list = list_of(1500);
     EXPECT_EQ(list.entries().size(), 1500u);
@@ -139,7 +139,7 @@ TEST_F(History, LosesOneEntryHoweverLongItWas)
     EXPECT_EQ(list.entries().back(), L"1498.bok");
 }
 
-TEST_F(History, AddsAnEntryOfItsOwn)
+TEST_F(History, AcceptsOneOfItsOwnEntries)
 {
     HistoryList list = list_of(30);
     list.add(list.entries()[20]);
@@ -147,7 +147,7 @@ TEST_F(History, AddsAnEntryOfItsOwn)
     EXPECT_EQ(list.entries().front(), L"20.bok");
 }
 
-TEST_F(History, RemovesEveryEqualEvenByOneOfThem)
+TEST_F(History, RemovesEveryEqualEntryEvenGivenOneOfThem)
 {
     HistoryList list = loaded(L"x\r\na\r\nX\r\nx\r\n");
     list.remove(list.entries().front());
@@ -169,7 +169,7 @@ TEST_F(History, RemovesTheNewestEntry)
     EXPECT_FALSE(platform::exists(none.path));
 }
 
-TEST_F(History, GoesOnInSilenceWhenItCannotBeSaved)
+TEST_F(History, ContinuesSilentlyWhenItCannotBeSaved)
 {
     HistoryList list(folder.path());
     list.load();

@@ -1,4 +1,4 @@
-// Places and pictures of the window of the history.
+// Positions and icons of the history window.
 #include "book/history_view.hpp"
 #include <gtest/gtest.h>
 
@@ -11,13 +11,13 @@ TEST(HistoryImage, IsTheBookForTheNewestAndTheClockForOthers)
     EXPECT_EQ(book::history_image(999), 1);
 }
 
-TEST(HistoryPlace, KeepsAMarginRoundTheList)
+TEST(HistoryPlace, KeepsAMarginAroundTheList)
 {
     EXPECT_EQ(book::history_list_rect({ 350, 400 }), (platform::Rect{ 8, 8, 342, 392 }));
     EXPECT_EQ(book::history_list_rect({ 3, 0 }), (platform::Rect{ 8, 8, 8, 8 }));
 }
 
-TEST(HistoryPlace, StandsWithItsMiddleAtTheCursorAndItsTopAbove)
+TEST(HistoryPlace, IsCentredAtTheCursorWithItsTopAbove)
 {
     EXPECT_EQ(book::history_corner({ 700, 300 }, 360), (platform::Point{ 520, 236 }));
 }

@@ -1,4 +1,4 @@
-// When the main window takes page turns.
+// When the main window accepts page turns.
 #include "app/input_gate.hpp"
 #include <gtest/gtest.h>
 #include <vector>
@@ -38,7 +38,7 @@ TEST(InputGate, IsHeldByAnotherWindowWhateverOurBoxesDo)
     EXPECT_TRUE(gate.is_open());
 }
 
-TEST(InputGate, StaysClosedUntilTheOutermostWindowLetsGo)
+TEST(InputGate, StaysClosedUntilTheOutermostWindowReleasesIt)
 {
     InputGate gate;
     gate.set_held(true);
@@ -49,7 +49,7 @@ TEST(InputGate, StaysClosedUntilTheOutermostWindowLetsGo)
     EXPECT_TRUE(gate.is_open());
 }
 
-TEST(InputGate, TakesNoReleasingInAdvance)
+TEST(InputGate, IgnoresAReleaseInAdvance)
 {
     InputGate gate;
     gate.set_held(false);
@@ -65,7 +65,7 @@ TEST(InputGate, DoesNotOpenUnderABox)
     EXPECT_FALSE(gate.is_open());
 }
 
-TEST(InputGate, TellsWhenItOpensAndCloses)
+TEST(InputGate, ReportsWhenItOpensAndCloses)
 {
     std::vector<bool> told;
     app::InputGate* self = nullptr;

@@ -8,7 +8,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-// Notes what it is asked.
+// Records the calls it receives.
 class NotedMethod : public look::InputMethod {
 public:
     bool acquire() override

@@ -39,7 +39,7 @@ TEST(OpenLastBook, OpensTheFirstEntry)
     EXPECT_EQ(start.created, 0);
 }
 
-TEST(OpenLastBook, GoesOnToTheNextEntryWhenOneIsGone)
+TEST(OpenLastBook, ContinuesWithTheNextEntryWhenOneIsMissing)
 {
     Start start{ .history = { L"a", L"b", L"c" }, .openable = L"c" };
     EXPECT_TRUE(start.open());
@@ -61,7 +61,7 @@ TEST(OpenLastBook, FailsWhenNoBookIsCreated)
     EXPECT_EQ(start.created, 1);
 }
 
-TEST(OpenLastBook, EndsAlsoWhenAFailedEntryStays)
+TEST(OpenLastBook, EndsEvenIfAFailedEntryStays)
 {
     Start start{ .history = { L"", L"b" }, .openable = L"none", .forgets = false };
     EXPECT_FALSE(start.open());

@@ -1,4 +1,4 @@
-// Lines over blocks of every size, held against a reader that takes one unit at a time.
+// Lines in blocks of every size, compared with a reader that takes one unit at a time.
 #include "book/line_reader.hpp"
 #include "book/line_writer.hpp"
 #include "tests/support/memory_stream.hpp"
@@ -24,7 +24,7 @@ std::wstring to_wide(book::FileText text)
     return wide;
 }
 
-// The rules as they are told, with nothing but them in mind.
+// The rules of the contract, implemented as literally as possible.
 class PlainReader {
 public:
     explicit PlainReader(book::ByteSource& source)
@@ -78,7 +78,7 @@ Lines lines_of(const Bytes& bytes, const Sizes& sizes = {})
     return lines;
 }
 
-// Runs of lines and the lines that stop them, in turns; the last entry is a run.
+// Runs of lines and the lines that stop them, alternating; the last entry is a run.
 Lines runs_of(const Bytes& bytes, const Sizes& sizes, wchar_t stop)
 {
     MemorySource source(bytes, sizes);
@@ -115,13 +115,13 @@ void expect_like_plain(const Bytes& bytes, const Sizes& sizes, const std::string
 const std::wstring small_file =
     L"一行目\r\n\3\r\n\r\n\nlone\nLF\rCR\r\r\n\3\3x\r\nab\3c\r\n\3\r\n\n\3\r\nlast";
 
-TEST(LineReader, EndsALineOnlyAtLfBehindCr)
+TEST(LineReader, EndsALineOnlyAtLfAfterCr)
 {
     EXPECT_EQ(lines_of(bytes_of(L"a\nb\rc\n\rd\r\r\ne\r\n\r\n")),
         (Lines{ L"a\nb\rc\n\rd\r\r\n", L"e\r\n", L"\r\n" }));
 }
 
-TEST(LineReader, CountsALastLineWithoutAnEnd)
+TEST(LineReader, ReturnsALastLineWithoutALineEnd)
 {
     EXPECT_EQ(lines_of(bytes_of(L"first\r\nlast")), (Lines{ L"first\r\n", L"last" }));
     EXPECT_EQ(lines_of(bytes_of(L"first\r")), (Lines{ L"first\r" }));
@@ -151,10 +151,10 @@ TEST(LineReader, ReadsASmallFileAlikeInBlocksOfEverySize)
         expect_like_plain(whole, { size }, "blocks of " + std::to_string(size));
 }
 
-TEST(LineReader, EndsTheLineInHandWithABlockOfAnOddNumberOfBytes)
+TEST(LineReader, EndsTheCurrentLineAtABlockOfAnOddNumberOfBytes)
 {
     const Bytes bytes = bytes_of(L"abcd\r\nefgh\r\n");
-    // Two units, then the five bytes of two and a half.
+    // Two units, then five bytes, which are two and a half.
     MemorySource source(bytes, { 4, 5, block_size });
     LineReader reader(source);
     EXPECT_EQ(to_wide(reader.read_line()), L"ab");
@@ -178,7 +178,7 @@ TEST(LineReader, TakesZeroForTheHighByteOfAnOddFirstBlock)
     EXPECT_EQ(to_wide(reader.read_line()), L"");
 }
 
-TEST(LineReader, ForgetsItsBlockWhenItStartsAgain)
+TEST(LineReader, ClearsItsBlockWhenItRestarts)
 {
     const Bytes bytes{ std::byte{ 0x41 }, std::byte{ 0x30 }, std::byte{ 0x42 }, std::byte{ 0x31 } };
     MemorySource source(bytes, { 4, 4, 3 });
@@ -203,8 +203,8 @@ TEST(LineReader, ReadsAnOddFileOfMoreThanOneBlock)
     }
 }
 
-// Puts every unit of an interesting text on the edge between two blocks.
-TEST(LineReader, ReadsLinesAcrossTheEdgesOfBlocks)
+// Shifts a text with line ends and separators so that each of its units comes to lie at a block border.
+TEST(LineReader, ReadsLinesAcrossBlockBorders)
 {
     const std::wstring text = L"x\r\n\3\r\n\r\n\n\3y\r\n\3z\r\n";
     const std::size_t edge = block_size / 2;
@@ -215,7 +215,7 @@ TEST(LineReader, ReadsLinesAcrossTheEdgesOfBlocks)
     }
 }
 
-TEST(LineReader, AsksForWholeBlocks)
+TEST(LineReader, RequestsWholeBlocks)
 {
     struct Meter final : book::ByteSource {
         std::size_t read(std::span<std::byte> target) override
@@ -251,7 +251,7 @@ TEST(LineReader, ReadsRandomTextInRandomBlocksLikeThePlainReader)
     }
 }
 
-TEST(LineWriter, WritesLittleEndianUnitsInOneGo)
+TEST(LineWriter, WritesLittleEndianUnitsInOneCall)
 {
     MemorySink sink;
     book::LineWriter writer(sink);

@@ -1,4 +1,4 @@
-// The header of a list: its colours in every theme, its lines and the places of its titles.
+// The header of a list: its colours in every theme, its lines and the positions of its titles.
 #include "look/list_header.hpp"
 #include <gtest/gtest.h>
 
@@ -43,7 +43,7 @@ TEST(ListHeader, EveryCellEndsWithALine)
     EXPECT_EQ(fills[2], (FilledRect{ { 139, 3, 140, 21 }, colors.panel_line }));
 }
 
-TEST(ListHeader, ATitleKeepsClearOfTheLines)
+TEST(ListHeader, ATitleDoesNotTouchTheLines)
 {
     EXPECT_EQ(look::header_title_rect({ 80, 0, 140, 24 }), (Rect{ 86, 0, 133, 23 }));
 }

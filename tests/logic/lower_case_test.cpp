@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(LowerCase, MapsAsciiAndNothingBeside)
+TEST(LowerCase, MapsAsciiLettersAndNoOtherAscii)
 {
     for (wchar_t unit = 0; unit < 0x80; ++unit) {
         const bool is_capital = unit >= L'A' && unit <= L'Z';
@@ -37,7 +37,7 @@ TEST(LowerCase, IsTheSameInTableAndCall)
     EXPECT_EQ(&table, &platform::lower_case_table());
 }
 
-// The sizes of the two tables differ a little, as the systems know more or fewer scripts.
+// The two systems' tables differ a little in size, because they know different versions of Unicode.
 TEST(LowerCase, MapsEveryCasedLetterOnce)
 {
     int mapped = 0;
@@ -47,7 +47,7 @@ TEST(LowerCase, MapsEveryCasedLetterOnce)
     EXPECT_LT(mapped, 1500);
 }
 
-TEST(LowerCase, IsSettledAfterOneMapping)
+TEST(LowerCase, IsIdempotent)
 {
     for (std::size_t unit = 0; unit < platform::unit_count; ++unit) {
         const wchar_t lower = platform::to_lower(static_cast<wchar_t>(unit));

@@ -1,4 +1,4 @@
-// The main window's buttons and checks as data.
+// The main window's buttons and check boxes as data.
 #include "app/control_rows.hpp"
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ bool overlap(const Rect& one, const Rect& other)
 }
 
 // The numbers are written out: a control with another command's name would still compile.
-TEST(MainControls, BearTheNumbersOfTheCommandsTheySend)
+TEST(MainControls, HaveTheNumbersOfTheCommandsTheySend)
 {
     std::map<std::wstring_view, int> numbers;
     for (const app::ButtonRow& row : button_rows)
@@ -54,7 +54,7 @@ TEST(TypingFields, GiveTheKeyboardToTheOneThatHadItLast)
         EXPECT_EQ(app::field_for_keyboard(last, { true, true, true, true }), last);
 }
 
-TEST(TypingFields, PassOverThoseThatCannotTakeTheKeyboard)
+TEST(TypingFields, SkipThoseThatCannotTakeTheKeyboard)
 {
     EXPECT_EQ(app::field_for_keyboard(0, { false, true, true, true }), 1u);
     EXPECT_EQ(app::field_for_keyboard(1, { true, false, false, true }), 3u);
@@ -63,7 +63,7 @@ TEST(TypingFields, PassOverThoseThatCannotTakeTheKeyboard)
     EXPECT_EQ(app::field_for_keyboard(2, { false, false, false, false }), std::nullopt);
 }
 
-TEST(MainControls, StandBesideEachOther)
+TEST(MainControls, DoNotOverlap)
 {
     const std::vector<Rect> places = all_places();
     for (std::size_t i = 0; i < places.size(); ++i) {
@@ -78,7 +78,7 @@ TEST(MainControls, HaveATextOrAPicture)
         EXPECT_NE(std::wstring_view(row.text).empty(), std::wstring_view(row.picture).empty()) << row.command;
 }
 
-TEST(MainControls, OfTheOrderAndThePageStandInTheirFrame)
+TEST(MainControls, OfTheOrderAndThePageAreInsideTheirFrame)
 {
     const Rect frame = app::checks_frame(at);
     EXPECT_EQ(frame, (Rect{ 97, 714, 291, 786 }));

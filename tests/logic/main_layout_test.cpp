@@ -39,7 +39,7 @@ TEST(MainLayout, PutsTheFilePaneOnTheRight)
     EXPECT_EQ(at.file_counter, (Rect{ 1110, 718, 1374, 825 }));
 }
 
-TEST(MainLayout, TellsOfTheFileBelowTheCounterAndFurtherLeft)
+TEST(MainLayout, PutsTheFileFactsBelowTheCounterAndFurtherLeft)
 {
     const app::FileNote note = app::file_note(at);
     EXPECT_EQ(note.facts, (Rect{ 1062, 750, 1326, 766 }));
@@ -104,7 +104,7 @@ TEST(Divider, BeyondTheLimitLeavesTheThirdBoxNoHeight)
     EXPECT_EQ(moved.third, (Rect{ 12, 708, 662, 708 }));
 }
 
-TEST(Divider, DoesNotDependOnWhereItStoodBefore)
+TEST(Divider, DoesNotDependOnItsLastPosition)
 {
     const auto there = app::with_divider(app::with_divider(at.boxes, 700), 112);
     EXPECT_EQ(there, at.boxes);

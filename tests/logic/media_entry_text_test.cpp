@@ -1,4 +1,4 @@
-// Entries as text, and the words for what a file plays.
+// Entries as text, and the texts of durations and channels.
 #include "media/entry_text.hpp"
 #include "media/media_text.hpp"
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ using media::percent_encode;
 
 constexpr std::uint64_t second = 10'000'000;
 
-TEST(IsUrl, HoldsForTheTwoSchemesInLowerCase)
+TEST(IsUrl, IsTrueForTheTwoSchemesInLowerCase)
 {
     EXPECT_TRUE(is_url(L"https://example.com/"));
     EXPECT_TRUE(is_url(L"http://x"));
@@ -26,7 +26,7 @@ TEST(IsUrl, HoldsForTheTwoSchemesInLowerCase)
     EXPECT_FALSE(is_url(L""));
 }
 
-TEST(PercentEncode, LetsOnlyPlainCharactersPass)
+TEST(PercentEncode, KeepsOnlyUnreservedCharacters)
 {
     EXPECT_EQ(percent_encode(L""), "");
     EXPECT_EQ(percent_encode(L"azAZ09-._~"), "azAZ09-._~");
@@ -41,7 +41,7 @@ TEST(PercentEncode, WritesTheBytesOfUtf8InUpperCase)
     EXPECT_EQ(percent_encode(std::wstring{ wchar_t{ 0xD842 }, wchar_t{ 0xDFB7 } }), "%F0%A0%AE%B7");
 }
 
-TEST(PercentEncode, ReplacesHalfAPair)
+TEST(PercentEncode, ReplacesALoneSurrogate)
 {
     EXPECT_EQ(percent_encode(std::wstring{ L'a', wchar_t{ 0xD842 } }), "a%EF%BF%BD");
     EXPECT_EQ(percent_encode(std::wstring{ wchar_t{ 0xDFB7 }, L'a' }), "%EF%BF%BDa");

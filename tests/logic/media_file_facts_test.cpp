@@ -1,4 +1,4 @@
-// The line that is told of a file, with a fake in the place of the shell's properties.
+// The facts line of a file, with a fake for the shell's properties.
 #include "media/display_name.hpp"
 #include "media/file_facts.hpp"
 #include "platform/path_attributes.hpp"
@@ -85,7 +85,7 @@ protected:
     media::PathAnswers paths;
 };
 
-TEST_F(ReadFileFacts, TellsAFolder)
+TEST_F(ReadFileFacts, NamesAFolder)
 {
     source.duration = second;
     EXPECT_EQ(facts(folder.path()), (FileFacts{ L"folder", L"", FileKind::folder }));
@@ -94,7 +94,7 @@ TEST_F(ReadFileFacts, TellsAFolder)
     EXPECT_EQ(source.opened, L"");
 }
 
-TEST_F(ReadFileFacts, TellsAddressesAndWhatIsNotThere)
+TEST_F(ReadFileFacts, NamesAddressesAndMissingFiles)
 {
     EXPECT_EQ(facts(L"https://example.com/a.mp4"), (FileFacts{ L"URL", L"", FileKind::unknown }));
     EXPECT_EQ(facts(L"http://x.invalid/a"), (FileFacts{ L"URL", L"", FileKind::unknown }));
@@ -104,7 +104,7 @@ TEST_F(ReadFileFacts, TellsAddressesAndWhatIsNotThere)
     EXPECT_EQ(source.opened, L"");
 }
 
-TEST_F(ReadFileFacts, TellsNothingOfALinkOfTheFileSystem)
+TEST_F(ReadFileFacts, ShowsNothingForASymbolicLink)
 {
     const std::wstring target = make(L"a.txt");
     std::error_code failed;
@@ -137,14 +137,14 @@ TEST(PathAttributes, MakeALinkNeitherFileNorFolder)
     EXPECT_EQ(kind_of_attributes(0x20, 0xA000000C), PathKind::regular_file);
 }
 
-TEST_F(ReadFileFacts, TellsTheExtensionAsWrittenAndTheSize)
+TEST_F(ReadFileFacts, ShowsTheExtensionAsWrittenAndTheSize)
 {
     EXPECT_EQ(facts(make(L"日記.Txt")), (FileFacts{ L".Txt", L"1.5 KB", FileKind::unknown }));
     EXPECT_EQ(facts(make(L"a.tar.gz", 0)), (FileFacts{ L".gz", L"0 Bytes", FileKind::unknown }));
     EXPECT_EQ(source.opened, folder.file(L"a.tar.gz"));
 }
 
-TEST_F(ReadFileFacts, TellsTheExtensionAloneWhereTheShellIsSilent)
+TEST_F(ReadFileFacts, ShowsOnlyTheExtensionWithoutShellProperties)
 {
     source.can_open = false;
     source.duration = second;
@@ -161,7 +161,7 @@ TEST_F(ReadFileFacts, KnowsNoTypeWithoutAnExtension)
     EXPECT_EQ(line(L"Makefile"), L"unknown file type  [01:01]");
 }
 
-TEST_F(ReadFileFacts, TellsAShortcutBeforeTheShellsKind)
+TEST_F(ReadFileFacts, RecognisesAShortcutBeforeTheShellsKind)
 {
     source.set_kinds({ L"video", L"music" });
     EXPECT_EQ(facts(make(L"ABC.LNK")), (FileFacts{ L".LNK (shortcut)", L"1.5 KB", FileKind::shortcut }));
@@ -169,7 +169,7 @@ TEST_F(ReadFileFacts, TellsAShortcutBeforeTheShellsKind)
     EXPECT_EQ(line(L"a.lnk"), L".lnk (shortcut)  [01:00]");
 }
 
-TEST_F(ReadFileFacts, TellsAVideo)
+TEST_F(ReadFileFacts, DescribesAVideo)
 {
     source.set_kinds({ L"video" });
     source.set(FileProperty::frame_width, 1920);
@@ -182,13 +182,13 @@ TEST_F(ReadFileFacts, TellsAVideo)
     EXPECT_EQ(read.size_text, L"1.5 KB");
 }
 
-TEST_F(ReadFileFacts, TellsZeroOfAVideoThatSaysNothing)
+TEST_F(ReadFileFacts, ShowsZerosForAVideoWithoutProperties)
 {
     source.set_kinds({ L"video" });
     EXPECT_EQ(line(L"a.mp4"), L".mp4  0x0  0fps");
 }
 
-TEST_F(ReadFileFacts, TakesTheLowHalfOfWidthAndHeightWhateverTheirType)
+TEST_F(ReadFileFacts, UsesTheLowHalfOfWidthAndHeightWhateverTheirType)
 {
     source.set_kinds({ L"video" });
     source.set(FileProperty::frame_width, 0x1'0000'0280, signed64);
@@ -196,7 +196,7 @@ TEST_F(ReadFileFacts, TakesTheLowHalfOfWidthAndHeightWhateverTheirType)
     EXPECT_EQ(line(L"a.mp4"), L".mp4  640x480  0fps");
 }
 
-TEST_F(ReadFileFacts, CutsTheFrameRateToWholeFrames)
+TEST_F(ReadFileFacts, TruncatesTheFrameRateToWholeFrames)
 {
     const auto of_double = [&](double rate) {
         return frame_rate_line(std::bit_cast<std::uint64_t>(rate), PropertyValue::real64);
@@ -215,7 +215,7 @@ TEST_F(ReadFileFacts, CutsTheFrameRateToWholeFrames)
     EXPECT_EQ(frame_rate_line(30000, signed64), L".mp4  0x0  0fps");
 }
 
-TEST_F(ReadFileFacts, TakesTheVideoLineForVideoAndMusic)
+TEST_F(ReadFileFacts, UsesTheVideoLineForVideoAndMusic)
 {
     source.set_kinds({ L"document", L"music", L"video" });
     source.set(FileProperty::audio_bitrate, 320000);
@@ -223,7 +223,7 @@ TEST_F(ReadFileFacts, TakesTheVideoLineForVideoAndMusic)
     EXPECT_EQ(line(L"a.mp4"), L".mp4  0x0  0fps");
 }
 
-TEST_F(ReadFileFacts, TellsMusic)
+TEST_F(ReadFileFacts, DescribesMusic)
 {
     source.set_kinds({ L"music" });
     source.set(FileProperty::audio_bitrate, 320000);
@@ -234,7 +234,7 @@ TEST_F(ReadFileFacts, TellsMusic)
     EXPECT_EQ(read.kind, FileKind::music);
 }
 
-TEST_F(ReadFileFacts, TellsBitRatesInThousandsFromOneThousandOn)
+TEST_F(ReadFileFacts, ShowsBitRatesInThousandsFromOneThousandOn)
 {
     source.set_kinds({ L"music" });
     source.set(FileProperty::audio_bitrate, 999);
@@ -246,7 +246,7 @@ TEST_F(ReadFileFacts, TellsBitRatesInThousandsFromOneThousandOn)
     EXPECT_EQ(line(L"a.wav"), L".wav  1kbps  3ch");
 }
 
-TEST_F(ReadFileFacts, KeepsTheBlanksWhereNoChannelIsNamed)
+TEST_F(ReadFileFacts, KeepsTheSpacesWhereNoChannelIsNamed)
 {
     source.set_kinds({ L"music" });
     EXPECT_EQ(line(L"a.mp3"), L".mp3  0bps  ");
@@ -254,7 +254,7 @@ TEST_F(ReadFileFacts, KeepsTheBlanksWhereNoChannelIsNamed)
     EXPECT_EQ(line(L"a.mp3"), L".mp3  0bps    [00:01]");
 }
 
-TEST_F(ReadFileFacts, TakesMusicsNumbersOfTheirOwnTypeOnly)
+TEST_F(ReadFileFacts, AcceptsMusicPropertiesOfTheRightTypeOnly)
 {
     source.set_kinds({ L"music" });
     source.set(FileProperty::audio_bitrate, 320000, signed64);
@@ -262,7 +262,7 @@ TEST_F(ReadFileFacts, TakesMusicsNumbersOfTheirOwnTypeOnly)
     EXPECT_EQ(line(L"a.mp3"), L".mp3  0bps  ");
 }
 
-TEST_F(ReadFileFacts, TakesKindsFromAVectorOfTextsOnlyAndToTheLetter)
+TEST_F(ReadFileFacts, AcceptsOnlyExactKindsInAVectorOfTexts)
 {
     source.set_kinds({ L"Video", L"picture", L"document", L"folder" });
     EXPECT_EQ(facts(make(L"a.bin")), (FileFacts{ L".bin", L"1.5 KB", FileKind::unknown }));
@@ -279,7 +279,7 @@ TEST_F(ReadFileFacts, LeavesTheDurationOutWhenItIsZero)
     EXPECT_EQ(line(L"a.txt"), L".txt  [00:00]");
 }
 
-TEST_F(ReadFileFacts, DecodedPicturesTellTheirSizeAndDepth)
+TEST_F(ReadFileFacts, ShowsSizeAndDepthOfDecodedPictures)
 {
     const std::wstring path = make(L"a.PNG");
     EXPECT_EQ(media::facts_for_picture(path, 640, 480, 0x0026200A),

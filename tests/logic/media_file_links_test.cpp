@@ -1,4 +1,4 @@
-// The names of links, and how they are written.
+// The names of links, and writing them.
 #include "media/file_links.hpp"
 #include "tests/support/temp_folder.hpp"
 #include <gtest/gtest.h>
@@ -25,8 +25,8 @@ TEST(HashProvider, IsSha256)
     EXPECT_EQ(hex_digest("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
 }
 
-// The places where the end of the bytes and their length share a block or do not.
-TEST(HashProvider, HoldsAtEveryEndOfABlock)
+// Lengths at which the padding and the length fit into the last block, and at which they do not.
+TEST(HashProvider, IsRightForEveryLengthOfTheLastBlock)
 {
     const auto of = [](std::size_t length) { return hex_digest(std::string(length, 'a')); };
     EXPECT_EQ(of(55), "9f4390f8d30c2dd92ec9f095b65e2b9ae9b0a925a5258e241c9f1e910f734318");
@@ -59,7 +59,7 @@ TEST(LinkNames, DifferByCaseAlone)
     EXPECT_NE(names.link_of(L"c:\\a.txt"), names.link_of(L"C:\\a.txt"));
 }
 
-TEST(LinkNames, KeepPairsAndHalvesAsTheyStand)
+TEST(LinkNames, KeepSurrogatesUnchanged)
 {
     HashedLinkNames names{ L"" };
     const std::wstring pair{ wchar_t{ 0xD842 }, wchar_t{ 0xDFB7 } };
@@ -69,7 +69,7 @@ TEST(LinkNames, KeepPairsAndHalvesAsTheyStand)
         L"7e13dfbaebf532dc1d0f1216e5f6a3e7eec79525fa1b53921a358192e2b3547b.lnk");
 }
 
-TEST(LinkNames, HashTwoBytesAUnitLowByteFirst)
+TEST(LinkNames, HashUnitsInLittleEndian)
 {
     EXPECT_EQ(media::hashed_bytes(L"a\u65E5"),
         (std::vector{ std::byte{ 0x61 }, std::byte{ 0 }, std::byte{ 0xE5 }, std::byte{ 0x65 } }));
@@ -77,7 +77,7 @@ TEST(LinkNames, HashTwoBytesAUnitLowByteFirst)
 
 class SaveWhole : public testing::Test {
 protected:
-    // Writes `text` and says whether that was all.
+    // Writes `text` and reports whether the file is complete.
     bool save(const std::wstring& text, bool is_whole)
     {
         return media::save_whole(link(), [&](const std::wstring& file) {
@@ -108,7 +108,7 @@ private:
     }
 };
 
-TEST_F(SaveWhole, GivesTheNameToWhatIsWhole)
+TEST_F(SaveWhole, RenamesACompleteFile)
 {
     EXPECT_TRUE(save(L"whole", true));
     EXPECT_FALSE(existed_while_written);
@@ -116,14 +116,14 @@ TEST_F(SaveWhole, GivesTheNameToWhatIsWhole)
     EXPECT_EQ(files_in_folder(), 1u);
 }
 
-TEST_F(SaveWhole, LeavesNothingOfAWritingThatBrokeOff)
+TEST_F(SaveWhole, RemovesAnIncompleteFile)
 {
     EXPECT_FALSE(save(L"ha", false));
     EXPECT_FALSE(platform::exists(link()));
     EXPECT_EQ(files_in_folder(), 0u);
 }
 
-TEST_F(SaveWhole, KeepsTheOldLinkWhenANewOneBrokeOff)
+TEST_F(SaveWhole, KeepsTheOldLinkWhenANewOneIsIncomplete)
 {
     ASSERT_TRUE(save(L"old", true));
     EXPECT_FALSE(save(L"ne", false));
@@ -133,8 +133,8 @@ TEST_F(SaveWhole, KeepsTheOldLinkWhenANewOneBrokeOff)
     EXPECT_EQ(files_in_folder(), 1u);
 }
 
-// As a process leaves it that was ended in the middle.
-TEST_F(SaveWhole, ReplacesWhatAnEarlierWritingLeftBesideTheName)
+// As left by a process that was terminated while writing.
+TEST_F(SaveWhole, ReplacesTheTemporaryFileOfAnEarlierWrite)
 {
     std::wstring beside;
     media::save_whole(link(), [&](const std::wstring& file) {
@@ -151,7 +151,7 @@ TEST_F(SaveWhole, FailsWhereTheNameIsTaken)
 {
     ASSERT_TRUE(platform::create_folder(link()));
     EXPECT_FALSE(save(L"whole", true));
-    EXPECT_EQ(files_in_folder(), 1u) << "the folder alone";
+    EXPECT_EQ(files_in_folder(), 1u) << "only the folder";
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The frames of a GIF and how they play.
+// The frames of a GIF and their playback.
 #include "media/gif_play.hpp"
 #include "media/gif_walker.hpp"
 #include "tests/support/picture_bytes.hpp"
@@ -37,20 +37,20 @@ TEST(GifWalker, GivesEachFrameTheDelayBeforeIt)
     EXPECT_EQ(walk_gif(gif.bytes())->frame_count(), 4u);
 }
 
-TEST(GifWalker, PassesColourTables)
+TEST(GifWalker, SkipsColourTables)
 {
     const GifBytes gif =
         GifBytes{ 4, 3, 0x87 }.delay(7).frame(0, 0, 4, 3, 0x80).delay(8).frame(0, 0, 4, 3, 0x87);
     EXPECT_EQ(delays_of(gif.bytes()), (Delays{ 7, 8 }));
 }
 
-TEST(GifWalker, KnowsOneFrameWithoutAnyDelay)
+TEST(GifWalker, FindsAFrameWithoutADelay)
 {
     EXPECT_EQ(delays_of(GifBytes{ 1, 1 }.frame(0, 0, 1, 1).bytes()), (Delays{ 0 }));
     EXPECT_EQ(delays_of(GifBytes{ 1, 1 }.bytes()), Delays{});
 }
 
-TEST(GifWalker, KeepsTheFramesBeforeACutOrABreak)
+TEST(GifWalker, KeepsTheFramesBeforeTruncationOrDamage)
 {
     const GifBytes two = GifBytes{ 1, 1 }.delay(5).frame(0, 0, 1, 1).delay(6).frame(0, 0, 1, 1);
     EXPECT_EQ(delays_of(two.bytes_without_end()), (Delays{ 5, 6 }));
@@ -64,7 +64,7 @@ TEST(GifWalker, KeepsTheFramesBeforeACutOrABreak)
     EXPECT_EQ(delays_of(broken.bytes()), (Delays{ 5, 6 }));
 }
 
-TEST(GifWalker, KnowsNothingOfOtherBytes)
+TEST(GifWalker, RejectsOtherBytes)
 {
     EXPECT_EQ(walk_gif({}), std::nullopt);
     EXPECT_EQ(delays_of(PictureBytes{}.text("GIF88a").zeros(20).bytes()), std::nullopt);
@@ -84,20 +84,20 @@ TEST(FrameDelays, AreTenTimesTheValueAndAHundredForNone)
     EXPECT_EQ(frame_delays(2, Milliseconds{ 0x10003, 0x10000 }, true), (Milliseconds{ 30, 100 }));
 }
 
-TEST(FrameDelays, FillUpWhatTheFileLeavesOut)
+TEST(FrameDelays, FillInValuesThatTheFileOmits)
 {
     EXPECT_EQ(frame_delays(3, Milliseconds{ 5 }, true), (Milliseconds{ 50, 100, 100 }));
     EXPECT_EQ(frame_delays(1, Milliseconds{ 5, 6, 7 }, true), (Milliseconds{ 50 }));
 }
 
-TEST(FrameDelays, AreMissedBySeveralFramesOnly)
+TEST(FrameDelays, AreRequiredForSeveralFramesOnly)
 {
     EXPECT_EQ(frame_delays(1, {}, false), (Milliseconds{ 100 }));
     EXPECT_EQ(frame_delays(2, {}, false), std::nullopt);
     EXPECT_EQ(frame_delays(0, {}, true), std::nullopt);
 }
 
-TEST(FrameTime, IsThreeHundredthsShorterAndHasAFloor)
+TEST(FrameTime, IsThreePercentShorterAndHasAMinimum)
 {
     EXPECT_EQ(frame_time(0), 29u);
     EXPECT_EQ(frame_time(10), 29u);
@@ -107,7 +107,7 @@ TEST(FrameTime, IsThreeHundredthsShorterAndHasAFloor)
     EXPECT_EQ(frame_time(655350), 635689u);
 }
 
-TEST(FrameTime, IsWaitedOutLessTheDrawing)
+TEST(FrameTime, IsWaitedForMinusTheDrawing)
 {
     EXPECT_EQ(media::wait_time(97, 0), 97u);
     EXPECT_EQ(media::wait_time(97, 40), 57u);
@@ -128,7 +128,7 @@ TEST(PlayState, SwapsBetweenPlayingAndPaused)
     EXPECT_EQ(static_cast<int>(media::first_state(false)), 2);
 }
 
-TEST(GifRun, GoesRound)
+TEST(GifRun, WrapsAround)
 {
     GifRun run{ { 650, 676 }, 3 };
     std::vector<std::uint32_t> shown;
@@ -175,7 +175,7 @@ TEST(GifRun, SeeksWhereTheBarIsClicked)
     EXPECT_EQ(run.current_frame(), 1u);
 }
 
-TEST(GifRun, TakesNoClickBesideTheBar)
+TEST(GifRun, IgnoresAClickOutsideTheBar)
 {
     GifRun run{ { 650, 676 }, 100 };
     run.advance();
@@ -194,7 +194,7 @@ TEST(GifRun, HasNoBarInANarrowPane)
     EXPECT_EQ((GifRun{ { 0, 0 }, 9 }.bar().width()), 0);
 }
 
-TEST(GifRun, BearsTheGreatestCounts)
+TEST(GifRun, HandlesTheLargestCounts)
 {
     GifRun run{ { 30000, 676 }, 0xFFFFFFFF };
     EXPECT_TRUE(run.seek({ 29935, 660 }));
@@ -225,7 +225,7 @@ TEST(FrameLook, ChangesWithFrameOverlayAndTheme)
     EXPECT_NE(look, (media::FrameLook{ 3, true, false, 6002 }));
 }
 
-TEST(Overlay, StandsWhileTheCursorIsInside)
+TEST(Overlay, IsShownWhileTheCursorIsInside)
 {
     constexpr Size pane{ 650, 676 };
     EXPECT_TRUE(media::has_overlay(pane, { 0, 0 }));
@@ -236,14 +236,14 @@ TEST(Overlay, StandsWhileTheCursorIsInside)
     EXPECT_FALSE(media::has_overlay(pane, { 0, -1 }));
 }
 
-TEST(Overlay, TellsTheStoredDelay)
+TEST(Overlay, ShowsTheStoredDelay)
 {
     EXPECT_EQ(media::delay_text(10), L"delay: 10");
     EXPECT_EQ(media::delay_text(0), L"delay: 0");
     EXPECT_EQ(media::delay_text_rect({ 650, 676 }), (Rect{ 5, 5, 645, 676 }));
 }
 
-TEST(Overlay, SaysPausedInTheCornerOfThePicture)
+TEST(Overlay, ShowsPausedInTheCornerOfThePicture)
 {
     EXPECT_STREQ(media::paused_text, L"||  Paused ");
     EXPECT_EQ(media::paused_text_alpha, 100);

@@ -1,4 +1,4 @@
-// Where a picture stands, and what stands in its place.
+// The position of a picture, and what is drawn if there is none.
 #include "media/blend.hpp"
 #include "media/image_layout.hpp"
 #include <gtest/gtest.h>
@@ -35,7 +35,7 @@ ImageLayout actual(Size image, int percent = 100, Rect client = pane, Content co
     return layout_image({ mode_actual_size, percent, content, image, client });
 }
 
-TEST(FitLayout, TakesTheWholeOfTheNarrowerSide)
+TEST(FitLayout, FillsTheNarrowerSide)
 {
     EXPECT_EQ(fit({ 100, 100 }).draw_rect, rect_at(0, 13, 650, 650));
     EXPECT_EQ(fit({ 1920, 1080 }).draw_rect, rect_at(0, 155, 650, 365));
@@ -51,13 +51,13 @@ TEST(FitLayout, EnlargesSmallPicturesWithoutLimit)
     EXPECT_DOUBLE_EQ(layout.scale, 650.0);
 }
 
-TEST(FitLayout, CutsEachSideOnceAndAtTheEnd)
+TEST(FitLayout, TruncatesEachSideOnceAtTheEnd)
 {
     EXPECT_EQ(fit({ 37, 53 }).draw_rect, rect_at(89, 0, 471, 676));
     EXPECT_EQ(fit({ 1, 36 }).draw_rect, rect_at(316, 0, 18, 675));
 }
 
-TEST(FitLayout, MayLeaveNothingOfAThinSide)
+TEST(FitLayout, MayShrinkAThinSideToNothing)
 {
     EXPECT_EQ(fit({ 30000, 1 }).draw_rect, rect_at(0, 338, 650, 0));
     EXPECT_EQ(fit({ 1, 30000 }).draw_rect, rect_at(325, 0, 0, 676));
@@ -99,12 +99,12 @@ TEST(ActualSizeLayout, CentresWithDivisionsThatTruncate)
     EXPECT_DOUBLE_EQ(actual({ 101, 33 }).scale, 1.0);
 }
 
-TEST(ActualSizeLayout, LetsALargePictureHangOver)
+TEST(ActualSizeLayout, LetsALargePictureExceedTheClient)
 {
     EXPECT_EQ(actual({ 1001, 800 }).draw_rect, rect_at(325 - 500, 338 - 400, 1001, 800));
 }
 
-TEST(ActualSizeLayout, RoundsEachZoomedSideHalfAway)
+TEST(ActualSizeLayout, RoundsEachZoomedSideHalfAwayFromZero)
 {
     EXPECT_EQ(actual({ 101, 33 }, 150).draw_rect, rect_at(325 - 76, 338 - 25, 152, 50));
     EXPECT_EQ(actual({ 5, 1 }, 10).draw_rect, rect_at(325, 338, 1, 0));
@@ -116,7 +116,7 @@ TEST(ActualSizeLayout, IsTheSameForThumbnails)
     EXPECT_EQ(actual({ 101, 33 }, 100, pane, Content::thumbnail), actual({ 101, 33 }));
 }
 
-TEST(ActualSizeLayout, BearsAnySizeAndZoom)
+TEST(ActualSizeLayout, HandlesAnySizeAndZoom)
 {
     constexpr int most = std::numeric_limits<int>::max();
     EXPECT_GT(actual({ 30000, 30000 }, most).draw_rect.width(), 1000000);
@@ -156,7 +156,7 @@ TEST(Placeholder, IsAnIconForAddresses)
     EXPECT_EQ(media::icon_place({ 0, 0, 100, 100 }, { 256, 256 }), (Point{ -78, -78 }));
 }
 
-TEST(FrameLabel, StandsAboveTheFrameBehindItsIcon)
+TEST(FrameLabel, IsAboveTheFrameAfterItsIcon)
 {
     const FrameLabel file = media::frame_label({ 65, 142, 585, 532 }, L"C:\\R&D.txt", 15, 16, 650);
     EXPECT_EQ(file, (FrameLabel{ true, { 61, 123 }, { 79, 123, 650, 138 } }));
@@ -174,7 +174,7 @@ TEST(MissingText, OffersTheSearchForFilesOnly)
         L"Err: ファイルが見つかりません\r\nhttp://x.invalid/a.png");
 }
 
-TEST(MissingText, TellsAnEmptyListPlainly)
+TEST(MissingText, NamesAnEmptyListWithoutAnError)
 {
     EXPECT_EQ(media::missing_text(L""), (media::MissingText{ L"- No Files -", false }));
     EXPECT_EQ(media::missing_text_rect({ 650, 676 }), (Rect{ 8, 8, 642, 676 }));
@@ -189,7 +189,7 @@ class Blend : public testing::Test {
 protected:
     static constexpr int width = 3;
     static constexpr int height = 2;
-    static constexpr int stride = 12; // three bytes of each row are nobody's
+    static constexpr int stride = 12; // three bytes of each row are padding
 
     std::vector<std::uint8_t> after(ovlib::Color color, int alpha, Rect rect, std::uint8_t old = 200)
     {
@@ -199,7 +199,7 @@ protected:
     }
 };
 
-TEST_F(Blend, WeighsWhatWasThereAgainstTheColour)
+TEST_F(Blend, WeighsTheOldPixelsAgainstTheColour)
 {
     const std::vector<std::uint8_t> bytes = after(ovlib::rgb(10, 100, 255), 120, { 0, 0, 3, 2 });
     EXPECT_EQ(bytes[0], ((200 - 255) * 120 + (255 << 8)) >> 8);
@@ -238,13 +238,13 @@ TEST_F(Blend, ChangesOnlyTheInside)
     media::blend_rect({}, ovlib::rgb(0, 0, 0), 0, { 0, 0, 1, 1 });
 }
 
-TEST(AnyAlpha, IsOneByteOfAnyPixel)
+TEST(AnyAlpha, IsANonZeroAlphaByteOfAnyPixel)
 {
     EXPECT_FALSE(media::has_any_alpha({}));
     std::vector<std::uint8_t> pixels(4 * 3, 200);
     EXPECT_TRUE(media::has_any_alpha(pixels));
     pixels[3] = pixels[7] = pixels[11] = 0;
-    EXPECT_FALSE(media::has_any_alpha(pixels)) << "colours are none";
+    EXPECT_FALSE(media::has_any_alpha(pixels)) << "colours do not count";
     pixels[11] = 1;
     EXPECT_TRUE(media::has_any_alpha(pixels));
 }

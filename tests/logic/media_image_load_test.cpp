@@ -1,4 +1,4 @@
-// What an entry becomes, with fakes in the place of the decoders and the shell.
+// Loading an entry, with fakes for the decoders and the shell.
 #include "media/image_load.hpp"
 #include <array>
 #include <gtest/gtest.h>
@@ -88,13 +88,13 @@ TEST_F(LoadEntry, DoesNotAskTheShellForAPictureThatDoesNotDecode)
     EXPECT_EQ(images.asked, (std::vector<std::wstring>{ L"picture C:\\data\\a.png" }));
 }
 
-TEST_F(LoadEntry, AsksNobodyForAnEmptyList)
+TEST_F(LoadEntry, QueriesNothingForAnEmptyList)
 {
     EXPECT_EQ(load(L""), (LoadedEntry{ LoaderState::nothing, L"" }));
     EXPECT_TRUE(images.asked.empty());
 }
 
-TEST_F(LoadEntry, KeepsTheTextOfWhatIsNotThere)
+TEST_F(LoadEntry, KeepsTheTextOfAMissingFile)
 {
     images.answer = false;
     EXPECT_EQ(load(L"gone.txt"), (LoadedEntry{ LoaderState::nothing, L"gone.txt" }));
@@ -109,7 +109,7 @@ TEST_F(LoadEntry, ShowsAnAddressWhenTheShellHasAPictureOfIt)
     EXPECT_EQ(images.asked.back(), L"picture http://x.invalid/a.png");
 }
 
-TEST_F(LoadEntry, AsksAShareThatDoesNotAnswerOnceForTheFileAndItsFacts)
+TEST_F(LoadEntry, QueriesAnUnreachableShareOnceForTheFileAndItsFacts)
 {
     for (const wchar_t* entry :
         { L"\\\\far\\dead\\a.png", L"\\\\far\\dead\\b.gif", L"\\\\far\\dead\\c.txt" }) {
@@ -117,20 +117,20 @@ TEST_F(LoadEntry, AsksAShareThatDoesNotAnswerOnceForTheFileAndItsFacts)
         EXPECT_EQ(loaded, (LoadedEntry{ LoaderState::nothing, entry }));
         EXPECT_EQ(shown(loaded).text, L"unknown");
     }
-    EXPECT_TRUE(images.asked.empty()) << "neither decoder nor shell is asked for them";
+    EXPECT_TRUE(images.asked.empty()) << "neither decoder nor shell is queried for them";
     EXPECT_EQ(asked_paths.size(), 1u);
     paths.forget();
     load(L"\\\\far\\dead\\a.png");
     EXPECT_EQ(asked_paths.size(), 2u);
 }
 
-TEST_F(LoadEntry, ShowsTheLoadersFactsOfWhatLoaded)
+TEST_F(LoadEntry, ShowsTheLoadersFactsAfterALoad)
 {
     for (const LoaderState state : { LoaderState::animation, LoaderState::picture, LoaderState::thumbnail })
         EXPECT_EQ(shown({ state, L"C:\\gone.png" }), own);
 }
 
-TEST_F(LoadEntry, AsksForTheFactsOfWhatDidNotLoad)
+TEST_F(LoadEntry, QueriesTheFactsAfterAFailedLoad)
 {
     EXPECT_EQ(shown({ LoaderState::nothing, L"gone.png" }).text, L"unknown");
     EXPECT_EQ(shown({ LoaderState::nothing, L"http://x.invalid/a" }).text, L"URL");

@@ -55,7 +55,7 @@ protected:
     const std::wstring question = L"? ファイルが見つかりました．リストを更新しますか？\r\nD:\\new";
 };
 
-TEST_F(SearchMovedFile, PutsTheFoundPathInTheEntrysPlace)
+TEST_F(SearchMovedFile, ReplacesTheEntryByTheFoundPath)
 {
     EXPECT_TRUE(search());
     EXPECT_EQ(talk.said, (Texts{ question, L"= D:\\new" }));
@@ -63,7 +63,7 @@ TEST_F(SearchMovedFile, PutsTheFoundPathInTheEntrysPlace)
     EXPECT_TRUE(paths.present.contains(L"<C:\\old>"));
 }
 
-TEST_F(SearchMovedFile, SaysNothingOfAFileThatIsThere)
+TEST_F(SearchMovedFile, IsSilentForAnExistingFile)
 {
     paths.present.insert(L"C:\\old");
     store.ready = names.ready = false;
@@ -71,7 +71,7 @@ TEST_F(SearchMovedFile, SaysNothingOfAFileThatIsThere)
     EXPECT_TRUE(store.resolved.empty());
 }
 
-TEST_F(SearchMovedFile, CannotSearchForAddressesAndNothing)
+TEST_F(SearchMovedFile, CannotSearchForAddressesAndEmptyEntries)
 {
     expect_no_change({ L"このファイルは探索できません: http://x.invalid/a" }, L"http://x.invalid/a");
     expect_no_change({ L"このファイルは探索できません: https://x" }, L"https://x");
@@ -81,7 +81,7 @@ TEST_F(SearchMovedFile, CannotSearchForAddressesAndNothing)
     EXPECT_TRUE(store.resolved.empty());
 }
 
-TEST_F(SearchMovedFile, TellsWhatIsNotReadyLinksFirst)
+TEST_F(SearchMovedFile, ReportsWhatIsNotReadyLinksFirst)
 {
     names.ready = false;
     expect_no_change({ L"Hash の初期化に失敗しました" });
@@ -89,7 +89,7 @@ TEST_F(SearchMovedFile, TellsWhatIsNotReadyLinksFirst)
     expect_no_change({ L"Shortcut の初期化に失敗しました" });
 }
 
-TEST_F(SearchMovedFile, TellsOfAPathWithoutHash)
+TEST_F(SearchMovedFile, ReportsAPathWithoutHash)
 {
     names.failing = { L"C:\\old" };
     expect_no_change({ L"ハッシュの生成に失敗しました\r\nC:\\old" });
@@ -102,7 +102,7 @@ TEST_F(SearchMovedFile, OffersRemovalWithoutALink)
     EXPECT_TRUE(store.resolved.empty());
 }
 
-// The worker names the link of a relative entry as written, the search by its absolute path.
+// The worker hashes a relative entry as written, the search its absolute path.
 TEST_F(SearchMovedFile, DoesNotFindTheLinkOfARelativeEntry)
 {
     paths.present.insert(L"<b.txt>");
@@ -111,7 +111,7 @@ TEST_F(SearchMovedFile, DoesNotFindTheLinkOfARelativeEntry)
         { L"ショートカットファイルが見つかりませんでした\r\nC:\\data\\b.txt", L"2526" }, L"b.txt");
 }
 
-TEST_F(SearchMovedFile, TellsWhenTheLinkLeadsNowhere)
+TEST_F(SearchMovedFile, ReportsALinkWithoutATarget)
 {
     const Texts failed{ L"ファイルの探索に失敗しました\r\nC:\\old" };
     paths.present.erase(L"D:\\new");
@@ -120,14 +120,14 @@ TEST_F(SearchMovedFile, TellsWhenTheLinkLeadsNowhere)
     expect_no_change(failed);
 }
 
-// A store that knows no better answers with the path it was given.
-TEST_F(SearchMovedFile, TellsWhenTheLinkStillNamesTheOldPath)
+// A store that cannot find the file returns the path it was given.
+TEST_F(SearchMovedFile, ReportsALinkThatStillNamesTheOldPath)
 {
     store.targets[L"<C:\\old>"] = L"C:\\old";
     expect_no_change({ L"ファイルの探索に失敗しました\r\nC:\\old" });
 }
 
-TEST_F(SearchMovedFile, ChangesNothingWithoutAYes)
+TEST_F(SearchMovedFile, ChangesNothingWithoutConsent)
 {
     talk.answer = false;
     expect_no_change({ question });

@@ -1,4 +1,4 @@
-// What the mouse asks of the main window when it is over the file pane.
+// The commands that the mouse sends from the file pane.
 #include "core/command_ids.hpp"
 #include "media/pane_input.hpp"
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@ namespace command = core::command;
 using media::DoubleClick;
 using media::LoaderState;
 
-TEST(WheelCommand, ChoosesAFileOrWithCtrlMovesIt)
+TEST(WheelCommand, SelectsAFileOrMovesItWithCtrl)
 {
     EXPECT_EQ(media::wheel_command(1, false), command::previous_file);
     EXPECT_EQ(media::wheel_command(-1, false), command::next_file);
@@ -19,7 +19,7 @@ TEST(WheelCommand, ChoosesAFileOrWithCtrlMovesIt)
     EXPECT_EQ(media::wheel_command(0, true), std::nullopt);
 }
 
-TEST(DoubleClickOfThePane, GoesByWhatIsLoaded)
+TEST(DoubleClickOfThePane, DependsOnWhatIsLoaded)
 {
     EXPECT_EQ(media::double_click({ LoaderState::animation, L"a.gif" }), DoubleClick::press);
     EXPECT_EQ(media::double_click({ LoaderState::picture, L"a.png" }), DoubleClick::open);

@@ -1,4 +1,4 @@
-// What is asked of shares and drives that do not answer.
+// Queries to shares and drives that do not answer.
 #include "media/path_answers.hpp"
 #include "tests/support/temp_folder.hpp"
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@ namespace {
 using platform::PathAnswer;
 using platform::PathKind;
 
-// Everything on a share is a file, but for a share and a drive that do not answer.
+// Every path is a file, except on one share and one drive that do not answer.
 class SilentShare : public testing::Test {
 protected:
     PathAnswer ask(const std::wstring& path)
@@ -23,24 +23,24 @@ protected:
     media::PathAnswers paths{ [this](const std::wstring& path) { return ask(path); } };
 };
 
-TEST_F(SilentShare, IsAskedOnceForAllThatLiesOnIt)
+TEST_F(SilentShare, IsQueriedOnceForAllItsPaths)
 {
     for (const wchar_t* path :
         { L"\\\\far\\dead\\a.png", L"\\\\far\\dead\\b.png", L"\\\\FAR\\Dead\\c\\d.png" })
         EXPECT_FALSE(paths.exists(path));
     EXPECT_EQ(asked, 1);
     EXPECT_FALSE(paths.exists(L"//far/dead/e.png"));
-    EXPECT_EQ(asked, 2) << "a share spelt with other separators is asked for itself";
+    EXPECT_EQ(asked, 2) << "a share spelt with other separators is queried separately";
 }
 
-TEST_F(SilentShare, MayBeADriveOfTheNetwork)
+TEST_F(SilentShare, MayBeANetworkDrive)
 {
     EXPECT_FALSE(paths.exists(L"X:\\a"));
     EXPECT_FALSE(paths.exists(L"x:\\b"));
     EXPECT_EQ(asked, 1);
 }
 
-TEST_F(SilentShare, IsKnownOnlyAfterAQuestion)
+TEST_F(SilentShare, IsKnownOnlyAfterAQuery)
 {
     EXPECT_FALSE(paths.is_silent(L"\\\\far\\dead\\a.png"));
     paths.exists(L"\\\\far\\dead\\a.png");
@@ -51,7 +51,7 @@ TEST_F(SilentShare, IsKnownOnlyAfterAQuestion)
     EXPECT_EQ(asked, 1);
 }
 
-TEST_F(SilentShare, IsAskedAgainWhenItIsForgotten)
+TEST_F(SilentShare, IsQueriedAgainWhenItIsForgotten)
 {
     paths.exists(L"\\\\far\\dead\\a.png");
     paths.forget();
@@ -60,7 +60,7 @@ TEST_F(SilentShare, IsAskedAgainWhenItIsForgotten)
     EXPECT_EQ(asked, 2);
 }
 
-TEST_F(SilentShare, KeepsNoOtherFromBeingAsked)
+TEST_F(SilentShare, DoesNotStopQueriesElsewhere)
 {
     paths.exists(L"\\\\far\\dead\\a.png");
     for (const wchar_t* path :
@@ -68,7 +68,7 @@ TEST_F(SilentShare, KeepsNoOtherFromBeingAsked)
         EXPECT_EQ(paths.kind_of(path), PathKind::regular_file);
     EXPECT_FALSE(paths.exists(L"C:\\a.png"));
     EXPECT_FALSE(paths.exists(L"C:\\b.png"));
-    EXPECT_EQ(asked, 6) << "a file that is merely missing says nothing of its drive";
+    EXPECT_EQ(asked, 6) << "a missing file says nothing about its drive";
 }
 
 TEST(PathAnswers, OfALocalPathAreTheSystems)

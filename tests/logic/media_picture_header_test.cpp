@@ -1,4 +1,4 @@
-// Sizes told by the first bytes of a picture.
+// Picture sizes read from the header.
 #include "media/picture_header.hpp"
 #include "tests/support/hostile_pictures.hpp"
 #include "tests/support/picture_bytes.hpp"
@@ -44,7 +44,7 @@ void add_frame(PictureBytes& bytes, std::uint32_t marker, std::uint32_t width, s
     bytes.byte(0xFF).byte(marker).big16(17).byte(8).big16(height).big16(width).zeros(10);
 }
 
-// One entry for each picture, with what it claims of its size in one byte.
+// An icon with one directory entry per picture, which holds its size in one byte per side.
 Bytes icon(const std::vector<Bytes>& pictures, std::uint32_t type = 1)
 {
     PictureBytes bytes;
@@ -61,7 +61,7 @@ Bytes icon(const std::vector<Bytes>& pictures, std::uint32_t type = 1)
     return bytes.bytes();
 }
 
-// One entry of a directory: a tag, the type of its value, and its four bytes.
+// One directory entry: a tag, the type of its value, and its four bytes.
 struct TiffEntry {
     std::uint32_t tag;
     std::uint32_t type;
@@ -88,12 +88,12 @@ TEST(PictureHeader, ReadsPng)
     EXPECT_EQ(read_picture_size(png_header(0xFFFFFFFF, 1)), (PictureSize{ 0xFFFFFFFF, 1 }));
 }
 
-TEST(PictureHeader, ReadsJpegBehindItsSegments)
+TEST(PictureHeader, ReadsJpegAfterItsSegments)
 {
     PictureBytes bytes = jpeg_start();
     add_segment(bytes, 0xE0, 14);
     add_segment(bytes, 0xE1, 5000);
-    bytes.byte(0xFF).byte(0xFF); // filling before a marker
+    bytes.byte(0xFF).byte(0xFF); // padding before a marker
     add_segment(bytes, 0xDB, 65);
     add_segment(bytes, 0xC4, 30); // tables, no frame
     add_segment(bytes, 0xCC, 30);
@@ -112,7 +112,7 @@ TEST(PictureHeader, ReadsEveryKindOfJpegFrame)
     }
 }
 
-TEST(PictureHeader, PassesWhatFillsAJpegBetweenItsSegments)
+TEST(PictureHeader, SkipsPaddingBetweenJpegSegments)
 {
     PictureBytes filled = jpeg_start();
     add_segment(filled, 0xE0, 14);
@@ -132,7 +132,7 @@ TEST(PictureHeader, PassesWhatFillsAJpegBetweenItsSegments)
     EXPECT_EQ(read_picture_size(at_the_start.bytes()), (PictureSize{ 4, 3 }));
 }
 
-TEST(PictureHeader, ReadsNoJpegFrameBehindItsEnd)
+TEST(PictureHeader, ReadsNoJpegFrameAfterItsEnd)
 {
     PictureBytes ended = jpeg_start().byte(0xFF).byte(0xD9);
     add_frame(ended, 0xC0, 4, 3);
@@ -198,14 +198,14 @@ TEST(PictureHeader, ReadsTiffSidesOfEveryWholeType)
     }
 }
 
-TEST(PictureHeader, RefusesTiffSidesThatAreNoLength)
+TEST(PictureHeader, RefusesTiffSidesThatAreNotLengths)
 {
     struct Case {
         std::uint32_t type;
         std::uint32_t value;
     };
     const Bytes too_long = PictureBytes{}.little32(5).little32(1).bytes();
-    // Text, fraction, floating point and unknown types; negative numbers; eight bytes that are too much or
+    // Text, fraction, floating point and unknown types; negative numbers; eight bytes that are too large or
     // missing.
     for (const auto& [type, value] : { Case{ 2, 5 }, { 5, 5 }, { 11, 5 }, { 99, 5 }, { 6, 0x80 },
              { 8, 0x8000 }, { 9, 0x80000000 }, { 16, 38 }, { 17, 0xFFFF } }) {
@@ -220,7 +220,7 @@ TEST(PictureHeader, RefusesTiffSidesThatAreNoLength)
     EXPECT_FALSE(can_be_decoded(several.bytes()));
 }
 
-TEST(PictureHeader, TakesTheFirstOfATiffTagGivenTwice)
+TEST(PictureHeader, UsesTheFirstOfTwoEqualTiffTags)
 {
     const Bytes twice = tiff({ { width_tag, long_type, 32768 }, { width_tag, long_type, 8 },
         { height_tag, long_type, 32768 }, { height_tag, long_type, 8 } });
@@ -255,8 +255,8 @@ TEST(PictureHeader, ReadsTheLargestPictureOfAnIcon)
         (PictureSize{ 30000, 30000 }));
 }
 
-// Some decoders believe the entry, where 0 is 256, and others the picture.
-TEST(PictureHeader, TakesTheLargerOfAnIconsEntryAndPicture)
+// Some decoders use the entry's size, where 0 means 256, and others the picture's.
+TEST(PictureHeader, UsesTheLargerOfAnIconsEntryAndPicture)
 {
     Bytes bytes = icon({ bitmap_info(5, 14).bytes() });
     EXPECT_EQ(read_picture_size(bytes), (PictureSize{ 16, 16 }));
@@ -264,7 +264,7 @@ TEST(PictureHeader, TakesTheLargerOfAnIconsEntryAndPicture)
     EXPECT_EQ(read_picture_size(bytes), (PictureSize{ 16, 256 }));
 }
 
-TEST(PictureHeader, KnowsNothingOfOtherBytes)
+TEST(PictureHeader, ReturnsNothingForOtherBytes)
 {
     EXPECT_EQ(read_picture_size({}), std::nullopt);
     EXPECT_EQ(read_picture_size(PictureBytes{}.text("just a text, long enough for any header").bytes()),
@@ -276,7 +276,7 @@ TEST(PictureHeader, KnowsNothingOfOtherBytes)
     EXPECT_EQ(read_picture_size(PictureBytes{}.text("II*\0"sv).little32(0xFFFFFFFF).bytes()), std::nullopt);
 }
 
-TEST(PictureHeader, BearsEveryCut)
+TEST(PictureHeader, HandlesEveryTruncation)
 {
     PictureBytes jpeg = jpeg_start();
     add_segment(jpeg, 0xE0, 14);
@@ -316,8 +316,8 @@ TEST(PictureSize, RefusesBytesThatClaimTooMuch)
     EXPECT_TRUE(can_be_decoded(PictureBytes{}.text("unknown").bytes()));
 }
 
-// A known kind without a size is a lie that decoders read each in their way.
-TEST(PictureSize, RefusesAKnownKindWhoseSizeCannotBeRead)
+// Decoders disagree about a known format without a readable size.
+TEST(PictureSize, RefusesAKnownFormatWhoseSizeCannotBeRead)
 {
     PictureBytes late_header;
     late_header.text("\x89PNG\r\n\x1A\n"sv).big32(0).text("aaAa").big32(0);
@@ -360,13 +360,13 @@ TEST(PictureSize, CountsTheFramesOfAGifTogether)
     EXPECT_TRUE(can_be_decoded(frames(4000, 8)));
     EXPECT_FALSE(can_be_decoded(frames(4000, 9)));
     EXPECT_FALSE(can_be_decoded(frames(4000, 40)));
-    EXPECT_TRUE(can_be_decoded(frames(64, 20'000))) << "many small ones are no burden";
+    EXPECT_TRUE(can_be_decoded(frames(64, 20'000))) << "many small frames are allowed";
     EXPECT_FALSE(can_be_decoded(GifBytes{ 12'000, 12'000 }.frame(0, 0, 1, 1).bytes()))
         << "the screen counts too";
 }
 
-// What decoders may find there counts, although it is no frame that plays.
-TEST(PictureSize, CountsTheFramesBehindABreakOfAGif)
+// Decoders may find frames there, so they count although they are not played.
+TEST(PictureSize, CountsTheFramesAfterDamageInAGif)
 {
     PictureBytes gif;
     gif.append(GifBytes{ 4, 4 }.frames(1).bytes_without_end()).zeros(3);
@@ -378,7 +378,8 @@ TEST(PictureSize, CountsTheFramesBehindABreakOfAGif)
     no_data.append(GifBytes{ 4, 4 }.bytes_without_end());
     no_data.byte(0x2C).zeros(4).little16(4).little16(4).byte(0).byte(13).byte(12);
     no_data.byte(0x2C).zeros(4).little16(60'000).little16(60'000).byte(0).byte(2).byte(0);
-    EXPECT_FALSE(can_be_decoded(no_data.bytes())) << "no data of 12 bytes, because 13 bits are none";
+    EXPECT_FALSE(can_be_decoded(no_data.bytes()))
+        << "13 is no code size, so its 12 bytes are not skipped as data";
 }
 
 TEST(PictureSize, CountsThePicturesOfAnIconTogether)
@@ -389,7 +390,7 @@ TEST(PictureSize, CountsThePicturesOfAnIconTogether)
     EXPECT_FALSE(can_be_decoded(icon({ png_header(0xFFFFFFFF, 0xFFFFFFFF) }))) << "one is enough";
 }
 
-// What it holds is decoded when it is drawn, long after the metafile itself was read.
+// Its pictures are decoded when it is drawn, long after the metafile itself was read.
 TEST(PictureSize, RefusesAMetafileWithAPictureThatClaimsTooMuch)
 {
     using test_support::metafile_with;
@@ -400,10 +401,10 @@ TEST(PictureSize, RefusesAMetafileWithAPictureThatClaimsTooMuch)
     EXPECT_EQ(read_picture_size(metafile_with(png_header(64, 64))), std::nullopt);
     Bytes other = metafile_with(png_header(32768, 32768));
     other[40] = std::byte{ 'x' };
-    EXPECT_TRUE(can_be_decoded(other)) << "no metafile to any decoder";
+    EXPECT_TRUE(can_be_decoded(other)) << "not a metafile for any decoder";
 }
 
-TEST(PictureSize, RefusesPlainPixelsOfAMetafileThatItDoesNotHold)
+TEST(PictureSize, RefusesAMetafileWithoutThePixelsItClaims)
 {
     const auto with_pixels = [](std::uint32_t width, std::uint32_t height, std::uint32_t row,
                                  std::size_t held) {
@@ -414,12 +415,12 @@ TEST(PictureSize, RefusesPlainPixelsOfAMetafileThatItDoesNotHold)
     };
     EXPECT_TRUE(can_be_decoded(with_pixels(10, 10, 40, 400)));
     EXPECT_FALSE(can_be_decoded(with_pixels(10, 10, 40, 399)));
-    EXPECT_TRUE(can_be_decoded(with_pixels(10, 10, 0 - 40u, 400))) << "rows from below";
+    EXPECT_TRUE(can_be_decoded(with_pixels(10, 10, 0 - 40u, 400))) << "bottom-up rows";
     EXPECT_FALSE(can_be_decoded(with_pixels(40'000, 40'000, 0, 0)));
 }
 
-// A row has its price, however short it is.
-TEST(PictureSize, RefusesPicturesFarFromAnyScreensShape)
+// A row has a fixed cost, however short it is.
+TEST(PictureSize, RefusesExtremelyNarrowPictures)
 {
     const auto tiff_of = [](std::uint32_t width, std::uint32_t height) {
         return tiff({ { width_tag, long_type, width }, { height_tag, long_type, height } });

@@ -1,4 +1,4 @@
-// The queue of links to make, the worker's run and how it is started.
+// The queue of links to make, the worker's run and its start.
 #include "app/page_note.hpp"
 #include "media/shortcut_queue.hpp"
 #include "tests/support/fake_links.hpp"
@@ -40,7 +40,7 @@ protected:
     FakeControl control;
 };
 
-TEST_F(MakeLinks, MakesOneForEachEntryThatExists)
+TEST_F(MakeLinks, MakesOneForEachExistingEntry)
 {
     paths.present = { L"C:\\a", L"C:\\b" };
     queue.replace({ L"C:\\a", L"C:\\gone", L"http://x", L"", L"C:\\b" });
@@ -51,7 +51,7 @@ TEST_F(MakeLinks, MakesOneForEachEntryThatExists)
     EXPECT_FALSE(queue.is_interrupted());
 }
 
-TEST_F(MakeLinks, RewritesNone)
+TEST_F(MakeLinks, RewritesNoLink)
 {
     paths.present = { L"C:\\a", L"<C:\\a>" };
     queue.replace({ L"C:\\a" });
@@ -71,7 +71,7 @@ TEST_F(MakeLinks, NamesARelativeEntryAsWritten)
     EXPECT_EQ(store.saved, (Texts{ L"b.txt <b.txt>" }));
 }
 
-TEST_F(MakeLinks, PassesOverFailures)
+TEST_F(MakeLinks, SkipsFailures)
 {
     paths.present = { L"C:\\a", L"C:\\b" };
     names.failing = { L"C:\\a" };
@@ -86,7 +86,7 @@ TEST_F(MakeLinks, PassesOverFailures)
     EXPECT_EQ(store.saved.size(), 2u);
 }
 
-TEST_F(MakeLinks, LeavesTheQueueAloneWithoutStoreOrNames)
+TEST_F(MakeLinks, LeavesTheQueueUnchangedWithoutStoreOrNames)
 {
     queue.replace({ L"C:\\a" });
     store.ready = false;
@@ -150,7 +150,7 @@ TEST_F(MakeLinks, HoldsTheQueueForTheWholeRun)
     EXPECT_TRUE(queue.entries().empty());
 }
 
-TEST(ShortcutQueue, IsReplacedWhole)
+TEST(ShortcutQueue, IsReplacedCompletely)
 {
     ShortcutQueue queue;
     queue.replace({ L"old" });
@@ -175,7 +175,7 @@ TEST(ShortcutQueue, PutsNewPathsAheadOfWhatWasLeft)
     EXPECT_EQ(queue.entries(), (Texts{ L"c" }));
 }
 
-TEST(ShortcutQueue, StaysWhenThereIsNeitherNewNorOld)
+TEST(ShortcutQueue, IsUnchangedWithoutNewOrPendingPaths)
 {
     ShortcutQueue queue;
     queue.replace({ L"a" });
@@ -263,14 +263,14 @@ TEST_F(StartShortcutCreation, LeavesTheQueueToAWorkerThatCannotBeStopped)
     EXPECT_EQ(starter.steps, (Texts{ logged, L"stop" }));
 }
 
-TEST_F(StartShortcutCreation, MakesTheFolder)
+TEST_F(StartShortcutCreation, CreatesTheFolder)
 {
     starter.folder_there = false;
     EXPECT_TRUE(start());
     EXPECT_EQ(starter.steps, (Texts{ logged, L"stop", asked, L"create", L"queue", L"start" }));
 }
 
-TEST_F(StartShortcutCreation, TellsOfAFolderThatCannotBeMade)
+TEST_F(StartShortcutCreation, ReportsAFolderThatCannotBeCreated)
 {
     starter.folder_there = starter.can_create = false;
     EXPECT_FALSE(start());
@@ -285,7 +285,7 @@ TEST_F(StartShortcutCreation, StartsNothingForAnEmptyQueue)
     EXPECT_EQ(starter.steps.back(), L"queue");
 }
 
-TEST_F(StartShortcutCreation, TellsOfAWorkerThatDoesNotStart)
+TEST_F(StartShortcutCreation, ReportsAWorkerThatDoesNotStart)
 {
     starter.can_start = false;
     EXPECT_FALSE(start());

@@ -7,7 +7,7 @@ namespace {
 
 using media::full_entry;
 
-TEST(SystemPaths, TellOfFilesAndFolders)
+TEST(SystemPaths, KnowFilesAndFolders)
 {
     const test_support::TempFolder folder;
     test_support::write_text(folder.file(L"絵.png"), L"x");
@@ -27,7 +27,7 @@ TEST(SystemPaths, CountRelativePathsFromTheCurrentDirectory)
     EXPECT_EQ(paths.absolute(L""), L"");
 }
 
-TEST(FullEntry, IsAFullPathButForAddresses)
+TEST(FullEntry, IsAFullPathExceptForAddresses)
 {
     EXPECT_EQ(full_entry(L"絵.png"), platform::absolute_path(L"絵.png"));
     EXPECT_EQ(full_entry(L"http://x.invalid/a"), L"http://x.invalid/a");

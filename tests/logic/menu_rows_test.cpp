@@ -1,4 +1,4 @@
-// Menus as data: their rows, names in them, and where pictures stand.
+// Menus as data: their rows, the names in them, and the positions of pictures.
 #include "controls/menu_rows.hpp"
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ TEST(MenuRows, ASeparatorHasNothing)
     EXPECT_EQ(row.text, L"");
 }
 
-TEST(MenuRows, ASubmenuHoldsRowsAndMayBearAnId)
+TEST(MenuRows, ASubmenuHasRowsAndMayHaveAnId)
 {
     const MenuRow row = ovlib::submenu(
         L"ファイルの削除", { ovlib::menu_item(2526, L"このファイル"), ovlib::menu_separator() }, false, 2525);
@@ -66,12 +66,13 @@ TEST(MenuText, ShowsANameAsItIs)
     EXPECT_EQ(ovlib::menu_text(pair), pair);
 }
 
-TEST(MenuPicture, StandsAtTheLeftInTheMiddleOfItsRoom)
+TEST(MenuPicture, IsLeftAlignedAndCentredInItsRoom)
 {
     EXPECT_EQ(ovlib::menu_picture_rect({ 0, 0, 16, 16 }), (Rect{ 0, 0, 16, 16 }));
     EXPECT_EQ(ovlib::menu_picture_rect({ 4, 100, 40, 122 }), (Rect{ 4, 103, 20, 119 }));
     EXPECT_EQ(ovlib::menu_picture_rect({ 4, 100, 40, 123 }), (Rect{ 4, 103, 20, 119 }));
-    EXPECT_EQ(ovlib::menu_picture_rect({ 4, 10, 8, 22 }), (Rect{ 4, 8, 20, 24 })) << "too low a room";
+    EXPECT_EQ(ovlib::menu_picture_rect({ 4, 10, 8, 22 }), (Rect{ 4, 8, 20, 24 }))
+        << "a room lower than the picture";
 }
 
 TEST(MenuPicture, OfAGreyItemIsDimmed)

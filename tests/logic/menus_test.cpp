@@ -15,7 +15,8 @@ using ovlib::MenuKind;
 using ovlib::MenuRow;
 using ovlib::MenuRows;
 
-// One line a row: its number, its text and what it is beside a plain item. Rows of a submenu are indented.
+// One line per row: its number, its text and its state if it is not a plain item. Rows of a submenu are
+// indented.
 std::vector<std::wstring> lines_of(const MenuRows& rows, const std::wstring& indent = L"")
 {
     std::vector<std::wstring> lines;
@@ -49,7 +50,7 @@ std::wstring line_of(const MenuRows& rows, int id)
     return line == lines.end() ? L"" : line->substr(line->find_first_not_of(L' '));
 }
 
-// Each line names its row by the number it begins with.
+// Each line begins with the number of its row.
 void expect_rows(const MenuRows& rows, const Lines& expected)
 {
     for (const std::wstring& line : expected)
@@ -245,7 +246,7 @@ void count_pictures(const MenuRows& rows, std::vector<int>& ids)
     }
 }
 
-TEST(MenuPictures, StandBesideTheRowsThatHaveOne)
+TEST(MenuPictures, AreShownBesideTheRowsThatHaveOne)
 {
     std::vector<int> ids;
     for (const MenuRows& rows : { app::book_menu(true), app::main_menu(stored_order()),

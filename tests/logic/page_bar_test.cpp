@@ -63,7 +63,7 @@ TEST(PageBarRuns, OfAnUnselectedOrEmptyBookAreNone)
     EXPECT_TRUE(page_runs(pages_of({ none, none })).empty());
 }
 
-TEST(PageBarSpan, RunsFromTheFirstPageToBehindTheLast)
+TEST(PageBarSpan, RunsFromTheFirstPageToTheEndOfTheLast)
 {
     EXPECT_EQ(page_span(1, 2, 4), (Rect{ 92, 0, 277, 16 }));
     EXPECT_EQ(page_span(0, 3, 4), (Rect{ 0, 0, 370, 16 }));
@@ -76,13 +76,13 @@ TEST(PageBarSpan, IsNeverNarrowerThanAPixel)
     EXPECT_EQ(page_span(99999, 99999, 100000), (Rect{ 369, 0, 370, 16 }));
 }
 
-TEST(PageBarSpan, EndsWithTheBookWhateverIsAsked)
+TEST(PageBarSpan, IsLimitedToTheBook)
 {
     EXPECT_EQ(page_span(2, static_cast<std::size_t>(-1), 4), (Rect{ 185, 0, 370, 16 }));
     EXPECT_EQ(page_span(7, 9, 4), (Rect{ 277, 0, 370, 16 }));
 }
 
-TEST(PageBarSpan, LetsWhatLiesBelowShine)
+TEST(PageBarSpan, IsTranslucent)
 {
     EXPECT_EQ(look::blend_span(255, 0), 159);
     EXPECT_EQ(look::blend_span(0, 255), 95);
@@ -96,7 +96,7 @@ TEST(PageBarSpan, LetsWhatLiesBelowShine)
     }
 }
 
-TEST(PageBarIndicator, StandsOverTheMiddleOfItsPage)
+TEST(PageBarIndicator, IsCentredOverItsPage)
 {
     EXPECT_EQ(look::indicator_place(0, 4, 9), (Point{ 42, -5 })) << "46 less 4";
     EXPECT_EQ(look::indicator_place(3, 4, 9), (Point{ 319, -5 }));
@@ -106,7 +106,7 @@ TEST(PageBarIndicator, StandsOverTheMiddleOfItsPage)
 
 TEST(PageBarFrame, IsSunken)
 {
-    // Of a bright panel and a dark one: rounding makes neighbouring shades of either alike.
+    // A bright panel and a dark one: after rounding, neighbouring shades of either may be equal.
     for (const ovlib::Color panel : { ovlib::Color{ 0xD7D2D2 }, ovlib::Color{ 0x000000 } }) {
         const auto frame = look::page_bar_frame(panel);
         EXPECT_EQ(frame[0],

@@ -1,4 +1,4 @@
-// The display order, the commands that change it, and the ways through it.
+// The display order, the commands that change it, and navigation.
 #include "book/page_order.hpp"
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ TEST(PositionToIndex, OfAReversedBookShowsTheLastPageFirst)
     EXPECT_EQ(shown(book_of(3, -2700)), (Order{ 2, 1, 0 }));
 }
 
-TEST(PositionToIndex, GoesThroughTheOrderAndReversesOnlyAtLookup)
+TEST(PositionToIndex, UsesTheOrderAndReversesOnlyAtLookup)
 {
     Book book = book_of(3, 2701);
     book.order = { 1, 2, 0 };
@@ -99,7 +99,7 @@ TEST(Step, FollowsTheDisplayOrder)
     EXPECT_EQ(book.header.position, 2u);
 }
 
-TEST(Step, FromBehindTheEndGoesBackOntoTheLastPageOnly)
+TEST(Step, FromPastTheEndGoesBackToTheLastPageOnly)
 {
     Book book = book_of(2);
     book.header.position = 2;
@@ -174,7 +174,7 @@ TEST(SortedOrder, ByCreationLooksAtTheFirstFourteenUnits)
     EXPECT_EQ(sorted(book, SortKey::created), (Order{ 3, 2, 1, 0 }));
 }
 
-TEST(SortedOrder, ByModificationLooksAtTheRestToItsEnd)
+TEST(SortedOrder, ByModificationComparesTheWholeRest)
 {
     Book book = book_of(4);
     book.pages[0].stamp = L"20260101000000"
@@ -196,9 +196,9 @@ TEST(SortedOrder, ByStampsComparesUnitsNotLanguage)
     EXPECT_EQ(sorted(book, SortKey::box1).size(), 2u);
 }
 
-// Equal pages have no promised order, but the sort is deterministic: what does not count must not change its
-// result.
-TEST(SortedOrder, OfPagesMadeInTheSameSecondTakesThemAsEqual)
+// The order of equal pages is unspecified, but the sort is deterministic: the parts of a stamp that do not
+// count must not change its result.
+TEST(SortedOrder, TreatsPagesCreatedInTheSameSecondAsEqual)
 {
     constexpr std::size_t count = 40;
     Book rising = book_of(count);
@@ -213,7 +213,7 @@ TEST(SortedOrder, OfPagesMadeInTheSameSecondTakesThemAsEqual)
     EXPECT_EQ(sorted(rising, SortKey::created), sorted(falling, SortKey::created));
 }
 
-TEST(SortedOrder, AShortStampUnderTheKeyOfModificationIsARangeErrorAndLeavesAnOrderToLookThrough)
+TEST(SortedOrder, AShortStampSortedByModificationIsARangeErrorAndLeavesAUsableOrder)
 {
     Book book = book_of(3, 2701);
     for (book::Page& page : book.pages)
@@ -273,7 +273,7 @@ TEST(SortedOrder, OfEqualTextsIsSomePermutation)
     EXPECT_EQ(std::unique(all.begin(), all.end()), all.end());
 }
 
-TEST(OrderCommands, TheRandomButtonTakesAFreshSeedOnlyWhenItComesOn)
+TEST(OrderCommands, TheRandomButtonTakesANewSeedOnlyWhenItSwitchesOn)
 {
     Book book = book_of(10);
     book::toggle_random(book, 42);
@@ -357,7 +357,7 @@ TEST(OrderCommands, TheReverseButtonIsSafeForTheLowestMode)
     EXPECT_TRUE(book::is_reversed(book.header));
 }
 
-TEST(OrderCommands, LeaveThePositionWhereItIs)
+TEST(OrderCommands, KeepThePosition)
 {
     Book book = book_of(10);
     book.header.position = 3;
@@ -387,7 +387,7 @@ TEST(Navigation, InABookWithoutPagesGoesNowhere)
     EXPECT_EQ(book.header.position, 5u);
 }
 
-TEST(Navigation, KeepsInsideTheBook)
+TEST(Navigation, StaysInsideTheBook)
 {
     Book book = book_of(3);
     EXPECT_TRUE(book::go_to(book, 2));
@@ -429,7 +429,7 @@ TEST(Navigation, ANewPageIsStoredAtThePositionWhateverPageIsShown)
     EXPECT_EQ(book.header.position, 1u);
     EXPECT_EQ(book.pages[2].text[0], L"b");
     EXPECT_EQ(book.order.size(), 3u);
-    EXPECT_EQ(shown(book), (Order{ 0, 1, 2, 3 })); // one short until the refresh
+    EXPECT_EQ(shown(book), (Order{ 0, 1, 2, 3 })); // the order is stale until the refresh
     book.refresh_counts();
     EXPECT_EQ(shown(book), (Order{ 1, 3, 2, 0 }));
 }

@@ -27,12 +27,12 @@ TEST(PageSlider, TheLabelCountsPagesFromOne)
     EXPECT_EQ(look::page_label(std::numeric_limits<std::int32_t>::max()), L"2147483648");
 }
 
-TEST(PageSlider, TheLabelStandsBesideTheTrackInTheMiddle)
+TEST(PageSlider, TheLabelIsCentredBesideTheTrack)
 {
     EXPECT_EQ(look::page_label_place({ 48, 8, 277, 21 }, { 355, 30 }, 14), (platform::Point{ 283, 8 }));
 }
 
-TEST(PageSlider, TheLabelIsLightOnADarkGroundAndDarkOnALightOne)
+TEST(PageSlider, TheLabelIsLightOnADarkBackgroundAndDarkOnALightOne)
 {
     const Color fill{ 0x64B4FF };
     EXPECT_EQ(look::page_label_color(Color{ 0x7F7F7F }, fill), fill.shade(180));
@@ -89,12 +89,12 @@ TEST(PageMoveTest, NoOtherCodeDoes)
     EXPECT_EQ(page_move(thumb_position, 7, 3, 10), PageMove::none) << "tracking has moved the page already";
 }
 
-TEST(PageMoveTest, ToThePagePresentIsNothing)
+TEST(PageMoveTest, ToTheCurrentPageIsNothing)
 {
     EXPECT_EQ(page_move(thumb_track, 3, 3, 10), PageMove::none);
 }
 
-TEST(PageMoveTest, PastTheEndShowsThePresentPageAgain)
+TEST(PageMoveTest, PastTheEndShowsTheCurrentPageAgain)
 {
     EXPECT_EQ(page_move(thumb_track, 9, 3, 10), PageMove::turn);
     EXPECT_EQ(page_move(thumb_track, 10, 3, 10), PageMove::show_again);

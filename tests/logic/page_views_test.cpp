@@ -83,12 +83,12 @@ TEST(PageButtons, GiveNoTabBeyondTheLimit)
     EXPECT_TRUE(button(book, command::toggle_tab).enabled);
     book.tab_count = 256;
     EXPECT_FALSE(button(book, command::toggle_tab).enabled);
-    book.pages[0].tab_number = 256; // may be given back
+    book.pages[0].tab_number = 256; // may be removed
     EXPECT_TRUE(button(book, command::toggle_tab).enabled);
     EXPECT_FALSE(button(book, command::toggle_tab, true).enabled);
 }
 
-TEST(PageButtons, OfThePageAreLeftAsTheyAreWithoutOne)
+TEST(PageButtons, OfThePageAreUnchangedWithoutOne)
 {
     book::Book book = one_page();
     book.header.position = 1;
@@ -97,7 +97,7 @@ TEST(PageButtons, OfThePageAreLeftAsTheyAreWithoutOne)
     EXPECT_EQ(app::page_buttons(book, false).size(), 6u);
 }
 
-TEST(FolderButton, IsLitForAPageWithAFolder)
+TEST(FolderButton, IsHighlightedForAPageWithAFolder)
 {
     book::Book book = one_page();
     EXPECT_EQ(app::folder_button_lit(book), false);
@@ -107,7 +107,7 @@ TEST(FolderButton, IsLitForAPageWithAFolder)
     EXPECT_EQ(app::folder_button_lit(book), std::nullopt);
 }
 
-TEST(FileCounter, TellsThePlaceAndTheNumber)
+TEST(FileCounter, ShowsThePositionAndTheCount)
 {
     book::Book book = one_page();
     EXPECT_EQ(app::file_counter_text(book), L"");
@@ -163,7 +163,7 @@ TEST(DisplayName, IsTheNameOfAFileOrFolder)
     EXPECT_EQ(media::display_name(folder.file(L"箱")), L"箱");
 }
 
-TEST(DisplayName, OfWhatLiesOnAShareThatDoesNotAnswerIsTheEntryItself)
+TEST(DisplayName, OfAPathOnAnUnreachableShareIsTheEntryItself)
 {
     int asked = 0;
     media::PathAnswers paths{ [&](const std::wstring&) {
@@ -185,7 +185,7 @@ TEST(DisplayName, OfAnythingElseIsTheEntryItself)
     EXPECT_EQ(media::display_name(L""), L"");
 }
 
-// A drive alone divides nothing: such an entry counts from the drive's current folder.
+// A drive alone is no separator: such an entry is relative to the drive's current folder.
 TEST(DisplayName, BeginsAfterASeparatorOnly)
 {
     media::PathAnswers paths{ [](const std::wstring&) {

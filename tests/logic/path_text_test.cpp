@@ -1,4 +1,4 @@
-// Parents, names, stems and the meaning of relative paths.
+// Parents, names and stems of paths, and relative paths.
 #include "platform/path_text.hpp"
 #include "tests/support/text_cases.hpp"
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ TEST(ParentPath, IsTheTextBeforeTheLastSeparator)
         });
 }
 
-TEST(ParentPath, LosesAWholeRunOfSeparators)
+TEST(ParentPath, DropsAWholeRunOfSeparators)
 {
     expect_texts(parent_path,
         {
@@ -58,7 +58,7 @@ TEST(ParentPath, OfARelativePathIsRelative)
         });
 }
 
-TEST(FileName, IsTheTextBehindTheLastSeparator)
+TEST(FileName, IsTheTextAfterTheLastSeparator)
 {
     expect_texts(file_name,
         {
@@ -70,7 +70,7 @@ TEST(FileName, IsTheTextBehindTheLastSeparator)
         });
 }
 
-TEST(PathStem, LosesTheLastExtensionOnly)
+TEST(PathStem, DropsTheLastExtensionOnly)
 {
     expect_texts(path_stem,
         {
@@ -134,7 +134,7 @@ TEST(VolumeOf, IsTheDriveOrTheShare)
     EXPECT_EQ(volume_of(L"\\\\?\\UNC\\server\\share\\a"), L"\\\\?\\UNC\\server\\share");
 }
 
-TEST(VolumeOf, IsNothingForWhatCountsFromAnotherPlace)
+TEST(VolumeOf, IsEmptyForARelativePath)
 {
     using platform::volume_of;
     for (const wchar_t* path : { L"", L"a\\b", L"\\a", L"http://server/share", L"絵:\\a" })

@@ -1,4 +1,4 @@
-// The committed pictures: that all are there, and that each has the form its user expects.
+// The committed pictures: all are present, and each has the format that its user expects.
 #include "app/bitmap_files.hpp"
 #include "tests/support/built_files.hpp"
 #include "tests/support/picture_file.hpp"
@@ -63,13 +63,13 @@ double luminance(const PicturePixel& pixel)
     return 0.299 * pixel.red + 0.587 * pixel.green + 0.114 * pixel.blue;
 }
 
-// How bright a premultiplied pixel looks on a colour.
+// The brightness of a premultiplied pixel on a colour.
 double luminance_on(const PicturePixel& pixel, const PicturePixel& back)
 {
     return luminance(pixel) + luminance(back) * (255 - pixel.alpha) / 255.0;
 }
 
-TEST(MenuPictures, AreThoseThatCommandsBear)
+TEST(MenuPictures, AreThoseOfTheCommands)
 {
     std::set<std::wstring> used;
     for (const app::BitmapFile& row : app::bitmap_files)
@@ -102,8 +102,8 @@ TEST(MenuPictures, Are16PixelsSquareWithAlpha)
     }
 }
 
-// What AlphaBlend needs: a channel above its alpha would shine beyond white.
-TEST(MenuPictures, HoldNoChannelAboveItsAlpha)
+// AlphaBlend needs this: a channel above its alpha would overflow.
+TEST(MenuPictures, HaveNoChannelAboveItsAlpha)
 {
     for (const std::wstring& name : menu_pictures) {
         SCOPED_TRACE(platform::to_utf8(name));
@@ -124,7 +124,7 @@ TEST(MenuPictures, LetTheMenuShowThrough)
     }
 }
 
-TEST(MenuPictures, AreSeenOnLightDarkAndHighlightedMenus)
+TEST(MenuPictures, AreVisibleOnLightDarkAndHighlightedMenus)
 {
     constexpr PicturePixel menus[] = { white, { 0xF0, 0xF0, 0xF0, 255 }, { 0x2B, 0x2B, 0x2B, 255 },
         { 0x00, 0x78, 0xD7, 255 } };
@@ -162,7 +162,7 @@ TEST(FilmStrip, IsBlackWithWhiteHolesAtItsSidesAroundTheKeyColor)
     EXPECT_EQ(count_pixels(strip, [](const PicturePixel& p) { return p == white; }), 2 * 4 * 12);
 }
 
-TEST(ManyFilesMark, KeepsOffTheCornerThatTheRoundingClips)
+TEST(ManyFilesMark, AvoidsTheCornerThatTheRoundingClips)
 {
     const BmpFile mark = bitmap(L"files");
     EXPECT_EQ(mark.bits(), 24u);
@@ -177,7 +177,7 @@ TEST(ManyFilesMark, KeepsOffTheCornerThatTheRoundingClips)
     }
 }
 
-// Black is its key: an outline in it would have holes, and one blended with it a dark seam.
+// Black is its transparent colour: a black outline would have holes, and one blended with black a dark seam.
 TEST(ManyFilesMark, HasNoBlackOutlineOfItsOwn)
 {
     const BmpFile mark = bitmap(L"files");
@@ -188,7 +188,7 @@ TEST(ManyFilesMark, HasNoBlackOutlineOfItsOwn)
     EXPECT_EQ(dark, 0);
 }
 
-TEST(Indicator, HasAMiddleColumnThatReachesTheWholeBar)
+TEST(Indicator, HasAMiddleColumnOfTheBarsWholeHeight)
 {
     const BmpFile indicator = bitmap(L"indicator");
     expect_form(indicator, 9, 21, 24);
@@ -201,7 +201,7 @@ TEST(Indicator, HasAMiddleColumnThatReachesTheWholeBar)
     }
 }
 
-// White is its key: what is nearly white would stand around it as a seam.
+// White is its transparent colour: nearly white pixels would show as a seam around it.
 TEST(Indicator, HasNoSeamOfNearlyWhite)
 {
     const BmpFile indicator = bitmap(L"indicator");
@@ -212,7 +212,7 @@ TEST(Indicator, HasNoSeamOfNearlyWhite)
 
 struct Sheet {
     const wchar_t* file;
-    std::uint32_t least, most; // sides of a half
+    std::uint32_t least, most; // side lengths of a half
     std::uint32_t widest;
 };
 
@@ -248,7 +248,7 @@ TEST(ButtonPictures, AreSheetsOfTwoHalvesThatFitTheirButtons)
     }
 }
 
-TEST(ProgramIcon, HoldsASizeForEveryPlaceThatShowsIt)
+TEST(ProgramIcon, HasASizeForEveryPlaceThatShowsIt)
 {
     const FileBytes icon{ test_support::read_bytes(picture(L"../app/wnd/pagewick.ico")) };
     ASSERT_EQ(icon.little(0, 2), 0u);

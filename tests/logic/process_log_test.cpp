@@ -49,7 +49,7 @@ TEST_F(ProcessLog, KeepsNothingWithoutAPath)
     EXPECT_TRUE(folder_is_empty());
 }
 
-TEST_F(ProcessLog, GathersAppendsInOrderWithNothingBetween)
+TEST_F(ProcessLog, KeepsAppendsInOrderWithNothingBetween)
 {
     Log log;
     log.set_path(path());
@@ -58,7 +58,7 @@ TEST_F(ProcessLog, GathersAppendsInOrderWithNothingBetween)
     EXPECT_TRUE(folder_is_empty());
 }
 
-TEST_F(ProcessLog, TakesTheSystemsWordsForAnError)
+TEST_F(ProcessLog, UsesTheSystemsMessageForAnError)
 {
     Log log;
     log.append_error(5);
@@ -70,7 +70,7 @@ TEST_F(ProcessLog, TakesTheSystemsWordsForAnError)
     EXPECT_EQ(log.buffered(), L"a<5>b");
 }
 
-TEST_F(ProcessLog, IsWrittenAsBareUnitsAndEmptied)
+TEST_F(ProcessLog, IsWrittenAsPlainUnitsAndEmptied)
 {
     Log log;
     log.set_path(path());
@@ -103,7 +103,7 @@ TEST_F(ProcessLog, IsKeptWhenTheFileCannotBeOpened)
     EXPECT_EQ(bytes().size(), 8u);
 }
 
-TEST_F(ProcessLog, LosesNothingOfManyThreads)
+TEST_F(ProcessLog, LosesNothingWithManyThreads)
 {
     constexpr int rounds = 500;
     Log log;
@@ -120,7 +120,7 @@ TEST_F(ProcessLog, LosesNothingOfManyThreads)
     EXPECT_EQ(log.buffered().size(), 4u * rounds);
 }
 
-TEST(TheProcessLog, IsOneAndSilent)
+TEST(TheProcessLog, IsUniqueAndSilent)
 {
     auto& log = ovlib::WinApp::process_log();
     EXPECT_EQ(&log, &ovlib::WinApp::process_log());

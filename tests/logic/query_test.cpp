@@ -1,4 +1,4 @@
-// The search box's text, cut into terms.
+// The search box's text, split into terms.
 #include "book/query.hpp"
 #include <gtest/gtest.h>
 
@@ -13,13 +13,13 @@ Terms terms_of(std::wstring_view text)
     return terms;
 }
 
-TEST(SplitTerms, DividesAtBlanksTabsAndIdeographicSpaces)
+TEST(SplitTerms, SplitsAtSpacesTabsAndIdeographicSpaces)
 {
     EXPECT_EQ(terms_of(L"a b\tc\u3000d"), (Terms{ L"a", L"b", L"c", L"d" }));
     EXPECT_EQ(terms_of(L"  a \u3000\t b  "), (Terms{ L"a", L"b" }));
 }
 
-TEST(SplitTerms, DividesAtNothingElse)
+TEST(SplitTerms, SplitsAtNothingElse)
 {
     EXPECT_EQ(terms_of(L"a\r\nb"), (Terms{ L"a\r\nb" }));
     EXPECT_EQ(terms_of(L"a\u00A0b\u2003c,d"), (Terms{ L"a\u00A0b\u2003c,d" }));
@@ -31,7 +31,7 @@ TEST(SplitTerms, YieldsNothingForAnEmptyOrBlankText)
     EXPECT_EQ(terms_of(L" \t\u3000"), Terms{});
 }
 
-TEST(SplitTerms, AQuotedPhraseKeepsItsBlanksAndEndsAtItsQuote)
+TEST(SplitTerms, AQuotedPhraseKeepsItsSpacesAndEndsAtItsQuote)
 {
     EXPECT_EQ(terms_of(L"\"a b\"c"), (Terms{ L"a b", L"c" }));
     EXPECT_EQ(terms_of(L"x\"a\u3000b\""), (Terms{ L"x", L"a\u3000b" }));
@@ -52,7 +52,7 @@ TEST(SplitTerms, AnUnclosedQuoteIsAnOrdinaryCharacter)
     EXPECT_EQ(terms_of(L"\"a\"b\" c"), (Terms{ L"a", L"b\"", L"c" }));
 }
 
-// Built from units: where wchar_t has 32 bits a literal would hold no pair.
+// Built from units: where wchar_t has 32 bits, a literal would contain no surrogate pair.
 TEST(SplitTerms, KeepsASurrogatePairWhole)
 {
     const std::wstring yoshi{ wchar_t{ 0xD842 }, wchar_t{ 0xDFB7 } };
@@ -68,7 +68,7 @@ TEST(SplitTerms, AppendsAndKeepsEqualTerms)
     EXPECT_EQ(terms, (Terms{ L"x", L"a", L"a" }));
 }
 
-TEST(QueryTerms, ErasesTheSeparatorBeforeItCuts)
+TEST(QueryTerms, ErasesTheSeparatorBeforeItSplits)
 {
     EXPECT_EQ(book::query_terms(L"a\x03"
                                 L"b \x03 c"),

@@ -1,4 +1,4 @@
-// The refresh mask: named masks, order of service, and what the page brings along.
+// The refresh mask: named masks, service order, and the views that the page adds.
 #include "core/refresh.hpp"
 #include <gtest/gtest.h>
 #include <vector>
@@ -16,7 +16,7 @@ Views served(RefreshMask& mask)
     return views;
 }
 
-TEST(RefreshMask, FullNamesEveryView)
+TEST(RefreshMask, FullHasEveryView)
 {
     RefreshMask all = 0;
     for (const View view : core::service_order)
@@ -29,7 +29,7 @@ TEST(RefreshMask, FullNamesEveryView)
     EXPECT_EQ(core::refresh::tabs, 33808u);
 }
 
-TEST(OverdueViews, AreAllOfThemWhenTheBoxesHoldAnotherPage)
+TEST(OverdueViews, AreAllViewsWhenTheBoxesShowAnotherPage)
 {
     constexpr std::size_t none = static_cast<std::size_t>(-1);
     EXPECT_EQ(core::overdue_views(3, 3), 0u);
@@ -45,14 +45,14 @@ TEST(ServeRefresh, FollowsTheFixedOrderWhereBoxStateComesBeforeTheButtons)
     EXPECT_EQ(served(mask), Views{ View::history_enabled });
 }
 
-TEST(ServeRefresh, OfThePageAloneBringsTheFileViewsAlong)
+TEST(ServeRefresh, OfThePageAloneRefreshesTheFileViewsToo)
 {
     RefreshMask mask = 0x1;
     EXPECT_EQ(served(mask), (Views{ View::page, View::file_pane, View::file_combo, View::file_list_editor }));
     EXPECT_EQ(mask, 0u);
 }
 
-TEST(ServeRefresh, TouchesOnlyTheNamedViews)
+TEST(ServeRefresh, ServesOnlyTheGivenViews)
 {
     RefreshMask mask = core::refresh::file_choice;
     EXPECT_EQ(served(mask), (Views{ View::file_pane, View::file_list_editor }));
@@ -60,7 +60,7 @@ TEST(ServeRefresh, TouchesOnlyTheNamedViews)
     EXPECT_EQ(served(mask), Views{});
 }
 
-TEST(ServeRefresh, ClearsABitBeforeItsWork)
+TEST(ServeRefresh, ClearsABitBeforeServingIt)
 {
     RefreshMask mask = core::refresh::full;
     core::serve_refresh(mask, [&](View view) {

@@ -8,7 +8,7 @@ using ovlib::clamp_scroll;
 using ovlib::scroll_fraction;
 using ovlib::ScrollRange;
 
-TEST(ScrollFraction, CountsUpToTheLastPlaceOfThePage)
+TEST(ScrollFraction, IsRelativeToTheLastReachablePosition)
 {
     EXPECT_DOUBLE_EQ(scroll_fraction({ 0, 99, 20, 40 }), 0.5) << "the last position is 80";
     EXPECT_DOUBLE_EQ(scroll_fraction({ 0, 99, 20, 80 }), 1.0);
@@ -30,7 +30,7 @@ TEST(ScrollFraction, IsZeroWhereNothingCanScroll)
     EXPECT_EQ(scroll_fraction({}), 0.0);
 }
 
-TEST(ScrollFraction, BearsTheLargestRange)
+TEST(ScrollFraction, HandlesTheLargestRange)
 {
     constexpr auto lowest = std::numeric_limits<std::int32_t>::min();
     constexpr auto highest = std::numeric_limits<std::int32_t>::max();
@@ -38,7 +38,7 @@ TEST(ScrollFraction, BearsTheLargestRange)
     EXPECT_EQ(scroll_fraction({ 0, lowest, std::numeric_limits<std::uint32_t>::max(), 0 }), 0.0);
 }
 
-TEST(ScrollClamp, KeepsAPositionWhereItCanBeScrolledTo)
+TEST(ScrollClamp, LimitsAPositionToTheReachableOnes)
 {
     const ScrollRange range{ 10, 99, 20, 0 };
     EXPECT_EQ(clamp_scroll(range, 9), 10);

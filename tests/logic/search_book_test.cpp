@@ -39,7 +39,7 @@ TEST(Find, StopsAtTheNearestPageThatMatchesAndKeepsItsHits)
     EXPECT_EQ(book.hits, one_hit);
 }
 
-TEST(Find, StaysWhereItBeganWhenNothingMatchesAndDoesNotWrap)
+TEST(Find, StaysWhenNothingMatchesAndDoesNotWrap)
 {
     Book book = book_with({ L"x", L"", L"" });
     book.header.position = 1;
@@ -70,7 +70,7 @@ TEST(Find, WithoutDirectionOnlyFindsTheHitsOfThisPage)
     EXPECT_TRUE(book.hits.empty());
 }
 
-TEST(Find, WithoutTermsAndTracksStepsOnePageAndFailsAtTheEnds)
+TEST(Find, WithoutTermsAndTrackingStepsOnePageAndFailsAtTheEnds)
 {
     Book book = book_with({ L"a", L"b" });
     EXPECT_EQ(book.find(1, {}), &book.pages[1]);
@@ -82,7 +82,7 @@ TEST(Find, WithoutTermsAndTracksStepsOnePageAndFailsAtTheEnds)
     EXPECT_EQ(book.header.position, 0u);
 }
 
-TEST(Find, StaysOnAnOnlyPage)
+TEST(Find, StaysOnTheOnlyPage)
 {
     Book book = book_with({ L"x" });
     for (const int direction : { -1, 0, 1 }) {
@@ -92,7 +92,7 @@ TEST(Find, StaysOnAnOnlyPage)
     }
 }
 
-TEST(Find, WithoutACurrentPageEmptiesTheHitsAndGivesNone)
+TEST(Find, WithoutACurrentPageClearsTheHitsAndReturnsNone)
 {
     Book empty = book_with({});
     EXPECT_EQ(empty.find(1, {}), nullptr);

@@ -1,4 +1,4 @@
-// Fast search against searching in the plainest words, on texts made to be hard for it.
+// The fast search, compared with the simplest possible search on texts that are hard for it.
 #include "book/book.hpp"
 #include "book/query_matcher.hpp"
 #include "tests/support/naive_search.hpp"
@@ -7,7 +7,7 @@
 
 namespace {
 
-// Few different units, so that terms occur; their low bytes and folded forms meet in many ways.
+// Few different units, so that terms occur; many share a low byte or a folded form.
 constexpr wchar_t units[] = { L'a', L'A', L'k', L'K', 0x212A, 0x6B6B, 0x4B6B, L'j', 0x0100, 0x0101, 0xD842,
     0xD83D, 0xDFB7, 0xDE00, 0xDE20, 0, L' ', 0x3042, 0x30A2, 0xFF21, 0xFF41 };
 
@@ -23,7 +23,7 @@ public:
 
     std::wstring text(std::size_t longest)
     {
-        // A narrower choice makes long agreements.
+        // Fewer units to choose from make longer partial matches.
         const std::size_t first = below(std::size(units));
         const std::size_t span = 1 + below(std::size(units));
         std::wstring made(below(longest + 1), L'\0');
@@ -94,7 +94,7 @@ TEST(SearchOracle, MatchesPagesWithTheSameHitsAsPlainSearch)
     }
 }
 
-// Long enough that blocks of pages are searched side by side.
+// Long enough that blocks of pages are searched in parallel.
 TEST(SearchOracle, StopsAtTheSamePageAsAWalkInEveryOrderAndDirection)
 {
     constexpr std::size_t page_count = 9000;
@@ -138,7 +138,7 @@ book::SearchQuery query_for(const std::wstring& term)
     return query;
 }
 
-TEST(SearchOracle, PassesOverNoPageWhereBlocksMeet)
+TEST(SearchOracle, SkipsNoPageWhereBlocksMeet)
 {
     for (const std::size_t rare :
         { 2047, 2048, 2049, 2050, 2559, 2560, 2561, 2562, 3071, 3072, 3073, 3074, 3999 }) {
@@ -152,8 +152,8 @@ TEST(SearchOracle, PassesOverNoPageWhereBlocksMeet)
     }
 }
 
-// The nearer one lies deep in its block, so that another thread has the farther one sooner.
-TEST(SearchOracle, StopsAtTheNearerOfTwoPagesThatAreFoundAtOneTime)
+// The nearer one is deep inside its block, so another thread finds the farther one first.
+TEST(SearchOracle, StopsAtTheNearerOfTwoPagesFoundAtTheSameTime)
 {
     book::Book book;
     book.pages.resize(3200);

@@ -16,7 +16,7 @@ constexpr wchar_t high = 0xD842;
 constexpr wchar_t low = 0xDFB7;
 const std::wstring yoshi{ high, low }; // one code point outside the basic plane
 const std::wstring emoji{ wchar_t{ 0xD83D }, wchar_t{ 0xDE00 } };
-// The low half is the first one's with a bit set that joins upper and lower case among letters.
+// Its low half is that of the first one with the bit set in which upper and lower case letters differ.
 const std::wstring other_emoji{ wchar_t{ 0xD83D }, wchar_t{ 0xDE20 } };
 
 struct Found {
@@ -42,7 +42,7 @@ Found folded(std::wstring_view text, std::wstring_view term, std::size_t pos = 0
     return { success, pos };
 }
 
-TEST(FindExact, TellsTheFirstOccurrenceFromThePositionOn)
+TEST(FindExact, ReturnsTheFirstOccurrenceFromThePositionOn)
 {
     EXPECT_EQ(exact(L"banana", L"an"), (Found{ true, 1 }));
     EXPECT_EQ(exact(L"banana", L"an", 1), (Found{ true, 1 }));
@@ -57,7 +57,7 @@ TEST(FindExact, LeavesThePositionAtTheEndWhenItFails)
     EXPECT_EQ(exact(L"banana", L"AN"), (Found{ false, 6 }));
 }
 
-TEST(FindExact, FindsNothingInOrForAnEmptyTextNorBehindTheEnd)
+TEST(FindExact, FindsNothingInOrForAnEmptyTextNorAfterTheEnd)
 {
     EXPECT_EQ(exact(L"", L"a"), (Found{ false, 0 }));
     EXPECT_EQ(exact(L"abc", L""), (Found{ false, 3 }));
@@ -68,12 +68,12 @@ TEST(FindExact, FindsNothingInOrForAnEmptyTextNorBehindTheEnd)
     EXPECT_EQ(folded(L"abc", L"c", 99), (Found{ false, 3 }));
 }
 
-TEST(FindExact, TakesNullsAsOrdinaryUnits)
+TEST(FindExact, TreatsNullsAsOrdinaryUnits)
 {
     EXPECT_EQ(exact(std::wstring_view(L"a\0b\0c", 5), std::wstring_view(L"\0c", 2)), (Found{ true, 3 }));
 }
 
-TEST(FindExact, NeverStartsOnTheLowHalfOfAPairThatItWalksOver)
+TEST(FindExact, NeverStartsOnTheLowHalfOfAPairThatItPasses)
 {
     EXPECT_EQ(exact(yoshi + L"x", std::wstring{ low }), (Found{ false, 3 }));
     EXPECT_EQ(exact(yoshi + low, std::wstring{ low }), (Found{ true, 2 }));
@@ -149,7 +149,7 @@ std::wstring units_found(const std::wstring& text, wchar_t term)
     return found;
 }
 
-// Units of one class may differ in many bits; some classes have three units on some systems.
+// Units that fold to the same one may differ in many bits, and on some systems three units do so.
 TEST(FindFolded, FindsEveryUnitOfAFoldingClassAndNoOther)
 {
     const std::wstring units = every_unit_outside_the_surrogates();
@@ -212,7 +212,7 @@ TEST(MatchPage, GivesEveryOccurrenceInTheBoxesWithoutOverlaps)
             { { L"aa", 100, 0, 2 }, { L"aa", 100, 2, 4 }, { L"aa", 101, 1, 3 }, { L"aa", 102, 0, 2 } } }));
 }
 
-TEST(MatchPage, LeavesTheFileListAloneUnlessAsked)
+TEST(MatchPage, IgnoresTheFileListUnlessRequested)
 {
     Page page = page_with(L"");
     page.files = { L"C:\\a\\a.txt" };
@@ -239,7 +239,7 @@ TEST(MatchPage, DoesNotSearchTheReferenceFolder)
     EXPECT_EQ(match(page, query), (Match{ false, {} }));
 }
 
-TEST(MatchPage, WithAnyOfTheTermsGivesTheHitsOfThoseThatAreThere)
+TEST(MatchPage, WithAnyOfTheTermsReturnsTheHitsOfThoseFound)
 {
     EXPECT_EQ(match(page_with(L"b"), query_for({ L"a", L"b" })), (Match{ true, { { L"b", 100, 0, 1 } } }));
     EXPECT_EQ(match(page_with(L"ba"), query_for({ L"a", L"b" })),
@@ -247,7 +247,7 @@ TEST(MatchPage, WithAnyOfTheTermsGivesTheHitsOfThoseThatAreThere)
     EXPECT_EQ(match(page_with(L"c"), query_for({ L"a", L"b" })), (Match{ false, {} }));
 }
 
-TEST(MatchPage, WithAllTermsKeepsTheHitsOnlyWhenNoneIsMissing)
+TEST(MatchPage, WithAllTermsKeepsTheHitsOnlyIfNoTermIsMissing)
 {
     SearchQuery query = query_for({ L"a", L"b" });
     query.all_terms = true;
@@ -256,7 +256,7 @@ TEST(MatchPage, WithAllTermsKeepsTheHitsOnlyWhenNoneIsMissing)
     EXPECT_EQ(match(page_with(L"b"), query), (Match{ false, {} }));
 }
 
-TEST(MatchPage, TakesEqualTermsOneByOne)
+TEST(MatchPage, SearchesEqualTermsSeparately)
 {
     EXPECT_EQ(match(page_with(L"a"), query_for({ L"a", L"a" })),
         (Match{ true, { { L"a", 100, 0, 1 }, { L"a", 100, 0, 1 } } }));
@@ -271,7 +271,7 @@ TEST(MatchPage, FindsNothingForAnEmptyTerm)
     EXPECT_EQ(match(page_with(L"a"), query), (Match{ false, {} }));
 }
 
-TEST(MatchPage, IgnoresCaseThroughoutWhenAsked)
+TEST(MatchPage, IgnoresCaseEverywhereOnRequest)
 {
     Page page = page_with(L"Ab");
     page.files = { L"AB.TXT" };
@@ -283,12 +283,12 @@ TEST(MatchPage, IgnoresCaseThroughoutWhenAsked)
         (Match{ true, { { L"aB", 100, 0, 2 }, { L"aB", 200, 0, 2 }, { L"B.", 200, 1, 3 } } }));
 }
 
-TEST(MatchPage, TakesEveryPageWithoutTermsAndTracks)
+TEST(MatchPage, MatchesEveryPageWithoutTermsAndTracking)
 {
     EXPECT_EQ(match(page_with(L"a"), {}), (Match{ true, {} }));
 }
 
-TEST(MatchPage, WithoutTermsTakesTrackedPagesOnly)
+TEST(MatchPage, WithoutTermsMatchesTrackedPagesOnly)
 {
     Page marked = page_with(L"a");
     marked.mark = -1;
@@ -309,7 +309,7 @@ TEST(MatchPage, WithoutTermsTakesTrackedPagesOnly)
     EXPECT_EQ(match(tabbed, by_both), (Match{ true, {} }));
 }
 
-TEST(MatchPage, TracksWidenAMatchOfTermsAndNeverNarrowIt)
+TEST(MatchPage, TrackingWidensAMatchOfTermsAndNeverNarrowsIt)
 {
     Page marked = page_with(L"a");
     marked.mark = 1;
@@ -326,7 +326,7 @@ TEST(MatchPage, TracksWidenAMatchOfTermsAndNeverNarrowIt)
     }
 }
 
-TEST(MatchPage, InASelectionLooksAtNothingElse)
+TEST(MatchPage, InASelectionChecksNothingElse)
 {
     SearchQuery query = query_for({ L"a" });
     query.selected_only = true;

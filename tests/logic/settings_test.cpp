@@ -1,4 +1,4 @@
-// The settings file: what is read for every state of it, and what is written.
+// The settings file: reading every state of it, and writing.
 #include "core/settings.hpp"
 #include <gtest/gtest.h>
 #include <map>
@@ -83,7 +83,7 @@ TEST(Settings, AreWrittenInOrderWithTheViewerFirst)
     EXPECT_EQ(section.values[L"AUTOIMM"], L"0");
 }
 
-TEST(Settings, ComeBackAsTheyWereWritten)
+TEST(Settings, AreReadAsTheyWereWritten)
 {
     Settings settings;
     settings.interpolation_command = 5001;
@@ -106,7 +106,7 @@ TEST(Settings, ThatCannotBeWrittenLeaveTheOldFile)
     EXPECT_EQ(core::read_settings(section).chat_index, 4);
 }
 
-TEST(Settings, TakeAnyNumberButZeroForTrueAndWriteOne)
+TEST(Settings, TreatAnyNumberButZeroAsTrueAndWriteOne)
 {
     Section section;
     section.values[L"CLEARCACHE"] = L"7";
@@ -151,7 +151,7 @@ TEST(ViewData, KeepsAnyOtherMode)
     EXPECT_EQ(with_view_data(L"1 2 3 4 -7").view_mode, -7);
 }
 
-TEST(ViewData, ThatIsNoNumbersGivesTheDefaults)
+TEST(ViewData, ThatIsNotNumbersGivesTheDefaults)
 {
     for (const wchar_t* text : { L"", L" ", L"abc", L"1,2,3,4,5", L"1 2 x 4 5", L"1 2 3 4294967296 5" }) {
         EXPECT_EQ(with_view_data(text).view_rect, platform::Rect{}) << text;

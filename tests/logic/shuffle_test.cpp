@@ -37,7 +37,7 @@ TEST(Shuffle, OfNoPageOrOneDrawsNothing)
     EXPECT_EQ(shuffled(1, 1), Order{ 0 });
 }
 
-// The rule in the plainest words, with its loops.
+// The rule, implemented as literally as possible.
 Order shuffled_by_the_rule(std::size_t count, std::uint32_t seed)
 {
     Order order(count);
@@ -69,15 +69,15 @@ TEST(Shuffle, FollowsTheRuleForManySeeds)
         EXPECT_EQ(shuffled(3000, seed * 0x9E3779B9u), shuffled_by_the_rule(3000, seed * 0x9E3779B9u));
 }
 
-// In a full Book a draw is refused now and then.
-TEST(Shuffle, FollowsTheRuleWhereDrawsAreRefused)
+// In a full Book some draws are rejected.
+TEST(Shuffle, FollowsTheRuleWhereDrawsAreRejected)
 {
     for (std::uint32_t seed = 0xFFFFFFF8; seed != 0; ++seed)
         EXPECT_EQ(shuffled(book::page_limit, seed), shuffled_by_the_rule(book::page_limit, seed));
 }
 
-// Where n divides the range of a draw even its last numbers are taken. This seed draws one of them.
-TEST(Shuffle, RefusesNoDrawWhereTheRangeIsDividedEvenly)
+// If n divides the range of a draw, even its largest numbers are accepted. This seed draws one of them.
+TEST(Shuffle, RejectsNoDrawWhereTheRangeIsDividedEvenly)
 {
     EXPECT_EQ(shuffled(32768, 6585), shuffled_by_the_rule(32768, 6585));
 }

@@ -48,12 +48,12 @@ TEST(SliderTrack, OfAClientTooSmallForItHasNoWidth)
     EXPECT_EQ(ovlib::slider_track({ 0, 0 }).height(), 13);
 }
 
-TEST(SliderThumb, StandsAroundItsPlaceAndHigherThanTheTrack)
+TEST(SliderThumb, IsCentredOnItsPositionAndHigherThanTheTrack)
 {
     EXPECT_EQ(ovlib::slider_thumb({ 8, 7, 208, 20 }, 108), (Rect{ 103, 3, 113, 22 }));
 }
 
-TEST(SliderThumb, OfAnEmptyRangeStandsAtTheLeftEndOfTheTrack)
+TEST(SliderThumb, OfAnEmptyRangeIsAtTheLeftEndOfTheTrack)
 {
     const SliderModel slider = slider_at(0, 0);
     EXPECT_EQ(ovlib::value_to_x(slider), slider.track.left);
@@ -68,14 +68,14 @@ TEST(SliderMapping, RoundsTheValueToTheNearestPixel)
     EXPECT_EQ(ovlib::value_to_x(slider_at(1, 400)), 9) << "a half goes up";
 }
 
-TEST(SliderMapping, KeepsTheThumbsPlaceInsideTheTrack)
+TEST(SliderMapping, KeepsTheThumbInsideTheTrack)
 {
     EXPECT_EQ(ovlib::value_to_x(slider_at(100)), 207);
     EXPECT_EQ(ovlib::value_to_x(slider_at(500)), 207);
     EXPECT_EQ(ovlib::value_to_x(slider_at(-500)), 8);
 }
 
-TEST(SliderMapping, TakesTheNearestValueOfAPlace)
+TEST(SliderMapping, RoundsAPositionToTheNearestValue)
 {
     const SliderModel slider = slider_at(0);
     EXPECT_EQ(ovlib::x_to_value(slider, 8), 0);
@@ -86,7 +86,7 @@ TEST(SliderMapping, TakesTheNearestValueOfAPlace)
     EXPECT_EQ(ovlib::x_to_value(slider, 5000), 100);
 }
 
-TEST(SliderMapping, GoesThereAndBackWherePixelsSuffice)
+TEST(SliderMapping, RoundTripsWherePixelsSuffice)
 {
     for (std::int32_t value = 0; value < 100; ++value) {
         const SliderModel slider = slider_at(value);
@@ -102,7 +102,7 @@ TEST(SliderMapping, OfATrackWithoutWidthIsItsStart)
     EXPECT_EQ(ovlib::value_to_x(slider), 10);
 }
 
-TEST(SliderMapping, BearsATrackTurnedInsideOutAndTheLargestRange)
+TEST(SliderMapping, HandlesAnInvertedTrackAndTheLargestRange)
 {
     SliderModel slider = slider_at(50);
     slider.track = { 48, 0, 20, 13 };
@@ -115,7 +115,7 @@ TEST(SliderMapping, BearsATrackTurnedInsideOutAndTheLargestRange)
     EXPECT_EQ(ovlib::x_to_value(slider, 8), 0);
 }
 
-TEST(SliderMapping, DoesNotTakeTheMinimumOffTheValue)
+TEST(SliderMapping, DoesNotSubtractTheMinimum)
 {
     SliderModel slider = slider_at(50);
     slider.min = 20;
@@ -157,7 +157,7 @@ TEST(SliderPress, OnTheThumbTracks)
     EXPECT_FALSE(slider.captured);
 }
 
-TEST(SliderPress, OnTheTrackGoesStraightToThePlaceAndTellsAPage)
+TEST(SliderPress, OnTheTrackGoesStraightToThePositionAndNotifiesAPage)
 {
     SliderModel slider = slider_at(50);
     EXPECT_EQ(ovlib::press_slider(slider, SliderPart::track, 20), (SliderNotice{ SliderCode::page_up, 0 }));
@@ -168,7 +168,7 @@ TEST(SliderPress, OnTheTrackGoesStraightToThePlaceAndTellsAPage)
     EXPECT_EQ(slider.value, 70);
 }
 
-TEST(SliderPress, BesideBothEndsAPressAndTellsNothing)
+TEST(SliderPress, OutsideBothEndsAPressAndNotifiesNothing)
 {
     SliderModel slider = slider_at(50);
     slider.pressed = true;
@@ -193,14 +193,14 @@ TEST(SliderDrag, BeginsOnlyWhileTheButtonIsDown)
     slider.pressed = true;
     EXPECT_TRUE(ovlib::begin_slider_drag(slider, true));
     EXPECT_TRUE(slider.captured && slider.pressed);
-    EXPECT_FALSE(ovlib::begin_slider_drag(slider, true)) << "has the mouse already";
+    EXPECT_FALSE(ovlib::begin_slider_drag(slider, true)) << "already captured";
     slider.captured = false;
-    EXPECT_FALSE(ovlib::begin_slider_drag(slider, false)) << "came up while the parent asked a question";
+    EXPECT_FALSE(ovlib::begin_slider_drag(slider, false)) << "released while the parent asked a question";
     EXPECT_FALSE(slider.captured || slider.pressed);
     EXPECT_FALSE(ovlib::begin_slider_drag(slider, true)) << "the parent ended the press";
 }
 
-TEST(SliderDrag, TellsOnlyOfChanges)
+TEST(SliderDrag, NotifiesOnlyChanges)
 {
     SliderModel slider = slider_at(50);
     EXPECT_FALSE(ovlib::drag_slider(slider, 50));
@@ -209,7 +209,7 @@ TEST(SliderDrag, TellsOnlyOfChanges)
     EXPECT_FALSE(ovlib::drag_slider(slider, 5000));
 }
 
-TEST(SliderDrag, EndsOnceByWhicheverSignComesFirst)
+TEST(SliderDrag, EndsOnceByTheFirstMessageThatEndsIt)
 {
     SliderModel slider = slider_at(50);
     slider.pressed = slider.captured = true;
@@ -232,7 +232,7 @@ TEST(SliderPicture, TheBarIsShadedFromItsMiddle)
     EXPECT_EQ(bar[6], row(15, fill.shade(-90)));
 }
 
-TEST(SliderPicture, WithoutAFillThereIsNoBarAndTheThumbTakesTheGround)
+TEST(SliderPicture, WithoutAFillThereIsNoBarAndTheThumbTakesTheBackground)
 {
     SliderModel slider = slider_at(50);
     slider.fill = Color{};
@@ -245,7 +245,7 @@ TEST(SliderPicture, WithoutAFillThereIsNoBarAndTheThumbTakesTheGround)
     EXPECT_EQ(ovlib::thumb_color(slider), back);
 }
 
-TEST(SliderPicture, AFrameStandsAroundTheTrack)
+TEST(SliderPicture, AFrameSurroundsTheTrack)
 {
     const auto frame = ovlib::slider_frame(slider_at(50));
     EXPECT_EQ(frame[0], (Stroke{ { Point{ 7, 20 }, Point{ 7, 6 }, Point{ 208, 6 } }, back.shade(-100) }));

@@ -37,7 +37,7 @@ TEST(StatusParts, ThePageNumberIsLargerThanTheCount)
             { L"3", value, SharedFont::ui_11_bold, 0 }, { L"/8", label, SharedFont::ui_8_bold, 3 } }));
 }
 
-TEST(StatusParts, ThePageNumberIsAPlaceInDisplayOrder)
+TEST(StatusParts, ThePageNumberIsAPositionInDisplayOrder)
 {
     book::Book book = book_of(3);
     book.order = { 2, 1, 0 };
@@ -45,7 +45,7 @@ TEST(StatusParts, ThePageNumberIsAPlaceInDisplayOrder)
     EXPECT_EQ(status_part(book, 0).runs[0].text, L"1");
 }
 
-TEST(StatusParts, MarksHaveTheirShare)
+TEST(StatusParts, MarksHaveAPercentage)
 {
     book::Book book = book_of(8);
     book.mark_count = 3;
@@ -59,7 +59,7 @@ TEST(StatusParts, MarksHaveTheirShare)
     EXPECT_EQ(part.runs[0].top, 2);
 }
 
-TEST(StatusParts, TheShareHasOneDecimal)
+TEST(StatusParts, ThePercentageHasOneDecimal)
 {
     book::Book book = book_of(3);
     EXPECT_EQ(status_part(book, 1).runs[1].text, L" [0.0%]");
@@ -88,7 +88,7 @@ TEST(StatusParts, DatesAreReadable)
             { L"    modified ", label }, { L"2025.11.12 13:14:15", value } }));
 }
 
-TEST(StatusParts, AStampWithoutTwoWholeDatesShowsNone)
+TEST(StatusParts, AStampWithoutTwoCompleteDatesShowsNone)
 {
     book::Book book = book_of(1);
     const std::wstring whole = book.pages[0].stamp;
@@ -118,7 +118,7 @@ TEST(StatusParts, OfAnEmptyBookHaveOnlyThePath)
     EXPECT_EQ(status_part(book, 4).runs.size(), 1u);
 }
 
-TEST(StatusParts, WithoutACurrentPageTellOnlyTheCounts)
+TEST(StatusParts, WithoutACurrentPageShowOnlyTheCounts)
 {
     book::Book book = book_of(2);
     book.header.position = 2;

@@ -34,7 +34,7 @@ std::vector<TabItem> items_at(std::vector<Rect> rects)
     return items;
 }
 
-// Built from units: where wchar_t has 32 bits a literal would hold no pair.
+// Built from units: where wchar_t has 32 bits, a literal would contain no surrogate pair.
 std::wstring emoji(int count)
 {
     std::wstring text;
@@ -48,13 +48,13 @@ TEST(TabRects, OfOneTabAreTwoHundredWide)
     EXPECT_EQ(look::tab_rects(1, strip), (std::vector<Rect>{ { 0, 0, 200, 24 } }));
 }
 
-TEST(TabRects, OfOneTabFillANarrowStripButForTwoPixels)
+TEST(TabRects, OfOneTabFillANarrowStripExceptForTwoPixels)
 {
     EXPECT_EQ(look::tab_rects(1, { 150, 24 }), (std::vector<Rect>{ { 0, 0, 148, 24 } }));
     EXPECT_EQ(look::tab_rects(1, { 40, 24 }), (std::vector<Rect>{ { 0, 0, 80, 24 } }));
 }
 
-TEST(TabRects, StandSideBySideWhileThereIsRoom)
+TEST(TabRects, AreSideBySideWhileThereIsRoom)
 {
     EXPECT_EQ(look::tab_rects(3, strip),
         (std::vector<Rect>{ { 0, 0, 200, 24 }, { 200, 0, 400, 24 }, { 400, 0, 600, 24 } }));
@@ -65,7 +65,7 @@ TEST(TabRects, ShareTheStripAndEndAtItsRight)
     const auto rects = look::tab_rects(7, strip);
     for (const Rect& rect : rects)
         EXPECT_EQ(rect.width(), 142);
-    EXPECT_EQ(rects[1].left, 142); // 856 / 6, cut off
+    EXPECT_EQ(rects[1].left, 142); // 856 / 6, truncated
     EXPECT_EQ(rects[3].left, 428);
     EXPECT_NEAR(rects.back().right, 998, 1);
 }
@@ -83,7 +83,7 @@ TEST(TabRects, OfAHundredTabsInFiveHundredPixelsOverlap)
     EXPECT_NEAR(rects.back().right, 498, 1);
 }
 
-TEST(TabRects, HoldTheGreatestNumberOfTabs)
+TEST(TabRects, CanHoldTheLargestNumberOfTabs)
 {
     const auto rects = look::tab_rects(256, { 1380, 24 });
     ASSERT_EQ(rects.size(), 256u);
@@ -98,7 +98,7 @@ TEST(TabRects, AreNoneWithoutTabs)
     EXPECT_TRUE(look::tab_rects(0, strip).empty());
 }
 
-TEST(TabRects, OfAStripWithoutWidthDoNoHarm)
+TEST(TabRects, AreHarmlessInAStripWithoutWidth)
 {
     EXPECT_EQ(look::tab_rects(256, { 0, 0 }).size(), 256u);
 }
@@ -142,7 +142,7 @@ TEST(TabHit, PrefersTheLaterOfTwoTabs)
     EXPECT_EQ(look::tab_at(items, { 0, 0 }), 1u);
 }
 
-TEST(TabHit, FindsNothingBesideTheTabs)
+TEST(TabHit, FindsNothingOutsideTheTabs)
 {
     const auto items = items_at({ { 0, 0, 80, 24 } });
     EXPECT_EQ(look::tab_at(items, { 80, 5 }), 0u);
@@ -173,7 +173,7 @@ TEST(TabItems, ComeFromTheTabbedPagesInStoredOrder)
     EXPECT_EQ(book.pages[3].tab_number, 2u);
 }
 
-TEST(TabItems, KnowNoCurrentTabOnAPageWithoutOne)
+TEST(TabItems, HaveNoCurrentTabOnAPageWithoutOne)
 {
     book::Book book = book_with_tabs({ 0, 1 });
     EXPECT_EQ(look::make_tabs(book, strip).current_tab, 0u);
@@ -207,7 +207,7 @@ TEST(TabItems, AreNoneInABookWithoutTabs)
     EXPECT_TRUE(look::make_tabs(book, strip).items.empty());
 }
 
-TEST(TabItems, StopAtTheGreatestNumberOfTabs)
+TEST(TabItems, StopAtTheLargestNumberOfTabs)
 {
     book::Book book;
     book.pages.resize(300);
@@ -264,7 +264,7 @@ TEST(TabShape, IsEdgedAlongTheTopWhenHotAndAlongTheRightOtherwise)
     EXPECT_EQ(look::tab_edge(outline, false), (std::vector<Point>{ { 205, 0 }, { 209, 4 }, { 209, 24 } }));
 }
 
-TEST(TabShape, HasItsCaptionOnTheMidLine)
+TEST(TabShape, HasItsCaptionVerticallyCentred)
 {
     EXPECT_EQ(look::tab_caption_rect({ 10, 0, 210, 24 }, 14), (Rect{ 14, 5, 208, 19 }));
 }

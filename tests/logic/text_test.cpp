@@ -100,8 +100,6 @@ TEST(TimeText, GivesFourteenDigitsForNow)
     EXPECT_LE(first, book::current_time_text());
 }
 
-// ---- UTF-8 --------------------------------------------------------------------------------------------
-
 TEST(TwoDigits, PadsWithAZero)
 {
     EXPECT_EQ(platform::two_digits(0), L"00");
@@ -119,7 +117,7 @@ TEST(Utf8, WritesEveryLengthOfASequence)
     EXPECT_EQ(platform::to_utf8(std::wstring{ wchar_t{ 0xDBFF }, wchar_t{ 0xDFFF } }), "\xF4\x8F\xBF\xBF");
 }
 
-TEST(Utf8, CarriesLoneSurrogatesAsThreeBytes)
+TEST(Utf8, EncodesLoneSurrogatesAsThreeBytes)
 {
     const std::wstring text{ wchar_t{ 0xDFB7 }, L'x', wchar_t{ 0xD842 }, wchar_t{ 0xD842 }, wchar_t{ 0xDFB7 },
         wchar_t{ 0xD842 } };
@@ -128,7 +126,7 @@ TEST(Utf8, CarriesLoneSurrogatesAsThreeBytes)
     EXPECT_EQ(platform::from_utf8(bytes), text);
 }
 
-TEST(Utf8, CarriesAnyUnitsThereAndBack)
+TEST(Utf8, RoundTripsAnyUnits)
 {
     std::mt19937 random(11);
     for (int round = 0; round < 2000; ++round) {
@@ -150,7 +148,7 @@ TEST(Utf8, ReadsMalformedBytesAsReplacementCharacters)
     EXPECT_EQ(platform::from_utf8("\xF8\xFF\xFE"), bad + bad + bad);
 }
 
-TEST(Utf8, TakesABrokenOffSequenceForOne)
+TEST(Utf8, TreatsATruncatedSequenceAsOneCharacter)
 {
     const std::wstring bad = L"\uFFFD";
     EXPECT_EQ(platform::from_utf8("\xC3"), bad);
@@ -160,8 +158,6 @@ TEST(Utf8, TakesABrokenOffSequenceForOne)
     EXPECT_EQ(platform::from_utf8("\xE3\x81\xE3\x81\x82"), bad + L"\u3042");
 }
 
-// ---- numbers for the user -----------------------------------------------------------------------------
-
 std::wstring digits_of(const std::wstring& text)
 {
     std::wstring digits;
@@ -170,7 +166,7 @@ std::wstring digits_of(const std::wstring& text)
     return digits;
 }
 
-TEST(GroupedNumber, HoldsTheDigitsWhateverTheGrouping)
+TEST(GroupedNumber, KeepsTheDigitsWhateverTheGrouping)
 {
     for (const std::uint64_t number : { std::uint64_t{ 0 }, std::uint64_t{ 999 }, std::uint64_t{ 1000 },
              std::uint64_t{ 100000 }, static_cast<std::uint64_t>(-1) }) {

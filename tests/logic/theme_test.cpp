@@ -88,12 +88,12 @@ TEST(Theme, GivesEveryColourOfEveryTable)
     }
 }
 
-TEST(Theme, HasNoColourBesideTheTable)
+TEST(Theme, HasNoColourOutsideTheTable)
 {
     EXPECT_EQ(sizeof(ThemePalette), sizeof(std::int32_t) + std::size(rows) * sizeof(Color));
 }
 
-TEST(Theme, TellsItsIdentifier)
+TEST(Theme, ReportsItsIdentifier)
 {
     for (std::int32_t identifier = 6000; identifier <= 6005; ++identifier) {
         EXPECT_EQ(look::theme_colors(identifier).current_theme, identifier);
@@ -140,7 +140,7 @@ TEST(Theme, DrawsLinesLighterInDarkAndDarkerElsewhere)
     }
 }
 
-// Each number with the value it was set to.
+// Each attribute number with the value it was set to.
 using Attributes = std::map<std::uint32_t, std::uint32_t>;
 
 Attributes frame_of(Color caption, bool system_takes_colors)
@@ -154,7 +154,7 @@ Attributes frame_of(Color caption, bool system_takes_colors)
     return set;
 }
 
-TEST(Frame, HasATextThatReadsOnItsColour)
+TEST(Frame, HasATextReadableOnItsColour)
 {
     EXPECT_EQ(frame_of(Color{ 0x555050 }, true), (Attributes{ { 35, 0x555050 }, { 36, 0xFFFFFF } }));
     EXPECT_EQ(frame_of(Color{ 0xC4E6A2 }, true), (Attributes{ { 35, 0xC4E6A2 }, { 36, 0x000000 } }));
@@ -166,7 +166,7 @@ TEST(Frame, IsTheDarkOneOfASystemThatTakesNoColourWhenItsColourIsDark)
     EXPECT_EQ(frame_of(Color{ 0xFFC4B7 }, false), (Attributes{ { 35, 0xFFC4B7 }, { 20, 0 } }));
 }
 
-TEST(Frame, ReadsInEveryTheme)
+TEST(Frame, IsReadableInEveryTheme)
 {
     for (std::int32_t identifier = 6000; identifier <= 6005; ++identifier) {
         const Color caption = look::theme_colors(identifier).caption;
@@ -175,7 +175,7 @@ TEST(Frame, ReadsInEveryTheme)
     }
 }
 
-TEST(Theme, LeavesThePaletteWhenColoursAreOnlyAskedFor)
+TEST(Theme, KeepsThePaletteWhenColoursAreOnlyQueried)
 {
     look::load_theme(6001);
     look::theme_colors(6003);

@@ -1,4 +1,4 @@
-// The palette is read by the thread of an animation too, which holds the drawing lock while it does.
+// The thread of an animation reads the palette too, and holds the drawing lock meanwhile.
 #include "core/locks.hpp"
 #include "look/theme.hpp"
 #include <atomic>
@@ -17,7 +17,7 @@ bool is_whole(const ThemePalette& seen)
     return std::memcmp(&seen, &expected, sizeof seen) == 0;
 }
 
-// Copied colour by colour, as a drawing reads them.
+// Copies the palette colour by colour, as drawing code reads it.
 ThemePalette palette_read_slowly()
 {
     ThemePalette copy;

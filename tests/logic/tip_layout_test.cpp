@@ -1,4 +1,4 @@
-// Size and place of a tip.
+// Size and position of a tip.
 #include "controls/tip_layout.hpp"
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ TEST(TipLayout, HasItsTextEightFromTheLeftAndFourFromTheTop)
     EXPECT_EQ(ovlib::tip_text_rect({ 116, 22 }), (Rect{ 8, 4, 108, 18 }));
 }
 
-TEST(TipLayout, StandsWhereItIsWantedUpToTheLimit)
+TEST(TipLayout, IsAtTheWantedPositionUpToTheLimit)
 {
     EXPECT_EQ(ovlib::tip_place({ 10, 20 }, { 116, 22 }, 500), (Point{ 10, 20 }));
     EXPECT_EQ(ovlib::tip_place({ 384, 20 }, { 116, 22 }, 500), (Point{ 384, 20 }));

@@ -1,4 +1,4 @@
-// Which turns of a mouse wheel make a step.
+// The turns of a mouse wheel that make a step.
 #include "controls/wheel_steps.hpp"
 #include <gtest/gtest.h>
 #include <limits>
@@ -11,7 +11,7 @@ using Steps = std::vector<int>;
 
 constexpr std::uint32_t between = 10; // milliseconds from one turn to the next
 
-// The answers to turns that follow one another closely.
+// The steps for turns in quick succession.
 Steps steps_of(const std::vector<int>& deltas)
 {
     WheelSteps wheel;
@@ -46,13 +46,13 @@ TEST(WheelSteps, EachTurnOfOneIsCounted)
         EXPECT_EQ(steps[i], (i + 1) % 120 == 0 ? -1 : 0) << i;
 }
 
-TEST(WheelSteps, WhatIsOverANotchCountsForTheNextStep)
+TEST(WheelSteps, TheRemainderCountsForTheNextStep)
 {
     EXPECT_EQ(steps_of({ 100, 100, 39, 1 }), (Steps{ 0, 1, 0, 1 }));
     EXPECT_EQ(steps_of({ -70, -70, -70, -30 }), (Steps{ 0, -1, 0, -1 }));
 }
 
-TEST(WheelSteps, AChangeOfDirectionBeginsAnew)
+TEST(WheelSteps, AChangeOfDirectionDiscardsTheSum)
 {
     EXPECT_EQ(steps_of({ 100, -30, 100, 20 }), (Steps{ 0, 0, 0, 1 }));
     EXPECT_EQ(steps_of({ 100, -100, -20 }), (Steps{ 0, 0, -1 }));
@@ -64,12 +64,12 @@ TEST(WheelSteps, ANotchEndsTheSum)
     EXPECT_EQ(steps_of({ 100, -120, 20, 100 }), (Steps{ 0, -1, 0, 1 }));
 }
 
-TEST(WheelSteps, ATurnByNothingChangesNothing)
+TEST(WheelSteps, ATurnOfZeroChangesNothing)
 {
     EXPECT_EQ(steps_of({ 0, 60, 0, 60 }), (Steps{ 0, 0, 0, 1 }));
 }
 
-TEST(WheelSteps, APauseBeginsAnew)
+TEST(WheelSteps, APauseDiscardsTheSum)
 {
     WheelSteps wheel;
     EXPECT_EQ(wheel.turn(60, 1000), 0);
@@ -87,7 +87,7 @@ TEST(WheelSteps, APauseCountsFromTheLastTurn)
     EXPECT_EQ(wheel.turn(40, 1800), 1);
 }
 
-TEST(WheelSteps, GoOnWhereTheClockStartsAgain)
+TEST(WheelSteps, ContinueWhenTheClockWrapsAround)
 {
     WheelSteps wheel;
     EXPECT_EQ(wheel.turn(60, std::numeric_limits<std::uint32_t>::max() - 5), 0);

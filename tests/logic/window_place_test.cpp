@@ -1,4 +1,4 @@
-// Where top-level windows come up.
+// Initial positions of top-level windows.
 #include "controls/window_place.hpp"
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ using platform::Rect;
 constexpr Rect bar_on_top{ 0, 30, 1280, 720 };
 constexpr Rect second_screen{ -1366, 100, 0, 868 };
 
-TEST(WindowPlace, InTheMiddleLeavesTheSameRoomOnBothSides)
+TEST(WindowPlace, CentredLeavesTheSameRoomOnBothSides)
 {
     EXPECT_EQ(centered({ 500, 400 }, { 0, 0, 1600, 1000 }), (Rect{ 550, 300, 1050, 700 }));
     EXPECT_EQ(centered({ 100, 50 }, { 200, 300, 400, 380 }), (Rect{ 250, 315, 350, 365 }));
@@ -24,7 +24,7 @@ TEST(WindowPlace, InTheWorkAreaStaysAsItIs)
         EXPECT_EQ(brought_into_view(inside, bar_on_top), inside);
 }
 
-TEST(WindowPlace, BeyondAnEdgeIsMovedWholeIntoTheWorkArea)
+TEST(WindowPlace, BeyondAnEdgeIsMovedCompletelyIntoTheWorkArea)
 {
     EXPECT_EQ(brought_into_view({ -20, 0, 180, 100 }, bar_on_top), (Rect{ 0, 30, 200, 130 }));
     EXPECT_EQ(brought_into_view({ 1200, 700, 1400, 800 }, bar_on_top), (Rect{ 1080, 620, 1280, 720 }));
@@ -32,7 +32,7 @@ TEST(WindowPlace, BeyondAnEdgeIsMovedWholeIntoTheWorkArea)
     EXPECT_EQ(brought_into_view({ -100, 800, 100, 900 }, second_screen), (Rect{ -200, 768, 0, 868 }));
 }
 
-TEST(WindowPlace, LargerThanTheWorkAreaBeginsAtItsUpperLeftCorner)
+TEST(WindowPlace, LargerThanTheWorkAreaStartsAtItsUpperLeftCorner)
 {
     constexpr platform::Size main_window{ 1380, 854 };
     for (const Rect& area : { Rect{ 0, 0, 1280, 720 }, Rect{ 0, 0, 1366, 768 }, bar_on_top, second_screen }) {
