@@ -1,4 +1,4 @@
-// Books as the text of their files, and a Book to load them into.
+// Book files as text, and a Book to load them into.
 #pragma once
 #include "book/book.hpp"
 #include "book/book_file.hpp"
@@ -22,7 +22,7 @@ inline std::wstring header_lines(const book::BookHeader& header = {})
     return marker + std::wstring(digits.begin(), digits.end()) + L"\r\n" + marker;
 }
 
-// The fields of a page as they stand in a file, each closed.
+// The fields of a page as in a file, each with its separator line.
 inline std::wstring page_lines(const std::vector<std::wstring>& fields)
 {
     std::wstring text;
@@ -36,7 +36,7 @@ inline std::wstring page_of_box1(const std::wstring& text)
     return page_lines({ text, L"", L"", L"", L"", numbers });
 }
 
-// Answers every question alike and remembers them.
+// Gives every question the same answer and records the questions.
 struct Asker {
     bool answer = false;
     std::vector<std::wstring> questions;
@@ -63,7 +63,7 @@ protected:
         EXPECT_TRUE(book.save_to(file));
         return read_text(file);
     }
-    // The page that the fields of the file give; no numbers line is added.
+    // Loads a page with these fields; adds no numbers line.
     const Page& loaded_page(const std::vector<std::wstring>& fields)
     {
         EXPECT_TRUE(load(header_lines() + page_lines(fields)));

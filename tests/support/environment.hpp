@@ -1,5 +1,5 @@
-// What the environment tells the tests: numbers that make them go on for longer than the usual run allows,
-// and the name of the run, which keeps runs apart that share a build folder.
+// Environment variables of the tests: numbers that make them run longer than usual, and the name of the run,
+// which separates runs that share a build folder.
 #pragma once
 #include <cstdlib>
 #include <string>

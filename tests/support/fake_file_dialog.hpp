@@ -1,4 +1,4 @@
-// A file dialog of the shell that answers as a test says, for what the real one never does on order.
+// A fake of the shell's file dialog, for results that the real one cannot be made to return.
 #pragma once
 #include <array>
 #include <cwchar>
@@ -12,7 +12,7 @@
 
 namespace gui {
 
-// What each step answers. The objects live on the test's stack and count nothing.
+// The result of each step. The objects are on the test's stack and are not reference counted.
 struct FakeAnswers {
     HRESULT show = S_OK;
     HRESULT query_open_dialog = S_OK;

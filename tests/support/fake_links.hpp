@@ -1,4 +1,4 @@
-// A file system, a store of links and their names, all in memory.
+// A file system, a link store and link names in memory.
 #pragma once
 #include "media/file_links.hpp"
 #include <map>
@@ -16,7 +16,7 @@ public:
         asked.push_back(path);
         return present.contains(path);
     }
-    // Only a path with a drive is full.
+    // Only a path with a drive is absolute.
     std::wstring absolute(const std::wstring& path) override
     {
         const bool is_full = path.size() > 1 && path[1] == L':';

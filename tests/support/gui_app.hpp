@@ -1,4 +1,4 @@
-// The main window in the test's own process, on a data root of its own.
+// The main window in the test's process, with its own data root.
 #pragma once
 #include "app/wnd/appwnd.hpp"
 #include "book/history_list.hpp"
@@ -19,14 +19,14 @@
 
 namespace gui {
 
-// A message box that was met and answered.
+// A message box that was shown and answered.
 struct MetBox {
     std::wstring caption;
     std::wstring text;
     HICON icon = nullptr;
 };
 
-// The picture beside the text; null for none.
+// The icon beside the text, or null.
 inline HICON box_icon(HWND dialog)
 {
     HWND child = nullptr;
@@ -37,7 +37,7 @@ inline HICON box_icon(HWND dialog)
     return nullptr;
 }
 
-// Keeps a file from being written while it lives. The attribute alone does not stop a privileged user.
+// Makes a file unwritable during its lifetime. The read-only attribute alone does not stop a privileged user.
 class Unwritable {
 public:
     explicit Unwritable(std::wstring file)
@@ -95,7 +95,7 @@ protected:
     {
         close();
         core::settings() = {};
-        // The current directory must not lie in a folder that goes.
+        // The current directory must not be in the temporary folder, which is deleted next.
         SetCurrentDirectoryW(L"C:\\");
     }
 
@@ -140,7 +140,7 @@ protected:
         window_ = std::make_unique<app::AppWnd>();
         return window_->create(core::program_name);
     }
-    // Writes `book`, puts it into the history and opens the window on it.
+    // Saves `book`, adds it to the history and opens the window with it.
     void open(book::Book book)
     {
         ASSERT_TRUE(book.save_to(file(L"手帖.bok")));
@@ -153,14 +153,14 @@ protected:
     {
         if (window_ && window_->hwnd())
             window_->send(WM_CLOSE, 0, 0);
-        // Some systems leave the windows that a refused one owned.
+        // If the main window refuses its creation, some systems do not destroy the windows that it owns.
         if (window_)
             window_->destroy_children();
         take_quit();
         window_.reset();
     }
 
-    // Ends the window without closing it: nothing is stopped or saved on the way.
+    // Destroys the window without closing it, so nothing is stopped or saved.
     void abandon()
     {
         DestroyWindow(window_->hwnd());
@@ -182,7 +182,7 @@ protected:
     }
     bool is_modified(int id) const { return SendMessageW(box(id), EM_GETMODIFY, 0, 0) != 0; }
 
-    // Runs `action`, which must show boxes one after another, and presses `buttons` in them in turn.
+    // Runs `action`, which must show one box per entry of `buttons`, and presses those buttons.
     static std::vector<MetBox> answered_all(
         const std::vector<int>& buttons, const std::function<void()>& action,
         const std::function<void()>& meanwhile = [] {})

@@ -1,4 +1,4 @@
-// The main window's controls, found as a test needs them.
+// Access to the main window's controls.
 #pragma once
 #include "look/wnd/image_button.hpp"
 #include "look/wnd/my_check_box.hpp"
@@ -14,7 +14,7 @@ namespace gui {
 
 class AppControls : public AppWindow {
 protected:
-    // The main window's control of this class; there is one.
+    // The only control of this class in the main window.
     template <class Control> Control& the() const
     {
         for (ovlib::Wnd* wnd = ovlib::Wnd::first(); wnd; wnd = wnd->next()) {
@@ -31,7 +31,7 @@ protected:
     look::MyCheckBox& check(int id) const { return control<look::MyCheckBox>(id); }
     look::ImageButton& button(int id) const { return control<look::ImageButton>(id); }
 
-    // As the button itself does when it was clicked.
+    // Clicks the button by message.
     void click(int id) { SendMessageW(box(id), BM_CLICK, 0, 0); }
 
     platform::Rect place_of(HWND hwnd)
@@ -53,7 +53,7 @@ protected:
         return size.cx;
     }
 
-    // The user drags the slider to a value, or presses its track there.
+    // Sends what the slider sends when the user drags it to a value or presses its track there.
     void slide(int code, std::int32_t value)
     {
         look::MySlider& slider = the<look::MySlider>();

@@ -1,4 +1,4 @@
-// Drawn buttons: a parent that routes their painting, and items served by hand.
+// Drawn buttons: a parent that routes their painting, and draw items made by a test.
 #pragma once
 #include <algorithm>
 #include <vector>
@@ -10,7 +10,7 @@
 
 namespace gui {
 
-// A parent that routes WM_DRAWITEM and notes what buttons tell.
+// A parent that routes WM_DRAWITEM and records the notifications of buttons.
 class ButtonHost : public TopWnd {
 public:
     struct Notice {
@@ -34,7 +34,7 @@ public:
     std::vector<Notice> notices;
 };
 
-// Counts what it is asked to do.
+// Counts calls.
 template <class Base> class Counted : public Base {
 public:
     using Base::Base;
@@ -58,7 +58,7 @@ public:
 
 inline constexpr ovlib::Color untouched{ 0xFF00FF };
 
-// A surface wider than the item by `margin` on the right and below, where nothing may be painted.
+// A surface larger than the item by `margin` at the right and bottom, where nothing may be painted.
 class ItemCanvas {
 public:
     static constexpr int margin = 8;
@@ -95,7 +95,7 @@ private:
     SIZE size_;
 };
 
-// How many pixels of a rectangle have this colour.
+// The number of pixels of this colour in a rectangle.
 inline int count_pixels_in(const ovlib::BaseImage& image, ovlib::Color color, const RECT& rect)
 {
     int count = 0;
@@ -106,7 +106,7 @@ inline int count_pixels_in(const ovlib::BaseImage& image, ovlib::Color color, co
     return count;
 }
 
-// True when two images of one size are equal in every pixel.
+// Whether two images of the same size are equal in every pixel.
 inline bool same_pictures(const ovlib::BaseImage& one, const ovlib::BaseImage& other)
 {
     if (one.width != other.width || one.height != other.height)
@@ -120,7 +120,7 @@ inline bool same_pictures(const ovlib::BaseImage& one, const ovlib::BaseImage& o
     return true;
 }
 
-// Of the text's own colour in every pixel, so that a test can look for it.
+// A font without smoothing, so that a test finds the exact text colour.
 inline HFONT plain_font(int height = 14)
 {
     return CreateFontW(-height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,

@@ -1,12 +1,12 @@
-// Watches what this process asks of the system: imported functions and messages on their way to windows.
+// Watches calls of imported functions and messages to windows in this process.
 #pragma once
 #include <map>
 #include <windows.h>
 
 namespace gui {
 
-// While it lives, calls of an imported function go to `replacement`. `slot` is the import itself, which the
-// linker names after the function:  extern "C" void* __imp_Name;
+// During its lifetime, calls of an imported function go to `replacement`. `slot` is the import's address,
+// which the linker names after the function:  extern "C" void* __imp_Name;
 template <class Function> class ReplacedImport {
 public:
     ReplacedImport(void** slot, Function* replacement)
@@ -34,7 +34,7 @@ private:
     Function* original_;
 };
 
-// Counts one message for every window of this thread, those of the system's own classes included.
+// Counts one message for every window of this thread, including those of the system's classes.
 class MessageCount {
 public:
     explicit MessageCount(UINT message)

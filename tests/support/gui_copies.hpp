@@ -1,4 +1,4 @@
-// Counts what a drawn control does to a device context: a metafile keeps every call in its order.
+// Records a drawn control's calls on a device context with a metafile, which keeps them in order.
 #pragma once
 #include <algorithm>
 #include <string>
@@ -26,7 +26,7 @@ public:
         DeleteEnhMetaFile(file);
     }
 
-    // Only what leaves marks: "c" for a copied picture, "t" for a text, "?" for anything else.
+    // One letter per drawing call: "c" for a copied picture, "t" for a text, "?" for anything else.
     const std::string& marks() const { return marks_; }
 
 private:
@@ -37,7 +37,7 @@ private:
     }
     void add(DWORD type)
     {
-        // State, selections and frame of the file.
+        // Records that draw nothing: state, selections and the metafile's own.
         static constexpr DWORD silent[] = { EMR_HEADER, EMR_EOF, EMR_SAVEDC, EMR_RESTOREDC,
             EMR_INTERSECTCLIPRECT, EMR_EXTSELECTCLIPRGN, EMR_SETBKMODE, EMR_SETTEXTCOLOR, EMR_SETBKCOLOR,
             EMR_SETTEXTALIGN, EMR_MOVETOEX, EMR_EXTCREATEFONTINDIRECTW, EMR_SELECTOBJECT, EMR_DELETEOBJECT };

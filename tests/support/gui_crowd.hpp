@@ -1,5 +1,5 @@
-// Counts of handles are not told everywhere, but what the system can give is limited: with nearly all of it
-// taken, whatever keeps even one handle a round soon finds no more.
+// Finds handle leaks where the system cannot count handles: with nearly all of them taken, code that leaks
+// one handle per round soon gets no more.
 #pragma once
 #include "ovlib/gui/dc.hpp"
 #include "tests/support/gui_window.hpp"
@@ -14,7 +14,7 @@ namespace gui {
 
 inline constexpr int crowd_room = 2'000; // left free
 
-// Takes all GDI handles that the system will give but `room`.
+// Takes all available GDI handles except `room`.
 class GdiCrowd {
 public:
     explicit GdiCrowd(std::size_t room = crowd_room)
@@ -55,7 +55,7 @@ private:
     std::vector<HMENU> held_;
 };
 
-// One of each kind can still be made, many times over.
+// Expects that a handle of each kind can still be created many times.
 inline void expect_handles_to_spare(int count = crowd_room / 10)
 {
     std::vector<ovlib::GDI::Object> made;
@@ -75,7 +75,7 @@ inline void expect_handles_to_spare(int count = crowd_room / 10)
     wnd.destroy();
 }
 
-// What GDI+ makes is memory.
+// GDI+ objects are memory, not handles.
 inline std::size_t memory_in_use()
 {
     PROCESS_MEMORY_COUNTERS counters{};

@@ -17,7 +17,7 @@ inline std::wstring text_of(HWND hwnd)
     return text;
 }
 
-// The visible dialog of a thread; null for none.
+// The visible dialog of a thread, or null.
 inline HWND dialog_of(DWORD thread)
 {
     HWND found = nullptr;
@@ -35,15 +35,15 @@ inline HWND dialog_of(DWORD thread)
     return found;
 }
 
-// A second thread that waits for something this one shows and then does something with it. Joined when it
-// goes out of scope, after the call that shows.
+// A second thread that waits for a window shown by this one and then acts on it. Its destructor joins the
+// thread, so it must end after the call that shows the window.
 class ShownDriver {
 public:
     ShownDriver(const ShownDriver&) = delete;
     ShownDriver& operator=(const ShownDriver&) = delete;
     ~ShownDriver() { finish(); }
 
-    // True when it was shown.
+    // Waits for the thread; true if the window was shown.
     bool finish()
     {
         if (worker_.joinable())
@@ -52,7 +52,7 @@ public:
     }
 
 protected:
-    // `meet` gets the thread that built this object, and says whether it met what it waits for.
+    // `meet` is called with the id of the constructing thread and returns whether it found the window.
     explicit ShownDriver(std::function<bool(DWORD)> meet)
         : worker_([this, meet = std::move(meet), thread = GetCurrentThreadId()] { met_ = meet(thread); })
     {
@@ -63,7 +63,7 @@ private:
     std::thread worker_;
 };
 
-// Waits for the next dialog of the thread that built this object and hands it to `act`, which must end it.
+// Waits for the next dialog of the constructing thread and passes it to `act`, which must close it.
 class DialogDriver : public ShownDriver {
 public:
     explicit DialogDriver(std::function<void(HWND)> act)

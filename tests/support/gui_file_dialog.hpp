@@ -11,13 +11,14 @@
 
 #include <commdlg.h>
 
-// The imports themselves, which the linker names after the functions.
+// The import addresses, which the linker names after the functions.
 extern "C" void* __imp_GetOpenFileNameW; // NOLINT(bugprone-reserved-identifier)
 extern "C" void* __imp_GetSaveFileNameW; // NOLINT(bugprone-reserved-identifier)
 
 namespace gui {
 
-// The field for the name, or the edit inside it. The older dialogs and the shell's number it differently.
+// The file name field, or the edit control inside it. Its id differs between the older dialogs and the
+// shell's.
 inline HWND name_field(HWND dialog)
 {
     HWND field = nullptr;
@@ -35,7 +36,7 @@ inline void cancel_dialog(HWND dialog)
     PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
 }
 
-// False when the dialog did not take the name; it is then cancelled.
+// Enters a name and confirms. If the dialog does not accept it, cancels the dialog and returns false.
 inline bool answer_with_name(HWND dialog, const std::wstring& name)
 {
     if (!poll_until([&] { return name_field(dialog) != nullptr; }))
@@ -55,7 +56,7 @@ inline std::wstring current_directory()
     return path.data();
 }
 
-// A file dialog as the program asks for it. It answers with a path, or as if it were left.
+// Replaces the file dialogs and records how the program calls them. Returns a path, or as if cancelled.
 class FileDialogSpy {
 public:
     struct Shown {

@@ -1,4 +1,4 @@
-// A folder of a test's own, removed with what is in it.
+// A temporary folder, removed with its contents.
 #pragma once
 #include <filesystem>
 #include <string>

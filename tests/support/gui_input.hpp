@@ -1,4 +1,4 @@
-// Keys and the mouse, as the system gets them from a user's hand.
+// Sends keys and mouse input through the system, as a user's hand does.
 #pragma once
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// Real links in a folder of a test's own.
+// Real shell links in a temporary folder.
 #pragma once
 #include "media/file_links.hpp"
 #include "media/wnd/shell_link.hpp"
@@ -11,7 +11,7 @@
 
 namespace gui {
 
-// COM on the test's thread, as the program's start gives it to its window.
+// Initialises COM on the test's thread, as the program does at start.
 class ComOnThread {
 public:
     ComOnThread()
@@ -45,14 +45,14 @@ inline std::size_t count_files(const std::wstring& folder)
     return count;
 }
 
-// What a link leads to; empty when it is none. Needs COM.
+// The target of a link; empty if the file is no link. Needs COM.
 inline std::wstring target_of(const std::wstring& link)
 {
     return media::ShellLink{ nullptr }.resolve(link);
 }
 
-// What the log holds from the first of these lines on: pictures, which a test's folder has none of, come
-// before.
+// The log from the first line about links on. Lines about missing pictures, which the test's folder has none
+// of, come before.
 inline std::wstring link_lines(const LogEar& log)
 {
     const std::wstring heard = log.heard();

@@ -1,4 +1,4 @@
-// What goes into the process's log while a test runs.
+// Captures the process's log while a test runs.
 #pragma once
 #include "platform/process_log.hpp"
 #include "tests/support/gui_folder.hpp"
@@ -6,7 +6,7 @@
 
 namespace gui {
 
-// The log is heard only with a path. Codes stand in it as "<80004005>".
+// Gives the log a path, because it records nothing without one. Error codes are logged as "<80004005>".
 class LogEar {
 public:
     LogEar()

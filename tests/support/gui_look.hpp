@@ -1,4 +1,4 @@
-// The theme and the fonts that a window of the program draws with, as the program has them while it runs.
+// The theme and shared fonts that the program's windows need for drawing.
 #pragma once
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
@@ -6,7 +6,7 @@
 
 namespace gui {
 
-// Declared before the windows, and so there until they are gone.
+// Declare it before the windows, so that it outlives them.
 class Look {
 public:
     Look()

@@ -1,4 +1,4 @@
-// Uses a popup menu of this process from a second thread, as a user would: with keys and with the mouse.
+// Uses a popup menu of this process from a second thread, as a user would, with keys and mouse.
 #pragma once
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_input.hpp"
@@ -11,7 +11,7 @@
 
 namespace gui {
 
-// The popup menus that a thread shows, outermost first.
+// The open popup menus of a thread, outermost first.
 inline std::vector<HWND> popups_of(DWORD thread)
 {
     std::vector<HWND> found;
@@ -29,7 +29,7 @@ inline std::vector<HWND> popups_of(DWORD thread)
     return found;
 }
 
-// A popup on the screen. Items are counted from 0, separators included.
+// A popup on the screen. Items are counted from 0, including separators.
 class ShownMenu {
 public:
     ShownMenu(DWORD thread, std::size_t depth)
@@ -78,7 +78,8 @@ public:
         const RECT rect = item_rect(item);
         SetCursorPos((rect.left + rect.right) / 2 + aside, (rect.top + rect.bottom) / 2);
     }
-    // Moves until the menu follows: one that is just opening does not see the first of it.
+    // Moves the pointer until the menu highlights the item: a menu that is just opening ignores the first
+    // moves.
     bool point_at_until_highlighted(int item) const
     {
         int moves = 0;
@@ -93,7 +94,7 @@ public:
         point_at_until_highlighted(item);
         press_button(MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP);
     }
-    // Down with the arrow key until the item is highlighted.
+    // Presses the down arrow until the item is highlighted.
     bool step_to(int item) const
     {
         const int count = GetMenuItemCount(menu());
@@ -121,7 +122,7 @@ public:
     {
         return poll_until([&] { return !is_open(); });
     }
-    // Leaves all popups, however deep.
+    // Closes all popups, however deep.
     void leave() const
     {
         while (const std::size_t before = popups_of(thread_).size()) {
@@ -135,8 +136,8 @@ private:
     std::size_t depth_;
 };
 
-// Waits for the next popup menu of the thread that built this object and hands it to `act`. What `act` leaves
-// open is closed.
+// Waits for the next popup menu of the constructing thread and passes it to `act`. Closes popups that `act`
+// leaves open.
 class MenuDriver : public ShownDriver {
 public:
     explicit MenuDriver(std::function<void(const ShownMenu&)> act)

@@ -1,4 +1,4 @@
-// The real pointer, moved and pressed as a user's hand does. The window under it must be this process's own.
+// Moves and presses the real pointer as a user would. The window under it must belong to this process.
 #pragma once
 #include "tests/support/gui_pump.hpp"
 #include <initializer_list>
@@ -7,7 +7,7 @@
 
 namespace gui {
 
-// Moves the pointer and serves the move. On the screens of the tests nothing else moves it.
+// Moves the pointer and serves the message. On the screens of the tests nothing else moves the pointer.
 inline bool point_at(POINT screen)
 {
     SetCursorPos(screen.x, screen.y);
@@ -18,7 +18,8 @@ inline bool point_at(POINT screen)
 
 class Mouse {
 public:
-    // Waits until the window is to be seen where it says it is: a window manager may move a new one about.
+    // Waits until the window is visible at the position it reports: a window manager may still move a new
+    // window.
     explicit Mouse(HWND hwnd)
         : hwnd_(hwnd)
     {
@@ -32,13 +33,13 @@ public:
             release();
     }
 
-    // To a place of the window's client area.
+    // Moves to a point of the window's client area.
     bool move(POINT client)
     {
         place_ = client;
         return point_at(screen_place());
     }
-    // Without serving the press.
+    // Presses without serving the message.
     void push()
     {
         is_down_ = true;

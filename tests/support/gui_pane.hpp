@@ -1,4 +1,4 @@
-// A file pane in a plain parent, with files of a test's own and a shell that answers as the test says.
+// A file pane in a plain parent, with a test's own files and a fake shell.
 #pragma once
 #include "core/data_root.hpp"
 #include "core/folders.hpp"
@@ -38,7 +38,7 @@ inline ovlib::GDI::Bitmap plain_bitmap(int width, int height, ovlib::Color color
     return bitmap;
 }
 
-// A bitmap of 32 bits whose columns repeat these pixels, alpha in the highest byte.
+// A 32-bit bitmap whose columns repeat these pixels, alpha in the highest byte.
 inline ovlib::GDI::Bitmap premultiplied_bitmap(
     int width, int height, const std::vector<std::uint32_t>& columns)
 {
@@ -68,7 +68,7 @@ public:
     }
 
     std::function<ovlib::GDI::Bitmap()> answer;
-    std::function<void()> meanwhile; // once, as messages that the shell lets through
+    std::function<void()> meanwhile; // called once, like messages that the shell dispatches
     std::vector<std::wstring> asked;
     std::vector<int> sides;
 };
@@ -86,7 +86,7 @@ public:
     std::function<void()> meanwhile;
 };
 
-// Notes the commands that the pane sends.
+// Records the commands that the pane sends.
 class PaneParent : public TopWnd {
 public:
     bool on_message(ovlib::WndMessage& message) override
@@ -182,7 +182,7 @@ protected:
     book::Book& book() { return book_; }
     const media::ImageLoader& loader() { return pane_->loader(); }
 
-    // Of the picture that the pane paints from.
+    // A pixel of the canvas from which the pane paints.
     ovlib::Color at(int x, int y)
     {
         const std::scoped_lock hold{ core::drawing_lock() };

@@ -1,4 +1,4 @@
-// Small pictures made by hand, and what was drawn.
+// Small generated pictures, and checks of drawn ones.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,7 @@ inline ovlib::Color pixel(const ovlib::BaseImage& image, int x, int y)
     return ovlib::rgb(at[2], at[1], at[0]);
 }
 
-// How many pixels of the image have this colour.
+// The number of pixels of this colour in the image.
 inline int count_pixels(const ovlib::BaseImage& image, ovlib::Color color)
 {
     int count = 0;
@@ -33,7 +33,7 @@ inline void clear(ovlib::BaseImage& image, ovlib::Color color)
     ovlib::fill_rect(image, color, { 0, 0, image.width, image.height });
 }
 
-// A bitmap file of 24 bits in one colour.
+// A 24-bit bitmap file in one colour.
 inline std::vector<unsigned char> bmp_file(int width, int height, ovlib::Color color)
 {
     const int stride = (width * 3 + 3) / 4 * 4;
@@ -64,7 +64,7 @@ inline std::vector<unsigned char> bmp_file(int width, int height, ovlib::Color c
     return bytes;
 }
 
-// An animation of one pixel that is black in even frames and white in odd ones; delays in hundredths of a
+// An animation of one pixel, black in even frames and white in odd ones. Delays are in hundredths of a
 // second.
 inline std::vector<unsigned char> gif_file(std::span<const int> delays)
 {

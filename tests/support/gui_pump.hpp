@@ -7,7 +7,7 @@ namespace gui {
 
 inline constexpr std::chrono::seconds patience{ 15 };
 
-// Serves what is waiting. WM_QUIT is dropped.
+// Serves all waiting messages. Drops WM_QUIT.
 inline void pump()
 {
     MSG message{};
@@ -17,7 +17,7 @@ inline void pump()
     }
 }
 
-// Serves messages until `state` holds; false when it never did.
+// Serves messages until `state` holds; false if the deadline passes first.
 template <class State> bool pump_until(State state)
 {
     const auto deadline = std::chrono::steady_clock::now() + patience;
@@ -43,7 +43,7 @@ template <class State> bool poll_until(State state)
     return true;
 }
 
-// True when WM_QUIT waits in the queue; it is taken out, its exit code given.
+// Removes a waiting WM_QUIT and stores its exit code; false if there is none.
 inline bool take_quit(int* exit_code = nullptr)
 {
     MSG message{};

@@ -1,4 +1,4 @@
-// Counts how often a picture is copied to the screen.
+// Counts how often windows copy a picture to the screen.
 #pragma once
 #include "tests/support/gui_calls.hpp"
 #include <map>
@@ -8,7 +8,7 @@ extern "C" void* __imp_SetDIBitsToDevice;
 
 namespace gui {
 
-// One at a time.
+// Only one object may exist at a time.
 class ScreenCopies {
 public:
     ScreenCopies()
@@ -41,7 +41,7 @@ private:
         return original_(dc, x, y, width, height, from_x, from_y, start, lines, bits, info, use);
     }
 
-    static inline std::map<HWND, int> counts_; // null for what is no window's
+    static inline std::map<HWND, int> counts_; // null: copies to no window
     static inline Copy* original_ = nullptr;
     ReplacedImport<Copy> import_;
 };

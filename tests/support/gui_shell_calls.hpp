@@ -1,4 +1,4 @@
-// What is handed to the shell to be opened. Nothing is.
+// Records what is passed to the shell to be opened, and opens nothing.
 #pragma once
 #include "tests/support/gui_calls.hpp"
 #include <string>
@@ -7,21 +7,21 @@
 
 #include <shellapi.h>
 
-// The import itself, which the linker names after the function.
+// The import address, which the linker names after the function.
 extern "C" void* __imp_ShellExecuteW; // NOLINT(bugprone-reserved-identifier)
 
 namespace gui {
 
 class ShellCalls {
 public:
-    // `answer` is what the shell says; above 32 for success.
+    // `answer` is the shell's return value; above 32 means success.
     explicit ShellCalls(INT_PTR answer = 42)
     {
         calls.clear();
         shell_answer = answer;
     }
 
-    // Verb, file and parameters of each call, parted by bars.
+    // Verb, file and parameters of each call, separated by bars.
     static inline std::vector<std::wstring> calls;
 
 private:

@@ -11,7 +11,7 @@
 
 #include <shellapi.h>
 
-// The imports themselves, which the linker names after the functions.
+// The import addresses, which the linker names after the functions.
 extern "C" void* __imp_CreateFileW; // NOLINT(bugprone-reserved-identifier)
 extern "C" void* __imp_GetFileAttributesW; // NOLINT(bugprone-reserved-identifier)
 extern "C" void* __imp_SHCreateItemFromParsingName; // NOLINT(bugprone-reserved-identifier)
@@ -19,8 +19,8 @@ extern "C" void* __imp_SHGetFileInfoW; // NOLINT(bugprone-reserved-identifier)
 
 namespace gui {
 
-// While it lives, whoever asks for a path with "silent" in it waits in the file system for ever, until the
-// call is broken off. Only the thread that made it is told at once that there is no such share.
+// During its lifetime, a thread that queries a path with "silent" in it blocks in the file system until the
+// call is cancelled. Only the thread that made this object gets an error at once.
 class SilentShare {
 public:
     SilentShare()
@@ -30,7 +30,7 @@ public:
         broken_off.reset();
         maker = GetCurrentThreadId();
         makers_questions = 0;
-        // Their names would give jumps through the imports, which by then lead here.
+        // The functions' names would be jumps through the imports, which are redirected to this class.
         original = reinterpret_cast<decltype(original)>(__imp_GetFileAttributesW);
         original_open = reinterpret_cast<decltype(original_open)>(__imp_CreateFileW);
         original_item = reinterpret_cast<decltype(original_item)>(__imp_SHCreateItemFromParsingName);
@@ -52,10 +52,10 @@ public:
     SilentShare(const SilentShare&) = delete;
     SilentShare& operator=(const SilentShare&) = delete;
 
-    // By another thread; and that such a call came back.
+    // Set when another thread queries the share, and when such a call returns.
     static inline ovlib::Event asked{ ovlib::Event::Reset::manual };
     static inline ovlib::Event broken_off{ ovlib::Event::Reset::manual };
-    // For attributes, the file itself, the shell's item and its icon.
+    // Queries of the constructing thread: attributes, the file itself, the shell item and its icon.
     static inline int makers_questions = 0;
 
 protected:
@@ -126,7 +126,7 @@ private:
     std::optional<ReplacedImport<decltype(SHGetFileInfoW)>> replaced_icon_;
 };
 
-// One whose waits cannot be broken off either. They end with it.
+// A share whose waits cannot be cancelled either. They end with this object.
 class StuckShare : public SilentShare {
 public:
     StuckShare()

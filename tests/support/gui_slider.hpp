@@ -1,4 +1,4 @@
-// A parent that notes what its slider tells.
+// A parent that records its slider's notifications.
 #pragma once
 #include "ovlib/gui/slider.hpp"
 #include "tests/support/gui_window.hpp"

@@ -16,7 +16,7 @@ inline bool bring_to_front(const ovlib::Wnd& wnd)
     return pump_until([&] { return GetForegroundWindow() == wnd.hwnd(); });
 }
 
-// Every unit as a key of its own, also the halves of a surrogate pair.
+// Types every unit as a separate key, including the halves of a surrogate pair.
 inline void type_text(std::wstring_view text)
 {
     std::vector<INPUT> inputs;
@@ -32,9 +32,9 @@ inline void type_text(std::wstring_view text)
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-// A key that is down for as long as it lives. A window that the pointer has just entered takes over the state
-// of the real keyboard, where nothing is pressed, and Wine repeats what it told of a key for 50 ms: the key
-// is down when it has stayed so for longer.
+// Holds a key down during its lifetime. A window that the pointer has just entered takes over the state of
+// the real keyboard, where nothing is pressed, and Wine repeats its last answer about a key for 50 ms. So the
+// key counts as down only after it was reported so for longer.
 class HeldKey {
 public:
     explicit HeldKey(WORD key)
@@ -67,7 +67,7 @@ private:
     WORD key_;
 };
 
-// Where a point of the client area stands on the screen.
+// The screen position of a point in the client area.
 inline POINT on_screen(const ovlib::Wnd& wnd, POINT point)
 {
     ClientToScreen(wnd.hwnd(), &point);

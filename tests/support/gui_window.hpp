@@ -1,4 +1,4 @@
-// Windows whose messages a test can watch and answer.
+// Windows whose messages a test can record and handle.
 #pragma once
 #include <algorithm>
 #include <functional>
@@ -11,7 +11,7 @@
 
 namespace gui {
 
-// Notes the number of every message and lets the test answer first.
+// Records the number of every message and lets the test handle it first.
 template <class Base> class Watched : public Base {
 public:
     using Base::Base;
@@ -34,7 +34,7 @@ public:
     std::function<bool(ovlib::WndMessage&)> answer;
 };
 
-// Comes up at that place and of that size.
+// A window created at this position and size.
 template <class Base, int x, int y, int width, int height> class Placed : public Base {
 public:
     using Base::Base;
@@ -48,7 +48,7 @@ public:
     }
 };
 
-// A top window, placed and shown without ending the loop when it goes.
+// A placed and visible top-level window whose destruction does not end the message loop.
 class TopWnd : public Placed<Watched<ovlib::BaseWnd>, 100, 80, 500, 400> {
 public:
     using Placed::Placed;
@@ -94,7 +94,7 @@ public:
     LONG extra_style = 0;
 };
 
-// While it lives, the system makes no window of that class in this thread.
+// During its lifetime, creating a window of that class fails in this thread.
 class RefusedWindows {
 public:
     explicit RefusedWindows(std::wstring class_name)

@@ -1,5 +1,5 @@
-// Whole pictures that hide their sides from whoever does not read them as a decoder does. With small sides
-// they are decoded like any other.
+// Complete pictures that hide their size from readers that do not parse them as a decoder does. With a small
+// size they decode like any other picture.
 #pragma once
 #include "tests/support/picture_bytes.hpp"
 #include <cstddef>
@@ -9,16 +9,16 @@
 
 namespace test_support {
 
-// What names a side of a TIFF.
+// How the sides of a TIFF are encoded.
 struct TiffSides {
     static constexpr std::uint32_t unsigned_long = 4;
     static constexpr std::uint32_t signed_long = 9;
 
     std::uint32_t type = unsigned_long;
-    bool has_second = false; // each tag once more, with a side of 8
+    bool has_second = false; // repeats each tag with a side of 8
 };
 
-// Four channels. Every row is a strip of its own, and all of them are the same bytes.
+// Four channels. Every row is a separate strip, and all strips share the same bytes.
 inline std::vector<std::byte> square_tiff(std::uint32_t side, TiffSides sides)
 {
     using namespace std::string_view_literals;
@@ -40,7 +40,7 @@ inline std::vector<std::byte> square_tiff(std::uint32_t side, TiffSides sides)
             entry(tag, sides.type, 1, 8);
     }
     entry(258, short_type, 4, bits_at);
-    entry(259, short_type, 1, 1); // not packed
+    entry(259, short_type, 1, 1); // uncompressed
     entry(262, short_type, 1, 2); // red, green, blue
     entry(273, long_type, side, offsets_at);
     entry(277, short_type, 1, 4);
@@ -56,8 +56,8 @@ inline std::vector<std::byte> square_tiff(std::uint32_t side, TiffSides sides)
     return tiff.zeros(std::size_t{ 4 } * side).bytes();
 }
 
-// Four channels of one shade, with bytes that belong to no segment before the frame. Each block is two bits
-// that are 0, so that a byte holds all four of a square of 8 pixels; at most `most` bytes of them follow.
+// Four channels of one shade, with bytes before the frame that belong to no segment. Each block is two zero
+// bits, so one byte holds the four channels of 8 x 8 pixels; at most `most` of these bytes are written.
 inline std::vector<std::byte> padded_jpeg(std::uint32_t side, std::size_t most)
 {
     using namespace std::string_view_literals;
@@ -69,7 +69,7 @@ inline std::vector<std::byte> padded_jpeg(std::uint32_t side, std::size_t most)
     jpeg.text("\xFF\xC0"sv).big16(20).byte(8).big16(side).big16(side).byte(4);
     for (std::uint32_t channel = 1; channel <= 4; ++channel)
         jpeg.byte(channel).byte(0x11).byte(0);
-    // One code of one bit in each table: no difference, and no more of this block.
+    // One code of one bit in each table: no difference, and end of block.
     for (const std::uint32_t table : { 0x00u, 0x10u })
         jpeg.text("\xFF\xC4"sv).big16(20).byte(table).byte(1).zeros(15).byte(0);
     jpeg.text("\xFF\xDA"sv).big16(14).byte(4);
@@ -80,14 +80,14 @@ inline std::vector<std::byte> padded_jpeg(std::uint32_t side, std::size_t most)
     return jpeg.zeros(squares < most ? squares : most).text("\xFF\xD9"sv).bytes();
 }
 
-// A metafile of 64 pixels square that draws this picture, which it holds packed.
+// A metafile of 64 x 64 pixels that contains this encoded picture and draws it.
 inline std::vector<std::byte> metafile_with(const std::vector<std::byte>& picture)
 {
     constexpr std::uint32_t side = 64;
     constexpr std::uint32_t side_as_real = 0x42800000;
     constexpr std::uint32_t version = 0xDBC01002;
     PictureBytes object;
-    object.little32(version).little32(1).zeros(16).little32(1); // a bitmap, packed
+    object.little32(version).little32(1).zeros(16).little32(1); // a bitmap, encoded
     object.append(picture).zeros((4 - picture.size() % 4) % 4);
     const auto object_size = static_cast<std::uint32_t>(object.bytes().size());
 

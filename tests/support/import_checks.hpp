@@ -1,4 +1,4 @@
-// What every import has to keep, whatever its text: shared by the fuzz targets.
+// Properties of every import, whatever its text. Shared by the fuzz targets.
 #pragma once
 #include "book/book_file.hpp"
 #include "tests/fuzz/stable.hpp"
@@ -12,7 +12,7 @@ namespace test_support {
 
 using fuzz::require;
 
-// Streams that lead nowhere.
+// Streams that discard all output.
 struct SilentStreams {
     std::istringstream in;
     std::ostringstream out;
@@ -47,8 +47,8 @@ template <class Export> std::string exported(const book::Book& book, Export expo
     return out.str();
 }
 
-// An imported Book can be saved and opened again with all its pages, and JSON gives the same bytes from there
-// on.
+// Checks that an imported Book can be saved and opened again with all its pages, and that its JSON is stable
+// from then on.
 inline book::Book check_imported(book::Book& book)
 {
     const std::size_t pages = book.pages.size();

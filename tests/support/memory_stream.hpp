@@ -1,4 +1,4 @@
-// Sources and sinks of bytes in memory.
+// Byte sources and sinks in memory.
 #pragma once
 #include "book/byte_stream.hpp"
 #include <algorithm>
@@ -7,8 +7,7 @@
 
 namespace test_support {
 
-// Delivers `bytes` by pieces of the sizes told, the last size again and again; without sizes as much as
-// asked.
+// Delivers `bytes` in pieces of the given sizes, repeating the last one; without sizes, as many as requested.
 class MemorySource final : public book::ByteSource {
 public:
     explicit MemorySource(std::vector<std::byte> bytes, std::vector<std::size_t> sizes = {})
@@ -27,7 +26,7 @@ public:
         pos_ += count;
         return count;
     }
-    // The sizes go on.
+    // Does not restart the sizes.
     void restart() override { pos_ = 0; }
     std::uint64_t size() override { return bytes_.size(); }
 

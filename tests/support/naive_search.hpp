@@ -1,4 +1,4 @@
-// Searching in the plainest words: each place is tried, moving by whole code points.
+// The simplest possible search: tries each position, moving by whole code points.
 #pragma once
 #include "book/page.hpp"
 #include "book/search.hpp"

@@ -1,4 +1,4 @@
-// Headers of pictures as bytes, with whatever sizes a test claims.
+// Picture headers as bytes, with any sizes.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace test_support {
 
-// Bytes put together number by number.
+// Builds a byte sequence number by number.
 class PictureBytes {
 public:
     PictureBytes& text(std::string_view added)
@@ -51,7 +51,7 @@ inline std::vector<std::byte> png_header(std::uint32_t width, std::uint32_t heig
     return png.byte(8).byte(6).zeros(7).bytes();
 }
 
-// A GIF's blocks. Frames hold the shortest data there is.
+// Builds the blocks of a GIF. Frames have the shortest possible data.
 class GifBytes {
 public:
     GifBytes(std::uint32_t width, std::uint32_t height, std::uint32_t flags = 0)

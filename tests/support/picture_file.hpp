@@ -1,4 +1,5 @@
-// The committed pictures as a test sees them: what their headers say, and the pixels of a bitmap.
+// Reads the committed pictures: their headers, and the pixels of bitmaps. Independent of the program's
+// decoders.
 #pragma once
 #include "tests/support/temp_folder.hpp"
 #include <cstddef>
@@ -8,7 +9,7 @@
 
 namespace test_support {
 
-// Numbers from a file's bytes; beyond the end there is nothing to read, which fails the test.
+// Numbers from a file's bytes; reading past the end fails the test.
 class FileBytes {
 public:
     explicit FileBytes(Bytes bytes)
@@ -47,7 +48,7 @@ struct PicturePixel {
     friend bool operator==(const PicturePixel&, const PicturePixel&) = default;
 };
 
-// A bitmap file without a colour table, rows from the bottom.
+// A bottom-up bitmap file without a colour table.
 class BmpFile {
 public:
     explicit BmpFile(const std::wstring& path)
@@ -61,7 +62,7 @@ public:
     std::uint32_t bits() const { return bytes_.little(28, 2); }
     std::uint32_t compression() const { return bytes_.little(30, 4); }
     const Bytes& bytes() const { return bytes_.all(); }
-    // Opaque where the file holds no alpha.
+    // Opaque if the file has no alpha.
     PicturePixel at(int x, int y) const
     {
         const std::size_t channels = bits() / 8;
@@ -77,7 +78,7 @@ private:
     FileBytes bytes_;
 };
 
-// What the first chunk of a PNG says.
+// The contents of a PNG's first chunk.
 struct PngHeader {
     std::uint32_t width = 0, height = 0, depth = 0, color = 0;
 };

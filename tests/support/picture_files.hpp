@@ -1,4 +1,7 @@
-// Whole pictures as files, written by hand: every decoder can read them, and a test knows each pixel.
+// Writes complete picture files that every decoder can read, with pixels chosen by the test.
+//
+// Our own encoders and not a library's: a test decides every byte, so it also knows what a decoder must find,
+// and the tests need no imaging library for Windows.
 #pragma once
 #include "platform/color.hpp"
 #include "tests/support/picture_bytes.hpp"
@@ -57,7 +60,7 @@ inline void add_part(PictureBytes& out, const FileContents& bytes, std::size_t a
         out.byte(std::to_integer<std::uint32_t>(bytes[i]));
 }
 
-// Kept as it is, in the blocks that the format has for that.
+// Stored uncompressed, in the blocks that deflate has for that.
 inline FileContents deflated(const FileContents& bytes)
 {
     constexpr std::size_t most = 65535;
@@ -124,7 +127,7 @@ inline FileContents bmp_file(int width, int height, const Paint& paint)
     return bmp.bytes();
 }
 
-// Rows of red, green and blue in one strip, behind the directory.
+// Rows of red, green and blue in one strip after the directory.
 inline FileContents tiff_file(int width, int height, const Paint& paint)
 {
     using namespace std::string_view_literals;
@@ -141,7 +144,7 @@ inline FileContents tiff_file(int width, int height, const Paint& paint)
     entry(256, long_type, 1, static_cast<std::uint32_t>(width));
     entry(257, long_type, 1, static_cast<std::uint32_t>(height));
     entry(258, short_type, 3, bits_at);
-    entry(259, short_type, 1, 1); // not packed
+    entry(259, short_type, 1, 1); // uncompressed
     entry(262, short_type, 1, 2); // red, green, blue
     entry(273, long_type, 1, bits_at + 6);
     entry(277, short_type, 1, 3);
@@ -158,7 +161,7 @@ inline FileContents tiff_file(int width, int height, const Paint& paint)
     return tiff.bytes();
 }
 
-// One picture of 32 bits, opaque, with its mask. Sides up to 255.
+// One opaque 32-bit picture with its mask. Sides up to 255.
 inline FileContents ico_file(int width, int height, const Paint& paint)
 {
     const auto mask = static_cast<std::size_t>((width + 31) / 32 * 4 * height);
@@ -180,18 +183,19 @@ inline FileContents ico_file(int width, int height, const Paint& paint)
     return ico.zeros(mask).bytes();
 }
 
-// One shade of grey, from 1 to 64 and from 192 to 255, in blocks that hold nothing but their mean.
+// One shade of grey, from 1 to 64 and from 192 to 255, in blocks that contain only their mean.
 inline FileContents jpeg_file(int width, int height, int grey)
 {
     using namespace std::string_view_literals;
     PictureBytes jpeg;
     jpeg.text("\xFF\xD8\xFF\xDB"sv).big16(67).byte(0);
     for (int i = 0; i < 64; ++i)
-        jpeg.byte(4); // a step of the mean is half a shade
+        jpeg.byte(4); // one step of the mean is half a shade
     jpeg.text("\xFF\xC0"sv).big16(11).byte(8);
     jpeg.big16(static_cast<std::uint32_t>(height)).big16(static_cast<std::uint32_t>(width));
     jpeg.byte(1).byte(1).byte(0x11).byte(0);
-    // Two lengths of means: none, of one bit, and eight bits, of two. One length of the rest: none.
+    // Codes for two lengths of means: zero bits (code of one bit) and eight bits (code of two). One code for
+    // the rest: end of block.
     jpeg.text("\xFF\xC4"sv).big16(21).byte(0x00).byte(1).byte(1).zeros(14).byte(0).byte(8);
     jpeg.text("\xFF\xC4"sv).big16(20).byte(0x10).byte(1).zeros(15).byte(0);
     jpeg.text("\xFF\xDA"sv).big16(8).byte(1).byte(1).byte(0x00).byte(0).byte(63).byte(0);
@@ -224,7 +228,7 @@ inline FileContents jpeg_file(int width, int height, int grey)
     return jpeg.text("\xFF\xD9"sv).bytes();
 }
 
-// Frames of one colour each. What is packed into it is one byte a pixel.
+// An animation with frames of one colour each. Its data has one byte per pixel, without compression.
 class MovingGif {
 public:
     enum Shade : std::uint8_t { black, white, red, green, blue };
@@ -256,7 +260,7 @@ public:
         bytes_.byte(0).byte(7);
         PictureBytes codes;
         for (int i = 0; i < width_ * height_; ++i) {
-            // Begun anew before codes would need a ninth bit.
+            // Clears the code table before codes would need a ninth bit.
             if (i % 100 == 0)
                 codes.byte(0x80);
             codes.byte(shade);

@@ -15,7 +15,7 @@ constexpr std::chrono::seconds patience{ 20 };
 constexpr std::chrono::milliseconds between_clicks{ 500 };
 constexpr int side = 24;
 
-// A small window in the corner of the screen, away from where programs open theirs.
+// A small window in the corner of the screen, away from where programs open their windows.
 class Probe {
 public:
     Probe()
@@ -40,7 +40,8 @@ public:
         pump();
     }
 
-    // Brings the window to the front once and clicks it again and again: the first click may come too early.
+    // Brings the window to the front once and clicks it repeatedly, because the first click may come too
+    // early.
     bool becomes_usable()
     {
         using clock = std::chrono::steady_clock;
@@ -112,7 +113,7 @@ private:
 
     static inline bool is_clicked_ = false;
     POINT place_;
-    POINT pointer_{}; // where it was before: a smaller screen than this corner's would not let it move again
+    POINT pointer_{}; // old position, to restore: on a smaller screen the pointer could not leave this corner
     HWND window_ = nullptr;
 };
 
@@ -126,7 +127,7 @@ void end_unless_fit()
     TerminateProcess(GetCurrentProcess(), unfit_exit_code);
 }
 
-// Appended after the printer, so that the runner reads which test was about to begin.
+// Appended after the printer, so that the runner can read which test was about to start.
 class Listener : public testing::EmptyTestEventListener {
 public:
     explicit Listener(ScreenCheck when)

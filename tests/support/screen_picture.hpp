@@ -1,4 +1,4 @@
-// Pictures of what is on the screen.
+// Screenshots.
 #pragma once
 #include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/gdiplus.hpp"
@@ -9,7 +9,7 @@
 
 namespace test_support {
 
-// What BitBlt finds in that part of the screen.
+// The pixels of that part of the screen, read by BitBlt.
 inline std::vector<std::uint8_t> look_at_screen(const RECT& area, ovlib::BackBuffer& picture)
 {
     HDC const screen = GetDC(nullptr);
@@ -31,10 +31,10 @@ inline bool save_png(const ovlib::BackBuffer& picture, const std::wstring& path)
     return status == Gdiplus::Ok;
 }
 
-// Waits until `area` of the screen holds still, then writes it as a PNG file. Needs a running GDI+.
+// Waits until `area` of the screen no longer changes, then writes it as a PNG file. Needs GDI+ to be running.
 inline bool save_screen(const RECT& area, const std::wstring& path)
 {
-    constexpr DWORD pause = 150; // milliseconds between two looks
+    constexpr DWORD pause = 150; // milliseconds between two screenshots
     constexpr int most_looks = 40;
     ovlib::BackBuffer picture;
     if (!picture.create(area.right - area.left, area.bottom - area.top))

@@ -1,4 +1,4 @@
-// A folder of a test's own, and files in it as bytes.
+// A temporary folder for a test, and its files as bytes.
 #pragma once
 #include "platform/file.hpp"
 #include "platform/text.hpp"
@@ -13,8 +13,8 @@
 
 namespace test_support {
 
-// Made under the system's folder for such things, removed with everything in it at the end. The name holds
-// Japanese, which real paths do too.
+// Created in the system's temporary folder and removed with its contents. Its name contains Japanese, as real
+// paths do.
 class TempFolder {
 public:
     TempFolder()
@@ -69,7 +69,7 @@ private:
 
 using Bytes = std::vector<std::byte>;
 
-// The code units of `text` as they stand in a file.
+// The code units of `text` as a file stores them.
 inline Bytes bytes_of(std::wstring_view text)
 {
     Bytes bytes;
@@ -104,7 +104,7 @@ inline Bytes read_bytes(const std::wstring& path)
     return bytes;
 }
 
-// A file's code units; a last odd byte is left out.
+// A file's code units; drops an odd last byte.
 inline std::wstring read_text(const std::wstring& path)
 {
     const Bytes bytes = read_bytes(path);

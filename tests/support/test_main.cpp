@@ -1,5 +1,5 @@
-// The entry of every test program. On Windows an unhandled fault ends the process with a code of its own:
-// without that a crash can look like success, or wait for ever in a dialog.
+// The entry point of every test program. On Windows it ends the process with a distinct code after an
+// unhandled fault: otherwise a crash could look like success, or wait forever in a dialog.
 #if defined(PAGEWICK_SCREEN_CHECK)
 #include "tests/support/screen_check.hpp"
 #endif

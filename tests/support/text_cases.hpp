@@ -1,4 +1,4 @@
-// A function from text to text, held against a table.
+// Checks a function from text to text against a table.
 #pragma once
 #include <gtest/gtest.h>
 #include <initializer_list>
