@@ -8,7 +8,7 @@ namespace {
 
 class BookCommands : public EndToEnd {
 protected:
-    // Chooses the file in the dialog that the command opens.
+    // Sends the command and enters the file in the dialog that it opens.
     void choose(int id, const std::wstring& caption, const fs::path& file)
     {
         main_window().post_command(id);
@@ -25,7 +25,7 @@ protected:
 
 } // namespace
 
-TEST_F(BookCommands, SaveAsWritesAnotherFileAndGoesOnWithIt)
+TEST_F(BookCommands, SaveAsWritesAnotherFileAndContinuesWithIt)
 {
     const fs::path file = open_numbered_book(1);
     const std::string before = file_bytes(file);
@@ -48,14 +48,15 @@ TEST_F(BookCommands, SaveAsOverAFileThatCannotBeWrittenKeepsTheOldName)
     const ReadOnly protection(other);
     SetFileAttributesW(other.c_str(), FILE_ATTRIBUTE_NORMAL);
     choose(core::command::save_book_as, L"Book に名前を付けて保存する", other);
-    // The dialog's own question whether to overwrite.
+    // The dialog asks whether to overwrite the file.
     program().wait_for_box().answer(IDYES);
     answer_box(L"Error: Book の保存に失敗\r\n" + other.wstring(), Icon::warning, IDOK);
     expect_soon(L"手帖", [&] { return title(); });
     EXPECT_EQ(root().history(), std::vector{ file.wstring() });
 }
 
-// A dialog leaves the current folder where it looked, on the desktop for instance, even when it is cancelled.
+// A dialog changes the current directory to the folder it showed, such as the desktop, even if it is
+// cancelled.
 TEST_F(BookCommands, ARelativePathStaysInTheDataRootWhereverADialogWent)
 {
     const auto file = root().add_book(L"手帖.bok", { make_page(L"一") });
@@ -72,7 +73,7 @@ TEST_F(BookCommands, ARelativePathStaysInTheDataRootWhereverADialogWent)
     EXPECT_EQ(file_bytes(in_root(L"book_backup") / L"手帖.bok"), file_bytes(file));
 }
 
-TEST_F(BookCommands, ANewBookIsMadeAfterTheOldOneIsSaved)
+TEST_F(BookCommands, ANewBookIsCreatedAfterTheOldOneIsSaved)
 {
     const fs::path file = open_numbered_book(2);
     write_first(L"あ");
@@ -134,7 +135,7 @@ TEST_F(BookCommands, AnUnreadableBookOpenedByCommandEndsTheProgram)
     EXPECT_EQ(file_bytes(broken), "");
 }
 
-TEST_F(BookCommands, ReloadShowsWhatTheFileHolds)
+TEST_F(BookCommands, ReloadShowsTheContentsOfTheFile)
 {
     const fs::path file = open_numbered_book(1);
     write_first(L"あ");
@@ -166,7 +167,7 @@ TEST_F(BookCommands, ABackupIsACopyOfTheFileAndTheSecondOneAsks)
     EXPECT_EQ(box1_of(copy), L"あ一\r\n");
 }
 
-TEST_F(BookCommands, WithTheSettingOnEachLoadMakesABackupInSilence)
+TEST_F(BookCommands, WithTheSettingOnEachLoadMakesABackupSilently)
 {
     write_bytes(root().settings_file(), "[COMMON]\r\nAUTOBACKUP=1\r\n");
     const fs::path file = open_numbered_book(1);
@@ -176,7 +177,7 @@ TEST_F(BookCommands, WithTheSettingOnEachLoadMakesABackupInSilence)
     EXPECT_FALSE(program().has_dialog());
 }
 
-TEST_F(BookCommands, APageIsAddedAtTheEndOrAtTheCurrentPlaceAndSavedAtOnce)
+TEST_F(BookCommands, APageIsAddedAtTheEndOrAtTheCurrentPositionAndSavedAtOnce)
 {
     const fs::path file = open_numbered_book(2);
     main_window().send_command(core::command::add_page_at_end);

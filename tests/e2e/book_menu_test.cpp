@@ -1,4 +1,4 @@
-// Every row of the Book menu, with the mouse and with the keys.
+// Every row of the Book menu, chosen by mouse and by keys.
 #include "driver_main_window.hpp"
 
 namespace fs = std::filesystem;
@@ -34,7 +34,7 @@ INSTANTIATE_TEST_SUITE_P(By, BookMenu, testing::Values(Hand::mouse, Hand::keys),
 
 } // namespace
 
-TEST_P(BookMenu, MakesANewBook)
+TEST_P(BookMenu, CreatesANewBook)
 {
     open_one_page();
     dialog_of(command::new_book, L"Book の新規作成").choose(in_root(L"白紙.bok").wstring());
@@ -66,13 +66,13 @@ TEST_P(BookMenu, SavesNothingWhileNothingIsEdited)
     const fs::path file = open_one_page();
     make_old(file);
     book_menu(false).choose_in_vain(command::save_always, GetParam());
-    // What the menu ordered has been done when the next order of it is.
+    // Commands are served in order: when the backup is done, the save before it is done too.
     choose(command::backup_book);
     program().wait_for_box().answer(IDOK);
     EXPECT_TRUE(is_old(file));
 }
 
-TEST_P(BookMenu, SavesAsOverAnExistingFileAfterItsQuestion)
+TEST_P(BookMenu, SavesAsOverAnExistingFileAfterAQuestion)
 {
     const fs::path other = root().add_book(L"ほか.bok", { make_page(L"ほか") });
     const fs::path file = open_one_page();

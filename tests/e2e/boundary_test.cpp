@@ -12,7 +12,7 @@ class Boundary : public MainWindowTest {
 protected:
     app::PageBoxes boxes(int divider) const { return app::with_divider(layout().boxes, divider); }
     int first() const { return app::first_divider(layout().boxes); }
-    // In the middle of that gap while the boundary is at `divider`.
+    // The middle of that gap while the boundary is at `divider`.
     POINT grip(app::BoxGap gap, int divider) const { return middle(app::gap_rect(boxes(divider), gap)); }
     void expect_divider(int divider, const Where& where = Where::current())
     {
@@ -30,7 +30,7 @@ protected:
         MapWindowPoints(nullptr, main_window().handle(), reinterpret_cast<POINT*>(&rect), 2);
         return { rect.left, rect.top, rect.right, rect.bottom };
     }
-    // Drags so that the boundary comes to `to`.
+    // Drags the boundary to `to`.
     void drag_boundary(app::BoxGap gap, int from, int to)
     {
         const POINT start = grip(gap, from);
@@ -89,7 +89,7 @@ TEST_F(Boundary, ADragKeepsTheEditAndTheText)
     expect_soon(L"手帖", [&] { return title(); });
 }
 
-TEST_F(Boundary, IsEachBooksOwn)
+TEST_F(Boundary, IsSeparateForEachBook)
 {
     const fs::path other = root().add_book(L"ほか.bok", { make_page(L"ほか") });
     const fs::path file = root().add_book(L"手帖.bok", { make_page(L"一") });

@@ -1,4 +1,4 @@
-// The main window used by mouse and keyboard: buttons, checks, slider, tabs, menus and the search.
+// The main window used by mouse and keyboard: buttons, check boxes, slider, tabs, menus and search.
 #include "app/menus.hpp"
 #include "driver_main_window.hpp"
 
@@ -11,7 +11,7 @@ namespace command = core::command;
 
 class MainControls : public MainWindowTest {
 protected:
-    // Where the slider shows the page at `position` of `count`.
+    // The thumb's point on the screen for the page at `position` of `count`.
     POINT thumb_at(int position, int count) const
     {
         constexpr int track_left = 8 + 40;
@@ -42,7 +42,7 @@ TEST_F(MainControls, TwoQuickClicksTurnTwoPages)
     expect_page(L"三");
 }
 
-TEST_F(MainControls, TheChecksMarkThePageAndChangeTheOrder)
+TEST_F(MainControls, TheCheckBoxesMarkThePageAndChangeTheOrder)
 {
     const fs::path file = open_numbered(3);
     click_control(command::toggle_mark);
@@ -56,7 +56,7 @@ TEST_F(MainControls, TheChecksMarkThePageAndChangeTheOrder)
     EXPECT_LT(saved.header.order_mode, 0);
 }
 
-TEST_F(MainControls, TheSaveButtonSavesAndLeavesTheKeyboardWithTheText)
+TEST_F(MainControls, TheSaveButtonSavesAndLeavesTheFocusInTheText)
 {
     const fs::path file = open_numbered_book(1);
     EXPECT_FALSE(box(command::save_if_changed).is_enabled());
@@ -109,7 +109,7 @@ TEST_F(MainControls, AClickOnATabGoesToItsPage)
     expect_page(L"一");
 }
 
-TEST_F(MainControls, TheMainMenuComesUpByARightClickAndTakesKeys)
+TEST_F(MainControls, TheMainMenuOpensByARightClickAndAcceptsKeys)
 {
     open_numbered(2);
     main_menu().choose_by_steps(2); // the second row adds a page at the end
@@ -120,10 +120,10 @@ TEST_F(MainControls, TheMainMenuComesUpByARightClickAndTakesKeys)
     expect_page(L"");
 }
 
-TEST_F(MainControls, TheBookMenuTakesKeys)
+TEST_F(MainControls, TheBookMenuAcceptsKeys)
 {
     open_numbered(1);
-    // A menu that comes up under the pointer highlights what is there.
+    // A menu that opens under the pointer highlights the row there.
     move_mouse(background());
     PopupMenu menu(
         program(), app::book_menu(false), [this] { main_window().post_command(command::show_book_menu); });
@@ -140,7 +140,7 @@ TEST_F(MainControls, TheBookMenusLastRowEndsTheProgramByAClick)
     EXPECT_EQ(program().exit_code(), 0u);
 }
 
-TEST_F(MainControls, AWordIsSearchedByEnterAndAFailedSearchSaysSo)
+TEST_F(MainControls, AWordIsSearchedByEnterAndAFailedSearchIsReported)
 {
     open_numbered(4);
     program().click_on(box(command::search_box));
@@ -160,7 +160,7 @@ TEST_F(MainControls, AWordIsSearchedByEnterAndAFailedSearchSaysSo)
     expect_page(L"四");
 }
 
-TEST_F(MainControls, TheChecksUnderTheSearchBoxChangeWhatIsFound)
+TEST_F(MainControls, TheCheckBoxesUnderTheSearchBoxChangeWhatIsFound)
 {
     open_settled(
         root().add_book(L"手帖.bok", { make_page(L"一"), make_page(L"cat dog"), make_page(L"CAT") }));

@@ -60,7 +60,7 @@ TEST_F(Day, TwelvePagesAreWrittenWithSavesAndRefusals)
             answer_box(leave_question, Icon::question, page % 2 ? IDNO : IDYES);
         expect_page(L"");
     }
-    click_control(command::previous_page); // off the twelfth, which is unsaved
+    click_control(command::previous_page); // leaves the twelfth page, which is unsaved
     answer_box(leave_question, Icon::question, IDYES);
     expect_page(note(11));
     restart();
@@ -74,7 +74,7 @@ TEST_F(Day, TwelvePagesAreWrittenWithSavesAndRefusals)
     }
 }
 
-TEST_F(Day, TwoBooksInTurnKeepTheirPagesPlacesOrdersAndThemes)
+TEST_F(Day, TwoBooksInTurnKeepTheirPagesPositionsOrdersAndThemes)
 {
     book::BookHeader dark;
     dark.theme = look::theme_dark;

@@ -13,10 +13,10 @@ namespace e2e {
 
 namespace {
 
-// 2001-09-09 01:46:40, as the system counts.
+// 2001-09-09 01:46:40 as FILETIME.
 constexpr FILETIME old_time{ 0x3E0D6000, 0x01C138CF };
 
-// By hand: std::filesystem::copy takes every two folders for the same one here.
+// Not std::filesystem::copy, which in this standard library takes any two folders for the same one.
 void copy_folder(const fs::path& from, const fs::path& to)
 {
     fs::create_directories(to);

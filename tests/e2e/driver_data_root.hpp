@@ -1,4 +1,4 @@
-// The folder that a program under test runs in, and the files a test puts there and looks at afterwards.
+// The folder that a program under test runs in, and the files that a test puts there and checks afterwards.
 #pragma once
 #include "book/book.hpp"
 #include <filesystem>
@@ -9,26 +9,26 @@
 
 namespace e2e {
 
-// Bytes of a file as they stand on disk; empty for a missing one.
+// The bytes of a file on disk; empty for a missing file.
 std::string file_bytes(const std::filesystem::path& file);
 void write_bytes(const std::filesystem::path& file, std::string_view bytes);
-// The raw UTF-16 of a text, without a byte order mark, and back.
+// A text as UTF-16LE bytes without a byte order mark, and back.
 std::string utf16_bytes(std::wstring_view text);
 std::wstring utf16_text(std::string_view bytes);
 
-// Times and attributes decide whether a file was written: an age makes a later write visible.
+// Gives a file an old time, so that a later write is visible by the file's time.
 void make_old(const std::filesystem::path& file);
 bool is_old(const std::filesystem::path& file);
 
-// A page of three boxes, stamped in the past.
+// A page with these texts and a stamp in the past.
 book::Page make_page(std::wstring box1, std::wstring box2 = L"", std::wstring box3 = L"");
 inline constexpr std::wstring_view old_stamp = L"2001020304050620010203040506";
 
-// A Book as its file holds it. Throws DriverError when it cannot be read without a question.
+// Loads a Book from its file. Throws DriverError if it cannot be read without a question.
 book::Book load_book(const std::filesystem::path& file);
 
-// Keeps a file from being written until it goes, and marks it read-only meanwhile. The mark alone stops
-// nobody where the tests run as the superuser, so the file is held open as well.
+// Makes a file unwritable and read-only during its lifetime. The attribute alone has no effect if the tests
+// run as root, so the file is held open too.
 class ReadOnly {
 public:
     explicit ReadOnly(std::filesystem::path file);
@@ -41,7 +41,7 @@ private:
     HANDLE handle_;
 };
 
-// A copy of the program with everything it ships, in a folder of its own. What stood there before is gone.
+// A copy of the program and everything shipped with it in a new folder. Deletes an old folder of that name.
 class DataRoot {
 public:
     explicit DataRoot(const std::wstring& name);
@@ -52,7 +52,7 @@ public:
     std::filesystem::path settings_file() const { return folder_ / L"dat" / L"pagewick.ini"; }
     std::filesystem::path log_file() const { return folder_ / L"pagewick_log.txt"; }
 
-    // Writes the Book there and returns its full path. `header` is taken as given.
+    // Writes a Book there, with this header unchanged, and returns its full path.
     std::filesystem::path add_book(
         const std::wstring& name, std::vector<book::Page> pages, const book::BookHeader& header = {}) const;
     void write_history(const std::vector<std::wstring>& entries) const;

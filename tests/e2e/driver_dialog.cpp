@@ -9,7 +9,7 @@ namespace {
 
 constexpr int message_text_id = 65535;
 constexpr int file_name_id = 1148;
-constexpr int shell_file_name_id = 1152; // of the shell's dialogs, where it stands by itself
+constexpr int shell_file_name_id = 1152; // in the shell's dialogs, where it is not inside a combo box
 constexpr auto dialog_class = L"#32770";
 
 Window find_descendant(Window parent, int id, const wchar_t* class_name)
@@ -39,7 +39,7 @@ Window message_text(Window box)
     return find_descendant(box, message_text_id, L"Static");
 }
 
-// The edit control lies inside the combo box that bears the number.
+// The edit control is inside the combo box that has the id.
 Window file_name_edit(Window dialog)
 {
     for (const auto* combo : { L"ComboBoxEx32", L"ComboBox" }) {

@@ -1,4 +1,4 @@
-// The boxes that a program puts before its user.
+// The message boxes and file dialogs of the program under test.
 #pragma once
 #include "driver_window.hpp"
 #include <string>
@@ -7,22 +7,22 @@ namespace e2e {
 
 enum class Icon { none, error, question, warning, information };
 
-// A message box, read when it was found.
+// A message box. Its text and caption are read when it is found.
 class MessageDialog {
 public:
     explicit MessageDialog(Window window);
-    // Whether that window is a message box rather than another dialog.
+    // Whether the window is a message box and not another dialog.
     static bool is_one(Window window);
 
     Window window() const { return window_; }
     const std::wstring& caption() const { return caption_; }
     const std::wstring& text() const { return text_; }
-    // Whether it offers that button (IDOK, IDYES, ...).
+    // Whether it has this button (IDOK, IDYES, ...).
     bool has_button(int id) const;
-    // Told from the picture on the screen.
+    // Recognised from its picture on the screen.
     Icon icon() const;
 
-    // Chooses a button and returns when the box is gone.
+    // Presses a button and returns when the box has closed.
     void answer(int button) const;
     void wait_until_gone() const;
 
@@ -32,7 +32,7 @@ private:
     std::wstring text_;
 };
 
-// An open or save dialog for files.
+// A dialog for opening or saving files.
 class FileDialog {
 public:
     explicit FileDialog(Window window);
@@ -40,7 +40,7 @@ public:
 
     std::wstring caption() const { return window_.text(); }
     std::wstring file_name() const;
-    // Enters `path` and confirms; returns when the dialog is gone or asks back.
+    // Enters `path` and confirms; returns when the dialog has closed or shows a question.
     void choose(const std::wstring& path) const;
     void cancel() const;
     Window window() const { return window_; }

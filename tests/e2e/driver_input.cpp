@@ -34,7 +34,7 @@ INPUT mouse_input(DWORD flags, DWORD data = 0)
     return input;
 }
 
-// Absolute positions run from 0 to 65535 over the screen, whatever its size.
+// Absolute positions are from 0 to 65535 across the screen, whatever its size.
 INPUT input_at(POINT screen, DWORD flags = 0)
 {
     const auto scaled = [](LONG place, int extent) { return (place * 65536 + 32768) / extent; };
@@ -88,8 +88,8 @@ void chord(std::initializer_list<WORD> keys)
 }
 
 // A window that the pointer has just entered takes over the state of the real keyboard, where nothing is
-// pressed. Wine repeats its last answer about a key for 50 ms: "up" may be that old, and only a "down" that
-// lasts longer is true.
+// pressed. Wine repeats its last answer about a key for 50 ms, so only a "down" that lasts longer is
+// reliable.
 HeldKey::HeldKey(WORD key)
     : key_(key)
 {

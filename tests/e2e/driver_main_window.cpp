@@ -93,7 +93,7 @@ Window MainWindowTest::side_window(const std::wstring& class_name) const
     return found == windows.end() ? Window{} : *found;
 }
 
-// The only window that takes no activation.
+// The banner is the only window that is never activated.
 Window MainWindowTest::banner() const
 {
     const std::vector<Window> windows = top_windows(program().process_id());

@@ -31,7 +31,7 @@ PopupMenu::PopupMenu(const Program& program, ovlib::MenuRows rows, std::function
     this->open();
 }
 
-// A second try while the first is still on its way would close what the first has opened.
+// A second attempt while the first is still being served would close the menu that the first opens.
 void PopupMenu::open()
 {
     constexpr milliseconds retry{ 5000 };
@@ -108,7 +108,7 @@ POINT PopupMenu::middle_of(std::size_t row) const
 
 LONG PopupMenu::highlight() const
 {
-    constexpr int inset = 5; // inside the border, behind pictures and texts
+    constexpr int inset = 5; // inside the border, right of pictures and texts
     const RECT place = window_.rect();
     const std::vector<COLORREF> column =
         column_on_screen({ place.right - inset, place.top }, place.bottom - place.top);
@@ -128,7 +128,8 @@ bool PopupMenu::is_highlighted(std::size_t row) const
     return std::abs(highlight() - middle_of(row).y) < tolerance;
 }
 
-// Moves to and fro until the menu follows: one that is just opening does not see the first of it.
+// Moves the pointer back and forth until the menu follows: a menu that is just opening ignores the first
+// moves.
 void PopupMenu::point_at(std::size_t row)
 {
     constexpr milliseconds retry{ 100 };
@@ -143,8 +144,8 @@ void PopupMenu::point_at(std::size_t row)
     });
 }
 
-// A menu that opens under the pointer may be told of it late, which carries the highlight from the row that
-// the keys have found. So the pointer rests on the wanted row, and the keys lead around to it.
+// A menu that opens under the pointer may be notified of it late, which moves the highlight away from the row
+// that the keys have reached. So the pointer rests on the wanted row, and the keys go once around to it.
 void PopupMenu::step_to(std::size_t row)
 {
     const auto leave_row = [&] {
@@ -159,8 +160,8 @@ void PopupMenu::step_to(std::size_t row)
     });
 }
 
-// A key that follows before this one shows would carry the highlight past the row that is wanted; the first
-// one into a menu that is just opening may be lost.
+// Waits for the effect of each key: another key before that would move the highlight past the wanted row. The
+// first key into a menu that is just opening may be lost.
 void PopupMenu::step_down() const
 {
     constexpr milliseconds retry{ 3000 };

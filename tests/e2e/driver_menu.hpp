@@ -1,5 +1,5 @@
-// A popup menu of the program under test. Nothing can be asked of a menu of another process, so what stands
-// in it is given, and where the highlight is, is seen.
+// A popup menu of the program under test. A menu of another process cannot be queried, so the test passes its
+// rows, and the highlight is found on the screen.
 #pragma once
 #include "controls/menu_rows.hpp"
 #include "driver_program.hpp"
@@ -11,16 +11,17 @@ enum class Hand { mouse, keys };
 
 class PopupMenu {
 public:
-    // Has the menu of these rows opened when the program takes input, and again when it goes before anything
-    // was chosen: a focus that comes back late, of a box just closed, cancels a menu.
+    // `open` opens the menu with these rows, when the program accepts input. It is called again if the menu
+    // closes before a row was chosen: a focus change that comes late, from a message box just closed, cancels
+    // a menu.
     PopupMenu(const Program& program, ovlib::MenuRows rows, std::function<void()> open);
 
-    // Chooses the row of that command and returns when the menu is gone.
+    // Chooses the row of this command and returns when the menu has closed.
     void choose(int id, Hand hand);
-    // Tries the same with a row that is grey, which leaves the menu standing, and closes it.
+    // Tries the same with a greyed row, which keeps the menu open, and closes the menu.
     void choose_in_vain(int id, Hand hand);
     void leave() const;
-    // Chooses the row that so many arrow keys lead to, which pass over separators.
+    // Chooses the row reached by so many arrow keys, which skip separators.
     void choose_by_steps(int count);
     Window window() const { return window_; }
 

@@ -7,7 +7,7 @@ namespace e2e {
 
 namespace {
 
-// Whatever belongs to the job ends with its last handle, so nothing is left behind by a driver that died.
+// All processes of the job end when its last handle is closed, so a crashed driver leaves none behind.
 HANDLE create_job()
 {
     const HANDLE job = CreateJobObjectW(nullptr, nullptr);
@@ -17,8 +17,8 @@ HANDLE create_job()
     return job;
 }
 
-// Looks in a row that must find the same. A dialog that opens or closes is followed by the window manager,
-// which tells late who has the keyboard; what is typed in between reaches nobody.
+// Consecutive checks that must agree. When a dialog opens or closes, the window manager assigns the keyboard
+// late, and keys typed before that are lost.
 constexpr int calm_looks = 15;
 
 } // namespace
@@ -31,7 +31,7 @@ Program::Program(const std::filesystem::path& file, const std::wstring& argument
         command += L" " + arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
-    // Another current folder than the data root: the program has to find its own.
+    // Not the data root as current directory: the program must find its own folder.
     if (!CreateProcessW(file.c_str(), command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
             L"C:\\", &startup, &process_))
         throw DriverError("cannot start " + platform::to_utf8(file.wstring()) + ": error "
@@ -59,7 +59,7 @@ bool Program::is_running() const
 DWORD Program::exit_code() const
 {
     if (WaitForSingleObject(process_.hProcess, static_cast<DWORD>(patience.count())) != WAIT_OBJECT_0)
-        throw DriverError("waited in vain: the program ends");
+        throw DriverError("timed out: the program ends");
     DWORD code = 0;
     GetExitCodeProcess(process_.hProcess, &code);
     return code;
@@ -75,7 +75,7 @@ template <class Predicate> void Program::await(const std::string& what, Predicat
         return ended;
     });
     if (!came)
-        throw DriverError("waited in vain: " + what + "; " + describe());
+        throw DriverError("timed out: " + what + "; " + describe());
     if (ended && !holds())
         throw DriverError("the program ended with code " + std::to_string(exit_code()) + " before " + what);
 }
@@ -131,8 +131,8 @@ FileDialog Program::wait_for_file_dialog() const
     return FileDialog(wait_for_dialog("a file dialog", FileDialog::is_one));
 }
 
-// A dialog that closes before the window manager has served its opening leaves the keyboard with nobody for a
-// while.
+// If a dialog closes before the window manager has served its opening, no window has the keyboard for a
+// while. So this waits until the dialog keeps it.
 Window Program::wait_for_dialog(const std::string& what, bool (*fits)(Window)) const
 {
     std::optional<Window> found;
@@ -174,7 +174,7 @@ bool Program::takes_input() const
 {
     const GUITHREADINFO state = gui_state();
     const Window active(state.hwndActive);
-    // A list that has dropped keeps the mouse for those who choose in it.
+    // A dropped-down list captures the mouse and accepts input.
     const bool has_mouse = !state.hwndCapture || Window(state.hwndCapture).class_name() == L"ComboLBox";
     return active.exists() && active.is_enabled() && GetForegroundWindow() == active.handle() && has_mouse
         && (state.flags & GUI_INMENUMODE) == 0;
@@ -190,19 +190,19 @@ void Program::await_input() const
         looks = takes_input() ? looks + 1 : 0;
         return looks > 0 && (gui_state().hwndActive == calm_window_ || looks >= calm_looks);
     };
-    // A window manager may give nobody the keyboard when a dialog has closed.
+    // A window manager may leave no window with the keyboard after a dialog has closed.
     if (!wait_until(is_ready, usual)) {
         const HWND active = gui_state().hwndActive;
         SetForegroundWindow(active ? active : find_window().handle());
         if (!wait_until(is_ready))
-            throw DriverError("waited in vain: the program takes input; " + describe());
+            throw DriverError("timed out: the program takes input; " + describe());
     }
     calm_window_ = gui_state().hwndActive;
 }
 
 void Program::click_on(Window control) const
 {
-    // A press that comes while the window manager still places the window reaches nobody.
+    // A click is lost while the window manager is still placing the window.
     constexpr milliseconds retry{ 1000 };
     const auto has_focus = [&] { return takes_input() && focus() == control; };
     if (!wait_until([&] {
@@ -212,12 +212,12 @@ void Program::click_on(Window control) const
             click(control.center());
             return wait_until(has_focus, retry);
         }))
-        throw DriverError("waited in vain: a click gives the focus; " + describe());
+        throw DriverError("timed out: a click gives the focus; " + describe());
 }
 
-// The focus may come before the click that is still on its way, when the program itself gives it to the box.
-// What the click does to the caret would then undo what a message does to it. Keys follow the click in one
-// queue: when the caret has been at the end and then at the beginning, both have been served.
+// The program may give the box the focus before the click is served. The click would then move the caret
+// after a message has set it. Keys follow the click in the same queue: when the caret has been at the end and
+// then at the beginning, the click has been served.
 void Program::click_into(Window edit) const
 {
     click_on(edit);

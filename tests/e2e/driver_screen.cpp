@@ -9,7 +9,7 @@ namespace e2e {
 
 namespace {
 
-// A part of the screen in memory, 32 bits a pixel, bottom line first.
+// A part of the screen in memory, 32 bits per pixel, bottom-up.
 class Canvas {
 public:
     Canvas(int width, int height)
@@ -147,10 +147,10 @@ std::vector<COLORREF> column_on_screen(POINT top, int height)
     return colors;
 }
 
-// Which picture it is cannot be asked across processes, so it is looked at.
+// The icon of another process's box cannot be queried, so it is compared on the screen.
 Icon icon_on_screen(Window box)
 {
-    // A box that was found while it is being built gets its picture last.
+    // A box that is still being created gets its icon last.
     constexpr milliseconds building{ 1000 };
     Window picture;
     const auto has_picture = [&] { return (picture = picture_of(box)).exists(); };

@@ -7,16 +7,16 @@
 
 namespace e2e {
 
-// While it lives, files with that extension belong to a program that notes how it is called.
+// During its lifetime, files with this extension are associated with a program that records how it is called.
 class RecordedProgram {
 public:
-    // The program is copied into `folder`. `extension` with its point.
+    // Copies the program into `folder`. `extension` includes its dot.
     RecordedProgram(const std::filesystem::path& folder, std::wstring extension);
     RecordedProgram(const RecordedProgram&) = delete;
     RecordedProgram& operator=(const RecordedProgram&) = delete;
     ~RecordedProgram();
 
-    // What it was called with, each call's parameters as they stood.
+    // The command line parameters of each call, unchanged.
     std::vector<std::wstring> calls() const;
 
 private:

@@ -1,11 +1,11 @@
-// A screen of another size, as a laptop has it.
+// A screen of another size, such as a laptop's.
 #pragma once
 #include <windows.h>
 
 namespace e2e {
 
-// Changes the size of the screen for as long as it lives; throws DriverError where the screen keeps its own.
-// A process goes by the work area that it met first, so a test with one of these needs a process of its own.
+// Changes the size of the screen during its lifetime; throws DriverError if the screen cannot be resized. A
+// process keeps the work area that it saw first, so a test that uses this needs a process of its own.
 class SmallScreen {
 public:
     explicit SmallScreen(SIZE size);

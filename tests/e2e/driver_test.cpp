@@ -12,7 +12,7 @@ std::string test_name()
 {
     const auto* info = testing::UnitTest::GetInstance()->current_test_info();
     std::string name = std::string(info->test_suite_name()) + "." + info->name();
-    std::ranges::replace(name, '/', '-'); // of a test with a parameter; the name is a folder's too
+    std::ranges::replace(name, '/', '-'); // in the name of a parameterised test, which becomes a folder name
     return name;
 }
 

@@ -1,5 +1,5 @@
-// Waiting for a state with a deadline. Everything the driver cannot get in time is a DriverError, which
-// GoogleTest reports as the failure of the test that runs.
+// Waiting for a state with a deadline. Anything that does not happen in time throws DriverError, which
+// GoogleTest reports as a failure of the running test.
 #pragma once
 #include <chrono>
 #include <stdexcept>
@@ -10,7 +10,7 @@ namespace e2e {
 
 using std::chrono::milliseconds;
 
-// Long enough for a loaded machine; a test that works never waits it out.
+// Long enough for a loaded machine; a passing test never waits this long.
 inline constexpr milliseconds patience{ 20000 };
 
 class DriverError : public std::runtime_error {
@@ -18,7 +18,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// True as soon as `holds()` does, false when `limit` has passed.
+// Returns true as soon as `holds()` is true, false when `limit` has passed.
 template <class Predicate> bool wait_until(Predicate holds, milliseconds limit = patience)
 {
     const auto deadline = std::chrono::steady_clock::now() + limit;
@@ -30,8 +30,7 @@ template <class Predicate> bool wait_until(Predicate holds, milliseconds limit =
     return true;
 }
 
-// True when `holds()` does at every look until `span` has passed; false at the first look at which it does
-// not.
+// Returns true if `holds()` stays true until `span` has passed, false as soon as it is not.
 template <class Predicate> bool keeps(Predicate holds, milliseconds span)
 {
     const auto end = std::chrono::steady_clock::now() + span;
@@ -47,7 +46,7 @@ template <class Predicate>
 void require(const std::string& what, Predicate holds, milliseconds limit = patience)
 {
     if (!wait_until(holds, limit))
-        throw DriverError("waited in vain: " + what);
+        throw DriverError("timed out: " + what);
 }
 
 } // namespace e2e

@@ -25,7 +25,7 @@ POINT Window::center() const
     return { (box.left + box.right) / 2, (box.top + box.bottom) / 2 };
 }
 
-// Asked by message: GetWindowTextW gives nothing for a control of another process.
+// Uses WM_GETTEXT, because GetWindowTextW returns nothing for a control of another process.
 std::wstring Window::text() const
 {
     const auto length = static_cast<std::size_t>(send(WM_GETTEXTLENGTH));

@@ -8,8 +8,8 @@
 
 namespace e2e {
 
-// A handle and what can be asked of it. A message that is not answered in time throws DriverError: a program
-// that hangs fails the test and never hangs it.
+// A window handle and its queries. A message that is not answered in time throws DriverError, so a hanging
+// program fails the test instead of hanging it.
 class Window {
 public:
     Window() = default;
@@ -30,16 +30,16 @@ public:
     std::wstring text() const;
     void set_text(const std::wstring& text) const;
 
-    // The child with that control identifier, at any depth. Throws when there is none.
+    // The child with this control identifier, at any depth. Throws if there is none.
     Window child(int id) const;
 
     LRESULT send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
     void post(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
-    // Returns when the command is done, so only for one that opens no dialog.
+    // Returns when the command is done, so it must not open a dialog.
     void send_command(int id, LPARAM lparam = 0) const;
     void post_command(int id, LPARAM lparam = 0) const;
 
-    // Of an edit control.
+    // For an edit control.
     bool is_modified() const { return send(EM_GETMODIFY) != 0; }
     bool is_read_only() const { return (style() & ES_READONLY) != 0; }
     std::pair<DWORD, DWORD> selection() const;
@@ -52,7 +52,7 @@ private:
     HWND handle_ = nullptr;
 };
 
-// Visible windows of a process without a parent, topmost first.
+// The visible top-level windows of a process, topmost first.
 std::vector<Window> top_windows(DWORD process_id);
 
 } // namespace e2e

@@ -1,4 +1,4 @@
-// Going down: closing, settings, the end of the user's logon.
+// Shutdown: closing, settings, the end of the user's logon.
 #include "driver_test.hpp"
 #include <regex>
 
@@ -106,7 +106,7 @@ TEST_F(Ending, TheEndOfALogonWritesItsFileAndNoBook)
     EXPECT_FALSE(fs::exists(root().settings_file()));
 }
 
-TEST_F(Ending, ALogonThatGoesOnLeavesTheDiskAsItWas)
+TEST_F(Ending, ACancelledEndOfALogonWritesNothing)
 {
     const fs::path file = edit_a_book();
     make_old(file);

@@ -1,4 +1,4 @@
-// Books that cannot be written. What the user wrote must never end up in another page.
+// Books that cannot be written. The user's text must never end up in another page.
 #include "driver_test.hpp"
 
 namespace fs = std::filesystem;
@@ -24,7 +24,7 @@ protected:
 
 } // namespace
 
-TEST_F(FailingSave, CtrlSTellsThatTheFileIsReadOnlyAndKeepsTheEdit)
+TEST_F(FailingSave, CtrlSReportsThatTheFileIsReadOnlyAndKeepsTheEdit)
 {
     const fs::path file = open_numbered_book(2);
     const std::string before = file_bytes(file);
@@ -46,7 +46,7 @@ TEST_F(FailingSave, AFileHeldByAnotherProgramIsNotCalledReadOnly)
     answer_box(L"Error: Book の保存に失敗\r\n" + file.wstring(), Icon::warning, IDOK);
 }
 
-TEST_F(FailingSave, TheStepIsGivenUpAndTheNextOneAsksAgain)
+TEST_F(FailingSave, TheStepIsCancelledAndTheNextOneAsksAgain)
 {
     const fs::path file = open_numbered_book(3);
     {
@@ -70,7 +70,7 @@ TEST_F(FailingSave, TheStepIsGivenUpAndTheNextOneAsksAgain)
     EXPECT_EQ(book.pages[2].text[0], L"三\r\n");
 }
 
-TEST_F(FailingSave, AfterANoTheStepIsMade)
+TEST_F(FailingSave, AfterANoTheStepIsTaken)
 {
     const fs::path file = open_numbered_book(2);
     const ReadOnly protection(file);
@@ -81,7 +81,7 @@ TEST_F(FailingSave, AfterANoTheStepIsMade)
     EXPECT_EQ(title(), L"手帖");
 }
 
-TEST_F(FailingSave, ANewPageIsNotMadeFromTheTextThatCouldNotBeSaved)
+TEST_F(FailingSave, ANewPageIsNotCreatedFromTheTextThatCouldNotBeSaved)
 {
     const fs::path file = open_numbered_book(2);
     {
@@ -99,7 +99,7 @@ TEST_F(FailingSave, ANewPageIsNotMadeFromTheTextThatCouldNotBeSaved)
     EXPECT_EQ(book.pages[1].text[0], L"二\r\n");
 }
 
-TEST_F(FailingSave, AtTheEndTheFailureShowsOverAHiddenWindowAndTheProgramStillEnds)
+TEST_F(FailingSave, AtShutdownTheFailureIsShownOverAHiddenWindowAndTheProgramStillEnds)
 {
     const fs::path file = open_numbered_book(1);
     const std::string before = file_bytes(file);
@@ -110,7 +110,7 @@ TEST_F(FailingSave, AtTheEndTheFailureShowsOverAHiddenWindowAndTheProgramStillEn
     EXPECT_EQ(failure.text(), failure_text(file));
     EXPECT_TRUE(main_window().exists());
     EXPECT_FALSE(main_window().is_visible());
-    // A second close meanwhile is refused rather than nested.
+    // A second close in the meantime is refused, not nested.
     main_window().post(WM_CLOSE);
     failure.answer(IDOK);
     EXPECT_EQ(program().exit_code(), 0u);

@@ -1,4 +1,4 @@
-// The files of pages as they show beside the text: pictures, playing animations, and what the mouse does.
+// The file pane beside the text: pictures, playing animations and mouse actions.
 #include "driver_main_window.hpp"
 #include "driver_screen.hpp"
 #include "media/gif_play.hpp"
@@ -30,13 +30,13 @@ constexpr Color viewer_back{ 0x202020 }; // of the standard theme
 
 class FilePane : public MainWindowTest {
 protected:
-    // Beside the program, so that entries may be relative.
+    // Adds a file beside the program, so that entries may be relative.
     std::wstring add_file(const std::wstring& name, const FileContents& bytes) const
     {
         write_bytes(root().folder() / name, { reinterpret_cast<const char*>(bytes.data()), bytes.size() });
         return name;
     }
-    // The first letter of each page's box is its number.
+    // Opens a Book whose pages begin with their number.
     fs::path open_pages(const std::vector<std::vector<std::wstring>>& files, bool autoplay = true)
     {
         std::vector<book::Page> pages;
@@ -60,7 +60,7 @@ protected:
         const app::Rect pane = layout().file_pane;
         return on_screen(pane.left + x, pane.top + y);
     }
-    // Away from the texts that may stand over a picture.
+    // A point away from the texts that may be drawn over a picture.
     POINT picture_place() const { return in_pane(325, 300); }
     Color in_view() const { return Color{ color_on_screen(picture_place()) }; }
     void expect_in_view(Color color, const Where& where = Where::current())
@@ -72,7 +72,7 @@ protected:
     {
         expect_in_view(MovingGif::colors[shade], where);
     }
-    // Turns that many pages, four forwards and four backwards, and presses on some of them.
+    // Turns this many pages, four forward and four backward in turn, and clicks on some of them.
     void turn_to_and_fro(int count) const
     {
         for (int i = 0; i < count; ++i) {
@@ -81,7 +81,7 @@ protected:
                 click(picture_place());
         }
     }
-    // How many colours come by until this many were seen or the time is over.
+    // The number of different colours seen until it reaches `wanted` or the time is over.
     std::size_t colors_that_come_by(std::size_t wanted, milliseconds limit) const
     {
         std::set<std::uint32_t> seen;
@@ -98,7 +98,7 @@ protected:
         const auto traced = trace(where);
         EXPECT_GE(colors_that_come_by(3, patience), 3u);
     }
-    // A pause writes white in the corner of the picture, which fills the pane sideways.
+    // A pause draws white text in the corner of the picture, which fills the pane's width.
     bool is_paused_shown() const
     {
         for (const COLORREF color : column_on_screen(in_pane(16, 18), 24)) {
@@ -130,7 +130,7 @@ protected:
 
 } // namespace
 
-TEST_F(FilePane, ShowsThePictureOfEachPageWhileOneLeafs)
+TEST_F(FilePane, ShowsThePictureOfEachPageWhilePagesAreTurned)
 {
     open_pages({ { add_file(L"一.png", test_support::png_file(65, 67, plain(red))) },
         { add_file(L"二.bmp", test_support::bmp_file(65, 67, plain(green))) },
@@ -146,7 +146,7 @@ TEST_F(FilePane, ShowsThePictureOfEachPageWhileOneLeafs)
     expect_in_view(red);
 }
 
-TEST_F(FilePane, ShowsAJpegAndTellsItsFactsBelow)
+TEST_F(FilePane, ShowsAJpegAndItsFactsBelow)
 {
     open_pages({ { add_file(L"a.jpg", test_support::jpeg_file(65, 65, 220)) } });
     expect_soon(true, [&] { return in_view().luminance() > 210; });
@@ -165,7 +165,7 @@ TEST_F(FilePane, ShowsAJpegAndTellsItsFactsBelow)
     EXPECT_TRUE(has_text(layout().file_counter));
 }
 
-TEST_F(FilePane, AnAnimationPlaysPausesSeeksAndGoesOn)
+TEST_F(FilePane, AnAnimationPlaysPausesSeeksAndContinues)
 {
     open_pages({ { add_gif(L"動.gif", 5, 20) } });
     expect_playing();
@@ -181,12 +181,12 @@ TEST_F(FilePane, AnAnimationPlaysPausesSeeksAndGoesOn)
     EXPECT_TRUE(is_paused_shown());
     click(picture_place());
     expect_playing();
-    // Two clicks in one go are none.
+    // A double click has no effect.
     double_click(picture_place());
     expect_playing();
 }
 
-TEST_F(FilePane, AnAnimationBeginsPausedWhereTheBookWantsIt)
+TEST_F(FilePane, AnAnimationStartsPausedIfTheBookSaysSo)
 {
     open_pages({ { add_gif(L"動.gif", 5, 20) } }, false);
     expect_soon(true, [&] { return is_paused_shown(); });
@@ -195,7 +195,7 @@ TEST_F(FilePane, AnAnimationBeginsPausedWhereTheBookWantsIt)
     expect_playing();
 }
 
-TEST_F(FilePane, TheWheelChoosesAnotherFile)
+TEST_F(FilePane, TheWheelSelectsAnotherFile)
 {
     open_pages({ { add_file(L"a.png", test_support::png_file(65, 65, plain(red))),
                      add_file(L"b.png", test_support::png_file(65, 65, plain(green))),
@@ -211,7 +211,7 @@ TEST_F(FilePane, TheWheelChoosesAnotherFile)
     expect_page(L"一");
 }
 
-TEST_F(FilePane, CtrlAndTheWheelCarryTheEntryOverItsNeighbour)
+TEST_F(FilePane, CtrlAndTheWheelMoveTheEntryPastItsNeighbour)
 {
     const fs::path book =
         open_pages({ { add_file(L"a.png", test_support::png_file(65, 65, plain(red))), L"無い.png" } });
@@ -229,13 +229,13 @@ TEST_F(FilePane, CtrlAndTheWheelCarryTheEntryOverItsNeighbour)
     expect_in_view(red);
 }
 
-TEST_F(FilePane, TheInterpolationIsKeptOverARestart)
+TEST_F(FilePane, TheInterpolationIsKeptAcrossARestart)
 {
     const Color black{ 0x000000 };
     const Color white{ 0xFFFFFF };
     open_pages(
         { { add_file(L"a.png", test_support::png_file(2, 2, test_support::halves(2, black, white))) } });
-    // Far left and right of the middle a smooth picture is a shade of grey, and a plain one is not.
+    // Far left and right of the middle, a smoothed picture has shades of grey, and a plain one has not.
     const auto has_shades = [&] {
         const Color color{ color_on_screen(in_pane(260, 340)) };
         return color.value != black.value && color.value != white.value;
@@ -267,7 +267,7 @@ TEST_F(FilePane, PagesOfAnimationsAreTurnedAtFullSpeed)
     }
     const Holdings after = holdings_of(program());
     std::cout << turns << " turns, " << to_string(before) << " to " << to_string(after) << std::endl;
-    // Fewer than one for two turns, of which some find no page to turn to.
+    // Less than one object per two turns; some turns find no page to go to.
     EXPECT_LT(after.gdi_objects, before.gdi_objects + least_turns / 2);
     main_window().send_command(command::first_page);
     expect_page(L"一");
@@ -287,7 +287,7 @@ TEST_F(FilePane, TheProgramClosesWhileAnAnimationPlays)
     }
 }
 
-TEST_F(FilePane, AFileThatIsReplacedWhileItShowsStandsUntilItIsChosenAgain)
+TEST_F(FilePane, AFileReplacedWhileItIsShownStaysUntilItIsSelectedAgain)
 {
     open_pages({ { add_file(L"a.png", test_support::png_file(65, 65, plain(red))) }, {} });
     expect_in_view(red);
@@ -300,7 +300,7 @@ TEST_F(FilePane, AFileThatIsReplacedWhileItShowsStandsUntilItIsChosenAgain)
     expect_in_view(green);
 }
 
-TEST_F(FilePane, HostileFilesLeaveAClearMessageAndALivingProgram)
+TEST_F(FilePane, HostileFilesGiveAClearMessageAndTheProgramKeepsRunning)
 {
     FileContents big = test_support::png_file(8, 8, plain(red));
     const auto sides = test_support::PictureBytes{}.big32(30'000).big32(30'000).bytes();
@@ -312,7 +312,7 @@ TEST_F(FilePane, HostileFilesLeaveAClearMessageAndALivingProgram)
         add_file(L"c.gif", FileContents(99)), half_pair, std::wstring(300, L'長') + L".png" };
     for (const auto& [name, bytes] : test_support::pictures_hiding_their_side(32'768))
         hostile.push_back(add_file(name, bytes));
-    // A picture behind each, so that no message is taken for the one of the next file.
+    // A picture after each of them, so that no message is mistaken for that of the next file.
     const std::wstring good = add_file(L"e.png", test_support::png_file(65, 65, plain(green)));
     std::vector<std::wstring> entries;
     for (const std::wstring& entry : hostile)
@@ -335,7 +335,7 @@ TEST_F(FilePane, HostileFilesLeaveAClearMessageAndALivingProgram)
         expect_in_view(green);
         main_window().send_command(command::next_file);
     }
-    // Whether half an animation plays is the decoder's to say.
+    // Whether a truncated animation plays depends on the decoder.
     main_window().send_command(command::next_file);
     expect_in_view(green);
 }

@@ -1,4 +1,4 @@
-// A page's files: added, duplicated, opened, found again, moved about in their list, and the page's folder.
+// A page's files: adding, duplicating, opening, finding moved ones, reordering, and the page's folder.
 #include "app/file_texts.hpp"
 #include "app/menus.hpp"
 #include "driver_main_window.hpp"
@@ -34,7 +34,7 @@ protected:
         open_settled(book_file_);
     }
 
-    // Comes up under the pointer, which must not lie on a row yet.
+    // The menu opens at the pointer, which must not be over a row yet.
     PopupMenu file_menu(const app::FileMenuState& state)
     {
         return { program(), app::file_menu(state), [this] {
@@ -55,7 +55,7 @@ protected:
             .is_entry_file = true };
     }
 
-    // Its texts in order.
+    // The texts of the combo box in order.
     Files combo_rows() const
     {
         Files rows;
@@ -119,7 +119,7 @@ TEST_F(FilesOfAPage, OneIsAddedByTheMenuAndItsDialog)
     EXPECT_EQ(saved_files(), Files{ picture.wstring() });
 }
 
-TEST_F(FilesOfAPage, SeveralAreAddedAtOnceBehindTheOthers)
+TEST_F(FilesOfAPage, SeveralAreAddedAtOnceAfterTheOthers)
 {
     open_with({ L"http://x.invalid/a" });
     const fs::path first = made(L"一.png");
@@ -135,7 +135,7 @@ TEST_F(FilesOfAPage, SeveralAreAddedAtOnceBehindTheOthers)
     EXPECT_EQ(files, (Files{ L"http://x.invalid/a", first.wstring(), second.wstring() }));
 }
 
-TEST_F(FilesOfAPage, NoneIsAddedWhenTheDialogIsLeft)
+TEST_F(FilesOfAPage, NoneIsAddedWhenTheDialogIsCancelled)
 {
     open_with({});
     main_window().post_command(command::add_files);
@@ -161,19 +161,19 @@ TEST_F(FilesOfAPage, OneIsDuplicatedElsewhereAndOntoItself)
     make_old(source);
     main_window().post_command(command::duplicate_file);
     program().wait_for_file_dialog().choose(source.wstring());
-    program().wait_for_box().answer(IDYES); // the dialog's own question whether to overwrite
+    program().wait_for_box().answer(IDYES); // the dialog asks whether to overwrite
     answer_box(app::duplicated_text(source.wstring(), source.wstring()), Icon::none, IDOK);
     EXPECT_EQ(file_bytes(source), "old");
     EXPECT_TRUE(is_old(source));
 }
 
-TEST_F(FilesOfAPage, ADuplicateThatCannotBeWrittenIsTold)
+TEST_F(FilesOfAPage, ADuplicateThatCannotBeWrittenIsReported)
 {
     const fs::path source = made(L"元.png", "new");
     const fs::path copy = made(L"写し.png", "old");
     open_with({ source.wstring() });
     const ReadOnly protection(copy);
-    SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL); // else the dialog refuses it by itself
+    SetFileAttributesW(copy.c_str(), FILE_ATTRIBUTE_NORMAL); // otherwise the dialog itself refuses the file
     main_window().post_command(command::duplicate_file);
     program().wait_for_file_dialog().choose(copy.wstring());
     program().wait_for_box().answer(IDYES);
@@ -202,7 +202,7 @@ TEST_F(FilesOfAPage, OneIsOpenedByTheUsersProgram)
     EXPECT_FALSE(program().has_dialog());
 }
 
-TEST_F(FilesOfAPage, ADoubleClickOnThePaneOpensOneThatIsThere)
+TEST_F(FilesOfAPage, ADoubleClickOnThePaneOpensAnExistingOne)
 {
     const fs::path page = made(L"紙.pwtest");
     const RecordedProgram recorder(root().folder(), L".pwtest");
@@ -211,7 +211,7 @@ TEST_F(FilesOfAPage, ADoubleClickOnThePaneOpensOneThatIsThere)
     expect_soon(Files{ L"\"" + page.wstring() + L"\"" }, [&] { return recorder.calls(); });
 }
 
-TEST_F(FilesOfAPage, ADoubleClickOnThePaneSearchesOneThatIsGone)
+TEST_F(FilesOfAPage, ADoubleClickOnThePaneSearchesAMissingOne)
 {
     const fs::path gone = root().folder() / L"無い.png";
     open_with({ gone.wstring() });
@@ -237,7 +237,7 @@ TEST_F(FilesOfAPage, OneIsShownInItsFolder)
     close_folder_window(root().folder().filename().wstring());
 }
 
-TEST_F(FilesOfAPage, OneThatIsGoneIsShownInNoFolder)
+TEST_F(FilesOfAPage, AMissingOneIsShownInNoFolder)
 {
     const std::wstring gone = (root().folder() / L"無い.png").wstring();
     open_with({ gone });
@@ -245,7 +245,7 @@ TEST_F(FilesOfAPage, OneThatIsGoneIsShownInNoFolder)
     answer_box(app::show_in_folder_failure(gone), Icon::warning, IDOK);
 }
 
-TEST_F(FilesOfAPage, OneThatMovedIsSearchedInVainWhereTheSystemFollowsNone)
+TEST_F(FilesOfAPage, AMovedOneIsNotFoundIfTheSystemDoesNotTrackFiles)
 {
     const fs::path old_place = made(L"元.png");
     open_with({ old_place.wstring() });
@@ -256,14 +256,14 @@ TEST_F(FilesOfAPage, OneThatMovedIsSearchedInVainWhereTheSystemFollowsNone)
     EXPECT_EQ(saved_files(), Files{ old_place.wstring() });
 }
 
-TEST_F(FilesOfAPage, OneThatMovedIsFoundAgainThroughItsLink)
+TEST_F(FilesOfAPage, AMovedOneIsFoundAgainThroughItsLink)
 {
     const fs::path old_place = made(L"元.png");
     const fs::path new_place = made(L"先.png");
     open_with({ old_place.wstring(), new_place.wstring() });
     wait_for_link(old_place);
     wait_for_link(new_place);
-    // As a system that follows files does: the old link leads to the new place.
+    // What a system that tracks files does: the old link now has the new target.
     write_bytes(link_of(old_place), file_bytes(link_of(new_place)));
     fs::remove(old_place);
     fs::remove(link_of(new_place));
@@ -336,7 +336,7 @@ TEST_F(FilesOfAPage, TheirFolderIsChosenOpenedAndRemoved)
     EXPECT_EQ(load_book(book_file_).pages[0].reference_folder, L"");
 }
 
-TEST_F(FilesOfAPage, AFolderThatIsGoneIsNamed)
+TEST_F(FilesOfAPage, AMissingFolderIsNamed)
 {
     book::Page page = make_page(L"一");
     page.reference_folder = (root().folder() / L"無い").wstring();

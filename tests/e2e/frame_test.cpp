@@ -1,4 +1,4 @@
-// The window as a whole: moved by whatever of it is no control.
+// The window as a whole: it is moved by dragging any part without a control.
 #include "driver_main_window.hpp"
 
 using namespace e2e;
@@ -25,7 +25,7 @@ protected:
 
 } // namespace
 
-TEST_F(Frame, IsMovedByItsBackgroundWithAllThatIsInIt)
+TEST_F(Frame, IsMovedByItsBackgroundWithAllItsContents)
 {
     open_numbered(2);
     const POINT start = corner();
@@ -43,8 +43,8 @@ TEST_F(Frame, IsMovedByItsBackgroundWithAllThatIsInIt)
     EXPECT_EQ(box(command::box_1).rect().top, box_before.top + by.y);
 }
 
-// On a screen that is too low it is the way to what lies at the bottom.
-TEST_F(Frame, IsCarriedByItsBackgroundBeyondTheTopOfTheScreenAndBack)
+// On a screen that is too low, this is how to reach the controls at the bottom.
+TEST_F(Frame, IsDraggedByItsBackgroundBeyondTheTopOfTheScreenAndBack)
 {
     open_numbered(2);
     const POINT start = corner();

@@ -1,4 +1,4 @@
-// The window of the Books opened before: one click opens one.
+// The history window: one click opens a Book.
 #include "driver_main_window.hpp"
 #include <commctrl.h>
 
@@ -11,7 +11,7 @@ namespace command = core::command;
 
 class History : public MainWindowTest {
 protected:
-    // Three Books, the first of them open.
+    // Adds three Books to the history and opens the first one.
     std::vector<fs::path> open_first_of_three()
     {
         std::vector<fs::path> books;
@@ -79,7 +79,7 @@ TEST_F(History, AClickSavesTheOpenBookWithoutAQuestion)
     EXPECT_EQ(load_book(books[0]).pages[0].text[0], L"書きかけ\r\n");
 }
 
-TEST_F(History, AMissingEntryIsNamedAndGoes)
+TEST_F(History, AMissingEntryIsNamedAndRemoved)
 {
     const auto books = open_first_of_three();
     fs::remove(books[1]);
@@ -93,16 +93,16 @@ TEST_F(History, AMissingEntryIsNamedAndGoes)
     expect_soon(true, [&] { return history_window().is_enabled(); });
     EXPECT_EQ(root().history(), (std::vector{ books[0].wstring(), books[2].wstring() }));
     expect_page(L"一");
-    // On a screen without a window manager Wine brings the main window before those that it owns.
+    // On a screen without a window manager, Wine puts the main window in front of those that it owns.
     require("the history is in front", [&] {
         SetForegroundWindow(history_window().handle());
         return program().is_active(history_window());
     });
-    click_row(1, 90); // a second click at the first one's place may be a double click
+    click_row(1, 90); // at the same point it could count as a double click
     expect_page(L"三");
 }
 
-TEST_F(History, AClickBesideTheRowsDoesNothing)
+TEST_F(History, AClickOutsideTheRowsDoesNothing)
 {
     open_first_of_three();
     const Window window = show_history(Hand::mouse);

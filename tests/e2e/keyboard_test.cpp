@@ -1,4 +1,4 @@
-// Where the keyboard is when the user types without a click first.
+// Which control has the keyboard when the user types without clicking first.
 #include "app/control_rows.hpp"
 #include "driver_test.hpp"
 
@@ -9,7 +9,7 @@ namespace {
 
 namespace command = core::command;
 
-// A window of another program, which this process is to the one under test.
+// A window of another program: this process is another program to the one under test.
 class OtherProgram {
 public:
     OtherProgram()
@@ -40,7 +40,7 @@ private:
 
 class Keyboard : public EndToEnd {
 protected:
-    // Two pages, both of which a search for the first sign finds.
+    // Adds a Book with two pages, both of which match a search for the first character.
     fs::path add_pages() const
     {
         return root().add_book(L"手帖.bok", { make_page(L"花 一"), make_page(L"花 二") });
@@ -51,7 +51,7 @@ protected:
         open(file);
         return file;
     }
-    // Types without a click; the text is to be found at the caret of that field.
+    // Types without a click and expects the text in this field.
     void expect_typed_into(int field, const std::wstring& text, const Where& where = Where::current())
     {
         std::wstring expected = box(field).text();
@@ -69,7 +69,7 @@ protected:
 
 class KeyboardOfField : public Keyboard, public testing::WithParamInterface<int> {
 protected:
-    // The field has the keyboard by a click and something typed in it.
+    // Opens a Book, clicks the field and types in it.
     fs::path open_and_type()
     {
         auto file = open_pages();
@@ -91,7 +91,7 @@ TEST_F(Keyboard, IsInTheFirstBoxAtTheStart)
     EXPECT_EQ(load_book(file).pages[0].text[0], L"春の花 一\r\n");
 }
 
-TEST_F(Keyboard, IsInTheFirstBoxAlsoWhenAMessageCameBeforeTheWindow)
+TEST_F(Keyboard, IsInTheFirstBoxEvenWhenAMessageBoxCameBeforeTheWindow)
 {
     root().write_history({ L"C:\\ない.bok", add_pages().wstring() });
     start();
@@ -111,7 +111,7 @@ TEST_F(Keyboard, SavesByCtrlSAfterAMessageBox)
     EXPECT_EQ(load_book(file).pages[0].text[0], L"春の花 一\r\n");
 }
 
-TEST_F(Keyboard, IsInTheLastFieldAfterADialogThatWasCancelled)
+TEST_F(Keyboard, IsInTheLastFieldAfterACancelledDialog)
 {
     open_pages();
     program().click_on(box(command::box_3));
@@ -120,7 +120,7 @@ TEST_F(Keyboard, IsInTheLastFieldAfterADialogThatWasCancelled)
     expect_typed_into(command::box_3, L"続き");
 }
 
-TEST_F(Keyboard, StaysWithTheTextWhenButtonsAndChecksAreClicked)
+TEST_F(Keyboard, StaysInTheTextWhenButtonsAndCheckBoxesAreClicked)
 {
     open_pages();
     program().click_on(box(command::box_3));
@@ -149,7 +149,7 @@ TEST_P(KeyboardOfField, StaysThereWhenThePageIsTurnedAndTheQuestionAnswered)
     expect_typed_into(GetParam(), L"つづき");
 }
 
-TEST_P(KeyboardOfField, ComesBackFromAnotherProgram)
+TEST_P(KeyboardOfField, ReturnsFromAnotherProgram)
 {
     open_and_type();
     const OtherProgram other;
@@ -159,7 +159,7 @@ TEST_P(KeyboardOfField, ComesBackFromAnotherProgram)
     expect_typed_into(GetParam(), L"つづき");
 }
 
-TEST_P(KeyboardOfField, ComesBackWhenTheWindowWasMinimised)
+TEST_P(KeyboardOfField, ReturnsAfterTheWindowWasMinimised)
 {
     open_and_type();
     main_window().send(WM_SYSCOMMAND, SC_MINIMIZE);

@@ -1,4 +1,4 @@
-// Leafing through a Book with everything that turns a page.
+// Paging through a Book with every control that turns a page.
 #include "driver_main_window.hpp"
 
 namespace fs = std::filesystem;
@@ -20,7 +20,7 @@ std::vector<book::Page> numbered_pages(std::size_t count)
 
 } // namespace
 
-TEST_F(Leafing, ButtonsWheelSliderAndTabsLeadThroughOneBook)
+TEST_F(Leafing, ButtonsWheelSliderAndTabsTurnThePagesOfOneBook)
 {
     auto pages = numbered_pages(9);
     pages[3].tab_number = 1;
@@ -56,7 +56,7 @@ TEST_F(Leafing, ATouchpadTurnsOnePageWithEachNotchOfItsSmallTurns)
     open_settled(root().add_book(L"手帖.bok", numbered_pages(9)));
     stroke_touchpad(background(), -30, 8);
     expect_page(L"三");
-    click_control(command::next_page); // from there, and from no page further on
+    click_control(command::next_page); // proves that no further page was turned
     expect_page(L"四");
     stroke_touchpad(background(), 8, 15);
     expect_page(L"三");
@@ -79,7 +79,7 @@ TEST_F(Leafing, EnterInTheSearchBoxTurnsForwardAndWithShiftBackward)
     EXPECT_EQ(program().focus(), box(command::search_box));
 }
 
-TEST_F(Leafing, TheTrackBesideTheThumbLeadsStraightToItsPage)
+TEST_F(Leafing, AClickOnTheTrackGoesStraightToItsPage)
 {
     open_settled(root().add_book(L"手帖.bok", numbered_pages(9)));
     click(thumb_place(6, 9));
@@ -88,7 +88,7 @@ TEST_F(Leafing, TheTrackBesideTheThumbLeadsStraightToItsPage)
     expect_page(L"三");
 }
 
-TEST_F(Leafing, EveryWayOffAnEditedPageAsksAndARefusalGivesTheEditUp)
+TEST_F(Leafing, EveryWayOffAnEditedPageAsksAndANoDiscardsTheEdit)
 {
     auto pages = numbered_pages(5);
     pages[4].tab_number = 1;

@@ -1,4 +1,4 @@
-// Sorted, shuffled and reversed Books, by the checks below the boxes.
+// Sorted, shuffled and reversed Books, with the check boxes below the text.
 #include "driver_main_window.hpp"
 #include <algorithm>
 
@@ -19,7 +19,7 @@ book::Page stamped(std::wstring box1, std::wstring box2, std::wstring box3, cons
     return page;
 }
 
-// Every key puts these into another order.
+// Pages that every sort key orders differently.
 std::vector<book::Page> varied_pages()
 {
     return { stamped(L"b", L"2", L"x", L"20030101000000", L"20100101000000"),
@@ -134,7 +134,7 @@ TEST_F(Ordering, AnEditIsSavedIntoItsOwnPageWhenTheOrderChanges)
     write_first(L"ろ");
     click_control(command::reverse_order);
     answer_box(leave_question, Icon::question, IDNO);
-    expect_page(L"いb"); // sorts after the letters
+    expect_page(L"いb"); // now sorted after the Latin letters
     close();
     EXPECT_EQ(load_book(file).pages[2].text[0], L"a\r\n");
 }

@@ -1,4 +1,4 @@
-// Pages added and deleted through the menu of the window's background.
+// Adding and deleting pages by the menu of the window's background.
 #include "driver_main_window.hpp"
 
 namespace fs = std::filesystem;
@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(By, Pages, testing::Values(Hand::mouse, Hand::keys),
 
 } // namespace
 
-TEST_P(Pages, AreAddedAtTheEndAndHereAndWrittenInto)
+TEST_P(Pages, AreAddedAtTheEndAndAtTheCurrentPositionAndWrittenInto)
 {
     const fs::path file = open_pages(2);
     choose(command::add_page_at_end);
@@ -80,7 +80,7 @@ TEST_P(Pages, AreDeletedAfterAYesUntilAnEmptyOneIsLeft)
     EXPECT_EQ(stored(file), (Texts{ L"新" }));
 }
 
-TEST_P(Pages, ADeletedPageTakesItsEditAlong)
+TEST_P(Pages, DeletingAPageDiscardsItsEdit)
 {
     const fs::path file = open_pages(3);
     write_first(L"い");
@@ -93,7 +93,7 @@ TEST_P(Pages, ADeletedPageTakesItsEditAlong)
     EXPECT_FALSE(program().has_dialog());
 }
 
-TEST_P(Pages, AnEditIsAskedForBeforeAPageIsAdded)
+TEST_P(Pages, AnEditIsAskedAboutBeforeAPageIsAdded)
 {
     const fs::path file = open_pages(1);
     write_first(L"い");

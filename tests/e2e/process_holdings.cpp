@@ -19,7 +19,8 @@ template <class Function> Function* system_function(const char* name)
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), name)));
 }
 
-// The table of GDI objects that a process shows to itself: where the system does not count, it is counted.
+// An entry of the GDI table that is mapped into a process. The entries are counted if the system does not
+// count them.
 struct GdiEntry {
     std::uint64_t object;
     std::uint32_t owner;
@@ -44,7 +45,7 @@ std::size_t counted_gdi_objects(HANDLE process)
     if (!ReadProcessMemory(process, block + table_in_process_block, &table, sizeof(table), nullptr)
         || !ReadProcessMemory(process, reinterpret_cast<void*>(table), entries.data(), size, nullptr))
         return 0;
-    // A free entry points to the next free one in the table.
+    // A free entry points to the next free entry of the table, so its value lies inside the table.
     std::size_t count = 0;
     for (const GdiEntry& entry : entries)
         count += entry.object != 0 && (entry.object < table || entry.object >= table + size) ? 1 : 0;

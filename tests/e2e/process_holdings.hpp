@@ -1,4 +1,4 @@
-// What a program holds that it could forget to give back.
+// The resources of a program that it could leak.
 #pragma once
 #include "driver_program.hpp"
 #include <string>
@@ -13,7 +13,7 @@ struct Holdings {
 };
 Holdings holdings_of(const Program& program);
 std::string to_string(const Holdings& holdings);
-// Raises a DriverError where `to` is more than what comes and goes explains.
+// Throws DriverError if `to` exceeds `from` by more than normal fluctuation.
 void require_no_growth(const Holdings& from, const Holdings& to);
 
 } // namespace e2e

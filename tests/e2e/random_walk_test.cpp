@@ -1,5 +1,5 @@
-// Thousands of commands, keys and clicks in an order of chance. Beside the program walks a model of what its
-// user may expect, and after each step both must say the same, to the byte of every file.
+// Thousands of commands, keys and clicks in random order. A model of what the user may expect takes the same
+// steps, and after each step program and model must agree, down to the bytes of every file.
 #include "driver_test.hpp"
 #include "tests/support/environment.hpp"
 #include "walk_walker.hpp"
@@ -41,7 +41,7 @@ protected:
 
 } // namespace
 
-TEST_F(RandomWalk, TheProgramAndItsModelNeverPart)
+TEST_F(RandomWalk, TheProgramAndItsModelAlwaysAgree)
 {
     constexpr double usual_minutes = 0.3;
     const double minutes = number_from_environment("PAGEWICK_WALK_MINUTES", usual_minutes);

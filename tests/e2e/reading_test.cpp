@@ -1,4 +1,4 @@
-// Books that cannot be read as they stand.
+// Books that cannot be read without a question or at all.
 #include "driver_test.hpp"
 
 namespace fs = std::filesystem;
@@ -8,7 +8,7 @@ namespace {
 
 class Reading : public EndToEnd {
 protected:
-    // A Book file of that raw text, on top of the history; the program is started.
+    // Writes this text as a Book file, puts it on top of the history and starts the program.
     fs::path start_with(const std::wstring& raw)
     {
         const fs::path file = root().folder() / L"手帖.bok";
@@ -88,7 +88,7 @@ TEST_F(Reading, CommandsThatArriveDuringTheQuestionDoNothing)
     EXPECT_EQ(load_book(file).pages.size(), 2u);
 }
 
-TEST_F(Reading, ADamagedHeaderAnsweredNoEndsTheProgramWithNothingButTheClosingWords)
+TEST_F(Reading, ADamagedHeaderAnsweredNoEndsTheProgramWithOnlyTheClosingWords)
 {
     const fs::path file = start_with(damaged_book());
     answer_box(damaged_question(file), Icon::warning, IDNO);
@@ -119,7 +119,7 @@ TEST_F(Reading, AnOlderFormatAnsweredNoEndsTheProgram)
     expect_untouched_and_forgotten(file, older_book());
 }
 
-TEST_F(Reading, AnUnreadableNumbersLineEndsTheProgramAndLeavesTheFileAlone)
+TEST_F(Reading, AnUnreadableNumbersLineEndsTheProgramAndLeavesTheFileUnchanged)
 {
     const std::wstring raw = marker + std::wstring(656, L'0') + L"\r\n" + marker
         + raw_page(L"一", good_numbers) + raw_page(L"二", L"2001020304050620010203040506 零 0");
@@ -156,7 +156,7 @@ TEST_F(Reading, AnUnreadableBookIsTheLastOneTriedAtThisStart)
     EXPECT_EQ(title(), L"よい");
 }
 
-// Numbers that no program writes must neither hang nor crash the one that reads them.
+// Numbers that no program writes must neither hang nor crash the program.
 TEST_F(Reading, HostileNumbersInAHeaderAndAPageStillShowThePage)
 {
     book::BookHeader header;
@@ -191,8 +191,8 @@ TEST_F(Reading, APositionPastTheEndShowsNoPageUntilTheUserMoves)
     EXPECT_FALSE(box(core::command::box_1).is_read_only());
 }
 
-// Otherwise every start would fail on the same first entry.
-TEST_F(Reading, ABookThatCannotBePutInOrderEndsTheProgramAndIsForgotten)
+// Otherwise every start would fail with the same first entry.
+TEST_F(Reading, ABookThatCannotBeSortedEndsTheProgramAndIsForgotten)
 {
     book::BookHeader header;
     header.order_mode = static_cast<std::int32_t>(book::OrderMode::sorted);

@@ -1,5 +1,4 @@
-// Searching with several terms, letter case, file lists, marks and tabs, and the banner that tells of the
-// end.
+// Searching with several terms, letter case, file lists, marks and tabs, and the banner at the end.
 #include "driver_main_window.hpp"
 #include "look/banner.hpp"
 
@@ -33,7 +32,7 @@ protected:
         retype(command::search_box, terms);
         click_control(command::first_page);
     }
-    // Steps by click and expects that no further page matches.
+    // Clicks the button and expects that no further page matches.
     void expect_end(int step, const std::wstring& page, const Where& where = Where::current())
     {
         click_control(step);
@@ -50,7 +49,7 @@ protected:
         for (const wchar_t* page : pages)
             expect_next(page, where);
     }
-    // These pages in turn, and no further one.
+    // Expects exactly these pages, in this order.
     void expect_only(std::initializer_list<const wchar_t*> pages, const Where& where = Where::current())
     {
         expect_in_turn(pages, where);
@@ -73,7 +72,7 @@ TEST_F(Searching, AnyOfSeveralTermsOrAllOfThem)
     expect_end(command::previous_page, L"空と花");
 }
 
-TEST_F(Searching, AQuotedTermKeepsItsBlankAndAWideBlankDivides)
+TEST_F(Searching, AQuotedTermKeepsItsSpaceAndAWideSpaceSeparates)
 {
     open_pages({ make_page(L"一"), make_page(L"cat dog"), make_page(L"dog cat"), make_page(L"dog") });
     search_for(L"\"dog cat\"");
@@ -139,7 +138,7 @@ TEST_F(Searching, TrackingTabsAndMarksStopsAtBoth)
     click_control(command::previous_page);
     expect_page(L"三");
     expect_next(L"四");
-    // A mark given now is tracked at once.
+    // A new mark is tracked at once.
     toggle_check(command::toggle_tab_tracking, false);
     toggle_check(command::toggle_mark_tracking, false);
     expect_next(L"五");
@@ -150,7 +149,7 @@ TEST_F(Searching, TrackingTabsAndMarksStopsAtBoth)
     expect_next(L"五");
 }
 
-TEST_F(Searching, TheBannerStandsOverTheWindowGoesByItselfAndGivesWayToAFind)
+TEST_F(Searching, TheBannerIsShownOverTheWindowFadesAndIsHiddenByAFind)
 {
     open_pages({ make_page(L"一"), make_page(L"花"), make_page(L"三") });
     search_for(L"花");
@@ -179,13 +178,13 @@ TEST_F(Searching, AtTheEndOfABookWithoutAConditionNoBannerShows)
     open_pages({ make_page(L"一"), make_page(L"二") });
     expect_next(L"二");
     click_control(command::next_page);
-    // Clicks are served in their order: when this one shows, the one before it has done its work.
+    // Clicks are served in order: when this one has an effect, the one before is done.
     toggle_check(command::toggle_mark, true);
     EXPECT_FALSE(has_banner());
     expect_page(L"二");
 }
 
-TEST_F(Searching, AnEditThatIsRefusedIsGivenUpThoughNothingIsFound)
+TEST_F(Searching, AnEditAnsweredWithNoIsDiscardedEvenIfNothingIsFound)
 {
     open_pages({ make_page(L"一"), make_page(L"二") });
     retype(command::search_box, L"花");

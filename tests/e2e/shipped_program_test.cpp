@@ -1,4 +1,4 @@
-// What stands in the shipped file itself: its headers and its manifest.
+// The shipped executable: its headers and its manifest.
 #include "driver_data_root.hpp"
 #include "tests/support/built_files.hpp"
 #include <cstring>
@@ -39,7 +39,7 @@ protected:
     std::size_t first_section = 0;
 };
 
-// The text of the only manifest, with each run of white space as one blank.
+// The text of the only manifest, with each run of white space as one space.
 std::string manifest()
 {
     HMODULE const module = LoadLibraryExW(program().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
@@ -57,7 +57,7 @@ std::string manifest()
     return text;
 }
 
-// An older version is given the borders and the scrolling of its time.
+// With an older version, Windows applies the borders and scrolling of older systems.
 TEST_F(ShippedProgram, IsMarkedForWindowsOfSubsystemVersionSix)
 {
     EXPECT_EQ(headers.OptionalHeader.Subsystem, IMAGE_SUBSYSTEM_WINDOWS_GUI);
@@ -65,17 +65,18 @@ TEST_F(ShippedProgram, IsMarkedForWindowsOfSubsystemVersionSix)
     EXPECT_EQ(headers.OptionalHeader.MinorSubsystemVersion, 0);
 }
 
-TEST_F(ShippedProgram, CarriesNoSymbols)
+TEST_F(ShippedProgram, HasNoSymbols)
 {
     EXPECT_EQ(headers.FileHeader.PointerToSymbolTable, 0u);
     EXPECT_EQ(headers.FileHeader.NumberOfSymbols, 0u);
     for (const IMAGE_SECTION_HEADER& section : sections()) {
-        // Names of debug sections are long, and stand in the table that symbols need.
+        // The long names of debug sections are references into the symbols' string table, and begin with a
+        // slash.
         EXPECT_NE(section.Name[0], '/');
     }
 }
 
-TEST_F(ShippedProgram, HasOneManifestWithTheSwitchesOfTheSystem)
+TEST_F(ShippedProgram, HasOneManifestWithTheSettingsOfTheSystem)
 {
     using testing::HasSubstr;
     const std::string text = manifest();

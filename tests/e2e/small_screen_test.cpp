@@ -1,4 +1,4 @@
-// The main window on a screen that it does not fit on.
+// The main window on a screen that is too small for it.
 #include "driver_main_window.hpp"
 #include "driver_small_screen.hpp"
 
@@ -16,7 +16,7 @@ protected:
         SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
         return area;
     }
-    // By the background, so that the window's lower right corner comes into view.
+    // Drags the window by its background until its lower right corner is visible.
     void drag_into_view()
     {
         const RECT window = main_window().rect();
@@ -52,7 +52,7 @@ TEST_P(OnASmallScreen, TheWindowKeepsItsSizeAndItsCaptionCanBeReached)
     EXPECT_LT(at.boxes.third.right, at.file_pane.left) << "box 3 lies beside the pane";
 }
 
-TEST_P(OnASmallScreen, WhatIsCutOffIsDraggedIntoViewByTheBackground)
+TEST_P(OnASmallScreen, TheHiddenPartIsDraggedIntoViewByTheBackground)
 {
     open_numbered(3);
     drag_into_view();
@@ -66,7 +66,7 @@ TEST_P(OnASmallScreen, WhatIsCutOffIsDraggedIntoViewByTheBackground)
     expect_soon(false, [&] { return box(command::box_3).is_modified(); });
 }
 
-TEST_P(OnASmallScreen, AMessageBoxAndTheHistoryComeUpInView)
+TEST_P(OnASmallScreen, AMessageBoxAndTheHistoryOpenInView)
 {
     open_numbered(2);
     drag_into_view();

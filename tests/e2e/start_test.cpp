@@ -1,4 +1,4 @@
-// Coming up: the history, the first Book, the guard against a second start.
+// Starting: the history, the first Book, the guard against a second start.
 #include "driver_test.hpp"
 #include <algorithm>
 
@@ -46,7 +46,7 @@ bool is_lower_hex(const std::wstring& text)
 
 } // namespace
 
-TEST_F(Start, WithAnEmptyHistoryMakesTheBookThatTheDialogNames)
+TEST_F(Start, WithAnEmptyHistoryCreatesTheBookThatTheDialogNames)
 {
     start();
     make_book_by_dialog(root().folder() / L"新しい手帖");
@@ -99,7 +99,7 @@ TEST_F(Start, ShowsTheFirstPageOfTheNewestBook)
     EXPECT_EQ(root().history(), (std::vector{ file.wstring(), other.wstring() }));
 }
 
-TEST_F(Start, ThePlaceOfTheWindowIsTheMiddleOfTheScreen)
+TEST_F(Start, TheWindowIsCentredOnTheScreen)
 {
     open(root().add_book(L"手帖.bok", { make_page(L"一") }));
     const RECT rect = main_window().rect();
@@ -168,7 +168,7 @@ TEST_F(Start, ANewBookThatCannotBeWrittenEndsTheProgram)
     SetFileAttributesW(taken.c_str(), FILE_ATTRIBUTE_NORMAL);
     start();
     program().wait_for_file_dialog().choose(taken.wstring());
-    // The dialog's own question whether to overwrite.
+    // The dialog asks whether to overwrite the file.
     program().wait_for_box().answer(IDYES);
     answer_box(L"Book の作成に失敗", Icon::warning, IDOK);
     expect_fatal_start(L"Book を開けませんでした");
@@ -183,7 +183,7 @@ TEST_F(Start, AHistoryOfNothingButAByteOrderMarkAsksOnceForANewBook)
     expect_fatal_start(L"Book を開けませんでした");
 }
 
-TEST_F(Start, AByteOrderMarkBeforeTheFirstPathIsNoPartOfIt)
+TEST_F(Start, AByteOrderMarkBeforeTheFirstPathIsNotPartOfIt)
 {
     const auto file = root().add_book(L"手帖.bok", { make_page(L"一") });
     write_bytes(root().history_file(), utf16_bytes(L"\xFEFF" + file.wstring() + L"\r\n"));
@@ -216,7 +216,7 @@ TEST_F(Start, RunsInAFolderWithAJapaneseName)
     japanese.remove();
 }
 
-TEST_F(Start, ASecondStartIsRefusedAndLeavesTheFirstAlone)
+TEST_F(Start, ASecondStartIsRefusedAndLeavesTheFirstRunning)
 {
     const auto file = open_numbered_book(2);
     make_old(file);
@@ -234,6 +234,6 @@ TEST_F(Start, ASecondStartIsRefusedAndLeavesTheFirstAlone)
     main_window().send_command(core::command::next_page);
     expect_page(L"二");
     close();
-    // The guard is free again.
+    // The guard has been released.
     start().wait_for_window();
 }

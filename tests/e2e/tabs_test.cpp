@@ -1,4 +1,4 @@
-// Tabs given, coloured and taken with the mouse, up to as many as a Book may have.
+// Adding, colouring and removing tabs with the mouse, up to the limit of a Book.
 #include "driver_main_window.hpp"
 #include "look/tab_strip.hpp"
 
@@ -13,7 +13,7 @@ constexpr auto removal_question = L"このページのタブを削除します�
 
 class Tabs : public MainWindowTest {
 protected:
-    // Near the left end of the tab, where no caption stands.
+    // A point near the left end of the tab, where there is no caption.
     POINT tab_edge(std::size_t number, std::size_t count) const
     {
         const app::Rect strip = layout().tabs;
@@ -23,7 +23,7 @@ protected:
     void expect_fill(
         std::size_t number, std::size_t count, std::size_t color, const Where& where = Where::current())
     {
-        // A tab under the mouse shows no fill of its own.
+        // A tab under the mouse is not filled with its own colour.
         move_mouse(background());
         expect_color(look::tab_color(color), tab_edge(number, count), where);
     }
@@ -51,7 +51,7 @@ using Numbers = std::vector<std::uint64_t>;
 
 } // namespace
 
-TEST_F(Tabs, AreGivenByTheCheckColouredByThePopupAndTakenByEither)
+TEST_F(Tabs, AreAddedByTheCheckBoxColouredByTheMenuAndRemovedByEither)
 {
     const fs::path file = open_tabbed(0, 3);
     toggle_check(command::toggle_tab, true);
@@ -82,7 +82,7 @@ TEST_F(Tabs, AreGivenByTheCheckColouredByThePopupAndTakenByEither)
     EXPECT_EQ(stored_tabs(file), (Numbers{ 0, 0, 0 }));
 }
 
-TEST_F(Tabs, AGivenTabStandsAmongTheOthersInStoredOrder)
+TEST_F(Tabs, ANewTabIsPlacedAmongTheOthersInStoredOrder)
 {
     const fs::path file = open_tabbed(1, 3);
     click_control(command::last_page);
@@ -111,7 +111,7 @@ TEST_F(Tabs, TheTwoHundredAndFiftySixthIsTheLast)
     expect_soon(false, [&] { return box(command::toggle_tab).is_enabled(); });
     click_control(command::toggle_tab);
     main_window().send_command(command::toggle_tab);
-    // The last tab lies over all the others.
+    // The last tab is on top of all others.
     click(tab_place(256, 256));
     expect_page(L"p258");
     EXPECT_TRUE(box(command::toggle_tab).is_enabled());

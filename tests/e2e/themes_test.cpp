@@ -1,4 +1,4 @@
-// The six themes as they look on the screen.
+// The six themes on the screen.
 #include "driver_main_window.hpp"
 
 namespace fs = std::filesystem;
@@ -10,7 +10,7 @@ namespace command = core::command;
 
 class ThemeOfPages : public MainWindowTest {
 protected:
-    // One place of everything that the main window colours.
+    // Checks one pixel of everything that the main window colours.
     void expect_colors(int theme, const Where& where = Where::current())
     {
         const look::ThemePalette colors = look::theme_colors(theme);
@@ -25,7 +25,7 @@ protected:
         expect_color(colors.box_back, on_screen(at.search_box.right - 8, at.search_box.top + 11), where);
         expect_color(colors.check_fill, on_screen(at.mark_check.left + 6, at.mark_check.top + 10), where);
     }
-    // Where nothing follows the pointer.
+    // Moves the pointer where nothing reacts to it.
     void rest_pointer() const { move_mouse(background()); }
 };
 
@@ -35,7 +35,7 @@ INSTANTIATE_TEST_SUITE_P(Each, Themes, testing::Range(look::theme_standard, look
 
 } // namespace
 
-TEST_P(Themes, ColourTheWholeWindowAndComeBackWithTheirBook)
+TEST_P(Themes, ColourTheWholeWindowAndAreRestoredWithTheirBook)
 {
     const int first = GetParam() == look::theme_dark ? look::theme_standard : look::theme_dark;
     book::BookHeader header;
@@ -66,7 +66,7 @@ TEST_P(Themes, ANewPageTakesTheColoursOfTheTheme)
     EXPECT_EQ(page.text_color[2], colors.box3_text.value);
 }
 
-TEST_F(ThemeOfPages, ACommandGivesTheColoursToEveryPage)
+TEST_F(ThemeOfPages, ACommandAppliesTheColoursToEveryPage)
 {
     const fs::path file = open_numbered(3);
     main_window().send_command(look::theme_dark);

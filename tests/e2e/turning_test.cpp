@@ -1,4 +1,4 @@
-// Going from page to page, and finding the place again.
+// Turning pages, and restoring scroll positions.
 #include "driver_test.hpp"
 
 namespace fs = std::filesystem;
@@ -9,7 +9,7 @@ namespace {
 class Turning : public EndToEnd {
 protected:
     void step(int id) { main_window().send_command(id); }
-    // A place of the main window that no control covers.
+    // A point of the main window that no control covers.
     POINT background() const
     {
         const RECT rect = main_window().rect();
@@ -55,7 +55,7 @@ TEST_F(Turning, TurningAnUnchangedPageWritesNothing)
 TEST_F(Turning, TheWheelOverTheWindowTurnsPages)
 {
     open_numbered_book(3);
-    // A wheel that turns while the window manager still places the window reaches nobody; a click tells.
+    // The wheel has no effect while the window manager is still placing the window; wait for a click first.
     program().click_on(box(core::command::box_1));
     turn_wheel(background(), -1);
     expect_page(L"二");
@@ -65,14 +65,14 @@ TEST_F(Turning, TheWheelOverTheWindowTurnsPages)
     expect_page(L"二");
 }
 
-TEST_F(Turning, CtrlAndTheWheelCarryThePageOverItsNeighbour)
+TEST_F(Turning, CtrlAndTheWheelMoveThePagePastItsNeighbour)
 {
     const fs::path file = open_numbered_book(3);
     move_mouse(background());
     {
         const HeldKey ctrl(VK_CONTROL);
         turn_wheel(background(), -1);
-        // The page stays before the eyes, so it is the neighbours that tell where it went.
+        // The same page stays visible, so its new position is seen in the saved file.
         expect_soon(1u, [&] {
             main_window().send_command(core::command::save_always);
             return static_cast<unsigned>(load_book(file).header.position);
@@ -94,7 +94,7 @@ TEST_F(Turning, NothingTurnsWhileABoxIsOpen)
     for (const int id : { core::command::next_page, core::command::last_page, core::command::first_page })
         main_window().post_command(id);
     main_window().post(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
-    // Posted after the others, so that they have been served when the box closes.
+    // Posted after the others, so they have been served when the box closes.
     asked.answer(IDNO);
     expect_page(L"二");
     EXPECT_FALSE(program().has_dialog());
@@ -115,7 +115,7 @@ TEST_F(Turning, TheNextStartShowsThePageOfTheLastEnd)
     EXPECT_EQ(title(), L"手帖");
 }
 
-TEST_F(Turning, TheScrollPlacesOfBothLongBoxesComeBackWithThePageAndAfterARestart)
+TEST_F(Turning, TheScrollPositionsOfBothLongBoxesAreRestoredWithThePageAndAfterARestart)
 {
     const auto text = many_lines(300);
     const fs::path file = root().add_book(L"手帖.bok", { make_page(text, L"", text), make_page(L"二") });
@@ -138,8 +138,8 @@ TEST_F(Turning, TheScrollPlacesOfBothLongBoxesComeBackWithThePageAndAfterARestar
     expect_places();
 }
 
-// A scroll message has 16 bits for the place, and the sign of them is misread.
-TEST_F(Turning, APlaceBeyondThirtyTwoThousandLinesComesBackToo)
+// A scroll message has only 16 bits for the position, and they are read as signed.
+TEST_F(Turning, AScrollPositionBeyondThirtyTwoThousandLinesIsRestoredToo)
 {
     auto page = make_page(many_lines(40000));
     page.scroll_first = 35000;
@@ -150,7 +150,7 @@ TEST_F(Turning, APlaceBeyondThirtyTwoThousandLinesComesBackToo)
     EXPECT_EQ(load_book(file).pages[0].scroll_first, 35000);
 }
 
-TEST_F(Turning, TheScrollPlacesOfAWrappedBookComeBackAndAreKept)
+TEST_F(Turning, TheScrollPositionsOfAWrappedBookAreRestoredAndKept)
 {
     book::BookHeader header;
     header.wrap_text = 1;
@@ -166,7 +166,7 @@ TEST_F(Turning, TheScrollPlacesOfAWrappedBookComeBackAndAreKept)
     EXPECT_EQ(load_book(file).pages[0].scroll_third, 70);
 }
 
-TEST_F(Turning, APlaceBeyondTheEndOfTheTextIsHarmless)
+TEST_F(Turning, AScrollPositionBeyondTheEndOfTheTextIsHarmless)
 {
     auto page = make_page(L"一\r\n二\r\n三");
     page.scroll_first = 70000;

@@ -1,4 +1,4 @@
-// What a walk may do, how often, and when.
+// The actions of a walk, their frequencies and conditions.
 #include "app/main_layout.hpp"
 #include "book/query.hpp"
 #include "core/command_ids.hpp"
@@ -37,8 +37,8 @@ bool has_files(const Walker& walker)
 {
     return !page_of(walker).files.empty();
 }
-// Only Books come into a list with a file that is there; once there may be a link, what a search says hangs
-// on how far its maker has come.
+// Books are the only existing files in a list. For them there may be a link already, so the result of a
+// search would depend on the progress of the worker that makes links.
 bool has_no_book_as_file(const Walker& walker)
 {
     return !entry_of(walker).ends_with(L".bok");
@@ -60,7 +60,7 @@ bool has_missing_folder(const Walker& walker)
 {
     return page_of(walker).reference_folder == missing_folder;
 }
-// Where a page stands among others of the same time is told by nobody before its time is.
+// Sorted by time, the position of an edited page is unknown until its new time is read from the file.
 bool may_swap(const Walker& walker)
 {
     return !walker.model.is_sorted_by_time() || !walker.model.is_edited();
@@ -81,14 +81,14 @@ MainLayout layout_of(const Walker& walker)
     return app::main_layout({ client.right, client.bottom });
 }
 
-// The same to the model and, by its command, to the program.
+// Does the same to the model and, by its command, to the program.
 template <auto in_model, int id, auto... arguments> void give(Walker& walker)
 {
     (walker.model.*in_model)(arguments...);
     walker.give(id);
 }
 
-// For a command that no control bears.
+// The same for a command that no control sends.
 template <auto in_model, int id, auto... arguments> void send(Walker& walker)
 {
     (walker.model.*in_model)(arguments...);
@@ -246,7 +246,7 @@ void search(Walker& walker)
     walker.set_search(walker.chance(20) ? L"" : walker.some_text(false));
 }
 
-// The selection of the box that has the focus; a line's end does not go into the search box.
+// Searches the selection of the focused box, up to its first line end: the search box has one line.
 void search_selection(Walker& walker)
 {
     const std::size_t box = walker.below(3);
@@ -387,13 +387,13 @@ void drag_boundary(Walker& walker)
     const app::PageBoxes boxes = app::with_divider(layout.boxes, walker.model.book.header.divider);
     const Rect gap = app::gap_rect(boxes, app::BoxGap::upper);
     const int x = gap.left + 20;
-    const int y = 110 + static_cast<int>(walker.below(450)); // a click finds text in every box then
+    const int y = 110 + static_cast<int>(walker.below(450)); // keeps every box high enough for a click
     walker.note("to " + std::to_string(y));
     walker.model.book.header.divider = app::clamp_divider(boxes, y);
     walker.drag({ x, (gap.top + gap.bottom) / 2 }, { x, y });
 }
 
-// Numbers that mean nothing, and commands whose windows are still to come.
+// Unknown numbers, and commands without an implementation yet.
 void send_idle(Walker& walker)
 {
     constexpr std::array commands{ 1, 999, 1017, 1032, 1037, 1043, 1045, 1046, 1047, 1048, 1051, 1052, 1053,

@@ -1,4 +1,4 @@
-// Holds the program beside its model: boxes, controls and every file.
+// Compares the program with its model: boxes, controls and every file.
 #include "book/page_text.hpp"
 #include "core/command_ids.hpp"
 #include "platform/text.hpp"
@@ -33,7 +33,7 @@ std::string file_name(const std::wstring& path)
 
 namespace {
 
-// Which part of two pages differs.
+// The name of the first part in which two pages differ.
 std::string difference(const book::Page& is, const book::Page& expected)
 {
     for (std::size_t box = 0; box < book::box_count; ++box) {
@@ -66,7 +66,7 @@ void Walker::check()
     check_boxes();
 }
 
-// A dialog that was answered may take a moment to go.
+// A dialog that was answered may take a moment to close.
 void Walker::check_no_dialog()
 {
     constexpr e2e::milliseconds moment{ 2000 };
@@ -98,7 +98,7 @@ void Walker::check_boxes()
             "the chosen file", static_cast<std::uint64_t>(combo.send(CB_GETCURSEL)), page.current_file);
 }
 
-// Every file, written in this step or not.
+// Checks every file, whether written in this step or not.
 void Walker::check_files()
 {
     const std::wstring now = book::current_time_text();

@@ -1,4 +1,4 @@
-// What each command means to the open Book.
+// The model's commands: their effect on the open Book.
 #include "book/linguistic_sort.hpp"
 #include "look/tab_strip.hpp"
 #include "look/theme.hpp"
@@ -89,7 +89,7 @@ void Model::slide_to(std::uint64_t position)
     finish(true);
 }
 
-// The page changes places with its neighbour, and the position follows it.
+// Swaps the page with its neighbour; the position follows the page.
 void Model::swap(int direction)
 {
     if (!accepts_input)

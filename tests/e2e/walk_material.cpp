@@ -1,4 +1,4 @@
-// What a walk writes: texts, pages and Books of chance.
+// Random texts, pages and Books for a walk.
 #include "book/page_text.hpp"
 #include "platform/text.hpp"
 #include "walk_walker.hpp"

@@ -52,7 +52,7 @@ std::size_t size_of(const book::Page& page)
     return units;
 }
 
-// For the keys that are no texts.
+// Compares pages by the keys that are not texts.
 bool is_before(const book::Page& left, const book::Page& right, int key)
 {
     if (key == 3003)
@@ -62,8 +62,8 @@ bool is_before(const book::Page& left, const book::Page& right, int key)
     return size_of(left) < size_of(right);
 }
 
-// By the library's own sort: the system's comparison contradicts itself for some texts, and what then is the
-// order only that sort can tell.
+// Uses the program's sort: the system's comparison is inconsistent for some texts, and then the order depends
+// on the algorithm.
 std::vector<std::uint64_t> order_by_text(const std::vector<Page>& pages, std::size_t box)
 {
     std::vector<const std::wstring*> texts;
@@ -86,7 +86,7 @@ bool is_time(const std::wstring& text)
     return text.size() == half_stamp && text.find_first_not_of(L"0123456789") == text.npos;
 }
 
-// The times that both halves of a known stamp put in place of unknown ones.
+// The stamp with its unknown times replaced by those of a known stamp.
 std::wstring filled(const std::wstring& stamp, const std::wstring& known)
 {
     std::wstring text = stamp;
@@ -115,7 +115,7 @@ std::string bytes_of(const Record& record)
     return std::string(reinterpret_cast<const char*>(sink.bytes.data()), sink.bytes.size());
 }
 
-// A file ends each line, so the last line of the long boxes comes back with its end.
+// A file ends every line, so the last line of boxes 1 and 3 is loaded with a line end.
 Record as_read(Record record)
 {
     for (Page& page : record.pages) {
@@ -212,7 +212,7 @@ void Model::forget_shown()
     mark_clean();
 }
 
-// Takes the edits into the page and writes the file.
+// Commits the edits to the page and writes the file.
 void Model::write()
 {
     if (Page* page = page_with(shown_); page && is_edited()) {
@@ -245,7 +245,7 @@ void Model::remember(const std::wstring& file)
         history.pop_back();
 }
 
-// True when there were edits, which then are written or given up.
+// Writes or discards the edits; true if there were any.
 bool Model::leave()
 {
     store_scroll();
@@ -262,13 +262,13 @@ void Model::show()
         return;
     const Page& page = book.pages[index_at(book.header.position)];
     if (page.id == shown_)
-        store_scroll(); // a page that is shown again stays where it is
+        store_scroll(); // a page that is shown again keeps its scroll position
     shown_ = page.id;
     for (std::size_t box = 0; box < boxes.size(); ++box)
         boxes[box] = { page.data.text[box], false };
 }
 
-// What stands at the end of every command: another page at the position is shown whatever was asked for.
+// The end of every command: if another page is at the position now, it is shown in any case.
 void Model::finish(bool shows_page)
 {
     if (shows_page || book.pages[index_at(book.header.position)].id != shown_)
@@ -312,7 +312,7 @@ void Model::rebuild_order()
     }
 }
 
-// To the nearest page that matches; false when there is none.
+// Goes to the nearest page that matches; false if there is none.
 bool Model::find(int direction)
 {
     book::SearchQuery query;
@@ -410,7 +410,7 @@ std::string Model::learn(const std::wstring& file, const book::Book& on_disk, co
             living->data.stamp = page.data.stamp;
     }
     if (was_reordered_) {
-        // By times that were unknown when the pages were put in order.
+        // Some times were unknown when the pages were sorted.
         rebuild_order();
         finish(false);
         was_reordered_ = false;

@@ -1,5 +1,5 @@
-// What a user may expect of the open Book, kept beside the program while a walk drives it: plain rules on
-// plain records, with none of the program's handlers.
+// A model of what a user may expect of the open Book during a walk: simple rules on simple records,
+// independent of the program's handlers.
 #pragma once
 #include "book/book.hpp"
 #include "book/search.hpp"
@@ -12,32 +12,32 @@
 
 namespace walk {
 
-// Stands in a stamp for a time that only the written file can tell. Later than every time.
+// Placeholder in a stamp for a time that is known only from the written file. Compares later than every time.
 inline constexpr wchar_t unknown_time[] = L"??????????????";
 
 inline constexpr unsigned no_page = 0;
 
 struct Page {
     book::Page data;
-    unsigned id = no_page; // stays with the page wherever it goes
+    unsigned id = no_page; // identifies the page wherever it is moved
 };
 
-// A Book as a file holds it, or as the program does.
+// A Book in a file or in the program.
 struct Record {
     book::BookHeader header;
     std::vector<Page> pages;
 };
 
-// Where the boundary of a Book that has none yet lies.
+// The boundary of a Book that has none set.
 inline constexpr int first_divider = 112;
 
 inline constexpr wchar_t missing_folder[] = L"C:\\資料";
 
-// Without its folder.
+// The file name of a path.
 std::wstring name_of(const std::wstring& path);
-// The bytes of its file.
+// The bytes of the record's file.
 std::string bytes_of(const Record& record);
-// As it stands in memory after its file was read.
+// The record in memory after its file was read.
 Record as_read(Record record);
 
 struct Box {
@@ -45,13 +45,13 @@ struct Box {
     bool edited = false;
 };
 
-// What the program puts before its user in one step, and what it gets for an answer.
+// A message box or dialog that the program shows in a step, and the answer.
 struct Talk {
     enum class Kind { message, file_dialog, overwrite };
     Kind kind = Kind::message;
-    std::wstring text; // of the box; the caption of a dialog; not told of an overwrite question
+    std::wstring text; // text of the box or caption of the dialog; unused for an overwrite question
     int answer = 0; // a button
-    std::wstring path; // chosen in a dialog; empty: it is cancelled
+    std::wstring path; // chosen in a dialog; empty: cancelled
 };
 
 enum class Track { marks, tabs };
@@ -59,19 +59,19 @@ enum class Order { sorted, random, reversed };
 
 class Model {
 public:
-    // Answers each question of the program.
+    // Decides the answer to each question of the program.
     std::function<bool()> says_yes;
     std::wstring backup_folder;
     std::wstring data_root;
 
-    std::map<std::wstring, Record> files; // what every Book's file holds, by its path
+    std::map<std::wstring, Record> files; // the contents of every Book's file, by path
     std::map<std::wstring, Record> backups; // by file name
     std::vector<std::wstring> history;
 
     std::wstring path;
     Record book;
     std::array<Box, 3> boxes;
-    std::array<int, 2> scroll{}; // first visible lines of boxes 1 and 3, to be told before each step
+    std::array<int, 2> scroll{}; // first visible lines of boxes 1 and 3, to be set before each step
     std::int32_t theme = book::standard_theme;
     bool accepts_input = true;
     std::wstring search;
@@ -108,7 +108,7 @@ public:
     void toggle_tab();
     void delete_page();
     void add_page(bool at_end);
-    void choose_folder(const std::wstring& chosen); // empty: the dialog is left
+    void choose_folder(const std::wstring& chosen); // empty: the dialog is cancelled
     void open_missing_folder();
     void clear_folder();
     void refresh(std::uint32_t mask);
@@ -120,13 +120,13 @@ public:
     void remove_file();
     void remove_all_files();
     void sort_files(bool descending);
-    void add_file(const std::wstring& chosen); // empty: the dialog is left
+    void add_file(const std::wstring& chosen); // empty: the dialog is cancelled
     void leave_duplicate();
-    // Of an entry whose file is not there.
+    // For an entry whose file is missing.
     void search_missing_file();
     void open_missing_file();
     void show_missing_file();
-    // Empty without one.
+    // The selected entry; empty if there is none.
     std::wstring entry();
 
     void apply_theme(std::int32_t identifier);
@@ -140,14 +140,14 @@ public:
     void restore();
     void backup();
     void about(const std::wstring& text);
-    // The program comes up with the first Book of its history.
+    // The program starts with the first Book of its history.
     void start();
     void close() { save_always(); }
 
-    // A random order takes a seed that only the file can tell.
+    // Sets the seed of a random order, which is known only from the file.
     void take_seed(std::uint32_t seed);
-    // Takes the times that could not be foretold from a Book that this step wrote. What is wrong with them,
-    // or nothing.
+    // Takes unpredictable times from a Book that this step wrote. Returns a description of a wrong time, or
+    // an empty text.
     std::string learn(const std::wstring& file, const book::Book& on_disk, const std::wstring& earliest,
         const std::wstring& latest);
 

@@ -1,4 +1,4 @@
-// How a walk tells what parts the program from its model.
+// Failure messages of a walk.
 #pragma once
 #include "driver_wait.hpp"
 #include <string>
@@ -6,9 +6,9 @@
 
 namespace walk {
 
-// Control characters would hide in a report.
+// The text in quotes, with control characters made visible.
 std::string quoted(const std::wstring& text);
-// Without its folder.
+// The file name of a path.
 std::string file_name(const std::wstring& path);
 
 template <class Value> void expect_same(const char* what, const Value& is, const Value& expected)

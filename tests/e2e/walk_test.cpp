@@ -1,5 +1,5 @@
-// A walk through the commands without sense or order: whatever comes in whatever state, the program stays,
-// answers and leaves a Book that can be read.
+// Sends all commands in a meaningless order: whatever the state, the program must keep running and responding
+// and leave a readable Book.
 #include "driver_test.hpp"
 #include <future>
 #include <random>
@@ -11,8 +11,7 @@ namespace {
 
 class Walk : public EndToEnd {
 protected:
-    // Refuses what is asked, so that nothing new is chosen or deleted. A dialog may go away while it is
-    // looked at.
+    // Declines every question, so that nothing is chosen or deleted. A dialog may close while it is examined.
     void dismiss_dialogs()
     {
         for (const Window window : top_windows(program().process_id())) {
@@ -22,7 +21,7 @@ protected:
                 PostMessageW(window.handle(), WM_COMMAND, GetDlgItem(window.handle(), IDNO) ? IDNO : IDOK, 0);
         }
     }
-    // Sends a command and dismisses what it opens, until it is done.
+    // Sends a command and dismisses its dialogs until it is done.
     void walk(int id, LPARAM lparam)
     {
         const Window window = main_window();

@@ -73,7 +73,7 @@ std::string Walker::last_actions() const
 
 void Walker::watch_holdings()
 {
-    // File dialogs, fonts and pictures come to stay.
+    // File dialogs, fonts and pictures are loaded once and kept.
     constexpr std::size_t warm_up = 300;
     constexpr std::size_t interval = 50;
     if (++steps_of_process_ < warm_up || steps_of_process_ % interval != 0)
@@ -121,7 +121,7 @@ Window Walker::box(std::size_t index) const
     return main().child(command::box_1 + static_cast<int>(index));
 }
 
-// A command that asks returns only when it was answered.
+// A command that asks a question returns only after the answer.
 template <class Act> void Walker::perform(Act act)
 {
     if (model.talks.empty())
@@ -197,7 +197,7 @@ void Walker::hold_at(POINT client)
     drag(client, client);
 }
 
-// What is dragged may look at the pointer itself, so each part waits for the one before it.
+// The drag may query the pointer's position itself, so each part waits for the one before.
 void Walker::drag(POINT from, POINT to)
 {
     constexpr e2e::milliseconds brief{ 500 };
@@ -212,7 +212,7 @@ void Walker::drag(POINT from, POINT to)
     fence();
 }
 
-// Input is served in its order: when another box has the focus by a click, what came before has been done.
+// Input is served in order: when a click has given another box the focus, all input before it is done.
 void Walker::fence()
 {
     check_no_dialog();
@@ -221,8 +221,8 @@ void Walker::fence()
     program_->click_on(focus == box(0).handle() ? box(2) : box(0));
 }
 
-// A window manager may give nobody the keyboard when a dialog has closed. A banner would take the clicks for
-// what lies under it.
+// A window manager may leave no window with the keyboard after a dialog has closed. A banner would receive
+// clicks meant for the controls below it.
 void Walker::come_to_front()
 {
     program_->wait_for_window();
@@ -297,7 +297,7 @@ void Walker::show_history()
     }
 }
 
-// The seed is the program's own: a save tells it.
+// The program chooses the seed; it is read from the file after a save.
 void Walker::turn_random()
 {
     model.change_order(Order::random);

@@ -1,5 +1,4 @@
-// Drives the program through a walk: every step is done to the program and to the model, and then both must
-// say the same.
+// Drives a walk: every step is done in the program and in the model, and then both must agree.
 #pragma once
 #include "driver_data_root.hpp"
 #include "driver_input.hpp"
@@ -21,40 +20,40 @@ public:
 
     Model model;
 
-    // One step of the table.
+    // One random step from the table of actions.
     void step();
     std::size_t steps() const { return steps_; }
     std::size_t saves() const { return saves_; }
     std::string last_actions() const;
-    // Fails when the program holds much more than after its first steps.
+    // Fails if the program holds many more resources than after its first steps.
     void watch_holdings();
     std::string holdings_text() const;
     void end();
 
-    // For the actions.
+    // Used by the actions.
     std::size_t below(std::size_t count) { return random_() % count; }
     bool chance(unsigned percent) { return random_() % 100 < percent; }
     void note(const std::string& what) { noted_ += " " + what; }
 
-    // The command as a message, and answers to what the model expects to be asked.
+    // Sends the command as a message and answers the questions that the model expects.
     void send(int id, LPARAM lparam = 0, int code = 0);
-    // By message or, sometimes, by a click on the control that bears the command.
+    // Gives the command by message or, sometimes, by a click on its control.
     void give(int id);
     void click(int id);
     void click_at(POINT client);
-    // A press that takes the mouse, and its release.
+    // Presses, which captures the mouse, and releases.
     void hold_at(POINT client);
     void drag(POINT from, POINT to);
     void send_wheel(int direction, bool with_ctrl);
     void type(std::size_t box, std::size_t start, std::size_t end, const std::wstring& text, bool with_keys);
     void press_save_key(std::size_t box);
     void choose_in_book_menu(int id);
-    // A menu that comes up is left again.
+    // Opens a menu and closes it.
     void look_at_menu(int id);
     void show_history();
     void turn_random();
     void scroll(std::size_t box, int lines);
-    // In a box, which has the focus then.
+    // Gives a box the focus and selects a range.
     void select(std::size_t box, std::size_t start, std::size_t end);
     void set_search(const std::wstring& text);
     void choose_file(std::size_t row);
@@ -63,10 +62,10 @@ public:
 
     e2e::Window main() const { return program_->find_window(); }
     e2e::Window box(std::size_t index) const;
-    // A place where characters may come or go: between no pair and no line break's halves.
+    // An index at which characters may be inserted or removed: not inside a surrogate pair or a CR LF.
     std::size_t place_in(const std::wstring& text, std::size_t from);
     std::wstring some_text(bool many_lines);
-    // A Book's path; sometimes of one that is not there yet.
+    // The path of a Book, sometimes of one that does not exist yet.
     std::wstring some_path(bool may_be_new);
 
 private:
@@ -93,7 +92,7 @@ private:
     e2e::Holdings first_holdings_;
     e2e::Holdings last_holdings_;
     std::wstring step_began_;
-    std::map<std::wstring, std::string> bytes_; // of every file when it was last compared
+    std::map<std::wstring, std::string> bytes_; // of every file when last compared
     std::string noted_;
     std::deque<std::string> last_actions_;
 };
@@ -103,7 +102,7 @@ struct Action {
     const char* name;
     unsigned weight;
     bool (*can)(const Walker&);
-    void (*act)(Walker&); // to the model first, which then knows what will be asked
+    void (*act)(Walker&); // applies to the model first, which then knows the questions to expect
 };
 const Action& choose_action(Walker& walker);
 

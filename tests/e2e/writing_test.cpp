@@ -1,4 +1,4 @@
-// Writing into the boxes of a page, and what reaches the file.
+// Typing into the boxes of a page, and the saved file.
 #include "book/page_text.hpp"
 #include "driver_test.hpp"
 
@@ -19,7 +19,7 @@ protected:
         type_text(text);
         expect_soon(before + text, [&] { return box(id).text(); });
     }
-    // The first box of the page, as its file holds it.
+    // Box 1 of the page in the file.
     static std::wstring stored_box1(const fs::path& file, std::size_t page = 0)
     {
         return load_book(file).pages.at(page).text[0];
@@ -30,7 +30,7 @@ protected:
     }
 };
 
-// Outside the basic plane: two units, two key strokes, one character.
+// A character outside the basic plane: two units, two keystrokes.
 std::wstring yoshi()
 {
     return { wchar_t{ 0xD842 }, wchar_t{ 0xDFB7 } };
@@ -93,7 +93,7 @@ TEST_F(Writing, CtrlSWithNothingChangedWritesNothing)
         const HeldKey ctrl(VK_CONTROL);
         press('S');
     }
-    // Keys are served in their order: when this one shows, the one before it has done its work.
+    // Keys are served in order: when this one has an effect, the one before is done.
     type_text(L"あ");
     expect_title(L"手帖 *");
     EXPECT_TRUE(is_old(file));
@@ -151,7 +151,7 @@ TEST_F(Writing, LeavingAChangedPageAndAnsweringYesWritesIt)
     EXPECT_EQ(box(core::command::box_1).text().substr(0, 5), L"一\r\n追記");
 }
 
-TEST_F(Writing, LeavingAChangedPageAndAnsweringNoGivesTheEditUp)
+TEST_F(Writing, LeavingAChangedPageAndAnsweringNoDiscardsTheEdit)
 {
     const fs::path file = open_numbered_book(2);
     make_old(file);
@@ -168,7 +168,7 @@ TEST_F(Writing, LeavingAChangedPageAndAnsweringNoGivesTheEditUp)
     EXPECT_EQ(stored_box1(file), L"一\r\n");
 }
 
-TEST_F(Writing, SavingTrimsTheSecondBoxAndDropsTheDividerOfTheFile)
+TEST_F(Writing, SavingTrimsTheSecondBoxAndDropsTheSeparatorOfTheFile)
 {
     const fs::path file = open_numbered_book(1);
     const std::wstring divided = L"前\x3後";
@@ -183,8 +183,8 @@ TEST_F(Writing, SavingTrimsTheSecondBoxAndDropsTheDividerOfTheFile)
     EXPECT_EQ(page.text[2], L" \x3000前後\r\n");
 }
 
-// A new edit control refuses what goes beyond some 30,000 characters.
-TEST_F(Writing, TypingGoesOnInAPageOfManyCharacters)
+// A new edit control accepts only about 30,000 characters.
+TEST_F(Writing, TypingContinuesInAPageOfManyCharacters)
 {
     const std::wstring line(100, L'字');
     std::wstring text = line;
@@ -236,7 +236,7 @@ TEST_F(Writing, TabGoesThroughTheBoxesAndTheSearchBoxAndShiftTabWritesATab)
     EXPECT_EQ(program().focus(), box(core::command::box_3));
 }
 
-// Wrapping makes the edit controls anew: they have to work as the first ones did.
+// Wrapping recreates the edit controls: the new ones must work like the old ones.
 TEST_F(Writing, TheBoxesOfAWrappedBookTypeTabAndSave)
 {
     book::BookHeader header;
@@ -259,7 +259,7 @@ TEST_F(Writing, TheBoxesOfAWrappedBookTypeTabAndSave)
     EXPECT_EQ(load_book(file).pages[0].text[2], typed + L"三\r\n");
 }
 
-TEST_F(Writing, ACopiedTextIsPastedWithItsPairsWhole)
+TEST_F(Writing, ACopiedTextIsPastedWithItsSurrogatePairs)
 {
     open_numbered_book(1);
     write_at_end(core::command::box_1, yoshi() + L"野家");

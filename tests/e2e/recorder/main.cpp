@@ -1,4 +1,4 @@
-// Stands in for a user's program: notes how it was called in a file beside itself.
+// A stand-in for a program of the user: records its command line in a file beside itself.
 #include <string>
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// The program in its main situations, one picture each, for the eye: scripts/screens.
+// Screenshots of the program in its main situations, to be looked at: scripts/screens.
 #include "app/page_actions.hpp"
 #include "look/tab_strip.hpp"
 #include "look/theme.hpp"
@@ -19,7 +19,7 @@ namespace command = core::command;
 
 const fs::path shelf = L"C:\\本棚";
 
-// The Book that explains the program, as it is read from its text.
+// The Book that explains the program, read from its JSON.
 book::Book sample_book(std::int32_t theme)
 {
     std::istringstream in;
@@ -46,7 +46,7 @@ protected:
         MainWindowTest::TearDown();
         fs::remove_all(shelf);
     }
-    // At a place that a user might choose: the status bar shows it.
+    // In a folder that a user might choose, because the status bar shows it.
     fs::path add_book(const wchar_t* name, const book::Book& book) const
     {
         return root().add_book((shelf / name).wstring(), book.pages, book.header);
@@ -59,7 +59,7 @@ protected:
         open_settled(file);
         return file;
     }
-    // Everything of the program that is on the screen, with the pointer out of the way.
+    // Takes a screenshot of all windows of the program, without the pointer unless requested.
     void take(const std::string& name, bool with_pointer = false)
     {
         if (!with_pointer)
@@ -148,7 +148,7 @@ TEST_F(Screens, Tabs)
     take("tabs");
 }
 
-// A Book whose place is past its end shows no page, and nothing can be written.
+// A Book whose position is past its end shows no page, and its boxes are read-only.
 TEST_F(Screens, ReadOnly)
 {
     open_sample(look::theme_standard, UINT64_MAX);
@@ -178,6 +178,6 @@ TEST_F(Screens, History)
     main_menu().choose(command::show_history, Hand::mouse);
     require("the history shows", [&] { return program().is_active(history_window()); });
     const app::MainLayout at = layout();
-    move_mouse(on_screen((at.slider.right + at.file_pane.left) / 2, at.slider.bottom)); // beside the window
+    move_mouse(on_screen((at.slider.right + at.file_pane.left) / 2, at.slider.bottom)); // outside the history
     take("history", true);
 }
