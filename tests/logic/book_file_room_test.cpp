@@ -1,11 +1,11 @@
-// Room for pages is made by the promise of the file, which may be far from the truth.
+// Memory for pages is reserved by an estimate from the file's size, which may be far from the truth.
 #include "tests/support/book_file_fixture.hpp"
 
 namespace {
 
 using namespace test_support;
 
-// Delivers a small file and says that it is a large one.
+// Delivers a small file and reports a large size.
 class BoastingSource final : public book::ByteSource {
 public:
     BoastingSource(std::vector<std::byte> bytes, std::uint64_t size)
@@ -48,7 +48,7 @@ TEST(RoomForPages, IsNoMoreThanABookMayHoldWhateverTheFileSize)
         EXPECT_LE(loaded(4200, size).pages.capacity(), book::page_limit);
 }
 
-TEST(RoomForPages, FollowsThePromiseOfAnOrdinaryBook)
+TEST(RoomForPages, FollowsTheEstimateForAnOrdinaryBook)
 {
     const std::size_t count = 20000;
     const std::size_t capacity = loaded(count, small_pages(count).size()).pages.capacity();

@@ -8,7 +8,7 @@ using core::Outcome;
 
 class PageAction : public SessionTest { };
 
-TEST_F(PageAction, TurningGoesToTheNearestMatchAndSaysWhenThereIsNone)
+TEST_F(PageAction, TurningGoesToTheNearestMatchAndReportsWhenThereIsNone)
 {
     EXPECT_EQ(run([&] { return app::turn_page(session, 1); }), Outcome::done);
     EXPECT_EQ(desk.boxes[0].text, L"two\r\n");
@@ -22,7 +22,7 @@ TEST_F(PageAction, TurningGoesToTheNearestMatchAndSaysWhenThereIsNone)
     EXPECT_EQ(desk.boxes[0].text, L"one\r\n");
 }
 
-TEST_F(PageAction, EachThatLeavesThePageIsRefusedWithIt)
+TEST_F(PageAction, EachThatLeavesThePageIsRefusedIfLeavingIs)
 {
     using namespace core::command;
     block(path);
@@ -80,7 +80,7 @@ TEST_F(PageAction, AddsAPageBeforeOrAfterAllAndSaves)
     EXPECT_EQ(book.header.position, 4u);
 }
 
-TEST_F(PageAction, AFullBookTakesNoPageAndGoesOn)
+TEST_F(PageAction, AFullBookAcceptsNoPageAndStaysUsable)
 {
     book.pages.resize(book::page_limit, page_with(L"x"));
     session.run([&] { app::add_page(session, core::command::add_page_at_end); });
@@ -109,7 +109,7 @@ TEST_F(PageAction, DeletingTheLastPageLeavesAnEmptyOne)
     EXPECT_EQ(desk.boxes[0].text, L"");
 }
 
-TEST_F(PageAction, SwappingTakesThePageAlong)
+TEST_F(PageAction, SwappingMovesThePositionWithThePage)
 {
     session.run([&] { app::swap_page(session, 1); });
     EXPECT_EQ(texts_in_book(), (Said{ L"two\r\n", L"one\r\n", L"three\r\n" }));
@@ -137,7 +137,7 @@ TEST_F(PageAction, EditsStayWithTheirPageWhileTheOrderChanges)
     EXPECT_EQ(desk.boxes[0].text, L"three");
 }
 
-TEST_F(PageAction, ATabTakesTheColourItIsGiven)
+TEST_F(PageAction, ATabGetsTheGivenColour)
 {
     EXPECT_EQ(run([&] { return app::toggle_tab(session, 0x123456); }), Outcome::done);
     EXPECT_EQ(book.pages[0].tab_number, 1u);
@@ -200,7 +200,7 @@ TEST_F(FileAction, SelectsMovesAndSorts)
     EXPECT_EQ(page().files, (Said{ L"c", L"b", L"a" }));
 }
 
-TEST_F(FileAction, AddsWhatWasChosen)
+TEST_F(FileAction, AddsTheChosenFiles)
 {
     EXPECT_EQ(run([&] { return app::add_files(session, [] {
                             return Said{ L"x", L"y" };
@@ -211,7 +211,7 @@ TEST_F(FileAction, AddsWhatWasChosen)
     EXPECT_EQ(run([&] { return app::add_files(session, [] { return Said{}; }); }), Said{});
 }
 
-TEST_F(FileAction, CopiesTheSelectedFileAndSaysSo)
+TEST_F(FileAction, CopiesTheSelectedFileAndReportsIt)
 {
     const std::wstring source = root.file(L"source");
     const std::wstring copy = root.file(L"copy");

@@ -19,7 +19,7 @@ protected:
     const std::wstring fresh = root.file(L"new.bok");
 };
 
-TEST_F(NewBook, HoldsOnePageInStandardColours)
+TEST_F(NewBook, HasOnePageInStandardColours)
 {
     look::load_theme(look::theme_dark);
     desk.type(0, L"edited");
@@ -36,7 +36,7 @@ TEST_F(NewBook, HoldsOnePageInStandardColours)
     EXPECT_EQ(on_disk(fresh).pages.size(), 1u);
 }
 
-TEST_F(NewBook, IsLeftWithTheDialog)
+TEST_F(NewBook, IsNotCreatedWhenTheDialogIsCancelled)
 {
     desk.type(0, L"edited");
     EXPECT_FALSE(create(L""));
@@ -44,7 +44,7 @@ TEST_F(NewBook, IsLeftWithTheDialog)
     EXPECT_EQ(texts_in(path).front(), L"edited");
 }
 
-TEST_F(NewBook, WhoseFileCannotBeWrittenReplacesTheBookAllTheSame)
+TEST_F(NewBook, ReplacesTheBookEvenIfItsFileCannotBeWritten)
 {
     look::load_theme(look::theme_dark);
     block(fresh);
@@ -64,7 +64,7 @@ TEST_F(NewBook, SavesEditsThatCameWhileTheDialogWasOpen)
     EXPECT_EQ(texts_in(path).front(), L"late");
 }
 
-TEST_F(NewBook, SaysOnceThatTheOldOneCannotBeSaved)
+TEST_F(NewBook, ReportsOnceThatTheOldOneCannotBeSaved)
 {
     block(path);
     desk.type(0, L"lost");
@@ -138,7 +138,7 @@ TEST_F(OpeningABook, AgainRestoresIt)
     EXPECT_EQ(book.path, path);
 }
 
-TEST_F(OpeningABook, ThatFailsByItsOwnWordsSavesThePagesReadSoFar)
+TEST_F(OpeningABook, ThatFailsInTheReaderSavesThePagesReadSoFar)
 {
     const std::wstring whole = read_text(other);
     const std::wstring broken = root.file(L"broken.bok");
@@ -201,7 +201,7 @@ protected:
     const std::wstring copy = root.file(L"copy.bok");
 };
 
-TEST_F(SavingAs, WritesToTheNewFileAndGoesOnThere)
+TEST_F(SavingAs, WritesToTheNewFileAndContinuesWithIt)
 {
     desk.type(0, L"edited");
     save_as(copy);
@@ -213,7 +213,7 @@ TEST_F(SavingAs, WritesToTheNewFileAndGoesOnThere)
     EXPECT_EQ(desk.title, L"copy");
 }
 
-TEST_F(SavingAs, KeepsThePathWhenLeftOrFailed)
+TEST_F(SavingAs, KeepsThePathWhenCancelledOrFailed)
 {
     save_as(L"");
     EXPECT_EQ(book.path, path);
@@ -272,7 +272,7 @@ TEST_F(BackingUp, AsksBeforeItReplacesACopy)
     EXPECT_EQ(texts_in(target).front(), L"edited");
 }
 
-TEST_F(BackingUp, SaysThatItsFolderCannotBeMade)
+TEST_F(BackingUp, ReportsThatItsFolderCannotBeCreated)
 {
     write_text(core::folders().book_backup, L"a file");
     EXPECT_FALSE(back_up());
@@ -280,7 +280,7 @@ TEST_F(BackingUp, SaysThatItsFolderCannotBeMade)
     EXPECT_EQ(talk.said, Said{});
 }
 
-TEST_F(BackingUp, SaysThatTheBookIsInvalid)
+TEST_F(BackingUp, ReportsThatTheBookIsInvalid)
 {
     book.path.clear();
     EXPECT_FALSE(back_up());
@@ -291,7 +291,7 @@ TEST_F(BackingUp, SaysThatTheBookIsInvalid)
     EXPECT_EQ(result, L"Error: この Book は無効です．\r\n" + path);
 }
 
-TEST_F(BackingUp, ReportsWhatTheSystemSaysOfAFailedCopy)
+TEST_F(BackingUp, ReportsTheSystemsMessageForAFailedCopy)
 {
     platform::remove_file(path);
     EXPECT_FALSE(back_up());
@@ -300,7 +300,7 @@ TEST_F(BackingUp, ReportsWhatTheSystemSaysOfAFailedCopy)
     EXPECT_TRUE(talk.said[0].starts_with(L"system error "));
 }
 
-TEST_F(BackingUp, IsDoneAtLoadingWithoutAQuestionWhenSet)
+TEST_F(BackingUp, HappensAtLoadingWithoutAQuestionIfSet)
 {
     core::settings().auto_backup = true;
     load(path);
@@ -329,7 +329,7 @@ TEST_F(BackingUp, CopiesTheFileThatWasAskedAbout)
 
 class LastBook : public SessionTest { };
 
-TEST_F(LastBook, IsTheFirstOfTheHistoryThatIsThere)
+TEST_F(LastBook, IsTheFirstExistingOneOfTheHistory)
 {
     const std::wstring missing = root.file(L"missing.bok");
     session.history().add(missing);

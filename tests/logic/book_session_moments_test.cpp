@@ -1,5 +1,5 @@
-// Pages, Books and entries that come and go while a box is open or with no word to the session, and loads
-// that fail in the middle: no text gets into another page, and no answer is used for something else.
+// Pages, Books and entries that change while a message box is open or without a notification to the session, and loads
+// that fail in the middle: no text gets into another page, and no answer is used for another question.
 #include "tests/support/session_fixture.hpp"
 #include <new>
 
@@ -11,7 +11,7 @@ using core::Outcome;
 
 class BrokenLoad : public SessionTest {
 protected:
-    // Pages of the new Book are there when the question about its header is answered, or none.
+    // Damages the header of `other`, so that loading it asks a question, and fails there.
     void fail_at_question()
     {
         std::wstring text = read_text(other);
@@ -58,7 +58,7 @@ TEST_F(BrokenLoad, IsNoReasonToRefuseTheNextCommand)
     EXPECT_TRUE(was_run);
 }
 
-TEST_F(BrokenLoad, DoesNotBeginWhileAnotherIsGoingOn)
+TEST_F(BrokenLoad, DoesNotStartDuringAnotherLoad)
 {
     fail_at_question();
     talk.answers = { true };
@@ -74,7 +74,7 @@ TEST_F(BrokenLoad, DoesNotBeginWhileAnotherIsGoingOn)
     EXPECT_EQ(texts_in(path), (Said{ L"one", L"two", L"three" }));
 }
 
-// Each way by which stored pages come, go and change places.
+// Every way to add, remove and swap stored pages.
 class PagesUnderTheDesk : public SessionTest {
 protected:
     using Change = std::function<void(book::Book&)>;
@@ -188,7 +188,7 @@ protected:
         file_text = read_text(path);
     }
 
-    // Whatever the page is turned, moved, deleted or replaced by.
+    // Everything that turns, moves, deletes or replaces the page.
     std::vector<std::function<void()>> page_changes()
     {
         return {
@@ -200,7 +200,7 @@ protected:
             [&] { session.run([&] { app::change_order(session, core::command::reverse_order); }); },
         };
     }
-    // What the Book is when an answer has changed nothing.
+    // Compares the Book with one in which the answer has changed nothing.
     template <class Action>
     void expect_no_effect(const std::vector<std::function<void()>>& changes, Action action)
     {
@@ -221,7 +221,7 @@ protected:
                 EXPECT_EQ(book.pages[i].reference_folder, changed[i].reference_folder);
                 EXPECT_EQ(book.pages[i].tab_number, changed[i].tab_number);
             }
-            // The next round begins with the same file.
+            // The next round starts with the same file.
             open_again();
         }
     }
@@ -266,7 +266,7 @@ TEST_F(WhileAQuestionIsOpen, ClearingTheFolderIsAboutThatFolder)
 TEST_F(WhileAQuestionIsOpen, RemovingATabIsAboutThatPage)
 {
     auto changes = page_changes();
-    changes.erase(changes.begin()); // the page is named by its address, wherever the position is
+    changes.erase(changes.begin()); // the page is given by its address, so the position does not matter
     changes.pop_back();
     changes.push_back([&] { app::remove_tab(book, 0, 0); });
     expect_no_effect(changes,

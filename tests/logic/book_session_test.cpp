@@ -10,7 +10,7 @@ using core::Outcome;
 
 class Saving : public SessionTest { };
 
-TEST_F(Saving, CommitsWhatWasEditedWithANewStamp)
+TEST_F(Saving, CommitsEditsWithANewStamp)
 {
     desk.type(0, L"one\x3 more\r\n \t");
     desk.type(1, L"  heading ");
@@ -27,7 +27,7 @@ TEST_F(Saving, CommitsWhatWasEditedWithANewStamp)
     EXPECT_EQ(talk.said, Said{});
 }
 
-TEST_F(Saving, AlwaysWritesWithoutEditsAndLeavesTheStamp)
+TEST_F(Saving, WritesWithoutEditsIfAlwaysAndKeepsTheStamp)
 {
     platform::remove_file(path);
     EXPECT_TRUE(save(SaveCode::always));
@@ -54,7 +54,7 @@ TEST_F(Saving, AfterAQuestionWritesOnYes)
     EXPECT_EQ(on_disk(path).pages[0].text[2], L"third\r\n");
 }
 
-TEST_F(Saving, AfterAQuestionGivesUpOnNo)
+TEST_F(Saving, AfterAQuestionDiscardsOnNo)
 {
     desk.type(0, L"lost");
     EXPECT_FALSE(save(SaveCode::ask));
@@ -68,7 +68,7 @@ TEST_F(Saving, AsksNothingWithoutEdits)
     EXPECT_EQ(talk.said, Said{});
 }
 
-TEST_F(Saving, GivesUpWhileAnotherWindowOwnsTheBook)
+TEST_F(Saving, IsRefusedWhileAnotherWindowOwnsTheBook)
 {
     for (const SaveCode code : { SaveCode::always, SaveCode::if_changed, SaveCode::ask }) {
         talk.busy = true;
@@ -80,7 +80,7 @@ TEST_F(Saving, GivesUpWhileAnotherWindowOwnsTheBook)
     }
 }
 
-TEST_F(Saving, SaysWhyAFileCannotBeWrittenAndKeepsTheEdits)
+TEST_F(Saving, ReportsWhyAFileCannotBeWrittenAndKeepsTheEdits)
 {
     block(path);
     desk.type(0, L"kept");
@@ -133,7 +133,7 @@ TEST_F(Closing, SavesTheEdits)
     EXPECT_EQ(texts_in(path), (Said{ L"last", L"two", L"three" }));
 }
 
-TEST_F(Closing, SavesThoughTheOrderCannotBeRebuilt)
+TEST_F(Closing, SavesEvenIfTheOrderCannotBeRebuilt)
 {
     book.header.order_mode = 2701;
     book.header.sort_key = 3004;
@@ -190,7 +190,7 @@ TEST_F(LeavingAPage, IsRefusedWhenTheFileCannotBeWritten)
     EXPECT_TRUE(desk.has_edits());
 }
 
-TEST_F(LeavingAPage, DropsEditsThatNoPageCanTake)
+TEST_F(LeavingAPage, DiscardsEditsWithoutAPage)
 {
     desk.type(0, L"homeless");
     book.header.position = 9;
@@ -209,7 +209,7 @@ TEST_F(LeavingAPage, IsRefusedWhenTheWindowEnds)
 
 class EditedMark : public SessionTest { };
 
-TEST_F(EditedMark, ComesWithTheFirstEditAndGoesWithTheSave)
+TEST_F(EditedMark, AppearsWithTheFirstEditAndDisappearsWithTheSave)
 {
     EXPECT_EQ(desk.title, L"本");
     EXPECT_FALSE(desk.has_edited_mark);
@@ -230,13 +230,13 @@ TEST_F(EditedMark, IsRenewedFromTheBoxes)
     desk.boxes[0].is_edited = false;
     session.renew_edited_mark();
     EXPECT_FALSE(desk.has_edited_mark);
-    // Undone without a word, and typed again.
+    // Undone without a notification, and typed again.
     desk.type(0, L"y");
     session.box_changed();
     EXPECT_TRUE(desk.has_edited_mark);
 }
 
-TEST_F(EditedMark, TitleSaysThatTheOrderIsStale)
+TEST_F(EditedMark, TitleShowsThatTheOrderIsStale)
 {
     book.needs_update = true;
     session.update_title();
@@ -265,7 +265,7 @@ TEST_F(ShowingAPage, LeavesEditsAlone)
     EXPECT_TRUE(desk.has_edits());
 }
 
-TEST_F(ShowingAPage, FollowsThePositionWhateverViewsWereAskedFor)
+TEST_F(ShowingAPage, FollowsThePositionWhateverViewsWereRequested)
 {
     session.run([&] { book.header.position = 2; });
     EXPECT_EQ(desk.boxes[0].text, L"three\r\n");
@@ -283,21 +283,21 @@ TEST_F(ShowingAPage, FollowsAnOrderRebuiltInTheRefresh)
     EXPECT_EQ(desk.boxes[0].text, L"three\r\n");
 }
 
-TEST_F(ShowingAPage, AsksForNothingWhenNothingIsOverdue)
+TEST_F(ShowingAPage, RequestsNothingWhenNothingIsOverdue)
 {
     room.served.clear();
     session.run([] {});
     EXPECT_TRUE(room.served.empty());
 }
 
-// A window that cannot be filled leaves texts of two pages.
+// If filling the boxes fails half way, they show texts of two pages.
 TEST_F(ShowingAPage, ThatFailsHalfWayLeavesNoPageOnTheDesk)
 {
     desk.while_showing = [] { throw std::bad_alloc(); };
     talk.on_close = [&] {
         desk.while_showing = {};
         EXPECT_EQ(session.shown_page(), nullptr);
-        desk.boxes[0].is_edited = true; // what the user types now has no page
+        desk.boxes[0].is_edited = true; // text typed now belongs to no page
         session.save_at_close();
     };
     go_to(1);
@@ -359,7 +359,7 @@ TEST_F(Hits, FollowASavedEdit)
     expect_fresh();
 }
 
-// The text is trimmed as it is written, though nothing was edited.
+// A save trims the text even if nothing was edited.
 TEST_F(Hits, FollowTextTrimmedByASave)
 {
     search({ L"e\r\n" });
@@ -391,7 +391,7 @@ TEST_F(Hits, FollowEveryChangeOfTheFileList)
     for (const auto& change : changes) {
         lists();
         talk.answers = { true };
-        // Nothing refers past the end in between either.
+        // No hit refers past the end in between either.
         session.run([&] {
             EXPECT_EQ(change(), Outcome::done);
             for (const book::SearchHit& hit : book.hits)
@@ -415,7 +415,7 @@ TEST_F(Hits, FollowThePageAndTheOrder)
     }
 }
 
-TEST_F(Hits, FollowPagesThatComeAndGo)
+TEST_F(Hits, FollowAddedAndRemovedPages)
 {
     run([&] { return app::add_page(session, core::command::add_page_here); });
     expect_fresh();

@@ -38,7 +38,7 @@ TEST(SelectFile, StepsAndJumpsAndStaysAtTheEnds)
     EXPECT_EQ(selected_by(command::last_file, 0), 3u);
 }
 
-TEST(SelectFile, TakesAPlaceOfTheListOnly)
+TEST(SelectFile, AcceptsOnlyAnIndexOfTheList)
 {
     book::Page page = page_of({ L"a", L"b" }, 0);
     EXPECT_TRUE(app::select_file(page, 1));
@@ -64,7 +64,7 @@ Files moved_by(int command, std::uint64_t current, std::uint64_t expected)
     return page.files;
 }
 
-TEST(MoveFile, TakesTheSelectionAlong)
+TEST(MoveFile, MovesTheSelectionToo)
 {
     EXPECT_EQ(moved_by(command::move_file_up, 2, 1), (Files{ L"a", L"c", L"b", L"d" }));
     EXPECT_EQ(moved_by(command::move_file_down, 1, 2), (Files{ L"a", L"c", L"b", L"d" }));
@@ -122,7 +122,7 @@ TEST(AppendFiles, SelectsTheFirstNewEntry)
     EXPECT_EQ(page.current_file, 1u);
 }
 
-TEST(SortFiles, GoesByTheLinguisticOrderAndKeepsThePlaceOfTheSelection)
+TEST(SortFiles, UsesTheLinguisticOrderAndKeepsTheSelectedPosition)
 {
     book::Page page = page_of({ L"b", L"c", L"a" }, 1);
     EXPECT_TRUE(app::sort_files(page, FileOrder::ascending));
@@ -133,7 +133,7 @@ TEST(SortFiles, GoesByTheLinguisticOrderAndKeepsThePlaceOfTheSelection)
     EXPECT_EQ(page.files, (Files{ L"c", L"b", L"a" }));
 }
 
-TEST(SortFiles, KeepsEveryEntryAlsoOfEquals)
+TEST(SortFiles, KeepsEveryEntryOfEqualOnes)
 {
     book::Page page = page_of({ L"a", L"b", L"a", L"b" }, 3);
     EXPECT_TRUE(app::sort_files(page, FileOrder::descending));

@@ -26,7 +26,7 @@ TEST(LatestRequest, CountsUntilAnotherIsMade)
     EXPECT_TRUE(requests.is_latest(second));
 }
 
-TEST(LatestRequest, AnOvertakenOneNeverCountsAgain)
+TEST(LatestRequest, AnOutdatedOneNeverCountsAgain)
 {
     LatestRequest requests;
     const Request first = requests.make();
@@ -37,7 +37,7 @@ TEST(LatestRequest, AnOvertakenOneNeverCountsAgain)
     }
 }
 
-TEST(LatestRequest, OfOneOwnerOvertakesNoneOfAnother)
+TEST(LatestRequest, OfOneOwnerOutdatesNoneOfAnother)
 {
     LatestRequest requests;
     LatestRequest others;
@@ -47,9 +47,9 @@ TEST(LatestRequest, OfOneOwnerOvertakesNoneOfAnother)
     EXPECT_TRUE(requests.is_latest(first));
 }
 
-// As a window does that loads the file that is wanted last: requests made while one is served are served in
-// the end, together.
-TEST(LatestRequest, ThatWasMadeDuringTheServiceIsServedNext)
+// As in a window that loads the file requested last: requests made while one is being served are served afterwards,
+// together.
+TEST(LatestRequest, MadeDuringTheServiceIsServedNext)
 {
     LatestRequest requests;
     int runs = 0;

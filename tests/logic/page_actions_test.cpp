@@ -1,4 +1,4 @@
-// What commands do to the open Book.
+// Actions of commands on the pages of the open Book.
 #include "app/page_actions.hpp"
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ TEST(CurrentIndex, IsNoneBeyondTheLastPage)
     EXPECT_EQ(book.current_index(), book::npos);
 }
 
-TEST(ToggleMark, MarksTheCurrentPageAndCountsAnew)
+TEST(ToggleMark, MarksTheCurrentPageAndRecounts)
 {
     book::Book book = book_of({ L"a", L"b" });
     book.pages[0].mark = 7;
@@ -64,7 +64,7 @@ TEST(ToggleMark, ChangesNothingWithoutACurrentPage)
     EXPECT_EQ(book.pages[0].mark, 0);
 }
 
-TEST(SwapWithNeighbour, TakesThePageAlong)
+TEST(SwapWithNeighbour, FollowsThePage)
 {
     book::Book book = book_of({ L"a", L"b", L"c" });
     book.header.position = 1;
@@ -76,7 +76,7 @@ TEST(SwapWithNeighbour, TakesThePageAlong)
     EXPECT_EQ(book.header.position, 1u);
 }
 
-TEST(SwapWithNeighbour, GoesByTheOrderThatIsShown)
+TEST(SwapWithNeighbour, UsesTheDisplayOrder)
 {
     book::Book book = book_of({ L"a", L"b", L"c" });
     book.header.order_mode = -2700;
@@ -122,7 +122,7 @@ TEST(SwapWithNeighbour, InAShuffledBookMovesThePageByOne)
     EXPECT_EQ(book.header.position, 2u);
 }
 
-TEST(SwapWithNeighbour, InASortedBookKeepsThePlace)
+TEST(SwapWithNeighbour, InASortedBookKeepsThePosition)
 {
     for (const std::int32_t mode : { 2701, -2701 }) {
         book::Book book = book_of({ L"c", L"a", L"b" });
@@ -149,7 +149,7 @@ TEST(SwapWithNeighbour, EndsAtBothEnds)
     EXPECT_FALSE(book.needs_update);
 }
 
-TEST(ToggleTab, GivesAndTakesATabAndCountsAnew)
+TEST(ToggleTab, AddsAndRemovesATabAndRecounts)
 {
     book::Book book = book_of({ L"a", L"b", L"c" });
     book.pages[2].tab_number = 1;
@@ -166,7 +166,7 @@ TEST(ToggleTab, GivesAndTakesATabAndCountsAnew)
     EXPECT_EQ(book.tab_count, 1);
 }
 
-TEST(ToggleTab, GivesNoneBeyondTheLimitButItsColor)
+TEST(ToggleTab, AddsNoneBeyondTheLimitButSetsTheColor)
 {
     book::Book book;
     book.pages.resize(257);
@@ -176,7 +176,7 @@ TEST(ToggleTab, GivesNoneBeyondTheLimitButItsColor)
     EXPECT_TRUE(app::toggle_tab(book, 0x403CBE));
     EXPECT_EQ(book.pages[0].tab_number, 0u);
     EXPECT_EQ(book.pages[0].tab_color, 0x403CBEu);
-    EXPECT_EQ(book.pages[256].tab_number, 256u); // and takes none from another page
+    EXPECT_EQ(book.pages[256].tab_number, 256u); // no other page loses its tab
     book.header.position = 3;
     EXPECT_TRUE(app::toggle_tab(book, 0));
     book.header.position = 0;
@@ -193,7 +193,7 @@ TEST(ToggleTab, DoesNothingWithoutACurrentPage)
     EXPECT_EQ(book.pages[0].tab_number, 0u);
 }
 
-TEST(RemoveTab, TakesItFromThePageThatWasNamed)
+TEST(RemoveTab, RemovesItFromTheGivenPage)
 {
     book::Book book = book_of({ L"a", L"b" });
     book.pages[0].tab_number = book.pages[1].tab_number = 1;
@@ -219,7 +219,7 @@ TEST(IndexOf, KnowsThePagesOfTheBookOnly)
     EXPECT_EQ(app::index_of({}, 0), book::npos);
 }
 
-TEST(ColorAllPages, GivesEveryPageTheThemesBoxColors)
+TEST(ColorAllPages, AppliesTheThemesBoxColorsToEveryPage)
 {
     book::Book book = book_of({ L"a", L"b" });
     look::ThemePalette palette;

@@ -1,4 +1,4 @@
-// Whether what a question was about is still there when the answer comes.
+// Whether the subject of a question still exists when the user answers it.
 #include "app/page_note.hpp"
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ book::Book two_pages()
     return book;
 }
 
-TEST(PageNote, StandsWhileNothingHappens)
+TEST(PageNote, IsValidWhileNothingChanges)
 {
     book::Book book = two_pages();
     const auto note = note_page(book);
@@ -31,7 +31,7 @@ TEST(PageNote, StandsWhileNothingHappens)
     EXPECT_TRUE(is_same(*note, book));
 }
 
-TEST(PageNote, FallsWithThePosition)
+TEST(PageNote, IsInvalidWhenThePositionChanges)
 {
     book::Book book = two_pages();
     const auto note = note_page(book);
@@ -41,7 +41,7 @@ TEST(PageNote, FallsWithThePosition)
     EXPECT_FALSE(is_same(*note, book));
 }
 
-TEST(PageNote, FallsWhenAnotherPageIsShownAtThePosition)
+TEST(PageNote, IsInvalidWhenAnotherPageIsShownAtThePosition)
 {
     book::Book book = two_pages();
     const auto note = note_page(book);
@@ -52,7 +52,7 @@ TEST(PageNote, FallsWhenAnotherPageIsShownAtThePosition)
     EXPECT_FALSE(is_same(*note, book));
 }
 
-TEST(PageNote, FallsWhenPagesComeOrGo)
+TEST(PageNote, IsInvalidWhenPagesAreAddedOrRemoved)
 {
     book::Book book = two_pages();
     const auto note = note_page(book);
@@ -69,7 +69,7 @@ TEST(PageNote, IsNoneWithoutACurrentPage)
     EXPECT_FALSE(note_entry(book));
 }
 
-TEST(EntryNote, FallsWithItsPageItsPlaceOrItsText)
+TEST(EntryNote, IsInvalidWhenItsPagePositionOrTextChanges)
 {
     const book::Book before = two_pages();
     const auto note = note_entry(before);
@@ -90,7 +90,7 @@ TEST(EntryNote, FallsWithItsPageItsPlaceOrItsText)
     EXPECT_FALSE(is_same(*note, book));
 }
 
-TEST(EntryNote, StandsWhenOtherEntriesChange)
+TEST(EntryNote, IsValidWhenOtherEntriesChange)
 {
     book::Book book = two_pages();
     const auto note = note_entry(book);

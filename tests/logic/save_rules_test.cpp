@@ -1,4 +1,4 @@
-// When a Book is written, what comes back from the boxes, and the words of a failure.
+// When a Book is written, committing the boxes, and the message of a failure.
 #include "app/save_rules.hpp"
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ using app::SaveStep;
 constexpr bool changed = true;
 constexpr bool busy = true;
 
-TEST(SaveStep, AlwaysWritesAlsoWithoutAChange)
+TEST(SaveStep, AlwaysWritesEvenWithoutAChange)
 {
     EXPECT_EQ(save_step(SaveCode::always, !changed, !busy), SaveStep::write);
     EXPECT_EQ(save_step(SaveCode::always, changed, !busy), SaveStep::write);
@@ -61,7 +61,7 @@ TEST(TakeBack, ReplacesOnlyTheEditedBoxes)
     EXPECT_EQ(page.text, (std::array<std::wstring, 3>{ L"", L"new", L"x" }));
 }
 
-TEST(TakeBack, TrimsBoxTwoAloneAndAtBothEnds)
+TEST(TakeBack, TrimsOnlyBoxTwoAtBothEnds)
 {
     book::Page page;
     app::commit_edits({ L"  a \r\n", L"\u3000 b \t", L" c \r\n" }, page);
@@ -75,7 +75,7 @@ TEST(TakeBack, RemovesTheSeparatorFromEveryBox)
     EXPECT_EQ(page.text, (std::array<std::wstring, 3>{ L"a", L"bc", L"" }));
 }
 
-// Trimming comes first: white space that only a separator shielded stays.
+// Trimming comes first, so white space next to a separator is kept.
 TEST(TakeBack, TrimsBeforeItRemovesSeparators)
 {
     book::Page page;
@@ -90,7 +90,7 @@ TEST(RenewStamp, KeepsTheCreationTimeAndReplacesTheRest)
     EXPECT_EQ(stamp, L"2020010203040520240506070809");
 }
 
-TEST(RenewStamp, OfAShortStampKeepsWhatThereIs)
+TEST(RenewStamp, OfAShortStampKeepsItsText)
 {
     std::wstring stamp = L"2020";
     app::renew_stamp(stamp, L"20240506070809");
@@ -105,7 +105,7 @@ TEST(SaveFailureText, NamesTheFile)
     EXPECT_EQ(app::save_failure_text(L"C:\\本.bok", 0x20), L"Error: Book の保存に失敗\r\nC:\\本.bok");
 }
 
-TEST(SaveFailureText, TellsAReadOnlyFileAndOneThatCannotBeExamined)
+TEST(SaveFailureText, NamesAReadOnlyFileAndOneThatCannotBeExamined)
 {
     const std::wstring told = L"Error: Book の保存に失敗\r\na.bok\r\n\r\nこのファイルは読取り専用";
     EXPECT_EQ(app::save_failure_text(L"a.bok", 0x21), told);

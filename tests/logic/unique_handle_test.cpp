@@ -1,4 +1,4 @@
-// Whatever happens to its owner, a handle is given back exactly once.
+// A handle is released exactly once, whatever happens to its owner.
 #include "platform/unique_handle.hpp"
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ using testing::IsEmpty;
 
 std::vector<int> given_back;
 
-// None is not 0, as with a file of the system.
+// Invalid is not 0, as for a file handle.
 struct Counted {
     using Handle = int;
     static Handle invalid() noexcept { return -1; }
@@ -31,7 +31,7 @@ static_assert(std::is_nothrow_swappable_v<Owner>);
 static_assert(!std::is_convertible_v<int, Owner> && !std::is_convertible_v<Owner, bool>);
 static_assert(sizeof(Owner) == sizeof(int));
 
-TEST_F(UniqueHandle, WithoutOneNothingIsGivenBack)
+TEST_F(UniqueHandle, ReleasesNothingWhenInvalid)
 {
     {
         Owner none;
@@ -45,7 +45,7 @@ TEST_F(UniqueHandle, WithoutOneNothingIsGivenBack)
     EXPECT_THAT(given_back, IsEmpty());
 }
 
-TEST_F(UniqueHandle, IsGivenBackAtTheEndOfItsOwner)
+TEST_F(UniqueHandle, IsReleasedByItsOwnersDestructor)
 {
     {
         const Owner owner{ 7 };
@@ -56,7 +56,7 @@ TEST_F(UniqueHandle, IsGivenBackAtTheEndOfItsOwner)
     EXPECT_THAT(given_back, ElementsAre(7));
 }
 
-// Null means none only where the traits say so.
+// Null is invalid only if the traits define it so.
 TEST_F(UniqueHandle, MayBeZero)
 {
     {
@@ -66,7 +66,7 @@ TEST_F(UniqueHandle, MayBeZero)
     EXPECT_THAT(given_back, ElementsAre(0));
 }
 
-TEST_F(UniqueHandle, ReleasedIsTheCallersToGiveBack)
+TEST_F(UniqueHandle, WhenReleasedBelongsToTheCaller)
 {
     {
         Owner owner{ 7 };
@@ -77,7 +77,7 @@ TEST_F(UniqueHandle, ReleasedIsTheCallersToGiveBack)
     EXPECT_THAT(given_back, IsEmpty());
 }
 
-TEST_F(UniqueHandle, ResetGivesBackAtOnceAndOnlyOnce)
+TEST_F(UniqueHandle, ResetReleasesAtOnceAndOnlyOnce)
 {
     Owner owner{ 7 };
     owner.reset();
@@ -87,7 +87,7 @@ TEST_F(UniqueHandle, ResetGivesBackAtOnceAndOnlyOnce)
     EXPECT_THAT(given_back, ElementsAre(7));
 }
 
-TEST_F(UniqueHandle, ResetTakesAnotherInItsPlace)
+TEST_F(UniqueHandle, ResetTakesAnother)
 {
     {
         Owner owner{ 7 };
@@ -120,7 +120,7 @@ TEST_F(UniqueHandle, MovesToANewOwner)
     EXPECT_THAT(given_back, ElementsAre(7));
 }
 
-TEST_F(UniqueHandle, MovedIntoAnOwnerReplacesWhatThatHeld)
+TEST_F(UniqueHandle, MovedIntoAnOwnerReplacesItsHandle)
 {
     {
         Owner from{ 7 };
@@ -164,7 +164,7 @@ TEST_F(UniqueHandle, SwapsWithAnother)
     EXPECT_THAT(given_back, ElementsAre(7, 8));
 }
 
-TEST_F(UniqueHandle, PutGivesBackWhatWasHeldBeforeACallFillsIt)
+TEST_F(UniqueHandle, PutReleasesTheOldHandleBeforeACallFillsIt)
 {
     const auto open = [](int* handle) {
         EXPECT_EQ(*handle, Counted::invalid());
@@ -179,7 +179,7 @@ TEST_F(UniqueHandle, PutGivesBackWhatWasHeldBeforeACallFillsIt)
     EXPECT_THAT(given_back, ElementsAre(7, 8));
 }
 
-TEST_F(UniqueHandle, PutForACallThatFillsNothingLeavesNone)
+TEST_F(UniqueHandle, PutForACallThatFillsNothingLeavesItInvalid)
 {
     {
         Owner owner{ 7 };
@@ -189,13 +189,13 @@ TEST_F(UniqueHandle, PutForACallThatFillsNothingLeavesNone)
     EXPECT_THAT(given_back, ElementsAre(7));
 }
 
-TEST_F(UniqueHandle, OfManyOwnersAreGivenBackOnceEach)
+TEST_F(UniqueHandle, OfManyOwnersAreReleasedOnceEach)
 {
     constexpr int many = 100;
     {
         std::vector<Owner> owners;
         for (int handle = 0; handle < many; ++handle)
-            owners.emplace_back(handle); // moves those before it now and then
+            owners.emplace_back(handle); // sometimes moves those before it
         owners.erase(owners.begin() + 10, owners.begin() + 20);
     }
     std::vector<int> each(many);
@@ -204,7 +204,7 @@ TEST_F(UniqueHandle, OfManyOwnersAreGivenBackOnceEach)
     EXPECT_THAT(given_back, testing::UnorderedElementsAreArray(each));
 }
 
-// The way back may look at its owner again, as a window does that is told of the end of what it shows.
+// Releasing may access the owner again, as a window does that is notified of the destruction.
 struct Reentrant {
     using Handle = int;
     static inline platform::unique_handle<Reentrant>* owner = nullptr;
@@ -216,7 +216,7 @@ struct Reentrant {
     }
 };
 
-TEST_F(UniqueHandle, IsForgottenBeforeItIsGivenBack)
+TEST_F(UniqueHandle, IsForgottenBeforeItIsReleased)
 {
     platform::unique_handle<Reentrant> owner{ 7 };
     Reentrant::owner = &owner;
@@ -230,7 +230,7 @@ void free_number(int*)
     ++freed;
 }
 
-TEST_F(UniqueHandle, OfAPointerIsNoneWhenNull)
+TEST_F(UniqueHandle, OfAPointerIsInvalidWhenNull)
 {
     using Number = platform::unique_handle<platform::GivenBackBy<int*, &free_number>>;
     freed = 0;

@@ -33,7 +33,7 @@ std::wstring numbers_of(const book::Page& page)
     return line;
 }
 
-// The next line with its end; the start of the one after it in `start`.
+// Returns the next line with its line end and moves `start` to the line after it.
 std::wstring next_line(const std::wstring& file, std::size_t& start)
 {
     std::size_t end = file.find(line_end, start);
@@ -50,7 +50,7 @@ std::wstring next_trimmed(const std::wstring& file, std::size_t& start)
     return line;
 }
 
-// Only lines as this program and these tests write them.
+// Reads only lines in the form that this program and these tests write.
 bool take_numbers(const std::wstring& line, book::Page& page)
 {
     std::vector<std::wstring> tokens;

@@ -1,4 +1,4 @@
-// The file of a Book, written and read anew by its description alone.
+// A second reader and writer of Book files, implemented from the format's description alone.
 #pragma once
 #include "book/book_header.hpp"
 #include "book/page.hpp"
@@ -18,11 +18,11 @@ bool is_white(wchar_t unit);
 void trim_right(std::wstring& text);
 void trim(std::wstring& text);
 
-// In code units. The pages' texts are trimmed.
+// The file in code units. Trims the pages' texts.
 std::wstring written(Record& record);
-// What is at the start; a header only when it is good.
+// Recognises the start of the file; sets `header` only if it is good.
 Reading look_at_header(const std::wstring& file, book::BookHeader& header, std::size_t& end);
-// The pages from `start` on: good or bad_numbers.
+// Reads the pages from `start` on. Returns good or bad_numbers.
 Reading read_pages(const std::wstring& file, std::size_t start, std::vector<book::Page>& pages);
 
 } // namespace session_walk

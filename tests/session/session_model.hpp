@@ -1,5 +1,5 @@
-// What a user may expect of the session, by plain rules on plain records: pages are known by an identity that
-// stays with them, and nothing is remembered that could be found anew.
+// A model of what a user may expect of the session: simple rules on simple records. Each page has a permanent identity,
+// and nothing is stored that can be derived.
 #pragma once
 #include "book/search.hpp"
 #include "model_file.hpp"
@@ -19,7 +19,7 @@ struct Box {
     bool is_edited = false;
 };
 
-// A failure that leaves an action.
+// Thrown by an action that fails.
 struct Failure {
     std::wstring text;
     bool is_fatal = true;
@@ -30,14 +30,14 @@ enum class Order { sorted, random, reversed };
 
 class Model {
 public:
-    // The user and the world.
+    // The user and the file system.
     std::deque<bool> answers;
     std::deque<std::wstring> paths;
     std::function<void()> while_open;
     std::vector<std::wstring> said;
     std::map<std::wstring, std::wstring> files; // by path, in code units
-    std::set<std::wstring> blocked; // a folder is in their place
-    std::set<std::wstring> touched; // files written since the last look
+    std::set<std::wstring> blocked; // replaced by a folder
+    std::set<std::wstring> touched; // files written since the last check
     std::vector<std::wstring> history;
     std::vector<std::wstring> stored_history;
     std::wstring history_file;
@@ -103,14 +103,14 @@ public:
     void set_folder(const std::wstring& chosen);
     void clear_folder();
 
-    // With no word to the session.
+    // Changes stored pages without notifying the session.
     void insert_under(std::size_t index, book::Page page);
     void remove_under(std::uint64_t position);
     void swap_under(std::size_t first, std::size_t second);
     book::Page fresh_page() const;
 
 private:
-    // A page at its place, as a question notes it.
+    // A page and its position, as a question records them.
     struct Note {
         std::uint64_t position;
         unsigned id;

@@ -1,5 +1,5 @@
-// The test command walks the same way each time. PAGEWICK_WALK_STEPS makes the walk longer,
-// PAGEWICK_WALK_SEED begins it elsewhere.
+// Takes the same steps every time by default. PAGEWICK_WALK_STEPS makes the walk longer, PAGEWICK_WALK_SEED gives it
+// another seed.
 #include "session_walker.hpp"
 #include "tests/support/environment.hpp"
 #include <gtest/gtest.h>

@@ -125,7 +125,7 @@ void Walker::start()
     model_.start();
 }
 
-// What happens while a box is open.
+// Changes something while a message box is open.
 void Walker::disturb()
 {
     auto in_session = std::make_shared<std::function<void()>>();
@@ -258,7 +258,7 @@ Walker::Action Walker::order_action()
             [this, direction] { model_.swap(direction); } };
     return { "order " + std::to_string(kind), [this, kind] { app::change_order(session(), ids[kind]); },
         [this, kind] {
-            // The seed is the session's own choice.
+            // The session chooses the seed.
             model_.change_order(static_cast<Order>(kind), book().header.seed);
         } };
 }
@@ -466,7 +466,7 @@ void Walker::unblock(const std::wstring& path)
     model_.blocked.erase(path);
 }
 
-// Files that come back, go away or cannot be opened; settings.
+// Restores, deletes and blocks files, and changes settings.
 void Walker::change_world()
 {
     switch (below(6)) {
@@ -555,7 +555,7 @@ bool Walker::check_all()
 
 bool Walker::compare()
 {
-    for (std::wstring& said : room_->talk.said) // the system's numbers differ
+    for (std::wstring& said : room_->talk.said) // error numbers differ between systems
         if (said.starts_with(L"system error"))
             said = L"system error";
     complaint = difference();

@@ -1,5 +1,4 @@
-// Drives a session and its model by choices that come from a seed or a fuzzer, and compares them after each
-// step.
+// Drives a session and its model by choices from a random generator or a fuzzer, and compares them after each step.
 #pragma once
 #include "session_model.hpp"
 #include "tests/support/session_fakes.hpp"
@@ -13,23 +12,23 @@
 
 namespace session_walk {
 
-// A number below `count`.
+// Returns a number below `count`.
 using Choose = std::function<std::uint32_t(std::uint32_t count)>;
 
 class Walker {
 public:
     explicit Walker(Choose choose);
 
-    // False when something is wrong: `complaint` says what, `last_steps` how it came about.
+    // False if the two differ: `complaint` describes the difference, `last_steps` the actions before it.
     bool step();
-    // Compares every file too.
+    // Also compares every file.
     bool check_all();
 
     std::string complaint;
     std::deque<std::string> last_steps;
 
 private:
-    // One action, for the session and for the model.
+    // One action on the session and on the model.
     struct Action {
         std::string name;
         std::function<void()> session;
@@ -80,7 +79,7 @@ private:
     std::size_t steps_ = 0;
 };
 
-// Walks so many steps by a seed; what went wrong, with the last actions, or nothing.
+// Takes this many steps with this seed. Returns a description of a difference with the last actions, or an empty text.
 std::string walk(std::uint32_t seed, std::size_t steps);
 
 } // namespace session_walk

@@ -1,4 +1,4 @@
-// Defined here, the library's own clock is never linked.
+// Because this file defines local_time, the library's clock is not linked.
 #include "walk_clock.hpp"
 #include "platform/clock.hpp"
 

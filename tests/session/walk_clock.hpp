@@ -1,4 +1,4 @@
-// The clock of a program under test, which goes on only when it is told to.
+// The clock of a program under test, which only tests advance.
 #pragma once
 #include <string>
 

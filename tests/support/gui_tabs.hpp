@@ -1,4 +1,4 @@
-// The strip of page tabs in a window of its own, under the real mouse.
+// The tab strip in a separate window, used with the real mouse.
 #pragma once
 #include "look/wnd/tabwnd.hpp"
 #include "tests/support/gui_look.hpp"
@@ -16,7 +16,7 @@ namespace gui {
 
 inline constexpr look::Color tab_blue{ 0xB3574A };
 
-// The items of the popup, by place.
+// The items of the context menu, by index.
 enum : int {
     default_item,
     line_1,
@@ -56,7 +56,7 @@ protected:
         page.tab_color = color.value;
         book_.pages.push_back(page);
     }
-    // Pages "一", "二" and so on, all with tabs, the first shown.
+    // Opens a Book with the pages "一", "二" and so on, all with tabs, and shows the first.
     void open_three()
     {
         for (const wchar_t* const text : { L"一", L"二", L"三" })
@@ -80,7 +80,7 @@ protected:
         point_at(on_strip(x));
         return pump_until([&] { return strip_.hover_tab() == look::tab_at(strip_.items(), { x, 12 }); });
     }
-    // Off the strip.
+    // Moves the pointer off the strip until `state` holds.
     template <class State> bool leave_until(State state)
     {
         point_at(on_screen(top_, { 200, 300 }));

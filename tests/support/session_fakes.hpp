@@ -1,4 +1,4 @@
-// The two seams of the session as plain records, and a session between them over a data root of its own.
+// Fakes of the session's two interfaces as plain records, and a session with them in a new data root.
 #pragma once
 #include "app/book_session.hpp"
 #include "core/data_root.hpp"
@@ -28,15 +28,15 @@ public:
 
     std::array<Box, book::box_count> boxes;
     std::array<std::int32_t, 2> scroll{}; // of boxes 1 and 3
-    book::SearchQuery asked; // what the user searches for
+    book::SearchQuery asked; // the user's query
     std::wstring title;
     bool has_edited_mark = false;
     int shown_count = 0;
     bool was_shown_already = false; // at the last showing
-    std::function<void()> while_showing; // between two boxes
-    std::function<void()> while_applying; // the theme of a Book
+    std::function<void()> while_showing; // called between two boxes
+    std::function<void()> while_applying; // called while a Book's theme is applied
 
-    // As a user does.
+    // Types as a user would.
     void type(std::size_t box, std::wstring text) { boxes[box] = { std::move(text), true }; }
 
     bool has_edits() const override { return std::ranges::any_of(boxes, &Box::is_edited); }
@@ -88,13 +88,13 @@ public:
     book::SearchQuery query() const override { return asked; }
 };
 
-// Answers from its lists, and writes down everything that is said: "tell 48: text", "ask 36: text".
+// Answers from its lists and records all messages: "tell 48: text", "ask 36: text".
 class FakeTalk final : public app::Talk {
 public:
     std::vector<std::wstring> said;
-    std::deque<bool> answers; // no when there is none left
-    std::deque<std::wstring> paths; // chosen in dialogs; none when there is none left
-    std::function<void()> while_open; // taken by the next box or dialog, and called while it is open
+    std::deque<bool> answers; // when empty: no
+    std::deque<std::wstring> paths; // chosen in dialogs; when empty: cancelled
+    std::function<void()> while_open; // called once, while the next box or dialog is open
     std::function<void()> on_close;
     bool gone = false;
     bool busy = false;
@@ -128,7 +128,7 @@ public:
         gone = true;
     }
 
-    // For choices that the session does not make itself.
+    // Answers dialogs that the session does not show itself.
     std::wstring choose(const std::wstring& what)
     {
         say(what);
@@ -161,7 +161,7 @@ private:
     }
 };
 
-// The data root of a test, with the current directory as it was at the end.
+// The data root of a test. Restores the current directory at the end.
 class DataRoot {
 public:
     DataRoot()
@@ -188,7 +188,7 @@ private:
     std::wstring before_ = platform::current_directory();
 };
 
-// A session as the program has it: the page view shows the page, and closing saves.
+// A session as in the program: the page view shows the page, and closing saves.
 class SessionRoom {
 public:
     explicit SessionRoom(const std::wstring& history_file)
@@ -202,7 +202,7 @@ public:
     FakeDesk desk;
     FakeTalk talk;
     std::vector<core::View> served;
-    std::function<void(core::View)> while_serving; // before the view is served
+    std::function<void(core::View)> while_serving; // called before a view is served
     app::BookSession session;
 
 private:

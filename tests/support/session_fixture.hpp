@@ -1,4 +1,4 @@
-// A session with a Book of three pages, for tests of one rule each.
+// A session with a Book of three pages, for tests of single rules.
 #pragma once
 #include "app/file_actions.hpp"
 #include "app/page_actions.hpp"
@@ -46,7 +46,7 @@ protected:
         session.run([&] { session.load_book(file); });
         talk.said.clear();
     }
-    // An action as a command runs it.
+    // Runs an action as a command does.
     template <class Action> auto run(Action action)
     {
         std::invoke_result_t<Action> result{};
@@ -74,7 +74,7 @@ protected:
         EXPECT_TRUE(read.load(file, error, [](const std::wstring&) { return true; }));
         return read;
     }
-    // The first boxes of the pages in a file, without the line ends that reading gives them.
+    // Box 1 of every page in a file, without the line end that loading leaves.
     Said texts_in(const std::wstring& file) const
     {
         Said texts;
@@ -91,7 +91,7 @@ protected:
             texts.push_back(page.text[0]);
         return texts;
     }
-    // A folder in its place can be neither read nor written as a file.
+    // Replaces a file by a folder, which can be neither read nor written as a file.
     void block(const std::wstring& file) const
     {
         platform::remove_file(file);
