@@ -6,27 +6,25 @@
 
 namespace look {
 
-MyListView::MyListView(ovlib::Wnd* parent, int control_id, DWORD style)
-    : ReportListView(parent, control_id, style)
+template <class List> bool ThemedList<List>::create(const std::wstring& title)
 {
-}
-
-bool MyListView::create(const std::wstring& title)
-{
-    if (!ReportListView::create(title) || !header_.create(L""))
+    if (!List::create(title) || !header_.create(L""))
         return false;
     apply_theme();
     return true;
 }
 
-void MyListView::apply_theme()
+template <class List> void ThemedList<List>::apply_theme()
 {
     color_list_view(*this);
-    InvalidateRect(hwnd(), nullptr, TRUE);
+    InvalidateRect(this->hwnd(), nullptr, TRUE);
     InvalidateRect(header_.hwnd(), nullptr, TRUE);
 }
 
-void MyListView::MyHeader::draw(ovlib::BackBuffer& buffer)
+template class ThemedList<ovlib::ReportListView>;
+template class ThemedList<ovlib::VirtualList>;
+
+void MyHeader::draw(ovlib::BackBuffer& buffer)
 {
     const std::vector<platform::Rect> places = cells();
     for (const ovlib::FilledRect& fill : header_fills(palette(), { buffer.width, buffer.height }, places))

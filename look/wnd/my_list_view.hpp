@@ -1,30 +1,44 @@
-// The list of the program: columns under a header in the theme's colours.
+// The lists of the program: columns under a header in the theme's colours.
 #pragma once
 #include "look/wnd/themed.hpp"
-#include "ovlib/gui/listview.hpp"
+#include "ovlib/gui/virtual_list.hpp"
 
 namespace look {
 
-// Takes the theme's colours when it is created and at every apply_theme.
-class MyListView : public ovlib::ReportListView, public Themed {
+// A header in the theme's colours.
+class MyHeader : public ovlib::ListView::Header {
 public:
-    // `style` holds further LVS_ bits.
-    MyListView(ovlib::Wnd* parent, int control_id, DWORD style = 0);
+    using Header::Header;
+
+protected:
+    void draw(ovlib::BackBuffer& buffer) override;
+};
+
+// A list class of the library with the theme's colours, which it takes when it is created and at every
+// apply_theme, and with their header. It is constructed as `List` is.
+template <class List> class ThemedList : public List, public Themed {
+public:
+    using List::List;
 
     bool create(const std::wstring& title) override;
 
     void apply_theme() override;
 
 private:
-    class MyHeader : public Header {
-    public:
-        using Header::Header;
-
-    protected:
-        void draw(ovlib::BackBuffer& buffer) override;
-    };
-
     MyHeader header_{ this };
+};
+
+extern template class ThemedList<ovlib::ReportListView>;
+extern template class ThemedList<ovlib::VirtualList>;
+
+class MyListView : public ThemedList<ovlib::ReportListView> {
+public:
+    using ThemedList::ThemedList;
+};
+
+class MyVirtualList : public ThemedList<ovlib::VirtualList> {
+public:
+    using ThemedList::ThemedList;
 };
 
 } // namespace look
