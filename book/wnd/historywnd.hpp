@@ -2,28 +2,32 @@
 #pragma once
 #include "book/history_list.hpp"
 #include "look/wnd/my_list_view.hpp"
+#include "look/wnd/tool_window.hpp"
 #include "ovlib/gui/image_list.hpp"
-#include "ovlib/gui/subwnd.hpp"
 
 namespace book {
 
-// Created hidden; closing only hides it. A click posts the command of its row to the parent: the answer may
-// fill this list anew, which must not happen inside the list's own notification.
-class HistoryWnd : public ovlib::SubWnd {
+// Comes at the cursor. A click posts the command of its row to the parent: the answer may fill this list
+// anew, which must not happen inside the list's own notification.
+class HistoryWnd : public look::ToolWindow {
 public:
     // `history` must outlive the window.
     HistoryWnd(ovlib::Wnd* parent, int control_id, const HistoryList* history);
 
     bool on_message(ovlib::WndMessage& message) override;
     std::wstring class_info(WNDCLASSEXW& info) override;
-    void create_params(CREATESTRUCTW& params) override;
-    // At the cursor when it was hidden, to the front when it was shown.
-    void show(bool visible) override;
 
-    // The rows and the title, while the window is visible.
+    // The rows and the title, while the window is open.
     void refill();
 
     const look::MyListView& list() const { return list_; }
+
+protected:
+    bool make_controls() override;
+    void lay_out(platform::Size client) override;
+    void on_opening() override;
+    bool on_enter() override;
+    ovlib::Color ground() const override;
 
 private:
     // Grey while its window is disabled.
@@ -33,13 +37,11 @@ private:
         void apply_theme() override;
     };
 
-    bool on_create();
     bool on_notify(const NMHDR& notice);
-    bool on_erase_background(HDC dc);
+    void open_row(int row);
     void create_images();
     bool add_image(const wchar_t* file, const wchar_t* failure);
-    void place_list();
-    void come_to_cursor();
+    void fill();
 
     const HistoryList* history_;
     ovlib::ImageList images_; // before the list that shows them

@@ -6,6 +6,7 @@
 #include "tests/support/built_files.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_folder.hpp"
+#include "tests/support/gui_input.hpp"
 #include "tests/support/gui_look.hpp"
 #include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_pump.hpp"
@@ -170,6 +171,44 @@ TEST_F(HistoryWindow, ARealClickOpensTheRow)
     PostMessageW(window_.list().hwnd(), WM_LBUTTONUP, 0, at);
     ASSERT_TRUE(gui::pump_until([&] { return !commands_.empty(); }));
     EXPECT_EQ(commands_.front(), first_command + 1);
+}
+
+TEST_F(HistoryWindow, EscHidesItAlsoFromItsList)
+{
+    create();
+    show_with({ L"C:\\a.bok" });
+    ASSERT_TRUE(gui::pump_until([&] { return GetFocus() == window_.list().hwnd(); }));
+    gui::press_key(VK_ESCAPE);
+    EXPECT_TRUE(gui::pump_until([&] { return !window_.is_visible(); }));
+    EXPECT_FALSE(window_.is_open());
+    EXPECT_TRUE(gui::pump_until([&] { return GetFocus() == top_.hwnd(); }));
+}
+
+TEST_F(HistoryWindow, ArrowsAndEnterOpenARow)
+{
+    create();
+    show_with({ L"C:\\a.bok", L"C:\\b.bok" });
+    ASSERT_TRUE(gui::pump_until([&] { return GetFocus() == window_.list().hwnd(); }));
+    gui::press_key(VK_RETURN);
+    gui::pump();
+    EXPECT_TRUE(commands_.empty()) << "no row is chosen";
+    gui::press_key(VK_END);
+    ASSERT_TRUE(gui::pump_until([&] { return window_.list().selected() == 1; }));
+    gui::press_key(VK_RETURN);
+    ASSERT_TRUE(gui::pump_until([&] { return !commands_.empty(); }));
+    EXPECT_EQ(commands_, (std::vector{ first_command + 1 }));
+    EXPECT_TRUE(window_.is_open());
+}
+
+TEST_F(HistoryWindow, IsFilledWhileItsOwnerIsMinimised)
+{
+    create();
+    show_with({ L"C:\\a.bok" });
+    top_.minimize();
+    ASSERT_TRUE(gui::pump_until([&] { return !window_.is_visible(); }));
+    history_.add(L"C:\\b.bok");
+    window_.refill();
+    EXPECT_EQ(window_.list().count(), 2);
 }
 
 TEST_F(HistoryWindow, TakesTheColorsOfEveryTheme)
