@@ -106,12 +106,10 @@ TEST_F(AppBitmaps, ABlendedPictureLetsTheMenuShowThrough)
     ovlib::BackBuffer buffer;
     ASSERT_TRUE(buffer.create(16, 16));
     gui::clear(buffer, menu);
-    const HDC source = CreateCompatibleDC(nullptr);
-    const HGDIOBJ before = SelectObject(source, app::app_bitmap(command::duplicate_file));
+    const ovlib::MemDC source;
+    const ovlib::ObjectSelection selected{ source, app::app_bitmap(command::duplicate_file) };
     const BLENDFUNCTION blend{ AC_SRC_OVER, 0, 255, AC_SRC_ALPHA };
-    EXPECT_TRUE(AlphaBlend(buffer.dc().handle(), 0, 0, 16, 16, source, 0, 0, 16, 16, blend));
-    SelectObject(source, before);
-    DeleteDC(source);
+    EXPECT_TRUE(AlphaBlend(buffer.dc().handle(), 0, 0, 16, 16, source.handle(), 0, 0, 16, 16, blend));
     EXPECT_EQ(gui::pixel(buffer, 0, 0), menu);
     EXPECT_EQ(gui::pixel(buffer, 12, 6), ovlib::rgb(0xFC, 0xFD, 0xFF));
 }
@@ -185,12 +183,9 @@ IconLook look_of(HICON icon, POINT place)
     const ovlib::GDI::Bitmap mask{ info.hbmMask };
     BITMAP shape{};
     GetObjectW(color.handle(), sizeof shape, &shape);
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const HGDIOBJ before = SelectObject(dc, color.handle());
-    const IconLook look{ { shape.bmWidth, shape.bmHeight }, GetPixel(dc, place.x, place.y) };
-    SelectObject(dc, before);
-    DeleteDC(dc);
-    return look;
+    const ovlib::MemDC dc;
+    const ovlib::ObjectSelection selected{ dc, color };
+    return { { shape.bmWidth, shape.bmHeight }, GetPixel(dc.handle(), place.x, place.y) };
 }
 
 constexpr COLORREF band_color = RGB(0x4F, 0x93, 0xEA);

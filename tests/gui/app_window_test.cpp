@@ -378,19 +378,15 @@ TEST_F(BoxColors, CostNoHandles)
 TEST_F(AppWindow, PaintsItsBackgroundInThePanelsColorWithoutLosingHandles)
 {
     open({ page(L"a") });
-    HDC const screen = GetDC(window().hwnd());
-    HDC const dc = CreateCompatibleDC(screen);
-    HBITMAP const bitmap = CreateCompatibleBitmap(screen, 20, 20);
-    HGDIOBJ const old = SelectObject(dc, bitmap);
-    EXPECT_EQ(window().send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0), 1);
-    EXPECT_EQ(GetPixel(dc, 5, 5), 0xD7D2D2u);
+    const ovlib::ClientDC screen{ window() };
+    const ovlib::MemDC dc{ screen.handle() };
+    const ovlib::GDI::Bitmap bitmap{ CreateCompatibleBitmap(screen.handle(), 20, 20) };
+    const ovlib::ObjectSelection selected{ dc, bitmap };
+    EXPECT_EQ(window().send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc.handle()), 0), 1);
+    EXPECT_EQ(GetPixel(dc.handle(), 5, 5), 0xD7D2D2u);
     for (int i = 0; i < 70000; ++i)
-        window().send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
+        window().send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc.handle()), 0);
     EXPECT_TRUE(ovlib::GDI::Brush{ CreateSolidBrush(0) });
-    SelectObject(dc, old);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
-    ReleaseDC(window().hwnd(), screen);
 }
 
 TEST_F(AppWindow, FollowsAThemeAndStoresItInTheBook)

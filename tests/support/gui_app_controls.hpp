@@ -43,13 +43,13 @@ protected:
     }
     static int text_width(HWND hwnd)
     {
-        HDC const dc = GetDC(hwnd);
-        HGDIOBJ const old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(hwnd, WM_GETFONT, 0, 0)));
+        const ovlib::UniqueLentDC lent{ { hwnd, GetDC(hwnd) } };
+        const ovlib::DC dc{ lent.get().hdc };
+        const ovlib::ObjectSelection selected{ dc,
+            reinterpret_cast<HFONT>(SendMessageW(hwnd, WM_GETFONT, 0, 0)) };
         const std::wstring text = text_of(hwnd);
         SIZE size{};
-        GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-        SelectObject(dc, old);
-        ReleaseDC(hwnd, dc);
+        GetTextExtentPoint32W(dc.handle(), text.c_str(), static_cast<int>(text.size()), &size);
         return size.cx;
     }
 
