@@ -111,6 +111,16 @@ void write_page(LineWriter& writer, Page& page)
     write_lines(writer, {});
 }
 
+void write_all(LineWriter& writer, std::string_view header, std::vector<Page>& pages)
+{
+    writer.append_ascii("\x03\x03\r\n");
+    writer.append_ascii(header);
+    writer.append_ascii("\r\n\x03\x03\r\n");
+    for (Page& page : pages)
+        write_page(writer, page);
+    writer.flush();
+}
+
 bool says_yes(const AskUser& ask_user, const std::wstring& question)
 {
     return ask_user && ask_user(question);
@@ -215,12 +225,7 @@ bool load_book(
 void write_book(Book& book, ByteSink& sink)
 {
     LineWriter writer(sink);
-    writer.append_ascii("\x03\x03\r\n");
-    writer.append_ascii(header_text(book.header));
-    writer.append_ascii("\r\n\x03\x03\r\n");
-    for (Page& page : book.pages)
-        write_page(writer, page);
-    writer.flush();
+    write_all(writer, header_text(book.header), book.pages);
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): clear() may erase what a reference would name
@@ -254,11 +259,15 @@ bool Book::save_to(const std::wstring& file)
 {
     if (file.empty() || pages.empty())
         return false;
-    platform::File opened = platform::File::create(file);
+    // All memory is allocated before the old file is replaced, so that a failed allocation leaves it whole.
+    platform::File opened;
+    FileSink sink(opened);
+    LineWriter writer(sink);
+    const std::string stored_header = header_text(header);
+    opened = platform::File::create(file);
     if (!opened.is_open())
         return false;
-    FileSink sink(opened);
-    write_book(*this, sink);
+    write_all(writer, stored_header, pages);
     file_size = opened.size().value_or(0);
     return true;
 }

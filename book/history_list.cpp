@@ -6,6 +6,17 @@
 
 namespace book {
 
+namespace {
+
+void write_entries(const std::vector<std::wstring>& entries, LineWriter& writer)
+{
+    for (const std::wstring& entry : entries)
+        writer.append_line(entry);
+    writer.flush();
+}
+
+} // namespace
+
 std::vector<std::wstring> read_history(ByteSource& source)
 {
     std::vector<std::wstring> entries;
@@ -24,9 +35,7 @@ std::vector<std::wstring> read_history(ByteSource& source)
 void write_history(const std::vector<std::wstring>& entries, ByteSink& sink)
 {
     LineWriter writer(sink);
-    for (const std::wstring& entry : entries)
-        writer.append_line(entry);
-    writer.flush();
+    write_entries(entries, writer);
 }
 
 HistoryList::HistoryList(std::wstring file)
@@ -46,11 +55,13 @@ void HistoryList::load()
 
 void HistoryList::save() const
 {
-    platform::File file = platform::File::create(path);
-    if (!file.is_open())
-        return;
+    // Memory first: a failed allocation leaves the old file whole.
+    platform::File file;
     FileSink sink(file);
-    write_history(entries_, sink);
+    LineWriter writer(sink);
+    file = platform::File::create(path);
+    if (file.is_open())
+        write_entries(entries_, writer);
 }
 
 void HistoryList::add(std::wstring entry)

@@ -11,18 +11,31 @@ constexpr std::size_t buffer_units = 0x20000; // 256 KiB
 
 LineWriter::LineWriter(ByteSink& sink)
     : sink_(sink)
+    , buffer_(std::make_unique_for_overwrite<FileUnit[]>(buffer_units))
 {
+}
+
+template <class Text> void LineWriter::append_pieces(Text text)
+{
+    while (!text.empty()) {
+        if (count_ == buffer_units)
+            flush();
+        const Text piece = text.substr(0, buffer_units - count_);
+        std::ranges::transform(
+            piece, buffer_.get() + count_, [](auto unit) { return static_cast<FileUnit>(unit); });
+        count_ += piece.size();
+        text.remove_prefix(piece.size());
+    }
 }
 
 void LineWriter::append(std::wstring_view text)
 {
-    std::ranges::transform(
-        text, claim(text.size()), [](wchar_t unit) { return static_cast<FileUnit>(unit); });
+    append_pieces(text);
 }
 
 void LineWriter::append_ascii(std::string_view text)
 {
-    std::ranges::copy(text, claim(text.size()));
+    append_pieces(text);
 }
 
 void LineWriter::append_line(std::wstring_view text)
@@ -36,22 +49,6 @@ void LineWriter::flush()
     if (count_ > 0)
         sink_.write(std::as_bytes(std::span(buffer_.get(), count_)));
     count_ = 0;
-}
-
-// Reserves room for `count` units in the buffer, which is flushed first if they do not fit. A longer text
-// gets a larger buffer, so that every text is written in one piece.
-FileUnit* LineWriter::claim(std::size_t count)
-{
-    if (count > capacity_ - count_) {
-        flush();
-        if (count > capacity_) {
-            capacity_ = std::max(buffer_units, count);
-            buffer_ = std::make_unique_for_overwrite<FileUnit[]>(capacity_);
-        }
-    }
-    FileUnit* const place = buffer_.get() + count_;
-    count_ += count;
-    return place;
 }
 
 } // namespace book

@@ -6,6 +6,7 @@
 
 namespace book {
 
+// Allocates its memory when it is constructed: appending and flushing never fail for lack of memory.
 class LineWriter {
 public:
     // `sink` must outlive the writer.
@@ -21,12 +22,11 @@ public:
     void flush();
 
 private:
-    FileUnit* claim(std::size_t count);
+    template <class Text> void append_pieces(Text text);
 
     ByteSink& sink_;
     std::unique_ptr<FileUnit[]> buffer_;
-    std::size_t capacity_ = 0;
-    std::size_t count_ = 0;
+    std::size_t count_ = 0; // units in the buffer
 };
 
 } // namespace book

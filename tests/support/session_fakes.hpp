@@ -33,6 +33,7 @@ public:
     bool has_edited_mark = false;
     int shown_count = 0;
     bool was_shown_already = false; // at the last showing
+    std::wstring shown_stamp; // of the page in the boxes
     std::function<void()> while_showing; // called between two boxes
     std::function<void()> while_applying; // called while a Book's theme is applied
 
@@ -58,6 +59,7 @@ public:
             while_showing();
         boxes[1] = { page.text[1], false };
         boxes[2] = { page.text[2], false };
+        shown_stamp = page.stamp;
     }
     void store_scroll(book::Page& page) const override
     {
