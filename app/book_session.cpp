@@ -48,9 +48,9 @@ bool BookSession::save(SaveCode code)
 // nothing, neither about the file nor about the boxes.
 SaveStep BookSession::ask_to_save()
 {
-    const Shown asked = shown_place();
+    const Shown asked = on_desk();
     const bool is_wanted = talk().ask(save_question, BoxStyle::question);
-    if (talk().is_gone() || shown_place() != asked)
+    if (talk().is_gone() || on_desk() != asked)
         return SaveStep::skip;
     return is_wanted ? SaveStep::write : SaveStep::give_up;
 }
@@ -89,10 +89,10 @@ void BookSession::tell_save_failure()
 bool BookSession::may_leave_page()
 {
     const bool had_edits = desk().has_edits();
-    const Shown left = shown_place();
+    const Shown left = on_desk();
     save(SaveCode::ask);
     // Another page that came while a box was open is not what the user wants to leave.
-    if (talk().is_gone() || (had_edits && shown_place() != left))
+    if (talk().is_gone() || (had_edits && on_desk() != left))
         return false;
     const Leave decision = leave_decision(had_edits && desk().has_edits(), book_.current_page() != nullptr);
     if (decision == Leave::stay)
@@ -263,6 +263,11 @@ BookSession::Shown BookSession::current_place() const
 BookSession::Shown BookSession::shown_place() const
 {
     return shown_.revision == book_.revision ? shown_ : Shown{};
+}
+
+BookSession::Shown BookSession::on_desk() const
+{
+    return { shown_place().index, book_.revision };
 }
 
 } // namespace app

@@ -180,6 +180,8 @@ private:
     HitsOf wanted_hits() const;
     Shown current_place() const;
     Shown shown_place() const;
+    // What a question about the edits is about: the same in a Book whose pages changed is not the same.
+    Shown on_desk() const;
 
     Seams seams_;
     book::Book book_;

@@ -111,6 +111,17 @@ bool take_line(std::wstring line, std::size_t field, book::Page& page)
 
 } // namespace
 
+std::wstring name_of(const std::wstring& path)
+{
+    return path.substr(path.find_last_of(L"/\\") + 1);
+}
+
+std::wstring stem_of(const std::wstring& path)
+{
+    const std::wstring name = name_of(path);
+    return name.substr(0, name.rfind(L'.'));
+}
+
 bool is_white(wchar_t unit)
 {
     const auto u = static_cast<unsigned>(unit);

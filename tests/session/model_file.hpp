@@ -18,6 +18,10 @@ bool is_white(wchar_t unit);
 void trim_right(std::wstring& text);
 void trim(std::wstring& text);
 
+// Of a path.
+std::wstring name_of(const std::wstring& path);
+std::wstring stem_of(const std::wstring& path);
+
 // The file in code units. Trims the pages' texts.
 std::wstring written(Record& record);
 // Recognises the start of the file; sets `header` only if it is good.

@@ -1,5 +1,5 @@
-// A model of what a user may expect of the session: simple rules on simple records. Each page has a permanent identity,
-// and nothing is stored that can be derived.
+// A model of what a user may expect of the session: simple rules on simple records. Each page has a permanent
+// identity, and nothing is stored that can be derived.
 #pragma once
 #include "book/search.hpp"
 #include "model_file.hpp"
@@ -10,6 +10,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace session_walk {
@@ -83,6 +84,7 @@ public:
 
     void turn(int direction);
     bool go_to(std::uint64_t position);
+    void go_to_last();
     void slide_to(std::uint64_t position); // shows the page even if it was current
     void go_to_tab(std::uint64_t number);
     void change_order(Order kind, std::uint32_t fresh_seed);
@@ -99,6 +101,7 @@ public:
     void sort(bool descending);
     void remove_file();
     void remove_all_files();
+    void append(const std::vector<std::wstring>& chosen);
     void add_files(const std::vector<std::wstring>& chosen);
     void set_folder(const std::wstring& chosen);
     void clear_folder();
@@ -110,6 +113,9 @@ public:
     book::Page fresh_page() const;
 
 private:
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+    static constexpr std::uint32_t full = 0xF47F; // every view
+
     // A page and its position, as a question records them.
     struct Note {
         std::uint64_t position;
@@ -121,6 +127,8 @@ private:
 
     book::Page* page();
     Note note();
+    // What a question about the edits is about.
+    std::pair<unsigned, std::uint64_t> on_desk() const;
     void say(const std::wstring& text) { said.push_back(text); }
     void call();
     void tell(int style, const std::wstring& text);

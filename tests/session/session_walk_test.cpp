@@ -1,5 +1,5 @@
-// Takes the same steps every time by default. PAGEWICK_WALK_STEPS makes the walk longer, PAGEWICK_WALK_SEED gives it
-// another seed.
+// Takes the same steps every time by default. PAGEWICK_WALK_STEPS makes the walk longer, PAGEWICK_WALK_SEED
+// gives it another seed.
 #include "session_walker.hpp"
 #include "tests/support/environment.hpp"
 #include <gtest/gtest.h>

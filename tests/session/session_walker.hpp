@@ -1,4 +1,5 @@
-// Drives a session and its model by choices from a random generator or a fuzzer, and compares them after each step.
+// Drives a session and its model by choices from a random generator or a fuzzer, and compares them after each
+// step.
 #pragma once
 #include "session_model.hpp"
 #include "tests/support/session_fakes.hpp"
@@ -11,6 +12,12 @@
 #include <vector>
 
 namespace session_walk {
+
+constexpr std::size_t book_count = 4; // files the walk opens by name
+constexpr std::size_t page_limit = 9; // pages of a Book in the walk
+
+// In ASCII and short, for a message.
+std::string visible(const std::wstring& text);
 
 // Returns a number below `count`.
 using Choose = std::function<std::uint32_t(std::uint32_t count)>;
@@ -79,7 +86,8 @@ private:
     std::size_t steps_ = 0;
 };
 
-// Takes this many steps with this seed. Returns a description of a difference with the last actions, or an empty text.
+// Takes this many steps with this seed. Returns a description of a difference with the last actions, or an
+// empty text.
 std::string walk(std::uint32_t seed, std::size_t steps);
 
 } // namespace session_walk

@@ -1,0 +1,126 @@
+#include "book/linguistic_sort.hpp"
+#include "session_model.hpp"
+#include <algorithm>
+
+namespace session_walk {
+
+void Model::select(std::int64_t row)
+{
+    book::Page* listed = page();
+    if (listed && row >= 0 && static_cast<std::uint64_t>(row) < listed->files.size())
+        listed->current_file = static_cast<std::uint64_t>(row);
+}
+
+void Model::step(std::int64_t by)
+{
+    book::Page* listed = page();
+    if (!listed || listed->files.empty())
+        return;
+    const auto last = static_cast<std::int64_t>(listed->files.size()) - 1;
+    select(std::clamp<std::int64_t>(static_cast<std::int64_t>(listed->current_file) + by, 0, last));
+}
+
+void Model::move(std::int64_t by)
+{
+    book::Page* listed = page();
+    if (!listed || listed->files.empty())
+        return;
+    const std::size_t from = static_cast<std::size_t>(listed->current_file);
+    const std::wstring entry = listed->files[from];
+    step(by);
+    listed->files.erase(listed->files.begin() + static_cast<std::ptrdiff_t>(from));
+    listed->files.insert(listed->files.begin() + static_cast<std::ptrdiff_t>(listed->current_file), entry);
+}
+
+void Model::sort(bool descending)
+{
+    book::Page* listed = page();
+    if (!listed)
+        return;
+    std::vector<const std::wstring*> texts;
+    for (const std::wstring& entry : listed->files)
+        texts.push_back(&entry);
+    std::vector<std::wstring> sorted;
+    for (const std::uint64_t place : book::linguistic_order(texts))
+        sorted.push_back(listed->files[static_cast<std::size_t>(place)]);
+    if (descending)
+        std::reverse(sorted.begin(), sorted.end());
+    listed->files = sorted;
+}
+
+void Model::remove_file()
+{
+    book::Page* listed = page();
+    if (!listed || listed->files.empty())
+        return;
+    const Note asked_about = note();
+    const std::uint64_t place = listed->current_file;
+    const std::wstring entry = listed->files[place];
+    if (!ask(36, L"リストからこのファイルを削除しますか？\r\n" + entry) || note() != asked_about)
+        return;
+    listed = page();
+    if (listed->current_file != place || place >= listed->files.size() || listed->files[place] != entry)
+        return;
+    listed->files.erase(listed->files.begin() + static_cast<std::ptrdiff_t>(place));
+    if (place > 0 && place == listed->files.size())
+        --listed->current_file;
+}
+
+void Model::remove_all_files()
+{
+    if (!page())
+        return;
+    const Note asked_about = note();
+    const std::vector<std::wstring> listed = page()->files;
+    if (!ask(36, L"リストから全てのファイルを削除しますか？") || note() != asked_about
+        || page()->files != listed)
+        return;
+    page()->files.clear();
+    page()->current_file = 0;
+}
+
+void Model::add_files(const std::vector<std::wstring>& chosen)
+{
+    if (!page())
+        return;
+    const Note asked_about = note();
+    choose(L"files");
+    if (note() == asked_about)
+        append(chosen);
+}
+
+void Model::append(const std::vector<std::wstring>& chosen)
+{
+    if (!page() || chosen.empty())
+        return;
+    page()->current_file = page()->files.size();
+    for (const std::wstring& entry : chosen)
+        page()->files.push_back(entry);
+}
+
+void Model::set_folder(const std::wstring& chosen)
+{
+    if (!page())
+        return;
+    const Note asked_about = note();
+    choose(L"folder");
+    if (chosen.empty() || note() != asked_about)
+        return;
+    page()->reference_folder = chosen;
+    save(Code::always);
+}
+
+void Model::clear_folder()
+{
+    if (!page())
+        return;
+    const Note asked_about = note();
+    const std::wstring folder = page()->reference_folder;
+    if (!ask(36, L"フォルダの選択を取消しますか？\r\n" + folder) || note() != asked_about
+        || page()->reference_folder != folder)
+        return;
+    page()->reference_folder.clear();
+    save(Code::always);
+}
+
+} // namespace session_walk
