@@ -1,6 +1,7 @@
 #include "driver_program.hpp"
 #include "driver_input.hpp"
 #include "platform/text.hpp"
+#include <iostream>
 #include <sstream>
 
 namespace e2e {
@@ -21,6 +22,29 @@ HANDLE create_job()
 // late, and keys typed before that are lost.
 constexpr int calm_looks = 15;
 
+// Another current folder than the data root: the program has to find its own.
+bool start_suspended(const std::filesystem::path& file, std::wstring command, PROCESS_INFORMATION& process)
+{
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    return CreateProcessW(file.c_str(), command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+        L"C:\\", &startup, &process);
+}
+
+// Once in some thousand starts the new process dies in Wine's loader, before its first instruction, and Wine
+// reports an internal error. Nothing of the program has run then, so it is started once more; the log shows
+// it.
+bool start_program(
+    const std::filesystem::path& file, const std::wstring& command, PROCESS_INFORMATION& process)
+{
+    if (start_suspended(file, command, process))
+        return true;
+    if (GetLastError() != ERROR_INTERNAL_ERROR)
+        return false;
+    std::cout << "Wine lost a process before it began to run; starting it again" << std::endl;
+    return start_suspended(file, command, process);
+}
+
 } // namespace
 
 Program::Program(const std::filesystem::path& file, const std::wstring& arguments)
@@ -29,11 +53,7 @@ Program::Program(const std::filesystem::path& file, const std::wstring& argument
     std::wstring command = L"\"" + file.wstring() + L"\"";
     if (!arguments.empty())
         command += L" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    // Not the data root as current directory: the program must find its own folder.
-    if (!CreateProcessW(file.c_str(), command.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-            L"C:\\", &startup, &process_))
+    if (!start_program(file, command, process_))
         throw DriverError("cannot start " + platform::to_utf8(file.wstring()) + ": error "
             + std::to_string(GetLastError()));
     AssignProcessToJobObject(job_, process_.hProcess);
