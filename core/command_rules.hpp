@@ -50,8 +50,9 @@ inline constexpr CodeRule text_changed = only_code(command::edit_changed);
 inline constexpr CodeRule choice_made = only_code(command::combo_chosen);
 inline constexpr CodeRule box_number = code_below(3);
 
-// Every command of the main window. Columns: commands, views to refresh after success and after failure, requirements,
-// notification codes. Ascending, because find_row searches by halves; the assertion below checks it.
+// Every command of the main window. Columns: commands, views to refresh after success and after failure,
+// requirements, notification codes. Ascending, because find_row searches by halves; the assertion below
+// checks it.
 inline constexpr std::array command_rules{
     CommandRule{ command::show_book_menu, 0, 0, Needs::free_book },
     CommandRule{
@@ -105,8 +106,8 @@ inline constexpr std::array command_rules{
     CommandRule{ { command::move_file_up, command::move_file_to_end }, refresh::file_list, 0, Needs::page },
     CommandRule{ { command::sort_files_ascending, command::sort_files_descending }, refresh::file_list, 0,
         Needs::page },
-    CommandRule{
-        command::search_moved_file, refresh::file_choice, 0, Needs::page }, // the handler reports an empty entry
+    CommandRule{ command::search_moved_file, refresh::file_choice, 0,
+        Needs::page }, // the handler reports an empty entry
     CommandRule{ { command::show_viewer, command::show_file_in_folder }, 0, 0, Needs::page | Needs::entry },
     CommandRule{
         command::accelerator_save, 0, 0, Needs::nothing, any_code }, // handled by the focused control

@@ -4,8 +4,8 @@
 
 namespace core {
 
-// For work that dispatches messages or waits while it serves a request, so that another request may be made in the
-// meantime. A request is only a number, so it may be kept and compared at any time. For one thread.
+// For work that dispatches messages or waits while it serves a request, so that another request may be made
+// in the meantime. A request is only a number, so it may be kept and compared at any time. For one thread.
 class LatestRequest {
 public:
     enum class Request : std::uint64_t { none };

@@ -1,5 +1,6 @@
-// Pages, Books and entries that change while a message box is open or without a notification to the session, and loads
-// that fail in the middle: no text gets into another page, and no answer is used for another question.
+// Pages, Books and entries that change while a message box is open or without a notification to the session,
+// and loads that fail in the middle: no text gets into another page, and no answer is used for another
+// question.
 #include "tests/support/session_fixture.hpp"
 #include <new>
 

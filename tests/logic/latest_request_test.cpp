@@ -47,8 +47,8 @@ TEST(LatestRequest, OfOneOwnerOutdatesNoneOfAnother)
     EXPECT_TRUE(requests.is_latest(first));
 }
 
-// As in a window that loads the file requested last: requests made while one is being served are served afterwards,
-// together.
+// As in a window that loads the file requested last: requests made while one is being served are served
+// afterwards, together.
 TEST(LatestRequest, MadeDuringTheServiceIsServedNext)
 {
     LatestRequest requests;
