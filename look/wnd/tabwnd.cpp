@@ -51,6 +51,9 @@ bool TabWnd::on_message(ovlib::WndMessage& message)
         return on_right_release(ovlib::mouse_point(message));
     case WM_MOUSELEAVE:
         return on_mouse_leave();
+    case WM_KEYDOWN:
+    case WM_CHAR:
+        return hand_on_key(message);
     default:
         return false;
     }
@@ -183,6 +186,20 @@ bool TabWnd::on_right_release(platform::Point point)
         show_menu(*item);
     if (alive)
         set_focus();
+    return true;
+}
+
+// A click leaves the keyboard on the strip, which has nothing to type into. With the first key the parent
+// gives the keyboard to one of its fields. The key is sent, not posted: the message loop has translated it
+// already.
+bool TabWnd::hand_on_key(const ovlib::WndMessage& message)
+{
+    if (focus() == hwnd())
+        parent()->set_focus();
+    const HWND field = focus();
+    if (!field || field == hwnd() || field == parent()->hwnd())
+        return false;
+    SendMessageW(field, message.message, message.wparam, message.lparam);
     return true;
 }
 

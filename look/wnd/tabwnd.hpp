@@ -39,6 +39,7 @@ private:
     bool on_mouse_leave();
     bool on_press(platform::Point point);
     bool on_right_release(platform::Point point);
+    bool hand_on_key(const ovlib::WndMessage& message);
     bool on_command(int id);
     void set_hover(std::uint64_t tab);
     void hover_at_cursor();

@@ -156,3 +156,16 @@ TEST_F(Tabs, TheColourThatWasChosenIsThatOfTheNextTab)
     close();
     EXPECT_EQ(load_book(file).pages[1].tab_color, look::tab_color(5).value);
 }
+
+TEST_F(Tabs, AClickOnATabLeavesTypingAndSavingToTheText)
+{
+    const fs::path file = open_tabbed(2, 2);
+    click(tab_place(2, 2));
+    expect_page(L"p2");
+    type_text(L"いろ");
+    expect_soon(L"いろp2\r\n", [&] { return box(command::box_1).text(); });
+    tab_menu(1, 2).choose(command::first_tab_color + 1, Hand::keys);
+    chord({ VK_CONTROL, 'S' });
+    expect_soon(L"手帖", [&] { return title(); });
+    EXPECT_EQ(load_book(file).pages[1].text[0], L"いろp2\r\n");
+}
