@@ -1,10 +1,12 @@
 # A compiler cache is used where one is installed. Precompiled headers need the two kinds of sloppiness; the base folder lets
-# several checkouts beside each other share what they compiled.
+# several checkouts beside each other share what they compiled. Without CCACHE_DEPEND two headers that differ in comments
+# only count as the same. The compiler recognises headers with #pragma once by their bytes, so that a precompiled header
+# made from the one would make it read the other a second time.
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     cmake_path(GET PROJECT_SOURCE_DIR PARENT_PATH checkouts)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_NOHASHDIR=1
-        CCACHE_BASEDIR=${checkouts} ${CCACHE})
+        CCACHE_DEPEND=1 CCACHE_BASEDIR=${checkouts} ${CCACHE})
 endif()
 
 # Headers that nearly every file of a target reads: compiled once for the target.
