@@ -1,4 +1,4 @@
-// Which picture a menu item bears.
+// The picture of each menu item, by command.
 #pragma once
 #include "core/command_ids.hpp"
 #include <array>
@@ -12,7 +12,7 @@ struct BitmapFile {
     const wchar_t* file; // in the resource folder, without its extension ".bmp"
 };
 
-// 2544 has no menu item; its picture is kept for it.
+// Command 2544 has no menu item. Its picture is kept for the item to come.
 inline constexpr std::array bitmap_files{
     BitmapFile{ command::add_files, L"add_files" },
     BitmapFile{ command::add_page_at_end, L"ins_page_end" },

@@ -1,4 +1,4 @@
-// The page on the desk: shown, committed, saved and left; what follows a command.
+// Showing, committing, saving and leaving the page on the desk, and the updates after each command.
 #include "app/book_session.hpp"
 #include "book/page_text.hpp"
 #include "core/data_root.hpp"
@@ -44,8 +44,9 @@ bool BookSession::save(SaveCode code)
     return write_book();
 }
 
-// The answer is about the page that was on the desk. When another one came while the box was open it says
-// nothing, neither about the file nor about the boxes.
+// The user's answer is about the page that was on the desk when the question was shown. If another page
+// arrived while the box was open, the answer counts for nothing: nothing is written, and the boxes keep their
+// edits.
 SaveStep BookSession::ask_to_save()
 {
     const Shown asked = on_desk();
@@ -55,7 +56,8 @@ SaveStep BookSession::ask_to_save()
     return is_wanted ? SaveStep::write : SaveStep::give_up;
 }
 
-// All that can fail comes before the first change: a page gets its new texts with its new stamp, or neither.
+// Everything that can throw comes before the first change of the page. So a page gets its new texts together
+// with its new stamp, or neither.
 void BookSession::commit_edits()
 {
     book::Page* page = shown_page();
@@ -91,7 +93,7 @@ bool BookSession::may_leave_page()
     const bool had_edits = desk().has_edits();
     const Shown left = on_desk();
     save(SaveCode::ask);
-    // Another page that came while a box was open is not what the user wants to leave.
+    // If another page arrived while a box was open, it is not the page that the user wanted to leave.
     if (talk().is_gone() || (had_edits && on_desk() != left))
         return false;
     const Leave decision = leave_decision(had_edits && desk().has_edits(), book_.current_page() != nullptr);
@@ -99,14 +101,14 @@ bool BookSession::may_leave_page()
         return false;
     if (decision == Leave::drop_edits_and_go_on)
         mark_clean();
-    // Edits that were given up are still in the boxes.
+    // Discarded edits are still visible in the boxes.
     if (had_edits)
         merge(core::refresh::full);
     return true;
 }
 
-// Rebuilding the order, which comes before a save, may fail. It is not tried twice, so the second round
-// writes.
+// The save rebuilds the order first, which may throw. A failed rebuild is not repeated, so the second round
+// gets as far as writing.
 void BookSession::save_at_close()
 {
     for (int round = 0; round < 2; ++round) {
@@ -131,12 +133,12 @@ void BookSession::show_current_page()
     const book::Page* page = book_.current_page();
     if (!page || desk().has_edits())
         return;
-    // A page that is shown again stays where the user has it.
+    // A page that is shown again keeps the scroll position that the user chose.
     const Shown place = current_place();
     const bool is_shown_already = place == shown_;
     if (is_shown_already)
         desk().store_scroll(*book_.current_page());
-    // A failure in between leaves texts of two pages in the boxes, which belong to no page then.
+    // If showing throws halfway, the boxes contain texts of two pages. They belong to no page then.
     shown_ = {};
     desk().show(*page, is_shown_already);
     shown_ = place;
@@ -149,8 +151,8 @@ void BookSession::forget_shown_page()
     mark_clean();
 }
 
-// The old hits go at once: a box that is open now may paint before they are renewed, and would look for
-// entries that the list has no more.
+// The old hits are dropped at once. A box that is open now may cause a paint before the hits are renewed, and
+// the paint would look up entries that the list no longer contains.
 void BookSession::note_content_change()
 {
     hits_of_.reset();
@@ -211,7 +213,7 @@ bool BookSession::ask_about_entry(const std::wstring& question)
     return asked && talk().ask(question, BoxStyle::question) && is_same(*asked, book_);
 }
 
-// A Book whose order is rebuilt has lost its hits.
+// Rebuilding the order drops the hits.
 void BookSession::refresh_counts()
 {
     if (book_.needs_update)
@@ -223,16 +225,18 @@ void BookSession::refresh_views(core::RefreshMask& pending)
 {
     seams_.before_refresh();
     refresh_counts();
-    // A new order may have put another page to the position.
+    // After a new order another page may be at the current position.
     pending |= settle();
     core::serve_refresh(pending, seams_.serve);
-    // A view may have changed the page itself. Boxes with edits are not shown anew, however often.
+    // A view may have changed the current page itself. If the boxes contain edits, a further round could not
+    // show that page, so none is requested.
     const core::RefreshMask overdue = settle();
     if (!talk().is_gone() && !desk().has_edits())
         pending |= overdue;
 }
 
-// The one place where the hits follow the page, its text and files, the order and the query.
+// The only place where the hits are brought up to date with the page, its text and files, the order and the
+// query.
 core::RefreshMask BookSession::settle()
 {
     if (talk().is_gone())

@@ -1,9 +1,10 @@
-// The open Book and the page on the desk. Every way by which text gets from the boxes into the Book, and from
-// the Book into a file, is here: leave a page, save, new, open, load, save as, restore, back up, close.
+// The open Book and the page on the desk. Every way in which text gets from the boxes into the Book, and from
+// the Book into a file, is here: leaving a page, save, new, open, load, save as, restore, backup and close.
 //
-// The worst that this program could do is to save the text of one page into another. So the page whose text
-// is in the boxes is known by its stored index and the Book's revision: whatever inserts, removes or reorders
-// stored pages raises the revision, and edits whose page can no longer be named are saved nowhere.
+// The worst failure of this program would be to save the text of one page into another. So the page whose
+// text is in the boxes is identified by its stored index and the Book's revision. Every insertion, removal or
+// reordering of stored pages raises the revision. Edits whose page can no longer be identified are never
+// saved.
 #pragma once
 #include "app/command_run.hpp"
 #include "app/failures.hpp"
@@ -19,65 +20,66 @@
 
 namespace app {
 
-// The boxes in which a page is edited, and what surrounds them: the title, the look and the search.
+// The boxes in which a page is edited, with the title, the theme and the search fields around them.
 class PageDesk {
 public:
     virtual ~PageDesk() = default;
 
     virtual bool has_edits() const = 0;
-    // The text of each edited box.
+    // The texts of the edited boxes; nullopt for a box without edits.
     virtual BoxEdits edits() const = 0;
-    // Puts a page into the boxes, which count as unedited then. `is_shown_already`: the selection stays.
+    // Puts a page into the boxes and marks them unedited. If `is_shown_already`, the selection is kept.
     virtual void show(const book::Page& page, bool is_shown_already) = 0;
-    // Stores the places to which the boxes are scrolled.
+    // Stores the scroll positions of the boxes in `page`.
     virtual void store_scroll(book::Page& page) const = 0;
-    // The boxes count as unedited.
+    // Marks the boxes unedited.
     virtual void mark_clean() = 0;
     virtual void show_title(const std::wstring& title, bool is_edited) = 0;
 
-    // Applies theme, divider and fonts of a Book, and corrects what cannot be applied.
+    // Apply theme, divider and fonts of a Book. Values that cannot be applied are corrected in `header`.
     virtual void apply_theme(book::BookHeader& header) = 0;
     virtual void apply_divider_and_fonts(book::BookHeader& header) = 0;
 
-    // What the user searches for. The Book's own two flags are not in it.
+    // What the user searches for, without the Book's own two tracking flags.
     virtual book::SearchQuery query() const = 0;
 };
 
-// Questions, answers and news. Each call that shows something lets messages through: afterwards another page,
-// another Book or no window may be there.
+// Boxes, dialogs and notifications. Each call that shows something dispatches messages: afterwards the page
+// and the Book may be others, and the window may be destroyed.
 class Talk {
 public:
     virtual ~Talk() = default;
 
-    // The window has ended.
+    // The window was destroyed.
     virtual bool is_gone() const = 0;
     // A window that edits the Book's pages itself is open.
     virtual bool is_busy() const = 0;
 
     virtual void tell(const std::wstring& text, BoxStyle style) = 0;
-    // True for yes.
+    // True if the user chose yes.
     virtual bool ask(const std::wstring& text, BoxStyle style) = 0;
-    // The system's own words for an error code.
+    // Shows the system's message for an error code.
     virtual void tell_system_error(std::uint32_t code) = 0;
-    // A search that found nothing; an empty text clears it.
+    // Shows that a search found nothing; an empty text hides the banner.
     virtual void show_banner(const std::wstring& text) = 0;
 
-    // Each empty when nothing was chosen. An empty `start` begins on the user's desktop.
+    // Both return an empty path if the user cancelled. With an empty `start` the dialog opens in the user's
+    // desktop folder.
     virtual std::wstring choose_book_to_open() = 0;
     virtual std::wstring choose_book_path(const wchar_t* title, const std::wstring& start) = 0;
 
     virtual void history_changed() = 0;
-    // A Book was loaded whole.
+    // A Book was loaded completely.
     virtual void book_loaded() = 0;
-    // After a failure that the program cannot survive.
+    // For a failure that the program cannot survive.
     virtual void close_program() = 0;
 };
 
-// Used on one thread.
+// Used on one thread only.
 class BookSession {
 public:
-    // All must outlive the session. `serve` brings one view up to date; `before_refresh` is called before the
-    // first of them.
+    // All must outlive the session. `serve` refreshes one view; `before_refresh` is called before the first
+    // view of a refresh.
     struct Seams {
         PageDesk& desk;
         Talk& talk;
@@ -96,64 +98,67 @@ public:
     PageDesk& desk() { return seams_.desk; }
     Talk& talk() { return seams_.talk; }
 
-    // The Book is neither the old nor the new one: commands must wait.
+    // During a load the Book is neither the old nor the new one, so commands must wait.
     bool is_loading() const { return is_loading_; }
 
-    // Runs an action of the user, unless a Book is being loaded. Nothing that it throws gets out. When the
-    // outermost action ends the hits are renewed if need be and the views refreshed once.
+    // Runs an action of the user, unless a Book is being loaded. Exceptions of the action are reported, not
+    // passed on. When the outermost action ends, the hits are renewed if necessary and the views are
+    // refreshed once.
     void run(const std::function<void()>& action);
-    // Asks for a refresh of these views.
+    // Requests a refresh of these views.
     void merge(core::RefreshMask mask) { commands_.merge(mask); }
 
-    // Saves with one of the three codes. True when the file was written.
+    // Saves by one of the three codes. True if the file was written.
     bool save(SaveCode code);
-    // Has the page on the desk saved, or its edits given up, before something else is shown. False when the
-    // action is to be given up.
+    // Lets the user save or discard the edits of the page on the desk before something else is shown. False
+    // if the caller must cancel its action.
     bool may_leave_page();
-    // At the end of the program.
+    // For the end of the program.
     void save_at_close();
 
-    // Each true when a Book is open then. They throw MyException when the program cannot go on.
+    // Each returns true if a Book is open afterwards. They throw MyException if the program cannot go on.
     bool create_book();
-    // Asks for the path when it is empty.
+    // Asks for the path if it is empty.
     bool open_book(std::wstring path);
     bool load_book(std::wstring path);
     void open_last_book();
     void save_book_as();
-    // A null `result` asks nothing and reports only what the system says of a copy that failed.
+    // If `result` is null, no question is asked, and only the system's message about a failed copy is shown.
     bool back_up_book(std::wstring* result);
 
-    // The page whose text is in the boxes; null when it is no more.
+    // The page whose text is in the boxes; null if it no longer exists.
     book::Page* shown_page();
-    // For the boxes' view: puts the current page into the boxes, unless they hold edits.
+    // For the view of the boxes: puts the current page into the boxes, unless they contain edits.
     void show_current_page();
-    // After pages came, went or moved. Drops what the boxes hold.
+    // To be called after pages were inserted, removed or moved. Discards the edits in the boxes.
     void forget_shown_page();
-    // After the stored text or the file list of a page changed.
+    // To be called after the stored text or the file list of a page changed.
     void note_content_change();
 
-    // The page in that direction that matches the search; the current one when there is none.
+    // Goes to the next page in that direction that matches the search. Returns the current page if there is
+    // no other.
     book::Page* step_page(int direction);
     book::SearchQuery search_query() const;
 
-    // Title and edited mark.
+    // For the title and the edited mark in it.
     void box_changed();
     void renew_edited_mark();
     void update_title();
 
-    // Asks about the current page or its selected entry. True for yes, while that is still the same.
+    // Ask about the current page or its selected entry. True if the user chose yes and the page or entry is
+    // still the same.
     bool ask_about_page(const std::wstring& question);
     bool ask_about_entry(const std::wstring& question);
 
 private:
-    // The page on the desk.
+    // Identifies the page on the desk.
     struct Shown {
         std::size_t index = book::npos;
         std::uint64_t revision = 0;
 
         friend bool operator==(const Shown&, const Shown&) = default;
     };
-    // What the Book's hits were found for.
+    // The page and the query for which the Book's hits were found.
     struct HitsOf {
         Shown page;
         book::SearchQuery query;
@@ -180,7 +185,8 @@ private:
     HitsOf wanted_hits() const;
     Shown current_place() const;
     Shown shown_place() const;
-    // What a question about the edits is about: the same in a Book whose pages changed is not the same.
+    // Identifies the subject of a question about the edits. It also differs if the Book's pages changed
+    // meanwhile.
     Shown on_desk() const;
 
     Seams seams_;
@@ -189,8 +195,8 @@ private:
     CommandRun commands_;
     Shown shown_;
     std::optional<HitsOf> hits_of_;
-    bool edited_mark_ = false; // the title shows that a box was edited
-    bool is_unusable_ = false; // the Book's settings could not be applied: it stays out of the history
+    bool edited_mark_ = false; // the title shows the edited mark
+    bool is_unusable_ = false; // the Book's settings could not be applied, so it must not enter the history
     bool is_loading_ = false;
 };
 

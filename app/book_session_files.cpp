@@ -1,4 +1,4 @@
-// The Book as a whole: new, open, load, save as, backup, and its place in the history.
+// Operations on the Book as a whole: new, open, load, save as, backup, and its entry in the history.
 #include "app/book_session.hpp"
 #include "app/last_book.hpp"
 #include "core/data_root.hpp"
@@ -12,7 +12,7 @@ namespace app {
 
 namespace {
 
-// True while it lives.
+// Sets a flag for the length of a scope.
 class Flag {
 public:
     explicit Flag(bool& flag)
@@ -38,11 +38,12 @@ bool BookSession::create_book()
     const std::wstring path = talk().choose_book_path(L"Book の新規作成", L"");
     if (path.empty() || talk().is_gone())
         return false;
-    // What was edited while the dialog was open. A failure was reported already.
+    // Saves what was edited while the dialog was open. If the first save failed, the user has seen it
+    // already.
     if (is_saved)
         save(SaveCode::if_changed);
     const std::int32_t old_theme = look::palette().current_theme;
-    look::load_theme(look::theme_standard); // the first page takes standard colours
+    look::load_theme(look::theme_standard); // the first page gets the standard colours
     if (start_new_book(path)) {
         take_book_settings(path);
         remember_book();
@@ -50,7 +51,7 @@ bool BookSession::create_book()
     }
     talk().tell(L"Book の作成に失敗", BoxStyle::warning);
     look::load_theme(old_theme);
-    // The Book was replaced all the same: the boxes hold the text of none of its pages.
+    // The Book was replaced although the save failed, so the boxes contain the text of none of its pages.
     merge(core::refresh::full);
     return false;
 }
@@ -74,12 +75,12 @@ bool BookSession::open_book(std::wstring path)
     return load_book(std::move(path));
 }
 
-// The path is the caller's own copy: it may have been the Book's, which loading clears, or an entry of the
-// history, which forgetting erases.
+// The path is a copy on purpose: the caller's string may be the Book's path, which loading clears, or an
+// entry of the history, which is erased after a failure.
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the copy is wanted
 bool BookSession::load_book(std::wstring path)
 {
-    // The pages of both would end in one Book.
+    // A nested load would put the pages of both files into one Book.
     if (is_loading_)
         return false;
     core::set_current_directory(L"");
@@ -101,7 +102,7 @@ bool BookSession::load_book(std::wstring path)
     return true;
 }
 
-// A load that throws leaves no Book: closing would write the half that was read over the file.
+// A load that throws leaves no Book. Otherwise closing would overwrite the file with the part that was read.
 bool BookSession::read_book(const std::wstring& path, std::wstring& error)
 {
     bool is_loaded = false;
@@ -171,7 +172,8 @@ bool BookSession::back_up_book(std::wstring* result)
     return true;
 }
 
-// A Book whose settings cannot be applied must not be the first one that the next start tries.
+// A Book whose settings cannot be applied is removed from the history. Otherwise the next start would try it
+// first.
 void BookSession::take_book_settings(const std::wstring& path)
 {
     try {

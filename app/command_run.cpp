@@ -39,12 +39,16 @@ void CommandRun::run(const std::function<void()>& action)
     --depth_;
 }
 
-// At depth 1, so that a command which a view sends while it is refreshed joins this refresh: filling a box
-// sends some. What it adds behind the order's back gets a further round. The longest way to rest is that each
-// view adds the one before it; views that have not settled then never will.
+// The depth is still 1 here, so a command that a view sends during its own refresh joins this refresh.
+// Filling a box, for example, sends some.
+//
+// A view may request views that come earlier in the order of service; they get another round. A chain of such
+// requests is longest if each view requests only the one before it, so the number of views limits the rounds.
+// Views that are still pending after that would never come to rest and are dropped.
 void CommandRun::refresh_views()
 {
     constexpr std::size_t round_limit = core::service_order.size();
+    // serve_refresh does not clear this bit, so it is cleared here after the round that served it.
     constexpr auto standing = static_cast<core::RefreshMask>(core::View::history_enabled);
     for (std::size_t round = 0; pending_ != 0 && round < round_limit; ++round) {
         const core::RefreshMask served = pending_ & standing;
@@ -53,7 +57,7 @@ void CommandRun::refresh_views()
         pending_ &= ~served;
     }
     pending_ = 0;
-    // A view may have changed the page once more. What is overdue then waits for the next command.
+    // A view may have changed the page again. Overdue views then wait for the next command.
     guarded([this] { hooks_.settle(); });
 }
 

@@ -1,5 +1,5 @@
-// What commands may rely on, and how they nest: whatever an action sends or raises, the views are refreshed
-// once, when the outermost ends.
+// The conditions on which commands rely, and how commands nest: whatever an action sends or throws, the views
+// are refreshed once, when the outermost action ends.
 #pragma once
 #include "book/book.hpp"
 #include "core/command_rules.hpp"
@@ -13,28 +13,28 @@ struct WindowState {
     bool accepts_input = true;
     bool is_busy = false; // the page editor or the replace window is open
 };
-// What holds just now, of all that a command may need.
+// All conditions of core::Needs that hold now.
 core::Needs met_needs(const WindowState& windows, const book::Book& book);
 
 namespace refresh = core::refresh;
 
-// Runs actions on the user interface thread. Nothing that an action or the refresh raises leaves `run`.
+// Runs actions on the user interface thread. No exception of an action or of the refresh leaves `run`.
 class CommandRun {
 public:
     struct Hooks {
-        std::function<void(core::RefreshMask& pending)> refresh; // serves the mask, which is live
+        std::function<void(core::RefreshMask& pending)> refresh; // serves the mask and changes it
         std::function<void(const std::exception_ptr&)> report;
-        std::function<bool()> is_gone; // the window ended meanwhile: nothing is left to refresh
-        // After each action and refresh: brings up to date what follows the Book, and says which views must
-        // be refreshed whatever the commands asked for.
+        std::function<bool()> is_gone; // the window was destroyed, so there is nothing to refresh
+        // Called after each action and refresh. Updates what depends on the Book and returns the views that
+        // must be refreshed even if no command requested them.
         std::function<core::RefreshMask()> settle;
     };
 
     explicit CommandRun(Hooks hooks);
 
     void run(const std::function<void()>& action);
-    // Asks for a refresh of these views when the outermost action ends. Bits that name no view are dropped:
-    // nothing would ever serve them.
+    // Requests a refresh of these views when the outermost action ends. Bits that name no view are dropped,
+    // because no view would ever clear them.
     void merge(core::RefreshMask mask) { pending_ |= mask & refresh::full; }
 
     int depth() const { return depth_; }

@@ -1,4 +1,4 @@
-// The main window's buttons and check boxes as data, and its fields to type in. A control's identifier is the
+// The main window's buttons and check boxes as data, and its fields for typing. A control's identifier is the
 // command that it sends.
 #pragma once
 #include "app/main_layout.hpp"
@@ -14,12 +14,12 @@ namespace command = core::command;
 struct ButtonRow {
     int command = 0;
     const wchar_t* text = L"";
-    const wchar_t* picture = L""; // a file of the program's pictures; empty for none
+    const wchar_t* picture = L""; // a file of the resource folder; empty for none
     Rect MainLayout::*place = nullptr;
 };
 
-// In the order of creation. An earlier window lies on top of a later one: the page buttons come before the
-// slider, whose ends they cover.
+// In order of creation. A window created earlier is above a later one in z-order: the page buttons come
+// before the slider because they cover its ends.
 inline constexpr std::array button_rows{
     ButtonRow{ command::first_page, L"", L"front.png", &MainLayout::first_page_button },
     ButtonRow{ command::previous_page, L"", L"prev.png", &MainLayout::previous_page_button },
@@ -36,7 +36,7 @@ inline constexpr std::array button_rows{
 
 enum class CheckWidth {
     as_placed,
-    as_text, // its text is wider than its place, and nothing stands to its right
+    as_text, // its text is wider than its rectangle, and nothing is to its right
 };
 
 struct CheckRow {
@@ -60,12 +60,12 @@ inline constexpr std::array check_rows{
         CheckWidth::as_text },
 };
 
-// The fields that the user types in, in the order in which Tab goes through them.
+// The fields for typing, in Tab order.
 inline constexpr std::array typing_fields{ int{ command::box_1 }, int{ command::box_2 },
     int{ command::box_3 }, int{ command::search_box } };
 
-// The place in that list of the field that gets the keyboard when the window itself was given it: the field
-// that had it last, or the next one in the order of Tab that can take it. Nothing when none can.
+// The index in that list of the field that gets the focus when the window itself received it: the field that
+// had the focus last, or the next one in Tab order that can take it. nullopt if none can.
 constexpr std::optional<std::size_t> field_for_keyboard(
     std::size_t last, const std::array<bool, typing_fields.size()>& can_take)
 {

@@ -1,4 +1,5 @@
-// How a failure is told to the user, and what is left behind when Windows ends the logon.
+// How a failure is reported to the user, and the text of the file that is written when Windows ends the
+// session.
 #pragma once
 #include "platform/clock.hpp"
 #include <cstdint>
@@ -7,7 +8,7 @@
 
 namespace app {
 
-// Styles of message boxes, as the system numbers them.
+// Styles of message boxes, with the system's numbers.
 enum class BoxStyle : std::uint32_t {
     plain = 0,
     error = 16,
@@ -16,7 +17,7 @@ enum class BoxStyle : std::uint32_t {
     warning_question = 52
 };
 
-// The button that means yes.
+// The system's number of the yes button.
 inline constexpr int answer_yes = 6;
 
 struct FailureNotice {
@@ -29,11 +30,11 @@ struct FailureNotice {
 
 enum class FailedAt { creation, command };
 
-// What to tell of an exception that left the creation of the main window or a command. `failure` must hold
-// one.
+// The notice for an exception that left a command or the creation of the main window. `failure` must not be
+// null.
 FailureNotice failure_notice(const std::exception_ptr& failure, FailedAt where);
 
-// The whole text of the file written at WM_ENDSESSION.
+// The complete text of the file written at WM_ENDSESSION.
 std::wstring end_of_logon_text(const platform::LocalTime& time);
 
 } // namespace app

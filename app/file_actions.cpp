@@ -16,7 +16,7 @@ namespace {
 
 using core::Outcome;
 
-// Changes the current page's list, and has the hits follow.
+// Changes the current page's list and drops the hits, which refer to its entries.
 template <class Change> Outcome change_list(BookSession& session, Change change)
 {
     book::Page* page = session.book().current_page();
@@ -26,7 +26,8 @@ template <class Change> Outcome change_list(BookSession& session, Change change)
     return Outcome::done;
 }
 
-// Where the entry at `place` of `count` entries stands after a step of `by`, which may reach far out.
+// The index of the entry at `place` after a step of `by`, which may reach beyond either end. `count` must not
+// be 0.
 std::uint64_t clamped(std::uint64_t place, std::int64_t by, std::size_t count)
 {
     const auto last = static_cast<std::int64_t>(count) - 1;
@@ -200,7 +201,7 @@ Outcome duplicate_file(BookSession& session, const ChooseCopy& choose)
     const std::wstring copy = choose(source);
     if (copy.empty() || !is_same(*asked, session.book()))
         return Outcome::failed;
-    // Copying onto itself is skipped but reported as done.
+    // A copy onto the file itself is skipped but reported as done.
     const bool is_itself = platform::same_text_ignoring_case(copy, source);
     if (const std::uint32_t code = is_itself ? 0 : platform::copy_file(source, copy)) {
         session.talk().tell_system_error(code);

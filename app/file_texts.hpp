@@ -1,4 +1,4 @@
-// What the commands on files and folders say.
+// Titles and messages of the commands on files and folders.
 #pragma once
 #include <string>
 

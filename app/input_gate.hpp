@@ -1,25 +1,26 @@
-// Whether the main window takes page turns just now.
+// Whether the main window accepts page turns.
 #pragma once
 #include <functional>
 #include <utility>
 
 namespace app {
 
-// Closed while a box or file dialog of the main window is open and while other windows hold it for dialogs of
-// their own. Both nest: what closed it last must not open it for what closed it first.
+// Closed while the main window shows a box or a file dialog, and while other windows hold it for their own
+// dialogs. Both kinds are counted, so the end of the latest one does not open the gate while an earlier one
+// lasts.
 class InputGate {
 public:
     class Hold;
 
     InputGate() = default;
-    // `changed` is called whenever the gate has opened or closed.
+    // `changed` is called each time the gate opens or closes.
     explicit InputGate(std::function<void()> changed)
         : changed_(std::move(changed))
     {
     }
 
     bool is_open() const { return boxes_ == 0 && holds_ == 0; }
-    // Each holding asks for one releasing; a releasing without its holding does nothing.
+    // Each true must be followed by one false. A false without a true has no effect.
     void set_held(bool held)
     {
         if (held)
@@ -42,7 +43,7 @@ private:
     int holds_ = 0;
 };
 
-// Keeps the gate closed while it lives.
+// Keeps the gate closed for the length of a scope.
 class InputGate::Hold {
 public:
     explicit Hold(InputGate& gate)

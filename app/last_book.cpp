@@ -8,7 +8,7 @@ bool open_last_book(const std::vector<std::wstring>& history, const LastBookStep
         const std::size_t before = history.size();
         if (steps.open(history.front()))
             return true;
-        // An entry that stayed would be tried for ever.
+        // An entry that is still there would be tried again for ever.
         if (history.size() >= before)
             steps.drop_first();
     }

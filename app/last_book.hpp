@@ -1,4 +1,4 @@
-// Opening the Book that was open last.
+// Opens the Book that was open last.
 #pragma once
 #include <functional>
 #include <string>
@@ -7,14 +7,15 @@
 namespace app {
 
 struct LastBookSteps {
-    // Opens this Book; on false it has told the user and usually dropped the path from the history.
+    // Opens this Book. If it returns false, it has reported the failure and usually removed the path from the
+    // history.
     std::function<bool(std::wstring path)> open;
-    std::function<bool()> create; // asks the user for the place of a new Book
-    std::function<void()> drop_first; // takes the first entry off the history
+    std::function<bool()> create; // asks the user for the path of a new Book
+    std::function<void()> drop_first; // removes the first entry of the history
 };
 
-// Tries the history from its first entry, then a new Book. False when there is no Book at the end. `history`
-// is live: the steps shorten it.
+// Tries the history from its first entry on, then a new Book. False if no Book is open afterwards. `history`
+// refers to the list that the steps shorten.
 bool open_last_book(const std::vector<std::wstring>& history, const LastBookSteps& steps);
 
 } // namespace app

@@ -1,5 +1,5 @@
-// Where everything lies in the main window's client area. Arithmetic only: painting, hit testing and the
-// placing of controls ask the same functions.
+// Where everything is placed in the main window's client area. Only arithmetic: painting, hit testing and the
+// placing of controls call the same functions.
 #pragma once
 #include "platform/geometry.hpp"
 
@@ -37,35 +37,35 @@ struct MainLayout {
 
 MainLayout main_layout(Size client);
 
-// The frame round the checks that belong to the page and the order, and how round its corners are.
+// The frame around the checks for the page and the order, and the diameter of its round corners.
 Rect checks_frame(const MainLayout& layout);
 inline constexpr int checks_frame_corner = 8;
-// What is told of the file in view, below the counter and reaching further left: its line of facts, its size
-// and its small picture.
+// The facts about the displayed file: a line of facts, its size and its small picture. They are below the
+// counter and start further left.
 struct FileNote {
     Rect facts;
     Rect size;
     Point picture;
-    Rect area; // of all of it
+    Rect area; // the bounding rectangle of all of it
 
     friend bool operator==(const FileNote&, const FileNote&) = default;
 };
 FileNote file_note(const MainLayout& layout);
 
-// `y` moved into the range that the boundary under box 1 may take.
+// Clamps `y` to the range of the divider below box 1.
 int clamp_divider(const PageBoxes& boxes, int y);
-// The boxes with the boundary at `y`, which is clamped.
+// The boxes with the divider at `y`, which is clamped.
 PageBoxes with_divider(const PageBoxes& boxes, int y);
 
-// Where the boundary of a Book that has none yet lies.
+// The divider of a Book that has none yet.
 int first_divider(const PageBoxes& boxes);
 
 enum class BoxGap { none = 0, upper = 1, lower = 2 };
 
-// The gap between two boxes at this point.
+// The gap between two boxes that contains this point.
 BoxGap gap_at(const PageBoxes& boxes, Point point);
 Rect gap_rect(const PageBoxes& boxes, BoxGap gap);
-// The boundary that puts the dragged gap under a mouse at height `mouse_y`.
+// The divider that puts the dragged gap under a mouse at height `mouse_y`.
 int dragged_divider(BoxGap gap, int mouse_y);
 
 } // namespace app

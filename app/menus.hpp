@@ -1,4 +1,4 @@
-// The main window's popup menus: what stands in them, and what is grey. Pictures go by the command.
+// The main window's popup menus: their items, and which items are grey. Each picture is found by the command.
 #pragma once
 #include "controls/menu_rows.hpp"
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace app {
 
-// How each menu is placed at its point, as the system numbers it.
+// How each menu is placed at its point, as TPM_ flags.
 namespace menu_flags {
 
 inline constexpr std::uint32_t book = 0x10;
@@ -28,7 +28,7 @@ struct MainMenuState {
     std::int32_t order_mode = 0; // of the Book, with its sign
 };
 ovlib::MenuRows main_menu(const MainMenuState& state);
-// Whether the page editor and the replace window may be opened: they work on the stored order only.
+// Whether the page editor and the replace window may be opened: they work only on the stored order.
 bool may_edit_pages(const MainMenuState& state);
 
 struct FileMenuState {
@@ -43,7 +43,7 @@ ovlib::MenuRows file_menu(const FileMenuState& state);
 
 ovlib::MenuRows folder_menu(bool has_folder);
 
-// `labels`: of the search engines. Those that have no command any more are left out.
+// `labels`: the names of the search engines. Those beyond the range of commands are left out.
 ovlib::MenuRows web_menu(const std::vector<std::wstring>& labels);
 
 } // namespace app

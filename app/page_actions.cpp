@@ -17,7 +17,7 @@ book::PageColors new_page_colors()
     return look::page_colors(look::palette());
 }
 
-// A mode that cannot be applied must not be saved: the Book could never be opened again.
+// A mode that cannot be applied is undone. If it were saved, the Book could never be opened again.
 void apply_order(book::Book& book, int id)
 {
     const std::int32_t old_mode = book.header.order_mode;
@@ -36,7 +36,8 @@ void apply_order(book::Book& book, int id)
     }
 }
 
-// After pages came, went or changed places: until the current page is shown the boxes hold the text of none.
+// To be called after pages were inserted, removed or moved. Until the current page is shown again, the boxes
+// contain the text of no page.
 void follow_pages(BookSession& session)
 {
     session.forget_shown_page();
@@ -104,7 +105,7 @@ bool swap_with_neighbour(book::Book& book, int direction)
     book.swap_pages(index, neighbour);
     book.header.position = direction < 0 ? position - 1 : position + 1;
     book.refresh_counts();
-    // A sorted Book puts both pages back where they were.
+    // In a sorted Book the rebuild moves both pages back to their old positions.
     if (book.current_index() != neighbour)
         book.header.position = position_of(book, neighbour);
     return true;
@@ -190,7 +191,8 @@ void swap_page(BookSession& session, int direction)
     session.merge(core::refresh::full);
 }
 
-// The boxes hold the text of the page that goes: a save must not put it into another.
+// The boxes contain the text of the deleted page. follow_pages discards it before the save, which would
+// otherwise put it into another page.
 Outcome delete_page(BookSession& session)
 {
     const std::uint64_t position = session.book().header.position;
@@ -220,7 +222,8 @@ Outcome toggle_tab(BookSession& session, std::uint32_t color)
     return outcome_of(toggle_tab(session.book(), color));
 }
 
-// Boxes let pages come and go: the index is that of the same page only while the revision lasts.
+// Pages may be inserted or removed while the box is open. The index refers to the same page only while the
+// revision is the same.
 Outcome remove_tab(BookSession& session, std::uintptr_t address, std::uint32_t color)
 {
     book::Book& book = session.book();

@@ -1,5 +1,5 @@
-// What a question was about. Boxes let messages through, so that another page, or another entry, may stand
-// there when the answer comes: a note taken before the box tells whether the answer still fits.
+// The subject of a question. Boxes dispatch messages, so another page or entry may be current when the user
+// answers. A note recorded before the question shows whether the answer still applies.
 #pragma once
 #include "book/book.hpp"
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace app {
 
-// A page at its place.
+// A page and its position.
 struct PageNote {
     std::uint64_t position = 0;
     std::size_t index = 0;
@@ -19,7 +19,7 @@ struct PageNote {
     friend bool operator==(const PageNote&, const PageNote&) = default;
 };
 
-// The current page; none without one.
+// The current page; nullopt without one.
 std::optional<PageNote> note_page(const book::Book& book);
 bool is_same(const PageNote& note, const book::Book& book);
 
@@ -32,10 +32,11 @@ struct EntryNote {
     friend bool operator==(const EntryNote&, const EntryNote&) = default;
 };
 
-// The selected entry of the current page; none without one.
+// The selected entry of the current page; nullopt without one.
 std::optional<EntryNote> note_entry(const book::Book& book);
 bool is_same(const EntryNote& note, const book::Book& book);
-// Puts `path` in the place of the noted entry; false when that no longer stands. The stamp stays.
+// Replaces the recorded entry by `path`; false if it is no longer the selected one. The page's stamp is not
+// changed.
 bool replace_entry(book::Book& book, const EntryNote& note, const std::wstring& path);
 
 } // namespace app

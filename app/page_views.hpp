@@ -1,4 +1,4 @@
-// What the main window's small views show of the current page: buttons, counter and file combo.
+// The contents of the main window's small views of the current page: buttons, counter and file combo.
 #pragma once
 #include "book/book.hpp"
 #include "media/path_answers.hpp"
@@ -17,20 +17,21 @@ struct ButtonState {
     friend bool operator==(const ButtonState&, const ButtonState&) = default;
 };
 
-// The buttons that follow the page, the order and the tracks. Those of the page are left out without a
-// current page: they keep what they show. `is_busy`: the page editor or the replace window is open.
+// The states of the buttons that depend on the page, the order and the tracking flags. Without a current page
+// its buttons are left out, so they keep their state. `is_busy`: the page editor or the replace window is
+// open.
 std::vector<ButtonState> page_buttons(const book::Book& book, bool is_busy);
 
-// Whether the button "資料" is lit; none without a current page, when it keeps what it shows.
+// Whether the button "資料" is lit; nullopt without a current page, so that it keeps its state.
 std::optional<bool> folder_button_lit(const book::Book& book);
 
-// The place of the selected entry and the number of entries; empty when there is nothing to count.
+// The number of the selected entry and the number of entries; empty if the list is empty.
 std::wstring file_counter_text(const book::Book& book);
 
-// Rows that the file combo shows without scrolling.
+// The number of rows that the drop-down list shows without scrolling.
 std::size_t visible_combo_rows(std::size_t count);
 
-// The file combo's rows, one an entry of the current page; none without one.
+// One row for each entry of the current page; nullopt without a page.
 struct FileCombo {
     std::vector<std::wstring> rows;
     std::size_t selected = 0;

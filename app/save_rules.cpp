@@ -26,7 +26,8 @@ void renew_stamp(std::wstring& stamp, std::wstring_view now)
 
 std::wstring save_failure_text(const std::wstring& path, std::uint32_t attributes)
 {
-    // The bit is set in the value for a file that cannot be examined, too: it is told as read-only.
+    // 0xFFFFFFFF, the value for a file that cannot be examined, has this bit too. Such a file is reported as
+    // read-only.
     constexpr std::uint32_t read_only = 1;
     std::wstring text = L"Error: Book の保存に失敗\r\n" + path;
     if (attributes & read_only)

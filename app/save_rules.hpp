@@ -1,4 +1,4 @@
-// When a Book is written, what is taken back from the boxes before, and what is said when it fails.
+// When a Book is written, how the edits are committed before, and the message about a failure.
 #pragma once
 #include "book/page.hpp"
 #include <array>
@@ -9,7 +9,7 @@
 
 namespace app {
 
-// The commands' own numbers.
+// The numbers of the commands.
 enum class SaveCode : int {
     always = 1004, // changed or not
     if_changed = 1006, // without a question
@@ -18,12 +18,12 @@ enum class SaveCode : int {
 
 enum class SaveStep {
     skip, // nothing to do
-    give_up, // drop the edits; they belong to another window, or nobody wants them
-    ask, // ask the user, then write or give up
+    give_up, // discard the edits: another window edits the Book, or the user does not want them
+    ask, // ask the user, then write or discard
     write,
 };
 
-// `busy`: the page editor or the replace window owns the Book for now.
+// `busy`: the page editor or the replace window owns the Book at present.
 constexpr SaveStep save_step(SaveCode code, bool changed, bool busy)
 {
     if (busy)
@@ -35,11 +35,11 @@ constexpr SaveStep save_step(SaveCode code, bool changed, bool busy)
     return code == SaveCode::ask ? SaveStep::ask : SaveStep::write;
 }
 
-// What an action that leaves the page does after it had the page taken back.
+// What an action that leaves the page does after the attempt to commit it.
 enum class Leave {
     go_on,
-    drop_edits_and_go_on, // no page is current: nothing could take them
-    stay, // the edits could not be written, and going on would put them into another page
+    drop_edits_and_go_on, // no page is current, so there is no page for the edits
+    stay, // the edits could not be written, and would get into another page
 };
 constexpr Leave leave_decision(bool still_changed, bool has_current_page)
 {
@@ -48,13 +48,13 @@ constexpr Leave leave_decision(bool still_changed, bool has_current_page)
     return has_current_page ? Leave::stay : Leave::drop_edits_and_go_on;
 }
 
-// The text of each box that was edited.
+// The text of each edited box; nullopt for a box without edits.
 using BoxEdits = std::array<std::optional<std::wstring>, book::box_count>;
 
-// Box 2 is trimmed at both ends; no text keeps a U+0003.
+// Trims box 2 at both ends and removes U+0003 from all texts.
 void commit_edits(BoxEdits edits, book::Page& page);
 
-// Keeps the creation time, as far as there is one, and puts `now` behind it.
+// Keeps the creation time, as far as there is one, and appends `now`.
 void renew_stamp(std::wstring& stamp, std::wstring_view now);
 
 inline constexpr wchar_t save_question[] = L"ページの内容が変更されています．\r\nファイルに保存しますか？";

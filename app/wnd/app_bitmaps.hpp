@@ -5,11 +5,11 @@
 
 namespace app {
 
-// From the resource folder. A file that does not load leaves its command without a picture.
+// Loads from the resource folder. If a file cannot be loaded, its command has no picture.
 void load_app_bitmaps();
 void free_app_bitmaps();
 
-// Null for a command without a picture. The bitmap stays the program's.
+// Null for a command without a picture. The caller must not delete the bitmap.
 HBITMAP app_bitmap(std::int32_t command);
 
 } // namespace app

@@ -1,4 +1,4 @@
-// The window class, the table of messages, creation and closing.
+// The window class, the message table, creation and closing.
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/settings_file.hpp"
 #include "core/data_root.hpp"
@@ -73,7 +73,7 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
         return background.on_set_cursor(message);
     case WM_NCLBUTTONDOWN:
         return background.on_caption_press(message);
-    // The system's own handling of the press would wait for the release and keep it.
+    // The default processing of the press would wait for the release in a loop of its own and consume it.
     case WM_NCRBUTTONDOWN:
         return message.wparam == HTCAPTION;
     case WM_NCRBUTTONUP:
@@ -95,11 +95,13 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
 
 void AppWnd::dispatch(MSG& message)
 {
-    // To the message's own window: the accelerator belongs to the focused control.
+    // The message goes to its own window, not to this one: the accelerator belongs to the focused control.
     if (TranslateAcceleratorW(message.hwnd, accelerators_, &message))
         return;
     constexpr unsigned first_control = 1000;
     constexpr unsigned control_count = 64000;
+    // A quick second click on a control counts as another press. Windows with identifiers outside this range
+    // still get double clicks.
     if (message.message == WM_LBUTTONDBLCLK
         && static_cast<unsigned>(GetDlgCtrlID(message.hwnd)) - first_control < control_count)
         message.message = WM_LBUTTONDOWN;
@@ -161,8 +163,9 @@ bool AppWnd::create_view()
     return true;
 }
 
-// A fatal failure inside a command and the command that closes the program send this message too, and boxes
-// shown on the way out let further ones through: the first one counts.
+// A fatal failure inside a command and the command that closes the program send this message too. Boxes that
+// are shown during closing dispatch further ones. Only the first message closes the window. The save reads
+// the boxes, so the child windows are destroyed after it.
 bool AppWnd::on_close()
 {
     if (is_busy() || is_closing_)
@@ -179,7 +182,8 @@ bool AppWnd::on_close()
     return false;
 }
 
-// Neither the Book nor settings nor history are written: edits since the last save end with the logon.
+// Neither the Book nor the settings nor the history are written: edits since the last save are lost when the
+// session ends.
 bool AppWnd::on_end_session(const ovlib::WndMessage& message)
 {
     if (message.wparam == 0)

@@ -1,9 +1,9 @@
 // The main window: its frame, the messages of its children, painting, creation and closing.
 //
-// Every action enters as a number through WM_COMMAND: on_message, on_command, the rule of the command, its
-// handler (main_commands.cpp). A handler calls an operation of the session or of a window; the rule names the
-// views, and when the outermost command ends they are refreshed once. Boxes of this window let messages
-// through: after each of them the page must be looked up again.
+// Every action enters as a number through WM_COMMAND and passes on_message, on_command, the rule of the
+// command and its handler (main_commands.cpp). A handler calls an operation of the session or of a window.
+// The rule names the views to refresh; they are refreshed once, when the outermost command ends. Boxes of
+// this window dispatch messages, so the page must be looked up again after each of them.
 #pragma once
 #include "app/wnd/main_parts.hpp"
 #include "app/wnd/typing_focus.hpp"
@@ -17,7 +17,7 @@ namespace app {
 class AppWnd : public ovlib::BaseWnd {
 public:
     AppWnd();
-    // What still runs in the file pane ends with it, also where the window was never created whole.
+    // Stops what still runs in the file pane, even if the window was never created completely.
     ~AppWnd() override;
 
     bool on_message(ovlib::WndMessage& message) override;
@@ -25,7 +25,7 @@ public:
     std::wstring class_info(WNDCLASSEXW& info) override;
     void create_params(CREATESTRUCTW& params) override;
 
-    // Returns the button.
+    // Returns the number of the chosen button.
     int show_message(const std::wstring& text, BoxStyle style)
     {
         return parts_.talk.show_message(text, style);
@@ -35,7 +35,7 @@ public:
     const book::Book& book() const { return parts_.session.book(); }
     // See LinkMaker.
     bool end_background_work() { return parts_.links.end_background_work(); }
-    // `editor` lives as long as this window.
+    // `editor` must live as long as this window.
     void add_page_editor(PageEditor& editor) { parts_.talk.add_page_editor(editor); }
 
 private:
@@ -46,7 +46,7 @@ private:
     bool on_end_session(const ovlib::WndMessage& message);
     bool on_focus();
 
-    // Commands and what the controls send.
+    // Commands and notifications of the controls.
     bool on_command(const ovlib::WndMessage& message);
     void run_command(int id, int code, std::int64_t lparam);
     bool is_focused_button(std::int64_t handle) const;
@@ -60,14 +60,14 @@ private:
     bool on_static_color(ovlib::WndMessage& message);
     bool on_list_color(ovlib::WndMessage& message);
     bool on_paint();
-    // What is between the controls, in client coordinates.
+    // Draws what is between the controls, in client coordinates.
     void draw(const ovlib::DC& dc) const;
     bool on_draw_item(ovlib::WndMessage& message);
 
     MainParts parts_;
     TypingFocus typing_focus_;
     ovlib::WheelSteps wheel_;
-    ovlib::GDI::Brush edit_brush_; // of the search box and the list that drops from the file combo
+    ovlib::GDI::Brush edit_brush_; // for the search box and the drop-down list of the file combo
     HACCEL accelerators_ = nullptr;
     bool is_closing_ = false;
 };

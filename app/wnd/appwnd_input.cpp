@@ -1,4 +1,4 @@
-// What the user does with the main window's controls, wheel and background.
+// Input to the main window: commands of its controls, the wheel, the slider and the caption.
 #include "app/page_actions.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/main_commands.hpp"
@@ -18,7 +18,8 @@ bool AppWnd::on_command(const ovlib::WndMessage& message)
         typing_focus_.note_focus(id);
     const bool is_click = code == BN_CLICKED && is_focused_button(message.lparam);
     parts_.session.run([&] { run_command(id, code, message.lparam); });
-    // A button that was clicked has the keyboard, and nothing to type into.
+    // A clicked button keeps the focus, where typed text would be lost. So the focus goes to the window,
+    // which passes it to a text field.
     if (is_click && is_focused_button(message.lparam))
         set_focus();
     return true;

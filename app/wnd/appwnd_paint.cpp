@@ -1,4 +1,4 @@
-// What the main window paints by itself, and the colours of its edit controls.
+// Painting of the main window's own area, and the colours of its edit controls.
 #include "app/page_views.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "look/theme.hpp"
@@ -41,7 +41,7 @@ bool AppWnd::on_erase_background(ovlib::WndMessage& message)
     return true;
 }
 
-// A box of the page is left to the system while there is no page.
+// Without a page the boxes of the page get the system's colours.
 bool AppWnd::on_edit_color(ovlib::WndMessage& message)
 {
     if (parts_.desk.box_of(message))
@@ -49,25 +49,27 @@ bool AppWnd::on_edit_color(ovlib::WndMessage& message)
     return answer_colors(message, field_colors(), edit_brush_);
 }
 
-// The list that drops from the file combo.
+// For the drop-down list of the file combo.
 bool AppWnd::on_list_color(ovlib::WndMessage& message)
 {
     return answer_colors(message, field_colors(), edit_brush_);
 }
 
-// A read-only edit control asks with this message instead.
+// A read-only edit control sends this message instead of WM_CTLCOLOREDIT.
 bool AppWnd::on_static_color(ovlib::WndMessage& message)
 {
     return parts_.desk.on_color(message, book().current_page(), look::BoxUse::read_only);
 }
 
-// Try controls first: not every control sets CtlType.
+// The controls are tried first, because not every control sets CtlType.
 bool AppWnd::on_draw_item(ovlib::WndMessage& message)
 {
     return ovlib::route_draw_item(message) || parts_.menu_pictures.on_message(message);
 }
 
-// In one copy, the ground included: what changes asks for no erasing, which would flash between the controls.
+// Draws everything into one bitmap, the background included, and copies it once. So a change never needs to
+// erase first, which would flicker between the controls. The shifted origin lets the drawing use client
+// coordinates in a bitmap of the update area only.
 bool AppWnd::on_paint()
 {
     const ovlib::PaintDC dc{ *this };

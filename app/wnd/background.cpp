@@ -12,7 +12,8 @@ Background::Background(ovlib::BaseWnd& window, BoxDesk& desk, std::function<void
 {
 }
 
-// Over a gap the window gets the mouse as in a client area.
+// Reports the whole client area except the gaps as a caption, so that the window can be dragged by its
+// background. Over a gap the window gets normal mouse messages, which move the divider.
 bool Background::on_hit_test(ovlib::WndMessage& message)
 {
     message.result = window_.default_proc(message);
@@ -26,7 +27,8 @@ bool Background::on_hit_test(ovlib::WndMessage& message)
     return true;
 }
 
-// Before each move of the mouse: the class's arrow would flicker in between.
+// Windows sends WM_SETCURSOR before each mouse move. If the default processing set the arrow of the class
+// here, the cursor would flicker over a gap.
 bool Background::on_set_cursor(ovlib::WndMessage& message)
 {
     const bool is_over_window = reinterpret_cast<HWND>(message.wparam) == window_.hwnd();
@@ -53,8 +55,9 @@ bool Background::on_press(Point point)
     return true;
 }
 
-// Not by the system's own loop: that puts a window back whose top was carried above the screen, and on a low
-// screen this is the way to its bottom.
+// The window is moved here and not by the system's move loop. That loop puts a window back whose top was
+// dragged above the screen, but on a screen lower than the window this is the way to reach its bottom. A
+// press on the real title bar is left to the system.
 bool Background::on_caption_press(const ovlib::WndMessage& message)
 {
     const auto lparam = static_cast<LPARAM>(message.lparam);
@@ -75,6 +78,7 @@ bool Background::on_mouse_move(Point point)
 {
     show_cursor(point);
     if (grip_) {
+        // The grip, measured on the screen, stays the same: so the window follows the mouse.
         POINT mouse{ point.x, point.y };
         ClientToScreen(window_.hwnd(), &mouse);
         window_.move(mouse.x - grip_->x, mouse.y - grip_->y, true);
@@ -88,7 +92,7 @@ bool Background::on_release()
 {
     dragged_gap_ = BoxGap::none;
     grip_.reset();
-    // Another window may have taken the mouse: then it is no longer this one's to release.
+    // Another window may have taken the capture. Then it is not this window's to release.
     if (GetCapture() == window_.hwnd())
         ReleaseCapture();
     return false;

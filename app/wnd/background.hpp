@@ -1,5 +1,5 @@
-// The background of the main window: its gaps between the boxes move their boundary, and everywhere else it
-// is the window's caption.
+// The background of the main window. Its gaps between the boxes move the divider; everywhere else it acts as
+// the window's caption.
 #pragma once
 #include "app/wnd/page_desk.hpp"
 #include "ovlib/gui/basewnd.hpp"
@@ -10,7 +10,7 @@ namespace app {
 
 class Background {
 public:
-    // Both outlive the background. `divider_moved` gets each new place of the boundary.
+    // Both must outlive the background. `divider_moved` gets each new position of the divider.
     Background(ovlib::BaseWnd& window, BoxDesk& desk, std::function<void(int)> divider_moved);
 
     bool on_hit_test(ovlib::WndMessage& message);
@@ -28,7 +28,7 @@ private:
     BoxDesk& desk_;
     std::function<void(int)> divider_moved_;
     BoxGap dragged_gap_ = BoxGap::none;
-    // Where the mouse holds the window by its background, from the window's corner.
+    // While the window is dragged by its background: the offset of the mouse from the window's corner.
     std::optional<Point> grip_;
 };
 

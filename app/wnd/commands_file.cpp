@@ -18,8 +18,8 @@ namespace app {
 
 namespace {
 
-// Acts only while the entry that was searched for is still there: boxes, and the shell's own search, let the
-// page and the selection change.
+// Acts only while the entry that was searched for is still selected. Boxes and the shell's own search
+// dispatch messages, so the page and the selection can change meanwhile.
 class MovedFileTalk : public media::SearchTalk {
 public:
     explicit MovedFileTalk(MainParts& parts)
@@ -85,7 +85,8 @@ Outcome choose_file_in_combo(MainParts& parts, const CommandInput&)
     return app::select_file(parts.session, parts.controls.file_combo().selected());
 }
 
-// The mask of a choice leaves out the combo box, which needs not be filled anew.
+// The refresh mask of this command leaves out the combo box, which needs no refill. Only its selection
+// changes, here.
 Outcome select_file(MainParts& parts, const CommandInput& input)
 {
     const Outcome outcome = select_file_by(parts.session, input.id);
@@ -150,7 +151,8 @@ Outcome search_moved_file(MainParts& parts, const CommandInput&)
     return outcome_of(media::search_moved_file(searched, { link, names, paths, talk }));
 }
 
-// In full, or the shell would look for a bare name among the system's programs too.
+// An existing file is opened by its full path: for a bare name the shell would also search the system's
+// programs.
 Outcome open_file(MainParts& parts, const CommandInput&)
 {
     const std::optional<EntryNote> asked = note_entry(parts.session.book());

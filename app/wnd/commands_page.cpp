@@ -18,7 +18,7 @@ void show_main_menu(MainParts& parts)
 
 namespace {
 
-// A refused turn puts the slider back: with the page that stayed it must not show another one's place.
+// After a refused turn the slider goes back to the position of the page that is still shown.
 void turn_by_slider(MainParts& parts, std::uint64_t position)
 {
     const bool may_turn = parts.talk.is_accepting_input();
@@ -42,6 +42,7 @@ void on_slider_move(MainParts& parts, int code)
             [&parts] { parts.session.merge(static_cast<core::RefreshMask>(core::View::slider)); });
         break;
     case look::PageMove::turn:
+        // During a load `run` does nothing, so the slider is put back here.
         if (parts.session.is_loading())
             slider.refuse_move(static_cast<std::int32_t>(book.header.position));
         parts.session.run([&parts, value] { turn_by_slider(parts, static_cast<std::uint64_t>(value)); });
@@ -139,7 +140,7 @@ Outcome apply_theme_to_pages(MainParts& parts, const CommandInput&)
     return Outcome::done;
 }
 
-// The search box sends a command of its own when its text changes.
+// Changing the text makes the search box send its own command, which renews the hits.
 Outcome search_selection(MainParts& parts, const CommandInput&)
 {
     for (const look::MyBox* box : parts.desk.boxes()) {

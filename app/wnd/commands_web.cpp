@@ -1,4 +1,4 @@
-// Commands of the web.
+// Commands for the web.
 #include "app/menus.hpp"
 #include "app/wnd/main_commands.hpp"
 #include "app/wnd/popup_menu.hpp"

@@ -1,4 +1,4 @@
-// The links by which moved files are found again: made in the background after a load.
+// The links by which moved files are found again. They are created in the background after a load.
 #pragma once
 #include "app/wnd/main_talk.hpp"
 #include "media/moved_file_search.hpp"
@@ -13,19 +13,18 @@ namespace app {
 
 class LinkMaker {
 public:
-    // All outlive the maker.
+    // All must outlive the maker.
     LinkMaker(const ovlib::Wnd& window, Talk& talk, const book::Book& book);
 
-    // True when a worker was started: for every entry of the Book, or for these paths, ahead of what an
-    // earlier run left.
+    // True if a worker was started: for every entry of the Book, or for these paths before what an earlier
+    // run left over.
     bool start_shortcut_creation_async();
     bool start_shortcut_creation_async(const std::vector<std::wstring>& paths);
 
-    // No more work starts.
+    // Prevents further work from starting.
     void close() { is_closing_ = true; }
-    // Stops the worker. False when it hangs in a call to the system and was given up after ten seconds, or at
-    // once where that has happened before: nothing it works with may be destroyed then, and the process must
-    // end without it.
+    // Stops the worker. False if it hangs in a system call: after ten seconds, or at once if it has hung
+    // before. In that case nothing that it uses may be destroyed, and the process must end without it.
     bool end_background_work();
 
 private:
@@ -36,10 +35,10 @@ private:
     const book::Book& book_;
     media::BackgroundThread thread_;
     bool is_closing_ = false;
-    bool has_given_up_ = false; // the worker hangs
+    bool has_given_up_ = false; // the worker did not end in time
 };
 
-// Where the links lie, without a trailing separator.
+// The folder of the links, without a trailing separator.
 std::wstring link_folder();
 
 } // namespace app

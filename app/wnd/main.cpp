@@ -1,4 +1,4 @@
-// The entry of the program.
+// The program's entry point.
 #include "app/failures.hpp"
 #include "app/wnd/startup.hpp"
 #include "core/titles.hpp"
@@ -11,7 +11,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t*, int show_command)
     try {
         return app::run_application();
     } catch (...) {
-        // Caught so that every scope on the way here has been left in order.
+        // Catching here makes the stack unwind, so that every scope is left properly.
         const auto notice = app::failure_notice(std::current_exception(), app::FailedAt::creation);
         MessageBoxW(nullptr, notice.text.c_str(), core::program_name, static_cast<UINT>(notice.style));
         return -1;

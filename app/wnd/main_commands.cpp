@@ -1,4 +1,4 @@
-// The table from a command's number to its handler, proved against the table of rules.
+// The table from command numbers to handlers, checked at compile time against the table of rules.
 #include "app/wnd/main_commands.hpp"
 #include "core/command_ids.hpp"
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 struct Row {
     core::IdRange ids;
-    CommandHandler handler = nullptr; // null: the window of this command is still to come
+    CommandHandler handler = nullptr; // null: the window of this command does not exist yet
 };
 
 constexpr std::array rows{
@@ -41,7 +41,7 @@ constexpr std::array rows{
     Row{ command::request_refresh, commands::request_refresh },
     Row{ command::go_to_tab, commands::go_to_tab },
     Row{ { command::box_1, command::box_3 }, commands::note_box_change },
-    Row{ command::search_box, commands::ignore }, // every command has the hits follow the search
+    Row{ command::search_box, commands::ignore }, // the hits follow the search after every command
     Row{ command::file_list_box, commands::note_box_change },
     Row{ command::renew_edited_mark, commands::renew_edited_mark },
     Row{ command::file_combo, commands::choose_file_in_combo },
@@ -87,7 +87,8 @@ constexpr std::array rows{
 };
 static_assert(core::is_ordered(std::span<const Row>{ rows }));
 
-// Both tables cover the same numbers: walked side by side, neither leaves one out.
+// Both tables must cover the same numbers. Whether a table covers a number changes only at the ends of its
+// ranges, so it is enough to compare the tables at each end of each range and at the number just outside.
 constexpr bool covers(std::span<const Row> handlers, std::span<const core::CommandRule> rules, int id)
 {
     return (core::find_row(handlers, id) != nullptr) == (core::find_row(rules, id) != nullptr);

@@ -1,5 +1,5 @@
-// The commands of the main window by topic: what each number does. What holds before and after is in the
-// rules.
+// The handlers of the main window's commands, by topic. The conditions before a command and the refresh after
+// it are in the rules.
 #pragma once
 #include "app/wnd/main_parts.hpp"
 #include "core/command_rules.hpp"
@@ -15,11 +15,11 @@ struct CommandInput {
 
 using CommandHandler = core::Outcome (*)(MainParts&, const CommandInput&);
 
-// The handler of a command; null where its window is still to come.
+// The handler of a command; null if its window does not exist yet.
 CommandHandler find_command_handler(int id);
 
 void show_main_menu(MainParts& parts);
-// A move of the slider, by its notification code.
+// Handles a move of the slider; `code` is its notification code.
 void on_slider_move(MainParts& parts, int code);
 
 // The handlers, by topic.

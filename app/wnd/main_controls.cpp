@@ -58,7 +58,7 @@ bool MainControls::create()
         && create_with_font(file_combo_, L"", combo_font) && status_bar_.create(L"");
 }
 
-// A button without its picture still works.
+// A picture that cannot be loaded is no failure: the button works without it.
 bool MainControls::create_buttons()
 {
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
@@ -93,7 +93,7 @@ void MainControls::place(const MainLayout& layout)
     slider_.set_rect(to_rect(layout.slider), false);
     search_box_.set_rect(to_rect(layout.search_box), false);
     file_combo_.set_rect(to_rect(layout.file_combo), false);
-    // It finds its place by itself.
+    // On WM_SIZE a status bar takes its place from the size of its parent.
     status_bar_.send(WM_SIZE, 0, 0);
 }
 

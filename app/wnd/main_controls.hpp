@@ -1,4 +1,4 @@
-// The controls of the main window beside the three boxes, and what they show.
+// The controls of the main window other than the three boxes, and their contents.
 #pragma once
 #include "app/control_rows.hpp"
 #include "app/page_views.hpp"
@@ -17,7 +17,8 @@
 
 namespace app {
 
-// They decide nothing: what they show is handed in, and what the user does comes to the parent as commands.
+// They decide nothing: the owner passes in what they show, and the user's actions reach the parent as
+// commands.
 class MainControls {
 public:
     // Both must outlive the controls.
@@ -26,7 +27,7 @@ public:
     bool create();
     void place(const MainLayout& layout);
 
-    // Null for a command without such a control.
+    // Null if no such control has this command.
     look::ImageButton* button(int command) const;
     look::MyCheckBox* check(int command) const;
     look::TabWnd& tabs() { return tabs_; }
@@ -37,24 +38,25 @@ public:
     look::MyStatusBar& status_bar() { return status_bar_; }
 
     void show_buttons(std::span<const ButtonState> states);
-    // Whether there is something to save.
+    // `edited`: whether there is something to save.
     void show_edited(bool edited);
     void show_folder(bool has_folder);
     void show_files(const FileCombo& files);
 
-    // What the search box and the checks below it ask for.
+    // The query from the search box and the checks below it.
     book::SearchQuery query() const;
 
 private:
     bool create_buttons();
     bool create_checks();
-    // A control that is disabled leaves the focus to its parent: without a focus, keys and wheel are lost.
+    // Before a control with the focus is disabled, the focus goes to its parent. Otherwise keys and wheel
+    // messages would be lost.
     void enable(ovlib::Wnd& control, bool enabled);
     bool is_on(int command) const;
-    // Whether the combo stands as it is to stand.
+    // Whether the combo already has these rows and this selection. Filling it again would flicker.
     bool shows(const FileCombo& files) const;
 
-    // One for each row, in the order of the rows.
+    // One control per row, in the order of the rows.
     std::vector<std::unique_ptr<look::ImageButton>> buttons_;
     std::vector<std::unique_ptr<look::MyCheckBox>> checks_;
     look::TabWnd tabs_;

@@ -1,4 +1,4 @@
-// How the parts are made, and the views: one table from a view to what brings it up to date.
+// Construction of the parts, and the table from each view to the function that refreshes it.
 #include "app/wnd/main_parts.hpp"
 #include "app/page_views.hpp"
 #include "app/wnd/app_bitmaps.hpp"
@@ -32,7 +32,7 @@ void show_file_combo(MainParts& parts)
         parts.controls.show_files(*files);
 }
 
-// Without a page nothing may be typed: no page could take it.
+// Without a page nothing may be typed, because there is no page to store it.
 void show_box_state(MainParts& parts)
 {
     const book::Book& book = parts.session.book();
@@ -53,7 +53,7 @@ void show_slider(MainParts& parts)
     parts.controls.slider().show_page(book.pages.size(), book.header.position);
 }
 
-// Windows that are still to come have their bits already.
+// For windows that do not exist yet but already have their bits.
 void show_nothing(MainParts&) { }
 
 struct ViewRow {

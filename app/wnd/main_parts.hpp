@@ -1,4 +1,4 @@
-// What the main window is made of, for its commands and views.
+// The parts of the main window, for its commands and views.
 #pragma once
 #include "app/book_session.hpp"
 #include "app/wnd/background.hpp"
@@ -12,26 +12,26 @@
 
 namespace app {
 
-// One object with its window: the parts refer to each other.
+// Lives as long as its window. The parts refer to each other.
 struct MainParts {
     explicit MainParts(ovlib::BaseWnd& window);
     MainParts(const MainParts&) = delete;
     MainParts& operator=(const MainParts&) = delete;
 
-    // Creates the child windows and the secondary ones. False when the program cannot go on without one.
+    // Creates the child windows. False if the program cannot go on without one of them.
     bool create();
     void lay_out();
-    // The view that shows something of the Book.
+    // Refreshes one view of the Book.
     void serve(core::View view);
     WindowState window_state() const;
 
     ovlib::BaseWnd& window;
-    BookSession session; // before all that show its Book; it calls none of them while it is made
+    BookSession session; // before all parts that show its Book; its constructor calls none of them
     MainControls controls;
     BoxDesk desk;
     MainTalk talk;
     LinkMaker links;
-    media::PathAnswers path_answers; // of all views, for one refresh
+    media::PathAnswers path_answers; // shared by all views during one refresh
     FilePane file_pane;
     Background background;
     ovlib::MenuPictures menu_pictures;

@@ -45,7 +45,7 @@ bool MainTalk::create()
 {
     if (!history_window_.create(L""))
         return false;
-    banner_.create(L""); // without it a search that fails is silent
+    banner_.create(L""); // a failure is ignored: a search without result is only silent then
     return true;
 }
 
@@ -103,7 +103,7 @@ std::wstring MainTalk::choose_book_path(const wchar_t* title, const std::wstring
     return book_save_dialog_.show() ? book_save_dialog_.result() : std::wstring{};
 }
 
-// The dialog may move the current directory, from which relative entries count.
+// The dialog may change the current directory, against which relative entries are resolved.
 std::vector<std::wstring> MainTalk::choose_paths(ovlib::modern::FileOpenDialog& dialog)
 {
     const InputGate::Hold hold{ input_ };
@@ -127,7 +127,8 @@ std::wstring MainTalk::choose_copy(const std::wstring& source)
     return chosen;
 }
 
-// The windows that edit pages would refuse the close, and the program run on with half a Book.
+// While a page editor is open the main window refuses WM_CLOSE, and the program would run on with a damaged
+// Book. So the editors are closed first.
 void MainTalk::close_program()
 {
     for (PageEditor* editor : editors_)

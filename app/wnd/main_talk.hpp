@@ -1,4 +1,4 @@
-// How the program speaks to its user: boxes, file dialogs, the banner and the history window.
+// The program's dialogue with its user: boxes, file dialogs, the banner and the history window.
 #pragma once
 #include "app/book_session.hpp"
 #include "app/input_gate.hpp"
@@ -13,37 +13,38 @@
 
 namespace app {
 
-// A window that edits the Book's pages itself. The main window edits none while it is open. Being open is a
-// state of its own: the system hides the windows of a minimised owner.
+// A window that edits the Book's pages itself. While it is open the main window edits none. Open is not the
+// same as visible: the system hides the windows of a minimised owner.
 class PageEditor {
 public:
     virtual ~PageEditor() = default;
     virtual bool is_open() const = 0;
-    // Without a question.
+    // Closes without a question.
     virtual void close() = 0;
 };
 
 class MainTalk : public Talk {
 public:
-    // `parent` and `history` outlive the talk. The Book's path stands in captions. `book_loaded` is called
-    // after each whole load.
+    // `parent` and `history` must outlive the talk. The Book's path is part of the captions. `book_loaded` is
+    // called after each complete load.
     MainTalk(ovlib::BaseWnd& parent, const std::wstring& book_path, const book::HistoryList& history,
         std::function<void()> book_loaded);
 
-    // False when the history window cannot be made.
+    // False if the history window cannot be created.
     bool create();
     book::HistoryWnd& history_window() { return history_window_; }
     InputGate& input() { return input_; }
     bool is_accepting_input() const { return input_.is_open(); }
     void add_page_editor(PageEditor& editor) { editors_.push_back(&editor); }
-    // A click in the history would load another Book over what is being edited, or behind a box.
+    // Disables the history window while pages are edited or a box is open. A click in it would load another
+    // Book over the edited one, or under the box.
     void enable_history();
 
-    // Returns the button; 0 without a window.
+    // Returns the number of the chosen button; 0 without a window.
     int show_message(const std::wstring& text, BoxStyle style);
-    // Full paths; none when the dialog was left.
+    // Full paths; empty if the user cancelled.
     std::vector<std::wstring> choose_paths(ovlib::modern::FileOpenDialog& dialog);
-    // The path of a copy of `source`; empty when the dialog was left.
+    // The path for a copy of `source`; empty if the user cancelled.
     std::wstring choose_copy(const std::wstring& source);
 
     bool is_gone() const override { return !parent_.is_window(); }

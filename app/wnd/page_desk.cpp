@@ -18,7 +18,7 @@ using ovlib::to_rect;
 constexpr int tab_stop = 4; // dialog units
 constexpr UINT redraw_now = RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW;
 
-// Scrolling draws the bars anew even when nothing moves, and most pages are shown from their first line.
+// Scrolling repaints the scroll bars even if nothing moves, and most pages are shown from their first line.
 void scroll_to(look::MyBox& box, int line)
 {
     if (box.send(EM_GETFIRSTVISIBLELINE, 0, 0) != line)
@@ -100,14 +100,15 @@ bool BoxDesk::set_state(bool read_only, bool wrap, const book::Page* page)
         return false;
     q_box_.set_wrap(wrap);
     d_box_.set_wrap(wrap);
-    // The new controls show their first line, and the next save would store that.
+    // The new controls are scrolled to their first line, which the next save would store.
     if (page)
         restore_scroll(*page);
     return true;
 }
 
-// A box is lost when it could not be made anew for another wrapping. Its text comes from the page again.
-// While it was away the boundary may have moved and another font been chosen.
+// A box is lost if its control could not be created again for another wrapping. Its text comes from the page.
+// The divider may have moved since, so the boxes are placed again. set_wrap uses the font that was chosen
+// last.
 void BoxDesk::bring_lost_boxes_back(bool read_only, bool wrap, const book::Page* page)
 {
     for (std::size_t i = 0; i < book::box_count; ++i) {
@@ -153,9 +154,9 @@ BoxEdits BoxDesk::edits() const
     return edits;
 }
 
-// Scrolling moves what is on the screen, which is still the text of the old page: drawing is off meanwhile.
-// The frame and its bars cost more than the text, and they draw themselves when they change, unless drawing
-// is off.
+// Scrolling repaints what is on the screen, which is still the text of the old page. So redrawing is off
+// while a page with a scroll position is filled in. For other pages it stays on: the frame and its scroll
+// bars cost more than the text, and with redrawing on they repaint only if they change.
 void BoxDesk::show(const book::Page& page, bool is_shown_already)
 {
     const bool scrolls = page.scroll_first != 0 || page.scroll_third != 0;
@@ -195,7 +196,8 @@ void BoxDesk::mark_clean()
         box->set_modified(false);
 }
 
-// The frame is drawn anew with each text, also by those who draw it for the system.
+// Each new title repaints the frame, also under programs that draw the frame instead of the system. So an
+// equal title is not set again.
 void BoxDesk::show_title(const std::wstring& title, bool is_edited)
 {
     controls_.show_edited(is_edited);

@@ -1,5 +1,5 @@
-// The three boxes in which a page is edited: their texts, colours, fonts, scroll places, wrapping and the
-// boundary between them.
+// The three boxes in which a page is edited: their texts, colours, fonts, scroll positions, wrapping and the
+// divider between them.
 #pragma once
 #include "app/book_session.hpp"
 #include "app/main_layout.hpp"
@@ -16,28 +16,28 @@ namespace app {
 
 class BoxDesk : public PageDesk {
 public:
-    // Both outlive the desk. `controls` knows what the user searches for.
+    // Both must outlive the desk. `controls` provides the search query.
     BoxDesk(ovlib::Wnd* parent, MainControls& controls);
 
     bool create();
-    // Also lays the boundary where the last Book had it.
+    // Also puts the divider where `boxes` has it.
     void place(const PageBoxes& boxes);
     void show();
     const PageBoxes& layout() const { return layout_; }
-    // Moves the boundary under box 1, as far as there is room; answers where it is then.
+    // Moves the divider below box 1, as far as there is room. Returns its new position.
     int set_divider(int y);
 
     std::array<look::MyBox*, book::box_count> boxes() { return { &q_box_, &a_box_, &d_box_ }; }
     std::array<const look::MyBox*, book::box_count> boxes() const { return { &q_box_, &a_box_, &d_box_ }; }
 
-    // `page` is the one whose text is in the boxes, null for none. True when the wrapping changed: the boxes
-    // are new controls then.
+    // `page` is the page whose text is in the boxes, or null. True if the wrapping changed: the boxes are new
+    // controls then.
     bool set_state(bool read_only, bool wrap, const book::Page* page);
     void repaint();
 
-    // The number of the box that sends a colour message; nothing for other controls.
+    // The index of the box that sends a colour message; nullopt for other controls.
     std::optional<std::size_t> box_of(const ovlib::WndMessage& message) const;
-    // Answers such a message with the colours of `page`; false for other controls and without a page.
+    // Handles such a message with the colours of `page`. False for other controls and without a page.
     bool on_color(ovlib::WndMessage& message, const book::Page* page, look::BoxUse use);
 
     bool has_edits() const override;
@@ -64,7 +64,8 @@ private:
     std::array<ovlib::GDI::Brush, book::box_count> brushes_;
 };
 
-// The answer to a colour message: the brush, which lives until the next one.
+// Sets the colours of a control in its colour message. The system does not take over the brush, so `brush`
+// must live until the next such message.
 bool answer_colors(ovlib::WndMessage& message, look::BoxColors colors, ovlib::GDI::Brush& brush);
 
 } // namespace app

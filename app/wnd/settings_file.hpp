@@ -3,9 +3,9 @@
 
 namespace app {
 
-// From "pagewick.ini" into settings().
+// Reads "pagewick.ini" into settings().
 void load_settings();
-// The other way. A file that cannot be written stays as it is, without a word.
+// Writes settings() to that file. If it cannot be written, it is left as it is without a message.
 void store_settings();
 
 } // namespace app

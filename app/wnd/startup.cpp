@@ -26,7 +26,7 @@ void tell(const wchar_t* text, BoxStyle style)
     MessageBoxW(nullptr, text, core::program_name, static_cast<UINT>(style));
 }
 
-// The guard against a second run. Held for the life of the process.
+// The guard against a second instance. Held for the life of the process.
 struct OwnedMutex {
     using Handle = HANDLE;
     static Handle invalid() noexcept { return nullptr; }
@@ -38,7 +38,8 @@ struct OwnedMutex {
 };
 using OneInstance = ovlib::unique_handle<OwnedMutex>;
 
-// None when another instance holds it.
+// CreateMutexW returns a handle even if another instance holds the mutex. Only the error code shows the
+// difference. The result is empty in that case.
 OneInstance become_the_instance()
 {
     constexpr auto name = L"a1b2c3d4e5f647a89b0cd1e2f3a4b5c69fa72d38b5c1440eacdf81e76b03a1cf";
@@ -74,9 +75,8 @@ void start_common_controls()
     InitCommonControlsEx(&request);
 }
 
-// Work that hangs in a call to the system must not hold the end. What it works with is still there, and the
-// end of the process takes all of it at once: the usual way out would wait for locks that such a thread may
-// hold.
+// A worker that hangs in a system call must not keep the process from ending. What it uses is not destroyed.
+// The usual way out would wait for locks that such a thread may hold, so the process is terminated.
 int end_window(AppWnd& window, int result)
 {
     if (!window.end_background_work())
@@ -127,6 +127,7 @@ int run_application()
         tell(L"This application is already running.", BoxStyle::warning);
         return failed;
     }
+    // Must precede the first window: its creation depends on the awareness.
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_UNAWARE_GDISCALED);
     ovlib::WinApp::process_log().set_error_text(&ovlib::system_error_text);
     core::hold_data_root(ovlib::WinApp::data_root);

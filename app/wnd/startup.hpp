@@ -1,9 +1,9 @@
-// How the process comes up and goes down.
+// Start and end of the process.
 #pragma once
 
 namespace app {
 
-// Runs the program between its entry and its end. 0 after a normal run, -1 after a failure, which was told.
+// Runs the program. 0 after a normal run, -1 after a failure, which was reported to the user.
 int run_application();
 
 } // namespace app

@@ -24,8 +24,8 @@ void TypingFocus::note_focus(int control_id)
         last_ = static_cast<std::size_t>(found - typing_fields.begin());
 }
 
-// The system gives the keyboard to the frame when the window becomes active: at the start, after a box of its
-// own and after another program. What is typed belongs to the text.
+// The system gives the focus to the frame when the window becomes active: at the start, after one of its own
+// boxes and after another program. The focus is passed on to a text field, so that typed text goes there.
 bool TypingFocus::give()
 {
     std::array<bool, typing_fields.size()> can_take{};

@@ -1,4 +1,4 @@
-// Which field of the main window has the keyboard when the window itself is given it.
+// Which field of the main window gets the focus when the window itself receives it.
 #pragma once
 #include "app/control_rows.hpp"
 #include "ovlib/gui/wnd.hpp"
@@ -11,13 +11,13 @@ class TypingFocus {
 public:
     using Fields = std::array<ovlib::Wnd*, typing_fields.size()>;
 
-    // The fields in the order of Tab.
+    // The fields in Tab order.
     explicit TypingFocus(const Fields& fields);
 
     void order_fields();
-    // A control was given the keyboard.
+    // To be called when a control got the focus.
     void note_focus(int control_id);
-    // Gives the keyboard to the field that had it last, or to the next that can take it. False when none can.
+    // Gives the focus to the field that had it last, or to the next one that can take it. False if none can.
     bool give();
 
 private:
