@@ -78,7 +78,7 @@ bool HistoryWnd::add_image(const wchar_t* file, const wchar_t* failure)
     return false;
 }
 
-// The second column takes what the first and a scroll bar leave.
+// The second column gets the width that the first one and a scroll bar leave.
 void HistoryWnd::lay_out(platform::Size client)
 {
     const platform::Rect place = history_list_rect(client);

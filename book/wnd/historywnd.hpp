@@ -1,4 +1,4 @@
-// The Books that were opened or saved, newest first: one click opens one.
+// The Books that were opened or saved, newest first. One click opens a Book.
 #pragma once
 #include "book/history_list.hpp"
 #include "look/wnd/my_list_view.hpp"
@@ -7,8 +7,8 @@
 
 namespace book {
 
-// Comes at the cursor. A click posts the command of its row to the parent: the answer may fill this list
-// anew, which must not happen inside the list's own notification.
+// Opens at the cursor. A click posts the command of its row to the parent instead of sending it: the command
+// may refill this list, which must not happen inside the list's own notification.
 class HistoryWnd : public look::ToolWindow {
 public:
     // `history` must outlive the window.
@@ -17,7 +17,7 @@ public:
     bool on_message(ovlib::WndMessage& message) override;
     std::wstring class_info(WNDCLASSEXW& info) override;
 
-    // The rows and the title, while the window is open.
+    // Fills the rows and the title again, if the window is open.
     void refill();
 
     const look::MyListView& list() const { return list_; }
@@ -30,7 +30,7 @@ protected:
     ovlib::Color ground() const override;
 
 private:
-    // Grey while its window is disabled.
+    // Its text is grey while the window is disabled.
     class BookList : public look::MyListView {
     public:
         using MyListView::MyListView;

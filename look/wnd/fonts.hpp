@@ -1,4 +1,4 @@
-// Fonts as the system knows them.
+// Fonts as handles of the system.
 #pragma once
 #include "book/book_header.hpp"
 #include "look/shared_fonts.hpp"
@@ -6,11 +6,11 @@
 
 namespace look {
 
-// A font of a Book, for the caller to own; null when the system makes none or the record asks for one that
-// nobody can use.
+// A font of a Book, owned by the caller. Null if the system cannot create it or the record describes an
+// unusable font.
 HFONT make_box_font(const book::LogFont& record);
 
-// The interface's own fonts. Made once, lent to controls until they are freed.
+// The fonts of the interface. Created once; controls borrow them until they are freed.
 void make_shared_fonts(HDC dc);
 void free_shared_fonts();
 HFONT shared_font(SharedFont font);

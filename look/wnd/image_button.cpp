@@ -46,7 +46,7 @@ void ImageButton::draw_text()
     draw_label(shown.text, shown.text_shadow);
 }
 
-// The face has its own border.
+// The background has its own border.
 void ImageButton::draw_frame() { }
 
 bool ImageButton::load_image(const std::wstring& path)

@@ -1,4 +1,4 @@
-// A push button in the theme's colours, with a picture of the program, a text, or both.
+// A push button in the theme's colours, with a picture, a text, or both.
 #pragma once
 #include "look/button_look.hpp"
 #include "ovlib/gui/button.hpp"
@@ -16,15 +16,15 @@ public:
     void draw_text() override;
     void draw_frame() override;
 
-    // A sheet of two states side by side, the right one for a disabled button. Replaces what was shown; when
-    // it cannot be read the button shows no picture, and the result is false.
+    // Loads a sheet of two states side by side; the right one is for a disabled button. Replaces the previous
+    // picture. If the file cannot be read, the button has no picture and the result is false.
     bool load_image(const std::wstring& path);
-    // The same from a file of the folder of the program's pictures.
+    // The same for a file of the resource folder.
     bool load_res_image(const std::wstring& file_name);
     bool has_image() const { return image_.is_loaded(); }
 
     void set_align(SheetAlign align);
-    // In the accent colour.
+    // Draws the button in the accent colour.
     void set_highlighted(bool highlighted);
     void set_rounded(bool rounded);
     bool is_highlighted() const { return highlighted_; }
@@ -33,7 +33,7 @@ private:
     ImageButtonColors colors() const;
     void draw_image(ovlib::GDIP& gdip) const;
 
-    // The picture reads from the memory as long as it lives.
+    // GDI+ decodes from this memory as long as the picture lives.
     ovlib::GDIPMemory file_;
     ovlib::GDIPImage image_;
     SheetAlign align_ = SheetAlign::center;

@@ -1,15 +1,15 @@
-// One-line fields that tell their parent of the Enter key.
+// One-line fields that notify their parent of the Enter key.
 #pragma once
 #include "ovlib/gui/editbox.hpp"
 
 namespace look {
 
-// Enter in a field that is not empty sends the parent a command with the handle, and the field has the focus
-// again when the parent let it live.
+// Enter in a non-empty field sends the parent a command with the field's handle. If the field still exists
+// afterwards, it gets the focus again.
 class EnterField : public ovlib::EditBox {
 public:
     using EditBox::EditBox;
-    // Subclassed at once, so that it needs no place in the Tab order.
+    // Subclassed when created, so that it gets its keys without a place in the Tab order.
     bool create(const std::wstring& title) override;
     bool on_message(ovlib::WndMessage& message) override;
 
@@ -18,15 +18,15 @@ protected:
         int id;
         int code;
     };
-    // What Enter means now.
+    // The command that Enter sends now.
     virtual Order order() const = 0;
 
 private:
     bool on_enter();
 };
 
-// A field of a secondary window, whose Enter is its own control id with `input_form_enter`. The first click
-// after it got the focus selects all of it.
+// A field of a secondary window. Enter sends its own control id with `input_form_enter`. The first click
+// after it got the focus selects all its text.
 class InputForm : public EnterField {
 public:
     InputForm(ovlib::Wnd* parent, int control_id);
@@ -41,8 +41,8 @@ private:
     bool just_focused_ = false;
 };
 
-// The search word of the main window. Enter asks for the next page that has it, Shift and Enter for the one
-// before.
+// The search field of the main window. Enter goes to the next page that matches, Shift+Enter to the previous
+// one.
 class BookSearchBox : public EnterField {
 public:
     BookSearchBox(ovlib::Wnd* parent, int control_id);

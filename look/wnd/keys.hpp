@@ -1,10 +1,11 @@
-// Keys as they stand while a message is handled.
+// The state of keys while a message is handled.
 #pragma once
 #include <windows.h>
 
 namespace look {
 
-// The second counts for a key that was let go before its message came.
+// Checks the current state and the state at the time of the message: the key may have been released in
+// between.
 inline bool is_shift_down()
 {
     return GetAsyncKeyState(VK_SHIFT) < 0 || GetKeyState(VK_SHIFT) < 0;

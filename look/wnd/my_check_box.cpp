@@ -3,7 +3,7 @@
 
 namespace look {
 
-// The colour first, so that one repaint shows both.
+// The colour is set first, so that one repaint shows both changes.
 void MyCheckBox::set_checked(bool checked)
 {
     colors_.text = check_text_color(palette(), checked);

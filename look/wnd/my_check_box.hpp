@@ -1,11 +1,11 @@
-// The check box of the program: in the theme's colours, its text in another one while it is on.
+// The program's check box: it has the theme's colours, and its text has another colour while it is checked.
 #pragma once
 #include "look/wnd/themed.hpp"
 #include "ovlib/gui/check_box.hpp"
 
 namespace look {
 
-// Shows the system's colours until the first apply_theme.
+// Has the system's colours until the first apply_theme.
 class MyCheckBox : public ovlib::CustomCheckBox, public Themed {
 public:
     using CustomCheckBox::CustomCheckBox;

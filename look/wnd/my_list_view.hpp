@@ -1,4 +1,4 @@
-// The lists of the program: columns under a header in the theme's colours.
+// The program's lists: columns under a header, in the theme's colours.
 #pragma once
 #include "look/wnd/themed.hpp"
 #include "ovlib/gui/virtual_list.hpp"
@@ -14,8 +14,8 @@ protected:
     void draw(ovlib::BackBuffer& buffer) override;
 };
 
-// A list class of the library with the theme's colours, which it takes when it is created and at every
-// apply_theme, and with their header. It is constructed as `List` is.
+// A list class of the library with the theme's colours and a header in them. It applies the colours when it
+// is created and at every apply_theme. Its constructors are those of `List`.
 template <class List> class ThemedList : public List, public Themed {
 public:
     using List::List;

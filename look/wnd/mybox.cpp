@@ -18,7 +18,7 @@ constexpr LONG many_lines = WS_VSCROLL | WS_HSCROLL | ES_WANTRETURN | ES_AUTOVSC
 using BoxAction = void (MyBox::*)();
 using Entry = core::CommandEntry<BoxAction>;
 
-// The context menu's own commands.
+// The commands that the context menu sends to the box itself.
 constexpr std::array box_commands{
     Entry{ command::box_undo, &MyBox::undo },
     Entry{ command::box_cut, &MyBox::cut },
@@ -55,7 +55,7 @@ HWND MyBox::create_window(const std::wstring& title, CREATESTRUCTW& params)
 {
     if (wrap_)
         params.style &= ~static_cast<LONG>(WS_HSCROLL | ES_AUTOHSCROLL);
-    // The extended style alone gives the frame.
+    // The frame comes from the extended style alone.
     params.style &= ~static_cast<LONG>(WS_VISIBLE | WS_BORDER);
     return EditBox::create_window(title, params);
 }
@@ -80,7 +80,7 @@ bool MyBox::on_message(ovlib::WndMessage& message)
     }
 }
 
-// A read-only box has no menu, not even the system's.
+// A read-only box shows no menu, not even the system's.
 bool MyBox::on_context_menu()
 {
     if (is_read_only())
@@ -107,7 +107,7 @@ BoxMenuState MyBox::menu_state() const
     };
 }
 
-// The notification code is not looked at: an accelerator sends 1 where a menu sends 0.
+// Ignores the notification code: an accelerator sends 1, a menu sends 0.
 bool MyBox::on_command(int id)
 {
     if (const BoxAction* action = core::find_handler(std::span<const Entry>{ box_commands }, id, 0)) {
@@ -129,7 +129,7 @@ bool MyBox::on_command(int id)
     }
 }
 
-// What the save shows may end with the window.
+// The command may show a box, and the control may be destroyed meanwhile.
 void MyBox::on_save()
 {
     const ovlib::WndWatch alive(this);
@@ -138,7 +138,7 @@ void MyBox::on_save()
         set_focus();
 }
 
-// Destroying the control moves the focus, so what it had is asked for before.
+// Destroying the control moves the focus, so the state is recorded before.
 MyBox::Kept MyBox::kept() const
 {
     return {
@@ -153,7 +153,7 @@ MyBox::Kept MyBox::kept() const
     };
 }
 
-// The limit comes before the text: the control's own one would cut it.
+// The limit is set before the text, as when a control is created.
 void MyBox::bring_back(const Kept& kept)
 {
     set_font(font_.handle());
@@ -172,15 +172,18 @@ void MyBox::bring_back(const Kept& kept)
     show(true);
 }
 
-// The text is the page's own by the time the box comes back, and what was typed in it may be another page's.
+// When the control can be created again, the text comes from the page. What was typed may belong to another
+// page by then, so it is dropped.
 void MyBox::lose(Kept kept)
 {
     kept.text.clear();
     kept.is_modified = false;
-    kept.has_focus = false; // by then the user is elsewhere
+    kept.has_focus = false; // the user is elsewhere by then
     lost_ = std::move(kept);
 }
 
+// Creates the replacement hidden. bring_back shows it after it has its old properties, so no intermediate
+// state is visible.
 bool MyBox::set_wrap(bool wrap)
 {
     if (wrap == wrap_ && !is_lost())

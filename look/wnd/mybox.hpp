@@ -8,33 +8,34 @@
 
 namespace look {
 
-// An edit control without a limit of its own. Created hidden; subclassed from its creation, so that it sees
+// An edit control with the largest text limit. It is created hidden, and subclassed at once, so that it gets
 // keys and the accelerator.
 class MyBox : public ovlib::EditBox {
 public:
     bool create(const std::wstring& title) override;
     HWND create_window(const std::wstring& title, CREATESTRUCTW& params) override;
-    // Not while Shift is held, so that Shift and Tab type a tab.
+    // Does nothing while Shift is held, so that Shift+Tab types a tab.
     bool focus_next() override;
     bool on_message(ovlib::WndMessage& message) override;
 
-    // Word wrap cannot change in a living control: the control is replaced by a new one, with a new handle,
-    // that has everything but undo, selection and scroll position. False when nothing changed and when no new
-    // control could be made: then the box is lost, and the next call brings it back, empty and unchanged.
+    // An existing edit control cannot change its wrapping, so it is replaced by a new one with a new handle.
+    // The new control keeps everything except undo, selection and scroll position. False if nothing changed,
+    // or if no new control could be created. In the latter case the box is lost; the next call creates it
+    // again, empty and unmodified.
     virtual bool set_wrap(bool wrap);
 
     bool is_wrapped() const { return wrap_; }
     bool is_lost() const { return lost_.has_value(); }
-    // Its items are as they were when it was last shown.
+    // The items have the states of the last time that the menu was shown.
     const ovlib::Menu& menu() const { return menu_; }
-    // Sets `font` on the box and keeps it. Null for no font.
+    // Uses `font` in the box and owns it. Null for no font.
     void take_font(HFONT font);
 
 protected:
     MyBox(ovlib::Wnd* parent, int control_id);
 
 private:
-    // What outlives the control.
+    // The properties that the new control gets from the old one.
     struct Kept {
         bool is_modified;
         bool has_focus;
@@ -56,7 +57,7 @@ private:
 
     ovlib::GDI::Font font_;
     bool wrap_ = false;
-    std::optional<Kept> lost_; // of a control that could not be made anew
+    std::optional<Kept> lost_; // of a control that could not be created again
     ovlib::Menu menu_;
 };
 

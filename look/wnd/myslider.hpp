@@ -6,18 +6,18 @@
 
 namespace look {
 
-// The owner gives it its font, calls apply_theme once, for the theme that holds already, and show_page
-// whenever pages or position changed. It answers WM_HSCROLL from this slider's handle by page_move with
-// `value`, and a turn that it refuses by refuse_move.
+// The owner sets its font, calls apply_theme once for the current theme, and calls show_page whenever the
+// pages or the position changed. For WM_HSCROLL from this slider the owner calls page_move with `value`, and
+// refuse_move if it does not turn the page.
 class MySlider : public ovlib::HorzSlider, public Themed {
 public:
     MySlider(ovlib::Wnd* parent, int control_id);
 
-    // Leaves the thumb on the wider track of the base until the next update_thumb.
+    // Leaves the thumb where the wider track of the base class put it, until the next update_thumb.
     void layout() override;
     void draw_label() override;
 
-    // Takes the palette's colours and draws anew.
+    // Takes the palette's colours and redraws.
     void apply_theme() override;
     void show_page(std::size_t page_count, std::uint64_t position);
 };

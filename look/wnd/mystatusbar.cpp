@@ -48,15 +48,15 @@ bool MyStatusBar::draw_item(const DRAWITEMSTRUCT& item)
     if (hwnd() == nullptr || item.hwndItem != hwnd())
         return false;
     const auto index = static_cast<int>(item.itemID);
-    // What is painted on the system's demand may be a piece of the part, beside which the old one still
-    // stands.
+    // The system may ask for only a piece of the part. If the text has changed, the old text would remain
+    // beside the new piece, so the whole part is invalidated.
     if (take_change(index))
         invalidate_part(index);
     draw_part(index, item.hDC, item.rcItem);
     return true;
 }
 
-// Whether the part says something else than it shows, which it does from now on.
+// Whether the part's content differs from what it shows. From now on the new content counts as shown.
 bool MyStatusBar::take_change(int index)
 {
     const auto at = static_cast<std::size_t>(index);

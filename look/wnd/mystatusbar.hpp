@@ -7,7 +7,7 @@
 
 namespace look {
 
-// The owner sends it WM_SIZE when its own size changes, routes every WM_DRAWITEM, and calls show_changes
+// The owner sends WM_SIZE when its own size changes, routes every WM_DRAWITEM here, and calls show_changes
 // whenever the numbers may have changed.
 class MyStatusBar : public ovlib::StatusBar, public ovlib::OwnerDrawn {
 public:
@@ -16,13 +16,12 @@ public:
 
     bool create(const std::wstring& title) override;
     void create_params(CREATESTRUCTW& params) override;
-    // A part that cannot be told is left with its ground alone.
+    // A part without known content gets its background only.
     void draw_part(int index, HDC dc, const RECT& rect) override;
 
-    // All parts paint anew.
+    // Repaints all parts.
     void rewrite_parts();
-    // Parts that say something else than they show paint anew, all of them in one go: by itself the bar
-    // paints once for each part that is rewritten.
+    // Repaints the changed parts in one paint. Rewriting the texts would repaint the bar once for each part.
     void show_changes();
     // False for an item of another control.
     bool draw_item(const DRAWITEMSTRUCT& item) override;

@@ -53,6 +53,9 @@ void PageBar::draw(std::size_t first, std::size_t last, std::size_t current)
     draw_indicator(current);
 }
 
+// Mixes the colour of the span into the pixels of the strip, directly in memory: 24 bits each, in the order
+// blue, green, red. GDI may not have drawn everything yet, so its batch is finished first. The span has the
+// full height of the strip, so it does not matter that the rows are stored bottom-up.
 void PageBar::blend(const RECT& span)
 {
     ovlib::finish_drawing();

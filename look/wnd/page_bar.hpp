@@ -1,4 +1,4 @@
-// The strip of the page editor that shows the whole Book.
+// The strip of the page editor that shows all pages of the Book.
 #pragma once
 #include "book/book.hpp"
 #include "ovlib/gui/back_buffer.hpp"
@@ -6,11 +6,12 @@
 
 namespace look {
 
-// Not a window: its owner copies `view` to itself when it paints. It calls redraw_strip when pages, their
-// selection or the theme changed, and draw after that and whenever the span or the page changed.
+// It is not a window: its owner copies `view` when it paints. The owner calls redraw_strip when the pages,
+// their selection or the theme changed, and draw after that and whenever the span or the current page
+// changed.
 class PageBar {
 public:
-    // The Book must outlive the bar; null draws the frame alone.
+    // The Book must outlive the bar; null draws only the frame.
     explicit PageBar(const book::Book* book);
     PageBar(const PageBar&) = delete;
     PageBar& operator=(const PageBar&) = delete;
@@ -28,8 +29,8 @@ private:
     void draw_indicator(std::size_t current);
 
     const book::Book* book_;
-    ovlib::BackBuffer view_; // what is shown
-    ovlib::BackBuffer strip_; // the ground with the runs of selected pages
+    ovlib::BackBuffer view_; // the finished picture
+    ovlib::BackBuffer strip_; // the background and the runs of selected pages
     ovlib::GDI::Bitmap indicator_;
 };
 

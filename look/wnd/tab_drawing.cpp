@@ -37,7 +37,7 @@ void draw_background(const ovlib::DC& dc, platform::Size strip)
     draw_line(dc, std::array{ Point{ -1, strip.height }, corner, Point{ corner.x, 0 } }, 2, colors.edge);
 }
 
-// Every line of one font has the same height.
+// All lines of one font have the same height.
 int caption_height(const ovlib::DC& dc)
 {
     const ObjectSelection font(dc, shared_font(SharedFont::ui_9_bold));

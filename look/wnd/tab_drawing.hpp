@@ -1,4 +1,4 @@
-// How tabs and the swatches of their colours are drawn.
+// Drawing of the tabs and of the swatches of their colours.
 #pragma once
 #include "look/tab_strip.hpp"
 #include "ovlib/gui/dc.hpp"
@@ -11,10 +11,10 @@ struct TabStates {
     std::uint64_t hover = 0;
 };
 
-// The whole strip.
+// Draws the whole strip.
 void draw_tabs(const ovlib::DC& dc, platform::Size strip, std::span<const TabItem> items, TabStates states);
 
-// For the marks of a menu. A bitmap that could not be made is empty.
+// The check bitmaps of a menu item. A bitmap that could not be created is empty.
 struct Swatch {
     ovlib::GDI::Bitmap unchecked;
     ovlib::GDI::Bitmap checked;

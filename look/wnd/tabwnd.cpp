@@ -59,7 +59,7 @@ bool TabWnd::on_message(ovlib::WndMessage& message)
     }
 }
 
-// The strip works without its tip.
+// A tip that cannot be created is no failure: the strip works without it.
 void TabWnd::make_tip_and_menu()
 {
     if (tip_.create(L""))
@@ -125,7 +125,7 @@ void TabWnd::hover_at_cursor()
         track_leave();
 }
 
-// Where the mouse is over another window, the answer comes at once.
+// If the mouse is over another window, the system posts WM_MOUSELEAVE at once.
 void TabWnd::track_leave()
 {
     TRACKMOUSEEVENT track{ sizeof track, TME_LEAVE, hwnd(), 0 };
@@ -211,12 +211,12 @@ void TabWnd::show_menu(const TabItem& item)
     tip_.show(L"", {});
     const ovlib::WndWatch alive(this);
     menu_.show(*this, 0);
-    // The mouse may have left meanwhile, and says so only once.
+    // The mouse may have left during the menu, and the system reports that only once.
     if (alive)
         hover_at_cursor();
 }
 
-// The command that removes the tab belongs to the parent, who asks first.
+// The parent removes the tab, because it asks the user first.
 bool TabWnd::on_command(int id)
 {
     book::Page* const page = book_->page_of_tab(menu_tab_);

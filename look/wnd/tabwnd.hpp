@@ -9,8 +9,8 @@
 
 namespace look {
 
-// Shows a coloured tab for each page that has one. A click on a tab sends the parent command go_to_tab, the
-// popup's last item remove_tab; the colours of the popup are written into the page. Apart from that the strip
+// Shows a coloured tab for each page that has one. A click on a tab sends the parent go_to_tab, and the last
+// item of the popup sends remove_tab. The colours of the popup are written into the page. Otherwise the strip
 // only reads the Book, which must outlive it.
 class TabWnd : public ovlib::ChildWnd {
 public:
@@ -19,14 +19,14 @@ public:
     bool on_message(ovlib::WndMessage& message) override;
     void create_params(CREATESTRUCTW& params) override;
 
-    // Takes everything anew from the Book, whose tabs it renumbers. To be called whenever pages, tabs, the
-    // current page or the size of the strip have changed.
+    // Reads everything from the Book again and renumbers its tabs. To be called whenever the pages, the tabs,
+    // the current page or the size of the strip changed.
     void rebuild();
 
     const std::vector<TabItem>& items() const { return items_; }
     std::uint64_t current_tab() const { return current_tab_; }
     std::uint64_t hover_tab() const { return hover_tab_; }
-    // The colour that was last chosen for a tab: the next tab gets it.
+    // The colour that was last chosen for a tab; new tabs get it.
     Color chosen_color() const { return chosen_color_; }
     const ovlib::BackBuffer& buffer() const { return buffer_; }
     const ovlib::TipWnd& tip() const { return tip_; }

@@ -8,7 +8,7 @@ namespace look {
 
 namespace {
 
-// Handles and not objects: painting may end a window.
+// Collects handles instead of objects, because painting may destroy a window.
 std::vector<HWND> living_windows()
 {
     std::vector<HWND> windows;

@@ -1,4 +1,4 @@
-// How the windows of the program follow a change of the palette.
+// How the program's windows follow a change of the palette.
 #pragma once
 #include <windows.h>
 
@@ -8,26 +8,26 @@ class ListView;
 
 namespace look {
 
-// For a window class that keeps something made from the palette: colours, a brush, a picture of itself. It
-// joins by deriving from this beside its base; nothing is registered. Windows that read the palette whenever
-// they paint need not.
+// Base of window classes that keep something made from the palette: colours, a brush, a picture of their
+// content. Deriving is enough; nothing is registered. Windows that read the palette each time they paint do
+// not need it.
 class Themed {
 public:
-    // Takes the palette's colours and draws anew what is kept. Called while the window lives; whoever calls
-    // it for all windows repaints them too.
+    // Takes the palette's colours and redraws the stored pictures. Called while the window exists. It need
+    // not repaint the window: the caller for all windows does that.
     virtual void apply_theme() = 0;
 
 protected:
     ~Themed() = default;
 };
 
-// For a top-level window: its title bar in the theme's colour, where the system can.
+// Gives a top-level window a title bar in the theme's colour, if the system supports that.
 void color_caption(HWND hwnd);
-// For a list view of any class: its three colours.
+// Sets the three colours of a list view.
 void color_list_view(ovlib::ListView& list);
 
-// To be called when the palette has changed, without the drawing lock. Every window of the program takes its
-// colours; then all are repainted, with the controls inside them.
+// To be called after the palette changed, without the drawing lock. Applies the colours to every window of
+// the program, then repaints all top-level windows with their controls.
 void apply_theme_to_windows();
 
 } // namespace look

@@ -16,15 +16,16 @@ namespace look {
 
 namespace {
 
-constexpr UINT_PTR control_watch = 2; // the library's own subclass has 1
-constexpr std::int64_t was_down = 1 << 30; // in the lparam of a key that repeats
+constexpr UINT_PTR control_watch = 2; // the library's own subclass has id 1
+constexpr std::int64_t was_down =
+    1 << 30; // in lparam: the key was down before, so the message is a repetition
 
 HDC dc_of(const ovlib::WndMessage& message)
 {
     return reinterpret_cast<HDC>(static_cast<std::uintptr_t>(message.wparam));
 }
 
-// The brush is the system's, in the colour of that device context.
+// The brush belongs to the system and has the colour that was set in this device context.
 bool color_field(ovlib::WndMessage& message)
 {
     HDC const dc = dc_of(message);
@@ -36,7 +37,7 @@ bool color_field(ovlib::WndMessage& message)
     return true;
 }
 
-// The field inside a combo box has the keyboard in its place.
+// In a combo box with a field, the field has the focus, so the parent is checked too.
 bool is_dropped(HWND control)
 {
     return SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) != 0
@@ -195,8 +196,8 @@ void ToolWindow::show(bool visible)
     SetForegroundWindow(hwnd());
 }
 
-// The system may activate a window of another program instead of the parent, so the parent is activated
-// first.
+// When the active window is hidden, the system may activate a window of another program instead of the
+// parent. So the parent is activated first.
 void ToolWindow::hide()
 {
     is_open_ = false;
@@ -205,7 +206,7 @@ void ToolWindow::hide()
     SubWnd::show(false);
 }
 
-// In a modal run only the end of the window ends the run.
+// A modal run ends only with the window, so the window is destroyed then.
 bool ToolWindow::on_close()
 {
     if (is_running())
@@ -214,7 +215,8 @@ bool ToolWindow::on_close()
     return true;
 }
 
-// When the owner is restored, the system shows all windows that it hid, also one that was closed meanwhile.
+// When the owner is restored, the system shows all windows that it had hidden, even one that was closed
+// meanwhile.
 bool ToolWindow::on_show_by_owner(const ovlib::WndMessage& message) const
 {
     return message.lparam == SW_PARENTOPENING && !is_open_;
@@ -234,7 +236,7 @@ void ToolWindow::note_focus()
         last_focus_ = focused;
 }
 
-// The noted handle may belong to another window by now, so it must be a child's.
+// The recorded handle may have been reused by another window, so it must be a child of this one.
 bool ToolWindow::focus_control()
 {
     const bool is_there = IsChild(hwnd(), last_focus_) && IsWindowVisible(last_focus_);
@@ -257,14 +259,14 @@ int ToolWindow::show_message(const std::wstring& text, std::uint32_t flags)
     return message_box(text, box_caption(), flags);
 }
 
-// Keys go to the control that has the focus, whatever its class, so every control is watched. The system
-// reports those that a control makes for itself too, such as the field of a combo box.
+// Keys go to the focused control, whatever its class, so every control is subclassed. WM_PARENTNOTIFY also
+// reports windows that a control creates for itself, such as the field of a combo box.
 void ToolWindow::watch(HWND control)
 {
     SetWindowSubclass(control, &ToolWindow::on_control_message, control_watch, 0);
 }
 
-// Bound to no object, which may be deleted before its window. After a key the control may be destroyed.
+// Refers to no object, because the object may be deleted before its window. A key may destroy the control.
 LRESULT CALLBACK ToolWindow::on_control_message(
     HWND control, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id, DWORD_PTR) noexcept
 try {
@@ -295,7 +297,7 @@ ToolWindow* ToolWindow::window_of(HWND control)
     return dynamic_cast<ToolWindow*>(from_handle(GetAncestor(control, GA_ROOT)));
 }
 
-// Without a focus, or with a disabled control's, the keyboard would be lost.
+// If no control or a disabled one has the focus, keys are lost.
 void ToolWindow::on_control_enabled(HWND control, bool enabled)
 {
     HWND const focused = GetFocus();
@@ -303,8 +305,8 @@ void ToolWindow::on_control_enabled(HWND control, bool enabled)
         set_focus();
 }
 
-// The key acts when it goes down; the characters of both keys, which the controls have no use for, would
-// sound the system's alarm in a field of one line. A key that is held acts once.
+// The action runs on WM_KEYDOWN. WM_CHAR of both keys is consumed: a one-line edit control would beep. A held
+// key acts only once.
 bool ToolWindow::on_key(HWND control, const ovlib::WndMessage& message)
 {
     const std::uint64_t key = message.wparam;

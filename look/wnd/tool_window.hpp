@@ -1,4 +1,4 @@
-// The base of every window beside the main one.
+// The base of every window other than the main one.
 #pragma once
 #include "ovlib/gui/subwnd.hpp"
 #include "platform/color.hpp"
@@ -9,73 +9,73 @@
 
 namespace look {
 
-// The frame of a tool window. `client` is the size inside it.
+// The frame of a tool window. `client` is the size of the client area.
 struct ToolFrame {
     platform::Size client;
     DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
     DWORD extended_style = 0;
 };
 
-// A control of a tool window, in client coordinates.
+// A control of a tool window, placed in client coordinates.
 struct ToolControl {
     ovlib::Wnd* control;
     const wchar_t* text;
     platform::Rect place;
 };
 
-// A window owned by the main window: created hidden, shown and hidden many times. A subclass names its window
-// class, makes its controls and handles its commands. Its on_message handles what is its own and leaves the
-// rest to this one, which handles:
-// - The theme: ground, caption, and the colours of fields and drop-down lists.
-// - WM_DRAWITEM and the notices of virtual lists, which go to the control concerned.
-// - The focus. The first control has it at each opening; when the window becomes active again, the control
-//   that had it last; when a control is disabled that has it, the first one.
+// A window owned by the main window. It is created hidden, and shown and hidden many times. A subclass names
+// its window class, creates its controls and handles its commands. Its on_message passes everything else to
+// this class, which handles:
+// - The theme: background, caption, and the colours of fields and drop-down lists.
+// - WM_DRAWITEM and the notifications of virtual lists, which are routed to the control.
+// - The focus. It goes to the first control at each opening, to the last focused control when the window
+//   becomes active again, and to the first control when the focused one is disabled.
 // - Tab, which goes through the controls of add_controls in their order.
-// - Esc, which sends WM_CLOSE, as the close box does.
-// - Enter, which presses the push button that has the focus, and is on_enter elsewhere.
-// - WM_CLOSE, which hides the window. One in a modal run is destroyed, which ends the run.
-// A dropped list keeps Esc and Enter; a box of many lines and an EnterField keep Enter. Accelerators go to
-// the parent, as with every SubWnd.
+// - Esc, which sends WM_CLOSE, as the close button does.
+// - Enter, which presses the focused push button, and otherwise calls on_enter.
+// - WM_CLOSE, which hides the window. A window in a modal run is destroyed, which ends the run.
+// A dropped list keeps Esc and Enter; a multi-line box and an EnterField keep Enter. Accelerators go to the
+// parent, as with every SubWnd.
 class ToolWindow : public ovlib::SubWnd {
 public:
     class InputHold;
 
     bool on_message(ovlib::WndMessage& message) override;
-    // With the small icon of the parent. A subclass calls it and returns a name of its own.
+    // Uses the small icon of the parent. A subclass calls this and returns its own name.
     std::wstring class_info(WNDCLASSEXW& info) override;
     void create_params(CREATESTRUCTW& params) override;
 
     using SubWnd::show;
-    // True opens the window and brings it to the front; one without a handle is created first. A window that
-    // was closed appears where on_opening puts it or where it was, always in view. False closes it; the focus
-    // of an active window goes back to the parent.
+    // True opens the window and brings it to the front, after creating it if necessary. A closed window opens
+    // where on_opening puts it or else where it was, moved into view. False closes it; if it was active, the
+    // parent becomes active.
     void show(bool visible) override;
-    // Opened and not closed since. The system hides a window while its owner is minimised: it stays open.
+    // Opened and not closed since. The system hides a window while its owner is minimised; it counts as open.
     bool is_open() const { return is_open_; }
 
 protected:
     ToolWindow(ovlib::Wnd* parent, int control_id, const ToolFrame& frame);
 
-    // Called in WM_CREATE. False ends the creation.
+    // Called in WM_CREATE. False makes the creation fail.
     virtual bool make_controls() = 0;
-    // The client area has this size now, also after make_controls.
+    // Called when the client area has a new size, and after make_controls.
     virtual void lay_out(platform::Size /*client*/) { }
-    // Called before a closed window is shown: fills it and chooses its place.
+    // Called before a closed window is shown, to fill and place it.
     virtual void on_opening() { }
-    // The default action. False when there is none, and the key goes to the control.
+    // The default action. False if there is none; the key then goes to the control.
     virtual bool on_enter() { return false; }
-    // The colour between the controls.
+    // The colour of the background.
     virtual ovlib::Color ground() const;
-    // The caption of its message boxes; its title by default.
+    // The caption of its message boxes; by default its title.
     virtual std::wstring box_caption() const;
 
-    // Creates the controls with the interface's font, at their places, in Tab order. One that cannot be
-    // created is left out, and the result is false. To be called once, from make_controls.
+    // Creates the controls with the interface's font, at their rectangles, in Tab order. A control that
+    // cannot be created is left out, and the result is false. To be called once, from make_controls.
     bool add_controls(std::initializer_list<ToolControl> controls);
-    // Moves the upper left corner to the cursor plus `offset`.
+    // Moves the upper left corner to the cursor position plus `offset`.
     void place_at_cursor(platform::Point offset);
-    // A message box with MB_ `flags`; returns the button. Messages are served meanwhile: the window may be
-    // closed or destroyed afterwards, and whatever was looked up before is to be looked up again.
+    // Shows a message box with MB_ `flags` and returns the chosen button. Messages are dispatched meanwhile:
+    // the window may be closed or destroyed afterwards, and everything must be looked up again.
     int show_message(const std::wstring& text, std::uint32_t flags);
 
 private:
@@ -100,8 +100,8 @@ private:
     bool is_open_ = false;
 };
 
-// Holds the main window's input while a dialog of this window is open: it turns no page and runs no command
-// that needs input. Lives on the stack; holds may nest.
+// Holds the main window's input gate while this window shows a dialog: the main window turns no page and runs
+// no command that needs input. Lives on the stack; holds can be nested.
 class ToolWindow::InputHold {
 public:
     explicit InputHold(ToolWindow& window);

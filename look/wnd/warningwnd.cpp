@@ -102,7 +102,7 @@ int WarningWnd::width_of(const std::wstring& line) const
     return rect.right - rect.left;
 }
 
-// A tick may still wait in the queue when its timer has been stopped.
+// A WM_TIMER message may still be in the queue after its timer was stopped.
 void WarningWnd::on_timer()
 {
     if (!timer_.is_active())

@@ -1,4 +1,4 @@
-// The banner over the main window that tells of a search without result. Needs no answer and goes by itself.
+// The banner over the main window that reports a search without a result. It needs no answer and fades away.
 #pragma once
 #include "look/banner.hpp"
 #include "ovlib/gui/back_buffer.hpp"
@@ -15,14 +15,14 @@ public:
     bool on_message(ovlib::WndMessage& message) override;
 
     using PassiveWnd::show;
-    // Fades in over the parent, stays and fades out. Line ends are taken out of the text; an empty one hides
+    // Fades in over the parent, stays and fades out. Line ends are removed from the text. An empty text hides
     // the banner at once.
     void show(const std::wstring& text);
     void show(const wchar_t* text) { show(std::wstring(text)); }
 
     const BannerFade& fade() const { return fade_; }
     const std::wstring& shown_text() const { return text_; }
-    // The picture of the whole client area.
+    // Draws the whole client area.
     void draw(const ovlib::BackBuffer& buffer) const;
 
 private:

@@ -47,7 +47,7 @@ BackgroundThread::BackgroundThread(std::wstring link_prefix)
 {
 }
 
-// A window whose creation failed is never told that it closes, so its worker ends here at the latest.
+// A window whose creation failed gets no WM_CLOSE, so the worker may still be running here.
 BackgroundThread::~BackgroundThread()
 {
     stop_breaking_off();
@@ -67,7 +67,7 @@ QueueCounts BackgroundThread::queue_paths(const std::vector<std::wstring>& paths
     return queue_.merge(paths);
 }
 
-// What is raised must not leave the thread: it would end the process.
+// An exception that left the thread would end the process.
 void BackgroundThread::run()
 try {
     make_links_in_apartment();
@@ -79,7 +79,7 @@ void BackgroundThread::make_links_in_apartment()
 {
     const std::scoped_lock hold{ queue_.lock() };
     const Apartment apartment;
-    ShellLink store{ owner_ }; // ends before the apartment
+    ShellLink store{ owner_ }; // destroyed before the apartment
     HashedLinkNames names{ link_prefix_ };
     SystemPaths paths;
     StopFlag control{ *this };

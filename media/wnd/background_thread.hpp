@@ -1,4 +1,4 @@
-// The thread that makes the links of the files that a Book names.
+// The thread that creates the links of the files that a Book refers to.
 #pragma once
 #include "media/shortcut_queue.hpp"
 #include "ovlib/thread.hpp"
@@ -12,19 +12,19 @@ class Book;
 
 namespace media {
 
-// Queue while it is stopped, then start it. It works on copies of the paths, in a COM apartment of its own,
-// and shows nothing: what fails is passed over. Stop it by stop_breaking_off, for its paths may lie on a
-// share that does not answer; its end does so by itself.
+// Queue paths while the thread is stopped, then start it. It works on copies of the paths, in its own COM
+// apartment, and shows nothing; failures are skipped. Stop it by stop_breaking_off, because its paths may be
+// on a share that does not answer. The destructor does so too.
 class BackgroundThread : public ovlib::Thread {
 public:
-    // `link_prefix`: the folder of the links with its separator.
+    // `link_prefix`: the folder of the links, with a trailing separator.
     explicit BackgroundThread(std::wstring link_prefix);
     ~BackgroundThread() override;
     void run() override;
 
-    // Instead of what was left: every entry of every page.
+    // Replaces the remaining paths by every entry of every page.
     QueueCounts queue_whole_book(const book::Book& book, HWND owner);
-    // Ahead of what was left.
+    // Puts the paths before the remaining ones.
     QueueCounts queue_paths(const std::vector<std::wstring>& paths, HWND owner);
     const ShortcutQueue& queue() const { return queue_; }
 
@@ -32,7 +32,7 @@ private:
     void make_links_in_apartment();
 
     ShortcutQueue queue_;
-    HWND owner_ = nullptr; // under the queue's lock
+    HWND owner_ = nullptr; // guarded by the queue's lock
     std::wstring link_prefix_;
 };
 

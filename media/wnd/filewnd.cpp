@@ -17,16 +17,16 @@ using platform::Point;
 
 namespace {
 
-// Outside the range in which the main window takes a double click for a press.
+// Below the range of ids for which the main window changes a double click into a press.
 constexpr int pane_id = 1;
 constexpr int corner = 11;
-constexpr int double_click_box = 1050; // the input box whose Enter key counts as a double click here
+constexpr int double_click_box = 1050; // Enter in this input box counts as a double click on the pane
 constexpr auto still_running = L"GifThread is still running.";
 
-// One drag at a time in this process.
+// At most one drag runs in this process.
 bool is_dragging = false;
 
-// A flag that is set for the length of a scope.
+// Sets a flag for the length of a scope.
 class Flagged {
 public:
     explicit Flagged(bool& flag)
@@ -59,7 +59,7 @@ FileWnd::FileWnd(ovlib::Wnd* parent, book::Book* book, const PaneShell& shell)
 {
 }
 
-// A window whose creation failed never hears of its end.
+// A window whose creation failed gets no WM_DESTROY.
 FileWnd::~FileWnd()
 {
     gif_thread_.stop();
@@ -120,7 +120,7 @@ void FileWnd::set_rect(const RECT& rect, bool repaint)
     const SIZE whole = size();
     ovlib::UniqueRegion region{ CreateRoundRectRgn(0, 0, whole.cx + 1, whole.cy + 1, corner, corner) };
     if (SetWindowRgn(hwnd(), region.get(), repaint))
-        region.release(); // the system's from here on
+        region.release(); // owned by the system from now on
 }
 
 void FileWnd::load_mark()
@@ -150,10 +150,11 @@ void FileWnd::show_selected_file()
 
 void FileWnd::load_and_show(core::LatestRequest::Request load)
 {
-    // It holds the loader's lock.
+    // The player holds the loader lock.
     gif_thread_.stop();
     loader_.load(selected_entry());
-    // Another file is wanted, or the window went, while the shell was asked.
+    // While the shell was queried, another file may have been requested, or the window may have been
+    // destroyed.
     if (!loads_.is_latest(load) || !is_window())
         return;
     lay_out_and_draw();
@@ -184,7 +185,7 @@ void FileWnd::scale_anew()
     UpdateWindow(hwnd());
 }
 
-// Whoever calls this repaints too.
+// The caller repaints.
 void FileWnd::apply_theme()
 {
     draw_anew();
@@ -207,7 +208,8 @@ bool FileWnd::on_paint()
     return true;
 }
 
-// Into the picture itself: the next frame of an animation takes it away, and its paint brings it back.
+// Draws into the canvas itself. The next frame of an animation clears the mark, and the next paint draws it
+// again.
 void FileWnd::draw_many_files_mark()
 {
     BITMAP mark{};

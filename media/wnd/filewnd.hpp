@@ -1,5 +1,5 @@
-// The pane beside the text: the selected file of the current page as a picture, an animation, a thumbnail or
-// a message.
+// The pane beside the text: shows the selected file of the current page as a picture, an animation, a
+// thumbnail or a message.
 #pragma once
 #include "book/book.hpp"
 #include "controls/wheel_steps.hpp"
@@ -17,25 +17,25 @@
 
 namespace media {
 
-// Carries a file out of the pane with the mouse.
+// Drags a file out of the pane with the mouse.
 class FileDrag {
 public:
     virtual ~FileDrag() = default;
-    // Returns when the mouse has let go of it; messages are served meanwhile.
+    // Returns when the drag has ended. Messages are dispatched meanwhile.
     virtual void run(const std::wstring& path) = 0;
 };
 
-// What the pane asks of the shell. All outlive it.
+// The pane's access to the shell. All must outlive the pane.
 struct PaneShell {
     ThumbnailSource& thumbnails;
     PropertySource& properties;
     PathAnswers& paths;
-    FileDrag* drag = nullptr; // without one nothing is dragged
+    FileDrag* drag = nullptr; // null: files cannot be dragged
 };
 
 class FileWnd : public ovlib::ChildWnd, public look::Themed {
 public:
-    // The Book outlives the pane.
+    // The Book must outlive the pane.
     FileWnd(ovlib::Wnd* parent, book::Book* book, const PaneShell& shell);
     ~FileWnd() override;
 
@@ -45,11 +45,11 @@ public:
     void create_params(CREATESTRUCTW& params) override;
     void apply_theme() override;
 
-    // Loads on this thread and plays what is to be played. The shell may let messages through meanwhile: a
-    // call that comes then is served by the one that is running, which loads once more.
+    // Loads on this thread and plays animations. The shell may dispatch messages meanwhile. A call that comes
+    // then returns at once, and the running call loads once more.
     void show_selected_file();
     bool is_loading() const { return is_loading_; }
-    // By the interpolation that is set now, without loading.
+    // Scales with the current interpolation mode, without loading.
     void scale_anew();
 
     const ImageLoader& loader() const { return loader_; }
@@ -77,7 +77,7 @@ private:
     FileDrag* file_drag_;
     ImageLoader loader_;
     ImageCanvas canvas_;
-    GifThread gif_thread_; // ends before what it draws with
+    GifThread gif_thread_; // destroyed before the canvas and loader that it uses
     DragArm drag_;
     ovlib::WheelSteps wheel_;
     ovlib::GDI::Bitmap many_files_mark_;

@@ -16,10 +16,11 @@ namespace {
 
 constexpr std::uint32_t timer_period = 1;
 constexpr milliseconds shortest_wait{ 1 };
-// How long frames are passed over on the way to a far one before others get their turn at the lock for sure.
+// For how long frames are skipped at most on the way to a far frame, before other threads certainly get the
+// lock.
 constexpr milliseconds longest_stride{ 8 };
 
-// Before an ending nobody is left to tell of a log that cannot be written.
+// Called when playing ends; a log that cannot be written is ignored.
 void log(const wchar_t* line) noexcept
 try {
     ovlib::WinApp::process_log() << line;
@@ -61,6 +62,7 @@ bool GifThread::play(ImageCanvas& canvas, PlayState first)
     }
 }
 
+// The flag is stored before the event is set: a woken thread must find the flag.
 void GifThread::stop()
 {
     exchange_stop_flag(static_cast<std::uint32_t>(PlayState::stopping));
@@ -93,7 +95,7 @@ std::uint32_t GifThread::current_frame() const
     return run_.current_frame();
 }
 
-// What ends it by force leaves the frame standing.
+// An exception ends the animation, and its last frame stays visible.
 void GifThread::run()
 try {
     std::unique_lock loader{ core::loader_lock(), std::defer_lock };
@@ -106,8 +108,8 @@ try {
     log(L"GifThread: 再生を中断\r\n");
 }
 
-// A load that lets messages through holds the lock and may ask for this thread's end: it must not wait for it
-// in a way that cannot be stopped.
+// A load holds this lock while it dispatches messages, and one of them may stop this thread. So the thread
+// polls for the lock: blocking on it could not be interrupted.
 bool GifThread::take_loader(std::unique_lock<std::recursive_mutex>& loader) const
 {
     while (!loader.try_lock())
@@ -116,7 +118,7 @@ bool GifThread::take_loader(std::unique_lock<std::recursive_mutex>& loader) cons
     return true;
 }
 
-// False when it was stopped.
+// False if the thread was stopped.
 bool GifThread::wait_until(Clock::time_point deadline) const
 {
     for (;;) {
@@ -129,6 +131,9 @@ bool GifThread::wait_until(Clock::time_point deadline) const
     }
 }
 
+// One turn shows one frame: it selects the frame, draws it, and waits for the rest of its time. While paused,
+// a turn draws only if something visible has changed. The clock starts before decoding, so a slow frame
+// shortens its own wait and the animation keeps its speed.
 void GifThread::turn()
 {
     const bool is_paused = state() == PlayState::paused;
@@ -154,8 +159,10 @@ void GifThread::turn()
         begin + elapsed + milliseconds{ wait_time(time, static_cast<std::uint32_t>(elapsed.count())) });
 }
 
-// One frame at a time, the lock let go in between. Another frame may be chosen on the way. False when it was
-// stopped.
+// Selects one frame at a time and releases the lock in between. The wanted frame may change meanwhile,
+// because a click can choose another one. A mutex is not fair: a thread that releases it and takes it again
+// at once usually gets it back. So the thread sleeps briefly after each stride, and the window can paint.
+// False if the thread was stopped.
 bool GifThread::select_current()
 {
     Clock::time_point breath = Clock::now() + longest_stride;

@@ -1,4 +1,4 @@
-// Plays an animation into a pane on a thread of its own.
+// Plays an animation in a pane, on its own thread.
 #pragma once
 #include "media/gif_play.hpp"
 #include "media/wnd/image_canvas.hpp"
@@ -11,22 +11,23 @@
 
 namespace media {
 
-// Its stop flag is the PlayState. Everything but the run itself belongs to the thread of the windows. The run
-// holds the loader lock throughout and the drawing lock for the time of one frame at most; it asks the window
-// to repaint and waits for nobody, so that it can be joined by the window's thread at any time.
+// The stop flag holds the PlayState. All members except run() and the functions it calls belong to the user
+// interface thread. The running thread holds the loader lock all the time, and the drawing lock for at most
+// one frame at a time. It invalidates the window and waits for no other thread, so the user interface thread
+// can join it at any time.
 class GifThread : public ovlib::Thread {
 public:
     GifThread() = default;
     ~GifThread() override;
 
-    // What plays is in the canvas's loader; both stay as they are until stop. False when no thread can be
-    // had, which the log tells, or when there is nothing to play.
+    // Plays the picture in the canvas's loader; both must stay unchanged until stop. False if there is
+    // nothing to play, or if no thread could be started, which is logged.
     bool play(ImageCanvas& canvas, PlayState first);
-    // Wakes a thread that waits out a frame, whatever its delay, and joins it.
+    // Wakes the thread from waiting between frames, whatever the delay, and joins it.
     void stop();
-    // On the bar it chooses a frame; anywhere else it pauses or goes on. Neither wakes the thread.
+    // A click on the seek bar chooses a frame; elsewhere it pauses or resumes. Neither wakes the thread.
     void click(platform::Point at);
-    // Draws the frame in view anew, for another way of scaling or other colours.
+    // Draws the current frame again, for another scaling or other colours.
     void redraw();
 
     PlayState state() const { return static_cast<PlayState>(stop_flag()); }
@@ -51,11 +52,11 @@ private:
     ovlib::Event wake_{ ovlib::Event::Reset::manual };
     ImageCanvas* canvas_ = nullptr;
     ImageLoader* loader_ = nullptr;
-    GifRun run_{ {}, 1 }; // its current frame under the frame lock
+    GifRun run_{ {}, 1 }; // its current frame is guarded by the frame lock
 
-    // Under the drawing lock.
-    std::optional<std::uint32_t> active_; // the frame that was selected last
-    bool is_selected_ = false; // and whether it could be
+    // Guarded by the drawing lock.
+    std::optional<std::uint32_t> active_; // the frame selected last
+    bool is_selected_ = false; // whether that frame could be selected
     std::optional<FrameLook> drawn_;
 };
 

@@ -49,7 +49,7 @@ void draw_icon(const ovlib::DC& dc, const ovlib::SHIcon& icon, Point at)
     DrawIconEx(dc.handle(), at.x, at.y, icon.icon(), icon.width(), icon.height(), 0, nullptr, DI_NORMAL);
 }
 
-// The mode of stretching for the length of a scope.
+// Sets the stretch mode for the length of a scope.
 class StretchMode {
 public:
     StretchMode(const ovlib::DC& dc, int mode)
@@ -159,7 +159,7 @@ void ImageCanvas::draw_placeholder(const Rect& rect)
         draw_thumbnail(rect);
 }
 
-// In its natural size: enlarged it would be no clearer.
+// Drawn in its natural size: an enlarged icon would not be clearer.
 void ImageCanvas::draw_address_icon(const Rect& rect)
 {
     ovlib::SHIcon icon;
@@ -171,7 +171,7 @@ void ImageCanvas::draw_address_icon(const Rect& rect)
 void ImageCanvas::draw_thumbnail(const Rect& rect)
 {
     const ShellThumbnail& from = loader_.thumbnail();
-    // Made for each drawing, because the ground follows the theme.
+    // Created for each drawing, because the background colour follows the theme.
     const ovlib::GDI::Bitmap of_icon =
         from.icon() ? icon_picture(*from.icon(), palette().viewer_back) : ovlib::GDI::Bitmap{};
     const ovlib::MemDC source{ dc().handle() };
@@ -200,7 +200,7 @@ void ImageCanvas::draw_frame(const Rect& rect)
         DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
-// A path without blanks is broken where the pane ends, so that all of it is to be read.
+// DT_EDITCONTROL breaks a path without blanks at the edge of the pane, so that all of it can be read.
 void ImageCanvas::draw_missing()
 {
     const std::scoped_lock hold{ core::drawing_lock() };

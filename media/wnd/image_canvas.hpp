@@ -1,4 +1,4 @@
-// The bitmap that a pane paints from, and how what is loaded gets onto it.
+// The bitmap from which a pane paints, and the drawing of what is loaded into it.
 #pragma once
 #include "look/wnd/fonts.hpp"
 #include "media/gif_play.hpp"
@@ -11,7 +11,7 @@
 
 namespace media {
 
-// One step of an animation: a frame and what is drawn over it.
+// One step of an animation: a frame and its overlay.
 struct AnimationStep {
     const GifRun& run;
     std::uint32_t frame = 0;
@@ -20,24 +20,24 @@ struct AnimationStep {
     bool has_overlay = false;
 };
 
-// Its operations take the drawing lock. A failed drawing leaves what stood there.
+// The operations take the drawing lock. A failed drawing leaves the previous content.
 class ImageCanvas : public ovlib::BackBuffer {
 public:
-    // Both outlive the canvas, which fills the owner's client area.
+    // Both must outlive the canvas, which has the size of the owner's client area.
     ImageCanvas(const ovlib::Wnd& owner, ImageLoader& loader);
 
-    // Makes the bitmap anew where it has another size than the client area; false when there is none then.
+    // Creates the bitmap again if the client area has another size. False if there is no bitmap afterwards.
     bool fit();
-    // `percent` counts at actual size only.
+    // `percent` is used only at actual size.
     void layout(std::int32_t mode, std::int32_t percent);
-    // What is loaded, scrolled by the offset.
+    // Draws what is loaded, scrolled by the offset.
     void draw(int x_offset, int y_offset);
-    // The frame that is active, with what stands over it. How long it is to be seen, in milliseconds.
+    // Draws the selected frame and its overlay. Returns how long to show it, in milliseconds.
     std::uint32_t draw_animation_step(const AnimationStep& step);
 
     void clear();
     void draw_placeholder(const platform::Rect& rect);
-    // A border round a thumbnail, with the file's icon and name below it.
+    // Draws a border around a thumbnail, with the file's icon and name below it.
     void draw_frame(const platform::Rect& rect);
     void draw_missing();
     void draw_labelled_text(

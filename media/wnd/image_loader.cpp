@@ -17,7 +17,7 @@ namespace {
 
 constexpr int thumbnail_side = 800;
 
-// The bytes of a file for as long as they are looked at.
+// Gives access to the bytes of a file for the length of a scope.
 class BlockView {
 public:
     explicit BlockView(const ovlib::GDIPMemory& memory)
@@ -32,8 +32,8 @@ private:
     std::span<const std::byte> bytes_;
 };
 
-// The delays as the file itself tells them; none for what the decoder cannot play. Of a broken file only the
-// frames count that both know.
+// The delays that are stored in the file; nullopt for what the decoder cannot play. In a damaged file only
+// the frames count that both the reader of the file and the decoder found.
 std::optional<std::vector<std::uint32_t>> delays_of(const GifWalk& walk, const ovlib::GDIPGif& gif)
 {
     const std::vector<std::uint32_t> told(walk.delays.begin(), walk.delays.end());
@@ -140,7 +140,7 @@ bool ImageLoader::decode_picture(const std::wstring& path)
     return false;
 }
 
-// What claims more than can be decoded, or nothing, does not reach the decoder.
+// Only data with a plausible size claim reaches the decoder.
 bool ImageLoader::load_animation(const std::wstring& path)
 {
     if (!memory_.read_file(path))
@@ -172,7 +172,7 @@ bool ImageLoader::load_picture(const std::wstring& path)
     return true;
 }
 
-// The decoder may have found another size than the header told.
+// The decoder may have found another size than the one in the header.
 bool ImageLoader::note_size(const ovlib::GDIPImage& image)
 {
     const PictureSize size{ image.width(), image.height() };

@@ -1,4 +1,4 @@
-// The one file that is shown: from an entry of a file list to something that can be drawn.
+// The file that is shown: from an entry of a file list to something that can be drawn.
 #pragma once
 #include "media/image_layout.hpp"
 #include "media/image_load.hpp"
@@ -10,42 +10,42 @@
 
 namespace media {
 
-// Loads on the thread of the windows, under the loader lock. Whoever draws while an animation plays holds the
-// drawing lock for every call that reaches the picture itself; what is told of it here was noted when it was
-// loaded and may be asked at any time.
+// Loads on the user interface thread, under the loader lock. While an animation plays, every call that uses
+// the picture itself needs the drawing lock. The facts were recorded during the load and can be queried at
+// any time.
 class ImageLoader : private ImageSource {
 public:
-    // All live as long as the loader.
+    // All must outlive the loader.
     ImageLoader(ThumbnailSource& thumbnails, PropertySource& properties, PathAnswers& paths);
     ImageLoader(const ImageLoader&) = delete;
     ImageLoader& operator=(const ImageLoader&) = delete;
     ~ImageLoader() override;
 
-    // True when there is something to draw. The shell may let messages through meanwhile.
+    // True if there is something to draw. The shell may dispatch messages meanwhile.
     bool load(const std::wstring& entry);
-    // The path stays.
+    // Keeps the path.
     void clear();
 
     const LoadedEntry& loaded() const { return loaded_; }
     LoaderState state() const { return loaded_.state; }
     const std::wstring& path() const { return loaded_.path; }
-    // Of what was loaded. What failed to load has none.
+    // The facts of what was loaded; empty if loading failed.
     const FileFacts& facts() const { return facts_; }
-    // Those to show, which for what failed to load are asked of its entry.
+    // The facts to show. If loading failed, they are queried for the entry.
     FileFacts facts_to_show() const;
 
     Content content() const;
     platform::Size size() const { return size_; }
-    // Null but for pictures and animations.
+    // Null unless a picture or an animation is loaded.
     Gdiplus::GpImage* picture() const;
     const ShellThumbnail& thumbnail() const { return thumbnail_; }
 
-    // Of an animation; 0 and nothing otherwise.
+    // For an animation; 0 and empty otherwise.
     std::uint32_t frame_count() const { return static_cast<std::uint32_t>(delays_.size()); }
     const std::vector<std::uint32_t>& delays() const { return delays_; } // milliseconds
     bool select_frame(std::uint32_t frame) { return gif_.select_frame(frame); }
 
-    std::int32_t interpolation_mode = 0; // as GDI+ numbers it
+    std::int32_t interpolation_mode = 0; // as numbered by GDI+
 
 private:
     std::wstring absolute(const std::wstring& path) override;
@@ -60,7 +60,7 @@ private:
     PropertySource& properties_;
     PathAnswers& paths_;
     LoadedEntry loaded_;
-    // The pictures read from the memory as long as they live.
+    // The pictures decode from this memory as long as they live.
     ovlib::GDIPMemory memory_;
     ovlib::GDIPGif gif_;
     ovlib::GDIPImage image_;

@@ -12,7 +12,8 @@ ShellLink::ShellLink(HWND owner)
 
 std::wstring ShellLink::resolve(const std::wstring& link)
 {
-    // Without SLR_NO_UI: the shell may ask the user. With SLR_NOUPDATE the link stays as it is.
+    // SLR_NO_UI is missing on purpose: the shell may ask the user. With SLR_NOUPDATE the link file is not
+    // changed.
     const bool resolved = is_ready() && SUCCEEDED(file_->Load(link.c_str(), STGM_READ))
         && SUCCEEDED(link_->Resolve(owner_, SLR_NOUPDATE))
         && SUCCEEDED(link_->GetPath(path_.data(), static_cast<int>(path_.size()), nullptr, SLGP_RAWPATH));

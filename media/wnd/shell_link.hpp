@@ -1,4 +1,4 @@
-// Links as the shell keeps them, one file each.
+// Shell links, one file each.
 #pragma once
 #include "media/file_links.hpp"
 #include <array>
@@ -10,14 +10,14 @@
 
 namespace media {
 
-// Needs COM on its thread and must end before COM does.
+// Needs COM on its thread, and must be destroyed before COM ends.
 class ShellLink : public LinkStore {
 public:
-    // `owner` of what the shell shows when it looks for a target that has gone.
+    // `owner` owns the windows that the shell shows while it searches for a moved target.
     explicit ShellLink(HWND owner);
 
     bool is_ready() const override { return file_ != nullptr; }
-    // May show a window of the shell and lets messages through then.
+    // The shell may show a window and then dispatches messages.
     std::wstring resolve(const std::wstring& link) override;
     bool save(const std::wstring& target, const std::wstring& link) override;
 

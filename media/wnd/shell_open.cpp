@@ -9,6 +9,7 @@ namespace {
 
 bool execute(HWND owner, const wchar_t* what, const wchar_t* parameters)
 {
+    // Documented: results above 32 mean success.
     constexpr INT_PTR last_failure = 32;
     const HINSTANCE told = ShellExecuteW(owner, L"open", what, parameters, nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(told) > last_failure;

@@ -1,16 +1,16 @@
-// What is handed over to the shell. Needs COM on the thread.
+// Opens files and folders through the shell. Needs COM on the thread.
 #pragma once
 #include <string>
 #include <windows.h>
 
 namespace media {
 
-// Has the user's program for it open a file, a folder or an address. A relative path counts from the current
-// directory.
+// Opens a file, a folder or an address with the user's program for it. A relative path is resolved against
+// the current directory.
 bool open_by_shell(HWND owner, const std::wstring& target);
 
-// Has the system's file manager show a regular file in its folder; false for anything else. `path` is a full
-// one.
+// Shows a regular file in its folder with the system's file manager; false for anything else. `path` must be
+// a full path.
 bool show_in_folder(HWND owner, const std::wstring& path);
 
 } // namespace media

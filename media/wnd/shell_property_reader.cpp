@@ -15,7 +15,7 @@ PROPERTYKEY key_of(FileProperty property)
     return key;
 }
 
-// One value of a store, given back with its scope.
+// One value of a property store, released with its scope.
 class StoredValue {
 public:
     StoredValue(IPropertyStore& store, FileProperty property)

@@ -1,4 +1,4 @@
-// What the shell knows of one file.
+// The shell's properties of one file.
 #pragma once
 #include "media/file_facts.hpp"
 #include <propsys.h>
@@ -9,12 +9,12 @@
 
 namespace media {
 
-// As stored; empty when the store has no such value.
+// The value as stored; empty if the store has no such value.
 PropertyValue stored_property(IPropertyStore& store, FileProperty property);
-// Converted from whatever it was stored as; 0 when that fails.
+// Converted from the stored type; 0 if that fails.
 std::uint64_t stored_duration(IPropertyStore& store);
 
-// Needs COM. Closed, it reads nothing.
+// Needs COM. Reads nothing while closed.
 class ShellPropertyReader : public PropertySource {
 public:
     bool open(const std::wstring& path) override;

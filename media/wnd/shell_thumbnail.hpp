@@ -1,4 +1,4 @@
-// The shell's own picture of a file.
+// The shell's thumbnail of a file.
 #pragma once
 #include "ovlib/gui/gdi_object.hpp"
 #include "ovlib/gui/shicon.hpp"
@@ -9,11 +9,11 @@
 
 namespace media {
 
-// Where such pictures come from.
+// A source of such thumbnails.
 class ThumbnailSource {
 public:
     virtual ~ThumbnailSource() = default;
-    // At most `side` pixels wide and high; empty when there is none.
+    // At most `side` pixels wide and high; empty if there is none.
     virtual ovlib::GDI::Bitmap picture_of(const std::wstring& path, int side) = 0;
 };
 
@@ -26,13 +26,13 @@ public:
 // Empty until a picture is taken, and after a failure.
 class ShellThumbnail {
 public:
-    // Of the shell, which needs COM. Does nothing when a picture is held already.
+    // Takes the shell's picture, which needs COM. Does nothing if a picture is held already.
     void load(const std::wstring& path, int side);
-    // Refused, with false, for what is no bitmap and while a picture is held. A shell that has no picture may
-    // answer with a single pixel: that is refused too.
+    // False if `picture` is not a bitmap or a picture is held already. A shell without a picture may return a
+    // single pixel, which is refused too.
     bool take(ovlib::GDI::Bitmap picture);
-    // In the place of a picture that the shell answered for but does not have: the largest icon of the file.
-    // False when there is none and while something is held.
+    // For a file whose picture the shell could not provide: takes the file's largest icon. False if there is
+    // none or a picture is held already.
     bool take_icon(const std::wstring& path);
     void clear();
 
@@ -50,7 +50,7 @@ private:
     int height_ = 0;
 };
 
-// An icon in its natural size on a ground. Empty when no bitmap can be had.
+// An icon in its natural size on a background colour. Empty if no bitmap can be created.
 ovlib::GDI::Bitmap icon_picture(const ovlib::SHIcon& icon, ovlib::Color ground);
 
 } // namespace media

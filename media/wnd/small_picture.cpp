@@ -15,15 +15,15 @@ using platform::Rect;
 
 namespace {
 
-constexpr COLORREF film_gap = RGB(255, 0, 255); // where the strip lets the picture through
+constexpr COLORREF film_gap = RGB(255, 0, 255); // transparent parts of the film strip
 
 Rect square_at(Point at)
 {
     return { at.x, at.y, at.x + small_picture_side, at.y + small_picture_side };
 }
 
-// The file whose icon stands for a path without a picture of its own: another one where the path itself must
-// not be asked for.
+// The file whose icon represents a path without its own picture. If the path must not be queried, this is
+// only its name, from which the shell finds the icon of its kind.
 std::wstring icon_file_of(const std::wstring& path, bool is_silent)
 {
     if (placeholder_of(path) == Placeholder::address_icon)
@@ -31,7 +31,7 @@ std::wstring icon_file_of(const std::wstring& path, bool is_silent)
     return is_silent ? std::wstring{ platform::file_name(path) } : path;
 }
 
-// Its pixels, with a 0 for the alpha that it does not have.
+// Reads the pixels as 32 bits; a bitmap without alpha gives 0 in every alpha byte.
 bool has_alpha(const ShellThumbnail& thumbnail)
 {
     constexpr WORD bits_with_alpha = 32;
@@ -63,7 +63,7 @@ void SmallPicture::fetch(
     auto icon = std::make_unique<ovlib::SHIcon>();
     if (icon_file != path || !thumbnail.take(thumbnails.picture_of(path, small_picture_side)))
         icon->load(icon_file, SHIL_LARGE);
-    // Messages let through meanwhile may have brought a later file.
+    // Messages dispatched meanwhile may have started a later fetch.
     if (!fetches_.is_latest(fetch))
         return;
     kind_ = kind;

@@ -14,15 +14,15 @@ namespace media {
 
 inline constexpr int small_picture_side = 32;
 
-// Asked of the shell once, when a file is chosen, and only drawn in a paint: the shell may let messages
-// through, and paints must not nest.
+// Queried from the shell once, when a file is selected; a paint only draws it. The shell may dispatch
+// messages, and paints must not nest.
 class SmallPicture {
 public:
-    // A strip that is drawn over videos; without one they stand plain.
+    // A strip that is drawn over the pictures of videos; without it they are drawn plain.
     void set_film(ovlib::GDI::Bitmap film) { film_ = std::move(film); }
 
-    // Drops what was there. Nothing for an empty path; for a file whose share does not answer the icon of its
-    // kind, which is known from the name.
+    // Replaces the previous picture. An empty path has no picture. A file on a share that does not answer
+    // gets the icon of its kind, which is known from the name.
     void fetch(
         const std::wstring& path, FileKind kind, ThumbnailSource& thumbnails, const PathAnswers& paths);
     void clear();
@@ -35,7 +35,7 @@ private:
     ovlib::GDI::Bitmap film_;
     FileKind kind_ = FileKind::unknown;
     ShellThumbnail thumbnail_;
-    bool is_blended_ = false; // the thumbnail, for its alpha
+    bool is_blended_ = false; // draw the thumbnail with its alpha
     std::unique_ptr<ovlib::SHIcon> icon_;
     core::LatestRequest fetches_;
 };
