@@ -22,6 +22,8 @@ void finish_drawing()
     GdiFlush();
 }
 
+// Sets the pixels of the first row and copies that row to the others. Rows are stored bottom-up, so row y of
+// the image is stored as row height - 1 - y.
 void fill_rect(BaseImage& image, Color color, const RECT& rect)
 {
     const LONG left = std::max<LONG>(rect.left, 0);
@@ -61,6 +63,7 @@ bool BackBuffer::create(int wanted_width, int wanted_height)
     width = info_.bmiHeader.biWidth;
     height = info_.bmiHeader.biHeight;
     bits_per_pixel = info_.bmiHeader.biBitCount;
+    // A row of a DIB is padded to a multiple of 4 bytes: 3 * width, rounded up.
     stride = (width + 1) * 3 / 4 * 4;
     return true;
 }

@@ -9,8 +9,9 @@ namespace ovlib {
 
 namespace {
 
-// The system cuts a window with a frame down to the size of the screen: what its layout has on the right and
-// at the bottom would be lost instead of lying beyond an edge, from where the user can move it into view.
+// By default the system limits a window with a frame to the size of the screen. Controls on the right and at
+// the bottom of a larger layout could never be reached then. Beyond the edge of the screen, the user can move
+// them into view.
 void allow_any_size(MINMAXINFO& limits)
 {
     constexpr LONG any_size = 0x7FFF;
@@ -42,7 +43,7 @@ bool BaseWnd::create(const std::wstring& title)
         info.cbSize = sizeof info;
         info.hInstance = WinApp::instance;
         info.lpszClassName = name.c_str();
-        RegisterClassExW(&info); // fails for the second window of a class, which does no harm
+        RegisterClassExW(&info); // fails harmlessly for the second window of a class
     }
     CREATESTRUCTW params{};
     create_params(params);
@@ -74,7 +75,7 @@ void BaseWnd::destroy()
 
 void BaseWnd::on_destroyed(WndMessage& message)
 {
-    // A quit posted by a creation that failed would swallow the box that tells of the failure.
+    // If the creation failed, a quit would close the message box that reports the failure.
     if (created_)
         PostQuitMessage(static_cast<int>(message.result));
 }
@@ -89,7 +90,7 @@ std::int64_t BaseWnd::default_proc(WndMessage& message)
     return result;
 }
 
-// A window without a caption is placed by whoever shows it.
+// A window without a caption is placed by its owner.
 void BaseWnd::take_first_place(const CREATESTRUCTW& params)
 {
     const LONG style = GetWindowLongW(hwnd_, GWL_STYLE);

@@ -12,7 +12,7 @@ constexpr UINT label_format = DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREF
 constexpr Color label_shadow = rgb(0xFF, 0xFF, 0xFF);
 constexpr Color label_disabled = rgb(0xA0, 0xA0, 0xA0);
 
-// Keeps drawing inside a rectangle, and gives the device context its own state back.
+// Clips drawing to a rectangle and restores the device context afterwards.
 class ClipScope {
 public:
     ClipScope(const DC& dc, const RECT& rect)
@@ -65,7 +65,8 @@ bool CustomButton::on_message(WndMessage& message)
         message.result = 1;
         return true;
     case WM_LBUTTONDBLCLK:
-        // To the system the second of two quick clicks is no click of a drawn button.
+        // An owner-drawn button reports the second of two quick clicks as a double click, so it is changed
+        // into a press.
         message.message = WM_LBUTTONDOWN;
         return false;
     default:

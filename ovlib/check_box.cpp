@@ -94,7 +94,7 @@ void CustomCheckBox::draw_tick(const platform::Rect& box)
     stream << tick;
 }
 
-// The focus is drawn before the text and needs its place too.
+// The focus rectangle surrounds the text and is drawn first, so both compute the place.
 void CustomCheckBox::place_text()
 {
     const DC target(item().hDC);

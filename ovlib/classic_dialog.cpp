@@ -45,7 +45,7 @@ bool FileDialog::show_with(Ask ask)
 void FileDialog::fill_record()
 {
     buffer_.fill(L'\0');
-    // Two nulls must remain: a list of names ends with both.
+    // Two null characters must remain, because they end a list of names.
     std::copy_n(file_name_.c_str(), std::min(file_name_.size(), buffer_size - 2), buffer_.begin());
     record_.lStructSize = sizeof record_;
     record_.hwndOwner = owner_ != nullptr ? owner_->hwnd() : nullptr;

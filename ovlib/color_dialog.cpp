@@ -12,7 +12,7 @@ ColorDialog::ColorDialog(const Wnd* owner)
     record_.lpCustColors = custom_colors_.data();
 }
 
-// The high byte of a COLORREF selects palette entries instead of a colour.
+// The high byte of a COLORREF would select a palette entry instead of a colour.
 void ColorDialog::set_color(Color color)
 {
     record_.rgbResult = color.value & 0xFFFFFF;

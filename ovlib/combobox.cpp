@@ -119,6 +119,8 @@ std::wstring ComboBox::item_text(int index) const
     return text;
 }
 
+// A combo box has no message that changes the text of an item. So the item is removed and inserted again,
+// with redrawing off.
 void ComboBox::replace(int index, const std::wstring& text, bool redraw)
 {
     if (index < 0 || index >= count())

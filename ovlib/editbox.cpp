@@ -14,7 +14,7 @@ namespace ovlib {
 
 namespace {
 
-// The position travels in the high word, and the control reads it as signed.
+// The position is in the high word of WM_VSCROLL and WM_HSCROLL, and the control reads it as signed.
 constexpr int largest_thumb_position = 0x7FFF;
 constexpr std::uint64_t largest_file = 0xFFFFFFFF;
 
@@ -109,6 +109,7 @@ int EditBox::limit() const
     return static_cast<int>(ask(EM_GETLIMITTEXT));
 }
 
+// A scroll message cannot carry a larger position, so the control is scrolled by the distance then.
 void EditBox::scroll_v_to(int pos)
 {
     if (pos > largest_thumb_position)
@@ -245,13 +246,14 @@ int EditBox::line_from_char(int pos) const
 void EditBox::renew_text(const std::wstring& text)
 {
     const bool has_many_lines = (GetWindowLongW(hwnd_, GWL_STYLE) & ES_MULTILINE) != 0;
-    // Wine's control keeps the lines of the old text when it is handed nothing.
+    // Wine's control keeps the lines of the old text if it gets an empty memory block.
     const bool is_nothing = text.c_str()[0] == L'\0';
     if (!has_many_lines || is_nothing || !hand_over(text))
         set_text(text);
 }
 
-// What the control gives back is its old memory.
+// EM_SETHANDLE gives the control a new memory block as its text; it owns the block from then on. The caller
+// gets the old block by EM_GETHANDLE before and must free it. The message is only for multi-line controls.
 bool EditBox::hand_over(const std::wstring& text)
 {
     const std::size_t size = (text.size() + 1) * sizeof(wchar_t);

@@ -12,7 +12,7 @@ FontDialog::FontDialog(const Wnd* owner)
     record_.nFontType = SCREEN_FONTTYPE;
 }
 
-// A font of a file may have a name that does not end.
+// A font from a file may have a name without a terminator.
 void FontDialog::set_font(const LOGFONTW& font)
 {
     font_ = font;
@@ -21,7 +21,7 @@ void FontDialog::set_font(const LOGFONTW& font)
 
 bool FontDialog::show()
 {
-    // A dialog that is left may have written into its record.
+    // A cancelled dialog may have changed its record, so it gets a copy.
     LOGFONTW chosen = font_;
     CHOOSEFONTW asked = record_;
     asked.hwndOwner = owner_ != nullptr ? owner_->hwnd() : nullptr;

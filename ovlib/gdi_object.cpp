@@ -23,6 +23,7 @@ bool Object::attach(HGDIOBJ object, Ownership ownership)
     return true;
 }
 
+// If the handle is the same, only its ownership changes: it must not be deleted.
 void Object::renew(HGDIOBJ object, Ownership ownership)
 {
     if (object == handle())

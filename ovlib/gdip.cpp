@@ -12,7 +12,7 @@ namespace {
 
 constexpr float quarter = 90.0f;
 
-// Four arcs, closed; the right and bottom edges lie one pixel inside.
+// A closed figure of four arcs. Its right and bottom edges are one pixel inside the rectangle.
 Gdiplus::GpStatus add_corners(Gdiplus::GpPath* path, const RECT& rect, float dx, float dy)
 {
     const auto left = static_cast<float>(rect.left);

@@ -14,7 +14,7 @@ constexpr std::uint64_t largest_block = 0xFFFFFFFF;
 constexpr PROPID frame_delay = 0x5100;
 constexpr UINT default_delay = 100; // milliseconds
 
-// A file keeps a delay in 16 bits; the system may spread the highest of them as a sign.
+// A file stores a delay in 16 bits. The system may sign-extend it, so only the low word is used.
 UINT milliseconds(LONG hundredths)
 {
     const UINT delay = LOWORD(hundredths);
@@ -81,7 +81,7 @@ bool GDIPImage::load(const GDIPMemory& memory)
 {
     if (loaded_ != 0)
         return false;
-    // The block stays the memory's: the stream must not free it.
+    // The memory object owns the block, so the stream must not free it.
     if (!memory || CreateStreamOnHGlobal(memory.handle(), FALSE, &stream_) != S_OK)
         return keep(Gdiplus::GenericError);
     return keep(GdipLoadImageFromStream(stream_.Get(), image_.put()));
@@ -117,7 +117,7 @@ bool GDIPImage::keep(Gdiplus::GpStatus status)
     return loaded_ != 0;
 }
 
-// The picture before the stream that it reads from.
+// The picture reads from the stream, so it is released first.
 void GDIPImage::release()
 {
     image_.reset();

@@ -9,7 +9,7 @@ namespace ovlib {
 
 namespace {
 
-// The bitmap as a new one of 32 bits with readable pixels; none for a bitmap without such pixels.
+// Copies the bitmap into a new one of 32 bits with accessible pixels; null if its pixels are not accessible.
 HBITMAP copy_with_bits(HBITMAP bitmap, std::uint32_t** bits, std::size_t* count)
 {
     DIBSECTION facts{};

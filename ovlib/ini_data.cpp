@@ -29,7 +29,7 @@ std::wstring IniData::read_string(const std::wstring& section, const std::wstrin
     std::wstring buffer(value_capacity, L'\0');
     GetPrivateProfileStringW(
         section.c_str(), key.c_str(), nullptr, buffer.data(), value_capacity, path_.c_str());
-    buffer.resize(buffer.find(L'\0')); // the system ends its text within the buffer
+    buffer.resize(buffer.find(L'\0')); // the system terminates the text within the buffer
     return buffer;
 }
 

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t cell_capacity = 1024;
 constexpr std::size_t title_capacity = 260;
 
-// The system only reads it, where it does not take it for a buffer.
+// The system only reads the text, except where a message fills a buffer.
 wchar_t* as_buffer(const std::wstring& text)
 {
     return const_cast<wchar_t*>(text.c_str());

@@ -162,7 +162,8 @@ int BaseMenu::show(const Wnd& owner, std::uint32_t flags)
 
 int BaseMenu::show_at(const Wnd& owner, std::uint32_t flags, POINT point)
 {
-    // Another show, from a message served by the first one, would be refused by the system too.
+    // A message that is dispatched while the menu is shown may call this again. The system would refuse that
+    // too.
     if (showing_ != 0)
         return 0;
     bool gone = false;
@@ -179,7 +180,7 @@ int BaseMenu::show_at(const Wnd& owner, std::uint32_t flags, POINT point)
 Menu::Menu()
     : BaseMenu(CreatePopupMenu())
 {
-    // One column for marks and pictures: with one for each, pictures touch the texts.
+    // Marks and pictures share one column. With two columns the pictures touch the texts.
     MENUINFO info{};
     info.cbSize = sizeof info;
     info.fMask = MIM_STYLE;

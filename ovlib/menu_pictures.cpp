@@ -52,7 +52,7 @@ HBITMAP MenuPictures::item_bitmap(int id) const
     return painter_ == MenuPainter::system && is_as_the_system_draws(picture) ? picture : HBMMENU_CALLBACK;
 }
 
-// A menu sends 0 where a control sends its id.
+// The sender is 0 for a menu, and the control id for a control.
 bool MenuPictures::on_message(WndMessage& message) const
 {
     bool handled = false;

@@ -25,7 +25,7 @@ ComPtr<IFileDialog> make_open_dialog()
     return dialog;
 }
 
-// Logs `failure` when `result` is one.
+// Logs `failure` if `result` is a failure.
 bool succeeded(HRESULT result, const wchar_t* failure)
 {
     if (FAILED(result))
@@ -33,7 +33,7 @@ bool succeeded(HRESULT result, const wchar_t* failure)
     return SUCCEEDED(result);
 }
 
-// What has no path is left out.
+// Items without a path are skipped.
 void append_path(IShellItemArray& items, DWORD index, std::vector<std::wstring>& paths)
 {
     ComPtr<IShellItem> item;
@@ -76,7 +76,7 @@ void FileDialog::set_options(DWORD flags)
 void FileDialog::set_folder(const std::wstring& path)
 {
     ComPtr<IShellItem> item;
-    // The desktop itself has an empty name, so an empty path would not be refused everywhere.
+    // An empty path is the name of the desktop itself, so some systems would accept it.
     if (!path.empty() && dialog_
         && SUCCEEDED(SHCreateItemFromParsingName(path.c_str(), nullptr, IID_PPV_ARGS(&item))))
         dialog_->SetFolder(item.Get());

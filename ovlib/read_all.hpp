@@ -1,4 +1,4 @@
-// Reads until the target is full or the file gives no more.
+// Reads until the target is full or the file ends.
 #pragma once
 #include <cstddef>
 #include <span>
@@ -7,7 +7,7 @@
 
 namespace ovlib {
 
-// Bytes delivered: less than asked for when the file has shrunk meanwhile.
+// Returns the number of bytes read. It is smaller than the target if the file has become shorter meanwhile.
 inline std::size_t read_all(platform::File& file, std::span<std::byte> target)
 {
     std::size_t total = 0;

@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::uint32_t pos_shift = 16;
 
-// As the thread has been told so far: a release that still waits in the queue ends the drag by itself.
+// GetKeyState reflects the messages that the thread has already retrieved. A release that is still in the
+// queue ends the drag when it arrives.
 bool is_left_button_down()
 {
     return GetKeyState(VK_LBUTTON) < 0;
@@ -63,7 +64,7 @@ bool Slider::on_message(WndMessage& message)
         if ((message.wparam & MK_LBUTTON) != 0)
             on_drag(cursor_pos());
         else
-            on_release(); // the button came up where nobody told this window
+            on_release(); // the button was released over another window
         return true;
     default:
         return false;
@@ -134,8 +135,8 @@ void Slider::on_drag(POINT point)
         tell(*notice);
 }
 
-// The record is changed before the mouse is let go: that brings WM_CAPTURECHANGED at once, which must find
-// nothing left to end.
+// The state changes before the capture is released: ReleaseCapture sends WM_CAPTURECHANGED at once, which
+// must find no drag to end.
 void Slider::on_release()
 {
     const auto notice = release_slider(*this);
@@ -147,7 +148,7 @@ void Slider::on_release()
     tell(*notice);
 }
 
-// Another window may have taken the mouse already; it keeps it.
+// Another window may have taken the capture, and keeps it.
 void Slider::let_mouse_go()
 {
     if (GetCapture() == hwnd())
@@ -173,7 +174,7 @@ void Slider::show_value()
 void Slider::repaint()
 {
     if (hwnd() == nullptr)
-        return; // to the system no window means all of them
+        return; // InvalidateRect with a null handle would invalidate all windows
     InvalidateRect(hwnd(), nullptr, FALSE);
     UpdateWindow(hwnd());
 }

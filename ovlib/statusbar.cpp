@@ -53,6 +53,7 @@ void StatusBar::set_part_text(int index, const std::wstring& text, int flags)
     if (at >= texts_.size())
         texts_.resize(at + 1);
     texts_[at] = text;
+    // For an owner-drawn part the parameter is a value of the program, not a text.
     const auto lparam =
         flags == SBT_OWNERDRAW ? static_cast<LPARAM>(index) : reinterpret_cast<LPARAM>(texts_[at].c_str());
     send(SB_SETTEXTW, static_cast<WPARAM>(index | flags), lparam);

@@ -13,9 +13,9 @@ RECT SubWnd::rect() const
     return BaseWnd::rect();
 }
 
-// With its parent still disabled the system would activate a window of another program instead. Without a
-// window manager Wine activates whatever comes next on the screen, so the parent comes to the front before
-// this window ends.
+// If the parent were still disabled, the system would activate a window of another program. Without a window
+// manager Wine activates the next window on the screen, so the parent is brought to the front before this
+// window is destroyed.
 void SubWnd::destroy()
 {
     if (is_running() && parent() != nullptr) {
@@ -36,10 +36,13 @@ void SubWnd::dispatch(MSG& message)
 
 void SubWnd::create_params(CREATESTRUCTW& params)
 {
-    // Top-level: a control id in the place of the menu would make the creation fail.
+    // This is a top-level window, so the menu parameter cannot be a control id: the creation would fail.
     BaseWnd::create_params(params); // NOLINT(bugprone-parent-virtual-call)
 }
 
+// The modal loop. It ends when end_run clears `running_`, when the window is destroyed, or at WM_QUIT. A
+// handler may delete this object or the parent, so both are watched. Messages without a window only wake the
+// loop.
 void SubWnd::run()
 {
     if (running_ != 0)
@@ -67,6 +70,8 @@ void SubWnd::run()
     SetForegroundWindow(above->hwnd());
 }
 
+// The loop may be waiting in GetMessageW. The empty thread message wakes it, so that it sees the cleared
+// flag.
 void SubWnd::end_run()
 {
     if (running_.exchange(0) != 0)

@@ -12,7 +12,8 @@ constexpr DWORD flags =
     FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_FROM_SYSTEM;
 constexpr DWORD default_language = MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT);
 
-// FORMAT_MESSAGE_ALLOCATE_BUFFER takes the address of a pointer where it declares a text.
+// With FORMAT_MESSAGE_ALLOCATE_BUFFER the parameter is the address of a pointer, although it is declared as a
+// text.
 template <class Char> Char* target_of(UniqueLocalMemory<Char*>& message)
 {
     return reinterpret_cast<Char*>(message.put());

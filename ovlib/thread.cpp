@@ -25,8 +25,8 @@ struct Thread::Record {
 
     bool is_joinable() const { return static_cast<bool>(handle); }
     void join() { join_after(WaitForSingleObject(handle_of_another(), INFINITE)); }
-    // Breaking off reaches only the call that is running just then, so it is tried until none comes any more.
-    // False when that takes longer than `limit` milliseconds.
+    // CancelSynchronousIo affects only the call that is running at that moment, so it is repeated until the
+    // thread has ended. False after `limit` milliseconds.
     bool join_breaking_off(ULONGLONG limit)
     {
         constexpr DWORD pause = 10; // milliseconds
@@ -71,7 +71,7 @@ bool Thread::start(void* arg, std::uint32_t flag_value)
     auto record = std::make_unique<Record>();
     stop_flag_.exchange(flag_value);
     argument_ = arg;
-    // Suspended until the record stands: the thread itself may ask for it.
+    // Suspended until the record is complete, because the thread itself may use it.
     record->handle.reset(reinterpret_cast<HANDLE>(
         _beginthreadex(nullptr, 0, &Thread::enter, this, CREATE_SUSPENDED, &record->id)));
     if (!record->is_joinable())
@@ -111,7 +111,7 @@ bool Thread::stop_breaking_off_within(std::uint32_t limit)
     return stop_with([limit](Record& record) { return record.join_breaking_off(limit); });
 }
 
-// As in a standard thread, what run throws ends the process.
+// An exception that leaves run ends the process, as in a std::thread.
 unsigned __stdcall Thread::enter(void* self) noexcept
 try {
     static_cast<Thread*>(self)->run();

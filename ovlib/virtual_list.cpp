@@ -10,10 +10,10 @@ namespace ovlib {
 namespace {
 
 constexpr int all_rows = -1;
-constexpr UINT find_substring = 4; // LVFI_SUBSTRING, another name of LVFI_PARTIAL that not all headers have
+constexpr UINT find_substring = 4; // LVFI_SUBSTRING, the same as LVFI_PARTIAL; some headers lack it
 constexpr UINT find_beginning = LVFI_PARTIAL | find_substring;
 
-// Into the list's own buffer, cut where that ends.
+// Copies into the list's own buffer, truncated to its size.
 void copy_text(const std::wstring& text, LVITEMW& item)
 {
     if (item.pszText == nullptr || item.cchTextMax <= 0)
@@ -62,7 +62,8 @@ int VirtualList::selected_count() const
     return static_cast<int>(ask(LVM_GETSELECTEDCOUNT));
 }
 
-// Some systems visit every row of the list to deselect all, so the usual case is not left to them.
+// To deselect all rows some systems visit each row of the list. So a single selected row is deselected by its
+// index.
 void VirtualList::select(int row)
 {
     set_selected(selected_count() == 1 ? selected() : all_rows, false);
@@ -145,7 +146,7 @@ std::wstring VirtualList::text_of(int row, int column) const
     return source_.text(row, column);
 }
 
-// In a virtual list the system has no letters to search, so it hands over what was typed so far.
+// A virtual list stores no texts, so the system passes the typed text to its owner.
 int VirtualList::find(const NMLVFINDITEMW& request) const
 {
     const LVFINDINFOW& sought = request.lvfi;
@@ -156,7 +157,8 @@ int VirtualList::find(const NMLVFINDITEMW& request) const
     return find_row(range, [&](int row) { return row_matches(text_of(row, 0), sought.psz, match); });
 }
 
-// The number of a row below 0 means all of them. The call may change the source, or delete this object.
+// A negative row index means all rows. The callback may replace the source or delete this object, so it is
+// copied first.
 void VirtualList::report(SelectionChange change) const
 {
     if (!source_.selected || count() == 0)

@@ -97,8 +97,8 @@ int Wnd::destroy_children()
             wnd->destroy();
             ++count;
         }
-        // A child's end may have deleted its neighbour; the walk then starts anew, past what is destroyed
-        // already.
+        // Destroying a child may delete the object before it. The walk then starts again at the end; children
+        // that are already destroyed are skipped.
         wnd = before != nullptr && !still_there ? tail_ : before;
     }
     return count;
@@ -249,7 +249,7 @@ std::int64_t Wnd::send(std::uint32_t message, std::uint64_t wparam, std::int64_t
 
 std::int64_t Wnd::send_command(int id, int code, std::int64_t lparam)
 {
-    // Built from words: an id beyond 0x7FFF must not spread its sign over the upper half.
+    // Built from words, so that an id above 0x7FFF is not sign-extended into the upper half.
     return send(WM_COMMAND, MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(code)), lparam);
 }
 

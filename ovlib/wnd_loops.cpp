@@ -1,4 +1,4 @@
-// The message loops of a window. The third, the modal run, is a sub window's.
+// The message loops of a window. The modal loop is in subwnd.cpp.
 #include "ovlib/gui/wnd.hpp"
 
 #include <optional>
@@ -7,10 +7,10 @@ namespace ovlib {
 
 namespace {
 
-// All kinds of input, touch and pointer included.
+// All kinds of input, including touch and pointer.
 constexpr DWORD wake_for_any_input = 0x1CFF;
 
-// A WM_QUIT met while waiting belongs to the outer loop: it is posted again when the wait is over.
+// A WM_QUIT that arrives while waiting belongs to the outer loop, so it is posted again after the wait.
 class QuitKeeper {
 public:
     QuitKeeper() = default;
@@ -52,8 +52,8 @@ int Wnd::message_loop()
         if (got == 0)
             return static_cast<int>(message.wParam);
         dispatch(message);
-        // A loop that a handler ran, such as the system's for moving a window, may have met the close, and
-        // then taken the quit for itself.
+        // A nested loop, such as the system's loop for moving a window, may have dispatched the close and
+        // consumed the quit.
         if (had_window && !is_window() && !quit_is_waiting())
             PostQuitMessage(0);
     }

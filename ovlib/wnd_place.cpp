@@ -1,4 +1,4 @@
-// Where a window stands and how it is shown.
+// Position, size and visibility of a window.
 #include "ovlib/gui/wnd.hpp"
 
 #include "controls/window_place.hpp"
@@ -20,7 +20,7 @@ RECT window_rect(HWND hwnd)
     return rect;
 }
 
-// Of the screen that has most of `place`, or is nearest to it.
+// The work area of the screen that contains most of `place`, or is nearest to it.
 platform::Rect work_area(const platform::Rect& place)
 {
     const RECT rect = to_rect(place);

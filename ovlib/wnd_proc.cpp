@@ -7,8 +7,8 @@
 
 namespace ovlib {
 
-// Both procedures end the process by hand. noexcept alone lets an exception pass on this target: a call that
-// stands right before the epilogue makes the system's unwinder take the frame for one that is already left.
+// Both procedures end the process explicitly. noexcept alone lets an exception pass on this target: if a call
+// is directly before the epilogue, the system's unwinder takes the frame for one that was already left.
 LRESULT CALLBACK WndProc::window(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) noexcept
 try {
     WndMessage record{ hwnd, message, wparam, lparam, 0 };
@@ -41,6 +41,7 @@ try {
     LRESULT result = record.result;
     if (!handled)
         result = alive ? wnd->default_proc(record) : DefSubclassProc(hwnd, message, wparam, lparam);
+    // A subclass must be removed before its window is destroyed; this is the window's last message.
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(hwnd, &WndProc::subclass, id);
         if (alive) {
@@ -59,12 +60,12 @@ LRESULT WndProc::on_create(WndMessage& message)
     auto* wnd = static_cast<Wnd*>(params->lpCreateParams);
     if (wnd == nullptr)
         return DefWindowProcW(message.hwnd, message.message, message.wparam, message.lparam);
-    // CreateWindowExW has not returned yet, and the handler needs the handle.
+    // CreateWindowExW has not returned yet, but the handler needs the handle.
     wnd->hwnd_ = message.hwnd;
     return on_other(*wnd, message);
 }
 
-// A handler refuses a close by returning true.
+// A handler can refuse the close by returning true.
 LRESULT WndProc::on_close(Wnd& wnd, WndMessage& message)
 {
     WndWatch alive(&wnd);
@@ -96,7 +97,7 @@ LRESULT WndProc::on_other(Wnd& wnd, WndMessage& message)
     return result;
 }
 
-// The last message of a window, whoever destroyed it: its number may be given to another one from here on.
+// Called at the last message of a window. The system may reuse its handle afterwards.
 void WndProc::on_gone(Wnd& wnd, HWND hwnd)
 {
     wnd.forget_dead_children();

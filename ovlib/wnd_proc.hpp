@@ -1,11 +1,11 @@
-// Where the system's messages meet the objects.
+// The window procedures, which pass the system's messages to the objects.
 #pragma once
 #include "ovlib/gui/wnd.hpp"
 
 namespace ovlib {
 
-// Both are noexcept: an exception must never unwind through the system's frames, so whoever may throw in a
-// handler catches there.
+// Both are noexcept: an exception must never unwind through the system's frames. A handler that may throw
+// must catch.
 struct WndProc {
     static LRESULT CALLBACK window(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     static LRESULT CALLBACK subclass(

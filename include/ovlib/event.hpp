@@ -1,4 +1,4 @@
-// An event of the system, for waiting.
+// An event object of the system.
 #pragma once
 #include <cstdint>
 #include <windows.h>
@@ -15,10 +15,10 @@ public:
 
     bool set();
     bool reset();
-    // True when it was signalled within the time.
+    // True if the event was signalled within the time.
     bool wait(std::uint32_t milliseconds = INFINITE) const;
 
-    // Null when the system had none to give.
+    // Null if the system could not create one.
     HANDLE handle() const { return handle_.get(); }
 
 private:

@@ -1,5 +1,5 @@
-// An owner for each way of giving back that the system has. Those of GDI+ are with its header, and
-// GDI::Object owns pens, brushes, fonts and bitmaps or borrows them.
+// One owner type for each way of releasing a handle. Those for GDI+ are with its header. GDI::Object owns or
+// borrows pens, brushes, fonts and bitmaps.
 #pragma once
 #include <windows.h>
 
@@ -25,7 +25,7 @@ using UniqueRegion = unique_handle<GivenBackBy<HRGN, &DeleteObject>>;
 template <class Pointer> using UniqueLocalMemory = unique_handle<GivenBackBy<Pointer, &LocalFree>>;
 template <class Pointer> using UniqueTaskMemory = unique_handle<GivenBackBy<Pointer, &CoTaskMemFree>>;
 
-// A device context that a window lends, which is given back with the window's handle.
+// A device context from GetDC, which ReleaseDC needs together with the window's handle.
 struct LentDC {
     struct Handle {
         HWND hwnd = nullptr;

@@ -1,15 +1,15 @@
-// A sleep that survives early wake-ups.
+// A sleep that does not end early.
 #pragma once
 #include <cstdint>
 
 namespace ovlib {
 
-// Until the system clock has gone on by this much; 0 and less return at once.
+// Sleeps until the system clock has advanced by this time. Returns at once for 0 and less.
 void sleep_for(std::int64_t milliseconds);
 
-// The end of such a sleep in nanoseconds, at most the largest number there is.
+// The end of such a sleep in nanoseconds, limited to the largest number.
 std::int64_t sleep_end(std::int64_t now_nanoseconds, std::int64_t milliseconds);
-// What to hand to the system for the rest of it: rounded up to whole milliseconds, at most a day.
+// The next step of the sleep in milliseconds: the remaining time, rounded up, at most one day.
 std::uint32_t sleep_step(std::int64_t now_nanoseconds, std::int64_t end_nanoseconds);
 
 } // namespace ovlib

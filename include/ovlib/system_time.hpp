@@ -1,4 +1,4 @@
-// A finer resolution of the system's timer for the life of the object.
+// Sets a finer resolution of the system timer for the life of the object.
 #pragma once
 #include <cstdint>
 
@@ -11,7 +11,7 @@ public:
     SystemTime& operator=(const SystemTime&) = delete;
     ~SystemTime();
 
-    // 0 when the system refused.
+    // 0 if the system refused.
     std::uint32_t period() const { return period_; }
 
 private:

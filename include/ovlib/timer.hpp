@@ -1,4 +1,4 @@
-// A timer of a window, killed with the object. Reports nothing: a timer that cannot start is not active.
+// A timer of a window, killed with the object. A timer that cannot start is not active; nothing is reported.
 #pragma once
 #include <cstdint>
 #include <windows.h>
@@ -12,7 +12,7 @@ public:
     Timer& operator=(const Timer&) = delete;
     ~Timer();
 
-    // WM_TIMER with `id` comes to the window. A timer that is active is stopped first.
+    // The window gets WM_TIMER with `id`. An active timer is stopped first.
     void start(HWND hwnd, std::uintptr_t id, std::uint32_t milliseconds);
     void stop();
     bool is_active() const { return active_ != 0; }

@@ -1,4 +1,4 @@
-// What the process was started with. Set once at the entry, read everywhere.
+// Facts about the start of the process. Set once at the entry point, read everywhere.
 #pragma once
 #include <string>
 #include <string_view>
@@ -8,20 +8,20 @@
 namespace ovlib::WinApp {
 
 inline HINSTANCE instance = nullptr;
-// For the first ShowWindow.
+// The argument of the first ShowWindow.
 inline int show_command = SW_SHOWNORMAL;
 inline std::vector<std::wstring> arguments;
 inline std::wstring program_path;
-// The program's folder as the first argument names it: relative when that is relative.
+// The folder of the program in the first argument; relative if that is relative.
 inline std::wstring data_root;
 
-// The entry's initialisation. Without an argument vector everything but the first two stays as it was.
+// Called by the entry point. If the command line cannot be parsed, only the first two values are set.
 void initialize(HINSTANCE module, int show);
 
-// The path before its last separators; a root such as `C:\` is never cut into, and a bare name has no parent.
+// The path before its last separators. A root such as `C:\` is kept complete, and a bare name has no parent.
 std::wstring parent_path(std::wstring_view path);
 
-// Whether the system is Wine, which draws some things otherwise than Windows.
+// Whether the system is Wine, which draws some things differently from Windows.
 inline bool is_wine()
 {
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;

@@ -1,4 +1,4 @@
-// Memory images, and the one that every custom-drawn window paints from.
+// Images in memory, and the buffer from which every custom-drawn window paints.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -10,39 +10,38 @@
 
 namespace ovlib {
 
-// Rows stand bottom-up; a pixel of 24 bits is blue, green, red.
+// Rows are stored bottom-up; a pixel has 24 bits: blue, green, red.
 class BaseImage {
 public:
     virtual ~BaseImage() = default;
 
     std::uint8_t* bits = nullptr;
     int bits_per_pixel = 0;
-    int stride = 0; // bytes of a row
+    int stride = 0; // bytes per row
     int width = 0;
     int height = 0;
 };
 
-// 24 bits, bottom-up, uncompressed; sides below 1 become 1.
+// 24 bits, bottom-up, uncompressed. Sides below 1 become 1.
 BITMAPINFO bitmap_info(int width, int height);
 
-// GDI may hold drawing back in a batch of the thread: to be called before the bits of an image are touched
+// GDI may keep drawing calls in a batch of the thread. To be called before the bits of an image are accessed
 // directly, and before another thread may draw on it.
 void finish_drawing();
 
-// Fills the part of `rect` that lies inside the image, without GDI.
+// Fills the part of `rect` inside the image, without GDI.
 void fill_rect(BaseImage& image, Color color, const RECT& rect);
 
-// Create it for the client size; draw with dc(), or directly into the bits after finish_drawing(); copy it at
-// WM_PAINT.
+// Create it with the client size; draw with dc(), or directly into the bits after finish_drawing(); copy it
+// at WM_PAINT.
 class BackBuffer : public BaseImage {
 public:
-    // Sides below 1 become 1. False when a bitmap exists already, and on failure, which leaves nothing
-    // behind.
+    // Sides below 1 become 1. False if a bitmap exists already, and on failure, which leaves no bitmap.
     bool create(int wanted_width, int wanted_height);
-    // Created anew unless it is of that size already; false when it cannot be had.
+    // Creates the bitmap again unless it has that size already; false on failure.
     bool fit(int wanted_width, int wanted_height);
     void release();
-    // The whole buffer, with its left upper corner there.
+    // Copies the whole buffer, with its upper left corner to `at`.
     void copy_to(const DC& target, POINT at = {}) const;
 
     bool is_created() const { return static_cast<bool>(bitmap_); }

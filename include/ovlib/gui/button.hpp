@@ -1,4 +1,4 @@
-// Buttons of the system, and those that are drawn by their own class.
+// The system's buttons, and buttons drawn by their own class.
 #pragma once
 #include "controls/button_layout.hpp"
 #include "ovlib/gui/back_buffer.hpp"
@@ -15,9 +15,9 @@ protected:
     Button(Wnd* parent, int control_id);
 };
 
-// Painted from its back buffer when the parent routes WM_DRAWITEM to it: background, frame and focus reach
-// the screen in one copy, the text is drawn over them. Subclassed from its creation, so that the system
-// paints no background of its own before that.
+// Paints from its back buffer when the parent routes WM_DRAWITEM to it. Background, frame and focus reach the
+// screen in one copy, and the text is drawn over them. It is subclassed when created, so that the system
+// paints no background of its own before.
 class CustomButton : public Button, public OwnerDrawn {
 public:
     void on_created() override;
@@ -25,13 +25,12 @@ public:
     bool on_message(WndMessage& message) override;
 
     virtual void set_bitmap(HBITMAP bitmap);
-    // The item's rectangle begins at the origin. False when there is no memory for the back buffer.
+    // The item's rectangle must start at the origin. False if there is no memory for the back buffer.
     bool draw_item(const DRAWITEMSTRUCT& item) override;
     // These draw into the back buffer.
     virtual void draw_background() = 0;
     virtual void draw_focus() = 0;
-    // Onto the item's own device context, which is clipped to the item and has its own state again
-    // afterwards.
+    // These draw on the item's device context, which is clipped to the item and restored afterwards.
     virtual void draw_text() = 0;
     virtual void draw_frame() = 0;
 
@@ -40,17 +39,17 @@ public:
 protected:
     CustomButton(Wnd* parent, int control_id);
 
-    // Of the item being served; the four drawing operations may ask.
+    // The item that is being drawn; for the four drawing operations.
     const DRAWITEMSTRUCT& item() const { return *item_; }
     ButtonState state() const;
     platform::Rect area() const;
-    // The control's text, asked for once a paint.
+    // The control's text, queried once per paint.
     const std::wstring& label() const { return label_; }
-    // The control's font, or the one that a device context has where the control has none.
+    // The control's font, or the font of the device context if the control has none.
     HFONT label_font(const DC& dc) const;
     BackBuffer& canvas() { return buffer_; }
 
-    // Has the control painted at once, when there is one.
+    // Repaints the control at once, if it exists.
     void repaint();
 
 private:
@@ -73,7 +72,7 @@ public:
     void draw_frame() override;
 
 protected:
-    // The label, centred, as the state wants it. An empty one draws nothing.
+    // Draws the label centred, as the state demands. An empty label draws nothing.
     void draw_label(Color color, Color shadow);
 };
 

@@ -1,11 +1,11 @@
-// A drawn check box. A click only notifies the parent: whether it is on, the owner decides.
+// A drawn check box. A click only notifies the parent; the owner decides whether the box is checked.
 #pragma once
 #include "controls/check_box_layout.hpp"
 #include "ovlib/gui/button.hpp"
 
 namespace ovlib {
 
-// Begins in the system's colours.
+// Has the system's colours at first.
 class CustomCheckBox : public CustomButton {
 public:
     CustomCheckBox(Wnd* parent, int control_id);
@@ -17,9 +17,9 @@ public:
     void draw_frame() override;
 
     virtual void draw_box();
-    // Makes the control as wide as box and text need and as high as the text.
+    // Makes the control as wide as box and text need, and at least as high as the text.
     virtual void fit_to_text();
-    // Repaints only when the value changes.
+    // Repaints only if the value changes.
     virtual void set_checked(bool checked);
     virtual void toggle();
     virtual bool is_checked() const;

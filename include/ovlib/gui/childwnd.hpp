@@ -8,7 +8,7 @@ class ChildWnd : public BaseWnd {
 public:
     void on_destroyed(WndMessage& message) override;
     int control_id() const override;
-    // In the parent's client coordinates; on the screen when there is no parent.
+    // In the parent's client coordinates; in screen coordinates without a parent.
     POINT position() const override;
     RECT rect() const override;
     void on_created() override;

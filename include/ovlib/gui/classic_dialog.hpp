@@ -1,4 +1,4 @@
-// The system's older file dialogs. They may move the process's current directory.
+// The system's older file dialogs. They may change the current directory of the process.
 #pragma once
 #include <array>
 #include <string>
@@ -17,30 +17,31 @@ namespace classic {
 
 using ovlib::FileFilter;
 
-// Set it up, show it, read the results. Texts and options stay for the next time it is shown.
+// Set it up, show it, read the results. Texts and options stay for the next call of show.
 class FileDialog {
 public:
     FileDialog(const FileDialog&) = delete;
     FileDialog& operator=(const FileDialog&) = delete;
     virtual ~FileDialog();
-    // False on cancel and on failure; the results are then empty.
+    // False on cancel and on failure; the results are empty then.
     virtual bool show() = 0;
 
     void set_title(const std::wstring& title) { title_ = title; }
     void set_filters(const std::vector<FileFilter>& filters);
-    // Where the dialog starts; empty leaves the choice to the system.
+    // The initial folder; empty lets the system choose.
     void set_folder(const std::wstring& folder) { folder_ = folder; }
-    // What stands in the name field at the start; cut when it does not fit.
+    // The initial text of the name field; truncated if it does not fit.
     void set_file_name(const std::wstring& name) { file_name_ = name; }
-    // Without its dot; the system adds it to a name that has none.
+    // Without the dot. The system adds it to a name without extension.
     void set_default_extension(const std::wstring& extension) { extension_ = extension; }
-    // OFN_ flags. With OFN_ALLOWMULTISELECT goes OFN_EXPLORER: the oldest dialog lists names another way.
+    // OFN_ flags. OFN_ALLOWMULTISELECT requires OFN_EXPLORER: the oldest dialog separates names in another
+    // way.
     DWORD options() const { return record_.Flags; }
     void set_options(DWORD flags) { record_.Flags = flags; }
 
     // Full paths.
     const std::vector<std::wstring>& results() const { return results_; }
-    // The first of them; empty when there is none.
+    // The first of them; empty if there is none.
     std::wstring result() const;
 
 protected:

@@ -1,4 +1,4 @@
-// The system's dialog for a colour.
+// The system's colour dialog.
 #pragma once
 #include <array>
 #include <windows.h>
@@ -21,15 +21,15 @@ public:
     ColorDialog& operator=(const ColorDialog&) = delete;
     virtual ~ColorDialog() = default;
 
-    // False when no colour was chosen; color() is then what it was. The user's own colours may have changed
-    // all the same.
+    // False if no colour was chosen; color() keeps its value then. The user's own colours may have changed in
+    // any case.
     bool show();
 
-    // Where the dialog starts, and what was chosen.
+    // The initial colour, and the chosen one.
     Color color() const { return Color{ record_.rgbResult }; }
     void set_color(Color color);
     CustomColors& custom_colors() { return custom_colors_; }
-    // CC_ flags; at first CC_RGBINIT and CC_FULLOPEN.
+    // CC_ flags; initially CC_RGBINIT and CC_FULLOPEN.
     DWORD options() const { return record_.Flags; }
     void set_options(DWORD flags) { record_.Flags = flags; }
 

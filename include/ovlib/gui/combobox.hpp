@@ -4,10 +4,10 @@
 
 namespace ovlib {
 
-// Indices count from 0. What has no answer, such as the item at an index out of range, is CB_ERR (-1).
+// Indices count from 0. A query without a result, such as for an index out of range, returns CB_ERR (-1).
 class ComboBox : public SysControl {
 public:
-    // `style` holds the CBS_ bits.
+    // `style` contains the CBS_ bits.
     ComboBox(Wnd* parent, int control_id, DWORD style);
 
     std::wstring class_info(WNDCLASSEXW& info) override;
@@ -18,7 +18,7 @@ public:
     virtual void show_list(bool shown);
     virtual int remove(int index);
     virtual int insert(int index, const std::wstring& text);
-    // Return the new item's index, or CB_ERR or CB_ERRSPACE.
+    // Returns the index of the new item, or CB_ERR or CB_ERRSPACE.
     virtual int add(const std::wstring& text, std::int64_t value);
     virtual int add(const std::wstring& text);
     virtual void set_item_data(int index, std::int64_t value);
@@ -28,18 +28,18 @@ public:
     virtual int selected() const;
     virtual void clear_selection();
     virtual int text_length(int index) const;
-    // Empty when there is no such item.
+    // Empty if there is no such item.
     virtual std::wstring item_text(int index) const;
-    // Gives the item another text; it keeps its value and stays selected. Without `redraw` the box stays
-    // frozen until the caller ends that with set_redraw. An index out of range does nothing.
+    // Replaces the text of an item, which keeps its value and its selection. Without `redraw` the box stays
+    // frozen until the caller calls set_redraw(true). Does nothing for an index out of range.
     virtual void replace(int index, const std::wstring& text, bool redraw);
-    // Searches behind `start`, from the first item for -1, and goes round.
+    // Searches from the item after `start`, wraps at the end; -1 searches from the first item.
     virtual int find_exact(const std::wstring& text, int start) const;
     virtual HWND edit_child() const;
 
     using SysControl::text_length;
 
-    // Neither a number nor a literal may turn into a bool unseen.
+    // Prevents the implicit conversion of numbers and literals to bool.
     template <class T>
     requires(!std::same_as<T, bool>) void show_list(T) = delete;
 

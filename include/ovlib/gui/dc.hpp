@@ -1,4 +1,4 @@
-// Device contexts and selections into them, each given back by its scope.
+// Device contexts and selections into them, each released by its scope.
 #pragma once
 #include <windows.h>
 
@@ -9,7 +9,7 @@ namespace ovlib {
 
 class Wnd;
 
-// A device context of somebody else.
+// A device context that another owner releases.
 class DC {
 public:
     explicit DC(HDC hdc = nullptr)
@@ -27,7 +27,7 @@ protected:
     HDC hdc_;
 };
 
-// For the time of one WM_PAINT.
+// The device context of one WM_PAINT.
 class PaintDC : public DC {
 public:
     explicit PaintDC(const Wnd& wnd);
@@ -53,18 +53,18 @@ private:
 
 class MemDC : public DC {
 public:
-    // Compatible with `like`, or with the screen.
+    // Compatible with `like`, or with the screen if null.
     explicit MemDC(HDC like = nullptr);
     MemDC(const MemDC&) = delete;
     MemDC& operator=(const MemDC&) = delete;
-    // Of the selected bitmap; 0 and 0 without one.
+    // The size of the selected bitmap; 0 by 0 without one.
     SIZE size() const override;
 
 private:
     UniqueMemoryDC owned_;
 };
 
-// Selects for the length of a scope. Declare the object's owner before it.
+// Selects an object for the length of a scope. Declare the object's owner before it.
 class ObjectSelection {
 public:
     ObjectSelection(const DC& dc, HGDIOBJ object);
@@ -75,9 +75,9 @@ public:
     ObjectSelection(const ObjectSelection&) = delete;
     ObjectSelection& operator=(const ObjectSelection&) = delete;
     virtual ~ObjectSelection() { release(); }
-    // Selects the old object back, once.
+    // Selects the previous object again, once.
     void release();
-    // False when the system refused the object, and after release.
+    // False if the system refused the object, and after release.
     explicit operator bool() const { return previous_ != nullptr; }
 
 private:

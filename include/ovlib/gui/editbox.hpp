@@ -22,10 +22,10 @@ public:
     virtual void clear_undo();
     virtual void clear_selection();
     virtual void set_tab_stops(int units);
-    // 0 means as much as the control can hold.
+    // 0 means the maximum that the control can hold.
     virtual void set_limit(int limit);
     virtual int limit() const;
-    // In the units of scroll_v_pos and scroll_h_pos: lines and, on the system's own control, pixels.
+    // In the units of scroll_v_pos and scroll_h_pos: lines, and for the system's control, pixels.
     virtual void scroll_v_to(int pos);
     virtual void scroll_h_to(int pos);
     virtual int scroll_v_pos() const;
@@ -34,10 +34,10 @@ public:
     virtual void set_modified(bool modified);
     virtual bool is_modified() const;
     virtual void scroll_caret();
-    // Beyond the text: to its end.
+    // A position beyond the text means its end.
     virtual void set_caret(int pos);
     virtual int caret() const;
-    // True when the selection is not empty; fills both in any case.
+    // True if the selection is not empty; sets both ends in any case.
     virtual bool selection(int& start, int& end) const;
     virtual void select_all();
     virtual void set_selection(int start, int end);
@@ -50,14 +50,14 @@ public:
     virtual void erase_selection();
     virtual void append(const std::wstring& text);
     virtual int line_from_char(int pos) const;
-    // Raw UTF-16LE without regard to a byte order mark. An empty file, one of odd length and one beyond
-    // 0xFFFFFFFF bytes are failures, which leave the text as it was.
+    // Raw UTF-16LE; a byte order mark is not interpreted. False, with the text unchanged, for a file that is
+    // empty, has an odd length or is longer than 0xFFFFFFFF bytes.
     virtual bool load_file(const std::wstring& path);
-    // Raw UTF-16LE, no byte order mark, no terminator.
+    // Raw UTF-16LE, without byte order mark and terminator.
     virtual bool save_file(const std::wstring& path);
 
-    // As set_text. A control of many lines takes the memory of the text over and lays it out and draws its
-    // scroll bars once, which set_text has it do up to four times.
+    // Like set_text. A multi-line control takes over the memory of the text, so it computes its lines and
+    // draws its scroll bars once; set_text makes it do that up to four times.
     void renew_text(const std::wstring& text);
 
 private:

@@ -1,4 +1,4 @@
-// The system's dialog for a font.
+// The system's font dialog.
 #pragma once
 #include <windows.h>
 
@@ -15,13 +15,13 @@ public:
     FontDialog& operator=(const FontDialog&) = delete;
     virtual ~FontDialog() = default;
 
-    // False when no font was chosen; font() is then what it was.
+    // False if no font was chosen; font() keeps its value then.
     bool show();
 
-    // Where the dialog starts, and what was chosen.
+    // The initial font, and the chosen one.
     const LOGFONTW& font() const { return font_; }
     void set_font(const LOGFONTW& font);
-    // CF_ flags; at first CF_SCREENFONTS, CF_INITTOLOGFONTSTRUCT and CF_EFFECTS.
+    // CF_ flags; initially CF_SCREENFONTS, CF_INITTOLOGFONTSTRUCT and CF_EFFECTS.
     DWORD options() const { return record_.Flags; }
     void set_options(DWORD flags) { record_.Flags = flags; }
 

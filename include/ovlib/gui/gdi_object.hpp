@@ -1,4 +1,4 @@
-// Handles of GDI objects with their ownership.
+// Handles of GDI objects and their ownership.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -11,7 +11,7 @@ namespace ovlib::GDI {
 
 enum class Ownership : std::uint32_t { none = 0, owned = 1, borrowed = 2 };
 
-// Whoever selects the object into a device context selects it out again before the object ends.
+// An object that is selected into a device context must be deselected before it is destroyed.
 class Object {
 public:
     Object() = default;
@@ -19,10 +19,10 @@ public:
     Object& operator=(Object&&) = default;
     virtual ~Object();
 
-    // Refused, with false, while an object is owned. An owned handle belongs to this call from its start: one
-    // that is refused is deleted, so that nothing is lost.
+    // False if an object is owned already. An owned `object` belongs to this call from the start: if it is
+    // refused, it is deleted, so that it does not leak.
     bool attach(HGDIOBJ object, Ownership ownership);
-    // Lets go of what is held, then attaches.
+    // Releases the current object, then attaches the new one.
     void renew(HGDIOBJ object, Ownership ownership = Ownership::owned);
     // Deletes an owned object, forgets a borrowed one.
     void reset();
@@ -59,7 +59,7 @@ public:
     HBRUSH handle() const { return static_cast<HBRUSH>(Object::handle()); }
 };
 
-// Begins with the system's stock font, borrowed.
+// Initially the system's stock font, borrowed.
 class Font : public Object {
 public:
     Font();
@@ -71,15 +71,15 @@ class Bitmap : public Object {
 public:
     Bitmap() = default;
     explicit Bitmap(HBITMAP owned) { attach(owned, Ownership::owned); }
-    // 24 bits, bottom-up. Does nothing while a bitmap is owned.
+    // 24 bits, bottom-up. Does nothing if a bitmap is owned.
     void create(int width, int height);
     HBITMAP handle() const { return static_cast<HBITMAP>(Object::handle()); }
 };
 
-// Each call makes a new object for the caller to own.
+// Each call creates a new object that the caller owns.
 HPEN solid_pen(int width, Color color);
 HBRUSH solid_brush(Color color);
-// From a bitmap file, with readable pixels; null when it cannot be read.
+// Loads a bitmap file as a bitmap with accessible pixels; null if it cannot be read.
 HBITMAP load_bitmap(const std::wstring& path);
 
 } // namespace ovlib::GDI

@@ -1,5 +1,4 @@
-// Drawing with GDI+. Failures are kept as the last status and otherwise ignored: drawing simply does not
-// happen.
+// Drawing with GDI+. A failure is stored as the last status and otherwise ignored: nothing is drawn then.
 #pragma once
 #include <string>
 #include <vector>
@@ -9,7 +8,7 @@
 
 namespace ovlib {
 
-// GDI+ for the life of the object. Not ready when it could not be started.
+// GDI+ for the life of the object. Not ready if it could not be started.
 class GDIPSession {
 public:
     GDIPSession();
@@ -28,15 +27,15 @@ private:
 
 // Extensions of the pictures that GDI+ can read, such as ".BMP". Empty until filled.
 extern std::vector<std::wstring> image_extensions;
-// Asks GDI+ anew; without a running GDI+ the list stays as it is.
+// Queries GDI+ again. Without a running GDI+ the list does not change.
 void fill_image_extensions();
-// "*.BMP;*.DIB" without the asterisks, appended item by item.
+// Splits a list such as "*.BMP;*.DIB" and appends the items without their asterisks.
 void append_extensions(const std::wstring& patterns, std::vector<std::wstring>& extensions);
 
-// Alpha 255, red and blue exchanged.
+// Alpha is 255; red and blue are swapped.
 Gdiplus::ARGB to_argb(Color color);
 
-// Let it end before GDI goes on drawing on the same device context.
+// Must be destroyed before GDI draws on the same device context again.
 class GDIP {
 public:
     explicit GDIP(HDC hdc);
@@ -47,15 +46,15 @@ public:
     Gdiplus::GpGraphics* graphics() const { return graphics_.get(); }
     Gdiplus::GpStatus status() const { return status_; }
     void set_smoothing(Gdiplus::SmoothingMode mode);
-    // Radii wider than half the rectangle draw nothing.
+    // Radii larger than half the rectangle draw nothing.
     void round_rect(
         const RECT& rect, float radius_x, float radius_y, Color border, float border_width, Color fill);
-    // The border is one pixel wide and lies on the right and bottom edges too: outside `rect`.
+    // The border is one pixel wide. Its right and bottom lines are just outside `rect`.
     void rectangle(const RECT& rect, Color border, Color fill);
     void set_interpolation(Gdiplus::InterpolationMode mode);
-    // Scaled to `target`; where that is empty nothing is drawn.
+    // Scales the image to `target`; draws nothing if that is empty.
     void draw_image(Gdiplus::GpImage* image, const RECT& target);
-    // The part `source` of a picture in its natural size.
+    // Draws the part `source` of an image in its natural size.
     void draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source);
 
 private:

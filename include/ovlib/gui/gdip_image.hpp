@@ -1,4 +1,4 @@
-// Pictures that GDI+ decodes.
+// Pictures decoded by GDI+.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -21,9 +21,9 @@ public:
     GDIPMemory& operator=(const GDIPMemory&) = delete;
     virtual ~GDIPMemory();
 
-    // Refused while a block is held; false also for no bytes at all.
+    // False if a block is held already or `bytes` is empty.
     bool assign(std::span<const std::byte> bytes);
-    // The whole file, from 1 byte to 4 GiB less one. Refused while a block is held.
+    // Reads a whole file, from 1 byte to 4 GiB minus 1. False if a block is held already.
     bool read_file(const std::wstring& path);
     void free();
 
@@ -34,7 +34,7 @@ private:
     UniqueGlobalMemory handle_;
 };
 
-// A block's bytes, locked for the length of a scope.
+// Locks a block for the length of a scope.
 class GlobalMemoryLock {
 public:
     explicit GlobalMemoryLock(HGLOBAL handle);
@@ -48,15 +48,15 @@ private:
     UniqueGlobalLock lock_;
 };
 
-// Loaded once: load and copy_from refuse while a picture is held, clear makes room. A failed load leaves it
-// empty.
+// A picture is loaded once: load and copy_from fail while one is held; clear releases it. A failed load
+// leaves the object empty.
 class GDIPImage {
 public:
     GDIPImage() = default;
     GDIPImage(const GDIPImage&) = delete;
     GDIPImage& operator=(const GDIPImage&) = delete;
     virtual ~GDIPImage();
-    // Decodes from the block as it goes: the memory must outlive the picture.
+    // Decodes on demand from the block, so the memory must outlive the picture.
     virtual bool load(const GDIPMemory& memory);
     virtual bool load(const std::wstring& path);
     virtual bool copy_from(const GDIPImage& image);
@@ -81,21 +81,21 @@ private:
     mutable Gdiplus::GpStatus status_ = Gdiplus::Ok;
 };
 
-// An animation: a picture without frame delays is a failure to load.
+// An animation. Loading a picture without frame delays fails.
 class GDIPGif : public GDIPImage {
 public:
     ~GDIPGif() override;
     bool load(const GDIPMemory& memory) override;
-    // Without asking for delays, which the system does not tell of every animation.
+    // Does not need delays, which the system does not report for every animation.
     bool load_frames(const GDIPMemory& memory);
     bool load(const std::wstring& path) override;
     bool copy_from(const GDIPImage& image) override;
     void clear() override;
 
     UINT frame_count() const { return frame_count_; }
-    // In milliseconds, one for each frame; 100 where the file says 0.
+    // In milliseconds, one for each frame; 100 if the file says 0.
     const std::vector<UINT>& delays() const { return delays_; }
-    // Whether the system tells of any.
+    // Whether the system reports any.
     bool has_delays() const;
     bool select_frame(UINT frame);
 

@@ -1,5 +1,5 @@
-// The one way to the system's GDI+ header: with NOMINMAX it finds no min and max of its own. Owners of what
-// it makes.
+// The only include of the system's GDI+ header, which needs min and max but finds none under NOMINMAX. Also
+// the owners of GDI+ objects.
 #pragma once
 #include <algorithm>
 #include <windows.h>

@@ -8,14 +8,14 @@
 
 namespace ovlib {
 
-// 32 bits a pixel. A list view that shows the pictures shares them (LVS_SHAREIMAGELISTS); this object must
+// 32 bits per pixel. A list view that shows the pictures shares them (LVS_SHAREIMAGELISTS); this object must
 // outlive it.
 class ImageList {
 public:
-    // False when the system makes none; what was held is gone then.
+    // False on failure; the previous list is released in any case.
     bool create(int width, int height, int capacity);
-    // Copies a bitmap whose colours are multiplied by their alpha, as menus have them; the image list wants
-    // them plain. The picture's index; -1 on failure.
+    // Copies a bitmap with premultiplied alpha, the format of menus, and converts it to plain alpha, the
+    // format of image lists. Returns the picture's index; -1 on failure.
     int add(HBITMAP premultiplied);
 
     HIMAGELIST handle() const { return images_.get(); }

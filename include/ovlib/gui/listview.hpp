@@ -19,27 +19,27 @@ public:
 
     static constexpr int at_end = INT_MAX;
 
-    // `style` holds the LVS_ bits.
+    // `style` contains the LVS_ bits.
     ListView(Wnd* parent, int control_id, DWORD style);
 
     std::wstring class_info(WNDCLASSEXW& info) override;
     void create_params(CREATESTRUCTW& params) override;
 
-    // Adds a row, at the end unless `index` says where, and returns its index; -1 on failure. `image` counts
-    // in the image list.
+    // Inserts a row at `index`, by default at the end, and returns its index; -1 on failure. `image` is an
+    // index in the image list.
     virtual int add_row(const std::wstring& text, int image = I_IMAGENONE, int index = at_end);
     virtual void set_cell(int row, int column, const std::wstring& text);
-    // At most 1023 units of it; empty when there is no such cell.
+    // Truncated to 1023 units; empty if there is no such cell.
     virtual std::wstring cell_text(int row, int column) const;
     virtual int count() const;
     virtual void clear();
-    // Selects this row alone and scrolls to it; -1 for none.
+    // Selects only this row and scrolls to it; -1 selects none.
     virtual void select(int row);
-    // The first selected row; -1 for none.
+    // The first selected row; -1 if none is selected.
     virtual int selected() const;
-    // LVS_EX_ bits, in place of all there were.
+    // Replaces all LVS_EX_ bits.
     virtual void set_extended_style(DWORD style);
-    // Of 16 x 16 pictures. The list must not own it: see LVS_SHAREIMAGELISTS.
+    // For pictures of 16 x 16 pixels. The list must not own them: see LVS_SHAREIMAGELISTS.
     virtual void set_images(HIMAGELIST images);
     virtual void set_colors(Color back, Color text);
 
@@ -47,7 +47,7 @@ private:
     DWORD style_;
 };
 
-// In columns with titles; a row is selected as a whole.
+// A list of columns with titles; whole rows are selected.
 class ReportListView : public ListView {
 public:
     ReportListView(Wnd* parent, int control_id, DWORD style = 0);
@@ -61,8 +61,8 @@ public:
     virtual void set_column_width(int column, int width);
 };
 
-// The header of a list with columns, drawn by a class of the program. The list makes the window; creating
-// this object takes it over.
+// The header of a list with columns, drawn by a class of the program. The list creates the window; create()
+// of this object takes it over.
 class ListView::Header : public SysControl {
 public:
     explicit Header(ListView* list);
@@ -73,7 +73,7 @@ public:
     bool on_message(WndMessage& message) override;
 
 protected:
-    // All of the header, into a buffer of its size, which then goes to the screen in one copy.
+    // Draws the whole header into a buffer of its size, which is then copied to the screen.
     virtual void draw(BackBuffer& buffer) = 0;
 
     std::vector<platform::Rect> cells() const;

@@ -13,39 +13,40 @@ namespace ovlib {
 class MenuPictures;
 class Wnd;
 
-// A menu handle, destroyed with the object unless it belongs to somebody else.
+// A menu handle, destroyed with the object unless another menu owns it.
 class BaseMenu {
 public:
     BaseMenu(const BaseMenu&) = delete;
     BaseMenu& operator=(const BaseMenu&) = delete;
     virtual ~BaseMenu();
 
-    // All of these append. An ampersand in a text underlines what follows it.
+    // All of these append. An ampersand in a text underlines the character after it.
     bool add_item(const std::wstring& text, int id);
     bool add_separator();
-    // From here on `menu` belongs to this one; its object may go. Refused for a menu that already belongs
-    // somewhere.
+    // This menu owns `menu` from here on; the object `menu` may be destroyed. False if another menu owns it
+    // already.
     bool add_submenu(const std::wstring& text, BaseMenu& menu, int id = 0);
-    // Rows whose id has a picture in `pictures` show it while the menu's owner draws for them. The pictures
-    // may be null.
+    // A row whose id has a picture in `pictures` shows it. The owner of the menu must route its messages to
+    // `pictures`, which may be null.
     bool add_rows(std::span<const MenuRow> rows, const MenuPictures* pictures = nullptr);
     void clear();
 
-    // By id, submenus included.
+    // By id, including submenus.
     void enable(int id, bool enabled);
     void set_item_text(int id, const std::wstring& text);
-    // Takes the mark from all ids from `first` to `last` and gives it to `id`.
+    // Unmarks all ids from `first` to `last` and marks `id`.
     void check_radio(int first, int last, int id);
     void check(int id, bool checked);
-    // At most one item of a menu is its default, which is shown in bold.
+    // At most one item of a menu is the default item, which is bold.
     void set_default(int id);
-    // In place of the system's marks; null for one leaves that mark out. The bitmaps stay their giver's.
+    // Replaces the system's marks; null for one of them shows no mark. The caller keeps ownership of the
+    // bitmaps.
     void set_check_bitmaps(int id, HBITMAP unchecked, HBITMAP checked);
     int count() const;
 
-    // Shows the menu, at the cursor or at a point of the screen, until an item is chosen or the menu is left.
-    // The command comes to `owner` as WM_COMMAND afterwards. `flags` are those of TrackPopupMenu, whose
-    // result it is; 0 for a menu that is showing already.
+    // Shows the menu, at the cursor or at a point of the screen, until the user chooses an item or cancels.
+    // `owner` then gets the command as WM_COMMAND. `flags` and the result are those of TrackPopupMenu; 0 if
+    // the menu is shown already.
     int show(const Wnd& owner, std::uint32_t flags);
     int show_at(const Wnd& owner, std::uint32_t flags, POINT point);
     bool is_showing() const { return showing_ != 0; }
@@ -61,9 +62,9 @@ private:
     bool add_row(const MenuRow& row, const MenuPictures* pictures);
 
     HMENU hmenu_;
-    UniqueMenu owned_; // the same, until it belongs to another menu
+    UniqueMenu owned_; // equal to hmenu_ until another menu owns it
     std::uint8_t showing_ = 0;
-    bool* gone_ = nullptr; // set while showing: messages served meanwhile may delete this object
+    bool* gone_ = nullptr; // set while the menu is shown, because a message may delete this object meanwhile
 };
 
 class Menu : public BaseMenu {

@@ -1,6 +1,6 @@
 // The shell's file dialogs. COM must be initialised on the thread.
 //
-// Failures go to the process's log; nothing is shown to the user.
+// Failures are logged in the process's log; the user sees nothing.
 #pragma once
 #include <string>
 #include <vector>
@@ -19,22 +19,22 @@ namespace modern {
 
 using ovlib::FileFilter;
 
-// Without a dialog of the system, which is then in the log, every operation does nothing.
+// If the system's dialog cannot be created, that is logged, and every operation does nothing.
 class FileDialog {
 public:
     FileDialog(const FileDialog&) = delete;
     FileDialog& operator=(const FileDialog&) = delete;
     virtual ~FileDialog();
     virtual void set_title(const std::wstring& title);
-    // FOS_ flags; 0 when they cannot be had.
+    // FOS_ flags; 0 if they cannot be queried.
     virtual DWORD options() const;
     virtual void set_options(DWORD flags);
-    // Where the dialog starts. An empty path and one that is no place leave the choice to the system.
+    // The initial folder. If the path is empty or is not a folder, the system chooses.
     virtual void set_folder(const std::wstring& path);
-    // Once for a dialog: the system refuses a second list.
+    // To be called once per dialog: the system refuses a second list.
     virtual void set_filters(const std::vector<FileFilter>& filters);
     virtual void set_file_name(const std::wstring& name);
-    // Without its dot.
+    // Without the dot.
     virtual void set_default_extension(const std::wstring& extension);
     // False on cancel and on failure.
     virtual bool show();
@@ -53,15 +53,15 @@ private:
 class FileOpenDialog : public FileDialog {
 public:
     explicit FileOpenDialog(const Wnd* owner);
-    // A dialog that was made elsewhere; null for none.
+    // Uses an existing dialog; null for none.
     FileOpenDialog(const Wnd* owner, Microsoft::WRL::ComPtr<IFileDialog> dialog);
     virtual void allow_multiple(bool multiple);
-    // After a show that was not cancelled: the full paths chosen, in place of what `paths` held. What lies
-    // outside the file system is left out. False, with `paths` as it was, on failure.
+    // To be called after a successful show. Replaces `paths` by the full paths that were chosen, without
+    // items outside the file system. False, with `paths` unchanged, on failure.
     virtual bool get_result(std::vector<std::wstring>& paths);
 };
 
-// Picks folders of the file system.
+// Chooses folders of the file system.
 class FolderOpenDialog : public FileOpenDialog {
 public:
     explicit FolderOpenDialog(const Wnd* owner);

@@ -1,4 +1,4 @@
-// Controls that are painted when their parent is told to.
+// Controls that paint when their parent gets WM_DRAWITEM.
 #pragma once
 #include <windows.h>
 
@@ -6,17 +6,17 @@
 
 namespace ovlib {
 
-// What a control derives from, beside its window class, to be found by route_draw_item.
+// A base of such controls beside their window class; route_draw_item finds them by it.
 class OwnerDrawn {
 public:
     virtual ~OwnerDrawn() = default;
-    // False when nothing could be drawn.
+    // False if nothing could be drawn.
     virtual bool draw_item(const DRAWITEMSTRUCT& item) = 0;
 };
 
-// For the WM_DRAWITEM handler of a parent: has the control draw itself, whatever comes of it. False when the
-// item is none of a live OwnerDrawn object, as with menus. The kind of control that the message names is not
-// looked at: for some controls it is left unset.
+// For the WM_DRAWITEM handler of a parent: lets the control draw itself and ignores the result. False if the
+// item does not belong to an existing OwnerDrawn object, as with menus. The control type in the message is
+// ignored, because some controls do not set it.
 bool route_draw_item(WndMessage& message);
 
 } // namespace ovlib

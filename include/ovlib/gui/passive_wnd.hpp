@@ -1,5 +1,4 @@
-// A popup over its parent that is only looked at: it takes no activation, and what it paints covers all of
-// it.
+// A popup over its parent that is only looked at: it is never activated, and it paints its whole area.
 #pragma once
 #include "ovlib/gui/subwnd.hpp"
 
@@ -8,11 +7,11 @@ namespace ovlib {
 class PassiveWnd : public SubWnd {
 public:
     bool on_message(WndMessage& message) override;
-    // Of no size until it has something to show.
+    // The size is 0 until it has content.
     void create_params(CREATESTRUCTW& params) override;
 
     using SubWnd::show;
-    // Does nothing: it is shown with what it tells only.
+    // Does nothing: it can only be shown together with its content.
     void show(bool visible) override;
 
 protected:

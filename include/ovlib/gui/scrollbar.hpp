@@ -1,4 +1,4 @@
-// One of a window's own two scroll bars.
+// One of a window's two standard scroll bars.
 #pragma once
 #include "controls/scroll_range.hpp"
 #include "ovlib/gui/wnd.hpp"
@@ -12,13 +12,13 @@ public:
     // `bar` is SB_HORZ or SB_VERT.
     ScrollBar(Wnd* owner, int bar);
 
-    // 0 where the system does not tell.
+    // 0 if the system reports no range.
     int pos() const;
-    // How far it is scrolled: 0.0 to 1.0.
+    // The fraction that is scrolled: 0.0 to 1.0.
     double fraction() const;
-    // Into what can be scrolled to; unchanged where the system does not tell.
+    // Limits `pos` to the scrollable range; unchanged if the system reports no range.
     int clamp(int pos) const;
-    // The system keeps the position inside. The window's content stays: it is told of nothing.
+    // The system limits the position. Only the bar moves; the window gets no notification.
     void scroll_by(int delta);
     bool is_visible() const;
 

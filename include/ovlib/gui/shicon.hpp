@@ -1,4 +1,4 @@
-// The shell's icon for a kind of file.
+// The shell's icon for a type of file.
 #pragma once
 #include <string>
 #include <windows.h>
@@ -14,7 +14,7 @@ public:
     virtual ~SHIcon();
 
     // `size` is one of the SHIL_ numbers. The name decides: a file need not exist, a folder must. Does
-    // nothing when an icon is loaded already.
+    // nothing if an icon is loaded already.
     void load(const std::wstring& path, int size);
 
     HICON icon() const { return icon_.get(); }

@@ -1,4 +1,4 @@
-// A slider drawn by hand, and the horizontal one.
+// A custom-drawn slider, and the horizontal one.
 #pragma once
 #include "controls/slider_model.hpp"
 #include "ovlib/gui/back_buffer.hpp"
@@ -6,18 +6,18 @@
 
 namespace ovlib {
 
-// Set colours, range, value and border as fields; update_thumb, redraw and repaint show them. The parent is
-// told of every move by WM_HSCROLL with the slider's handle in lparam, and reads `value`: the position in
-// wparam has room for all of it only where the parent looks beyond 16 bits.
+// Set colours, range, value and border as fields, then call update_thumb, redraw and repaint to show them.
+// The parent gets every move as WM_HSCROLL with the slider's handle in lparam, and should read `value`: the
+// position in wparam is complete only for a parent that reads more than 16 bits of it.
 class Slider : public ChildWnd, public SliderModel {
 public:
     void create_params(CREATESTRUCTW& params) override;
     bool on_message(WndMessage& message) override;
-    // The control's own, borrowed; the system is not asked.
+    // The control stores the font itself and borrows it.
     void set_font(HFONT font) override;
     HFONT font() const override;
 
-    // Places the track, then the thumb.
+    // Computes the rectangles of track and thumb.
     virtual void layout() = 0;
     virtual void update_thumb() = 0;
     virtual int value_to_x() const = 0;
@@ -27,14 +27,14 @@ public:
     virtual void draw_track() = 0;
     virtual void draw_thumb() = 0;
     virtual void draw_label();
-    // All of it into the buffer.
+    // Draws everything into the buffer.
     virtual void redraw();
     // `code` is one of the system's scroll codes.
     virtual void notify(int code, int pos);
 
-    // The buffer to the screen, now.
+    // Copies the buffer to the screen at once.
     void repaint();
-    // For a parent that refuses a move while it is told of it: the value goes back, and no drag goes on.
+    // For a parent that refuses a move in its notification: restores the value and ends a drag.
     void refuse_move(std::int32_t old_value);
 
     BackBuffer buffer;

@@ -11,7 +11,7 @@ public:
     struct Borders {
         int horizontal = 0; // width of the borders at the sides
         int vertical = 0;
-        int between = 0; // of two parts
+        int between = 0; // between two parts
     };
 
     StatusBar(Wnd* parent, int control_id);
@@ -22,13 +22,13 @@ public:
     virtual void borders(Borders& out) const;
     virtual int part_count() const;
     virtual RECT part_rect(int index) const;
-    // As it was set; empty for a part that never had one.
+    // The text that was set; empty if none was.
     virtual std::wstring part_text(int index) const;
-    // SBT_OWNERDRAW in `flags` makes the parent draw the part, by draw_part.
+    // With SBT_OWNERDRAW in `flags` the parent draws the part, by draw_part.
     virtual void set_part_text(int index, const std::wstring& text, int flags);
-    // The right edges; -1 for the last part makes it end with the bar.
+    // The right edges of the parts; -1 extends the last part to the end of the bar.
     virtual void set_parts(const std::vector<int>& right_edges);
-    // For the parent's WM_DRAWITEM. Tell the bar by hwndItem: CtlType has no meaning for it.
+    // For the parent's WM_DRAWITEM. Identify the bar by hwndItem, because CtlType is undefined for it.
     virtual void draw_part(int index, HDC dc, const RECT& rect);
 
 private:

@@ -1,4 +1,4 @@
-// Draws strokes that the portable half has placed.
+// Draws strokes that portable code computed.
 #pragma once
 #include <span>
 

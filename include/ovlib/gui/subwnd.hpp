@@ -1,4 +1,4 @@
-// A secondary top-level window, owned by its parent's window. Its control id is kept in the object only.
+// A secondary top-level window, owned by its parent's window. Its control id exists only in the object.
 #pragma once
 #include <atomic>
 
@@ -9,19 +9,20 @@ namespace ovlib {
 class SubWnd : public ChildWnd {
 public:
     RECT rect() const override;
-    // Ends a run too: the parent is enabled first, so that the system can make it the active window.
+    // Also ends a modal run. The parent is enabled first, so that the system can activate it.
     void destroy() override;
-    // To the parent, so that the top window's accelerators see the message.
+    // Passes the message to the parent, so that the accelerators of the top window see it.
     void dispatch(MSG& message) override;
     void create_params(CREATESTRUCTW& params) override;
 
-    // Serves messages with the parent disabled until end_run. WM_QUIT leaves the run and is not posted again.
+    // A modal loop: dispatches messages with the parent disabled, until end_run. WM_QUIT ends the run and is
+    // not posted again.
     void run();
     bool is_running() const { return running_ != 0; }
 
 protected:
     SubWnd(Wnd* parent, int control_id);
-    // For the WM_DESTROY handler of a window that may be in a run; does nothing otherwise.
+    // For the WM_DESTROY handler of a window that may be in a run; otherwise it does nothing.
     void end_run();
 
 private:

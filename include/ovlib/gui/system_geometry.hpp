@@ -1,4 +1,4 @@
-// Places and turns of the mouse, between the system and the portable half.
+// Conversions of points, rectangles and wheel turns between the system and the portable code.
 #pragma once
 #include <windows.h>
 
@@ -31,14 +31,14 @@ constexpr platform::Size to_size(const SIZE& size)
     return { static_cast<int>(size.cx), static_cast<int>(size.cy) };
 }
 
-// Where the mouse was when such a message was made, in the window's client coordinates.
+// The mouse position in a mouse message, in the window's client coordinates.
 inline platform::Point mouse_point(const WndMessage& message)
 {
     const auto lparam = static_cast<LPARAM>(message.lparam);
     return { GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
 }
 
-// The step that the WM_MOUSEWHEEL which is being served completes: 1 up, -1 down, 0 for none yet.
+// The step that the current WM_MOUSEWHEEL completes: 1 up, -1 down, 0 if none is complete yet.
 inline int wheel_step(WheelSteps& wheel, const WndMessage& message)
 {
     return wheel.turn(GET_WHEEL_DELTA_WPARAM(message.wparam), static_cast<std::uint32_t>(GetMessageTime()));

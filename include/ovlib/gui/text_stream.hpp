@@ -7,7 +7,7 @@
 
 namespace ovlib::GDI {
 
-// A run that remembers where it was drawn, for text that is clicked later.
+// A run with the rectangle where it was drawn, for text that can be clicked.
 struct TextRegion {
     std::wstring text;
     std::wstring target;
@@ -15,24 +15,25 @@ struct TextRegion {
     bool flag = false;
 };
 
-// Its fields are its interface: set color, font, back_mode, flags, x or y between runs to change style or
-// place. They begin as the device context's own, and the device context has its own again after every run.
+// The fields are the interface: set color, font, back_mode, flags, x or y between runs to change style or
+// position. The initial values are those of the device context, whose own values are restored after every
+// run.
 class TextStream {
 public:
-    // `regions` is emptied, and from then on collects the regions drawn; it must outlive the stream.
+    // `regions` is cleared, then collects the regions that are drawn; it must outlive the stream.
     explicit TextStream(const DC& target, std::vector<TextRegion>* regions = nullptr);
     virtual ~TextStream() = default;
 
     TextStream& operator<<(const std::wstring& text);
     TextStream& operator<<(TextRegion region);
-    // Into `rect` itself, without measuring; the cursor goes to its top-left corner first.
+    // Draws into `rect` without measuring; the cursor moves to its top left corner first.
     void draw(const std::wstring& text, const RECT& rect);
 
     DC dc;
     int origin_x = 0;
     int x = 0; // advances with each run
     int y = 0;
-    int width = 0; // the limit given to measuring
+    int width = 0; // the limit for measuring
     int line_height = 0; // of the font, then of the last run
     UINT flags = DT_SINGLELINE | DT_NOPREFIX;
     Color color;
@@ -46,7 +47,7 @@ private:
     enum class Measuring { measured, as_given };
 
     void draw_run(const std::wstring& text, RECT& rect, Measuring measuring);
-    // Exchanges colours and mode between the stream and the device context.
+    // Swaps colours and mode between the stream and the device context.
     void swap_colors();
     void underline(const RECT& rect);
 };

@@ -20,16 +20,16 @@ public:
     bool on_message(WndMessage& message) override;
 
     using PassiveWnd::show;
-    // Shows `text`, which may have several lines, with the tip's corner at `position` on the screen. An empty
-    // text hides the tip. Fonts come by set_font and are borrowed.
+    // Shows `text`, which may have several lines, with the upper left corner at `position` on the screen. An
+    // empty text hides the tip. The font is set by set_font and borrowed.
     void show(const std::wstring& text, POINT position);
 
-    // For the next show.
+    // Used by the next show.
     void set_colors(const TipColors& colors) { colors_ = colors; }
-    // A tip of fixed place may pass the right edge of its parent's window.
+    // A tip with a fixed place may extend beyond the right edge of its parent's window.
     void set_fixed_place(bool fixed) { fixed_place_ = fixed; }
 
-    // What is on the screen; empty while the tip is hidden.
+    // The text on the screen; empty while the tip is hidden.
     const std::wstring& shown_text() const { return text_; }
     const BackBuffer& buffer() const { return buffer_; }
 

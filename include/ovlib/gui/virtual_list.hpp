@@ -1,4 +1,4 @@
-// A list in columns that holds no rows: it asks for those it shows.
+// A list in columns that stores no rows: it queries the rows that it shows.
 #pragma once
 #include <functional>
 #include <span>
@@ -9,7 +9,7 @@
 
 namespace ovlib {
 
-// Rows `first` to `last`, both included, became selected or ceased to be.
+// Rows `first` to `last`, both included, were selected or deselected.
 struct SelectionChange {
     int first = 0;
     int last = 0;
@@ -18,49 +18,50 @@ struct SelectionChange {
     friend bool operator==(const SelectionChange&, const SelectionChange&) = default;
 };
 
-// The rows of a virtual list, and whom it reports to. Each function may be empty. Only rows below the count
-// are asked for.
+// The rows of a virtual list, and the receiver of its notifications. Each function may be empty. Only rows
+// below the count are queried.
 struct ListSource {
-    // The result is copied at once; the list keeps no pointer to it.
+    // The list copies the result at once.
     std::function<std::wstring(int row, int column)> text;
     // An index in the image list, or I_IMAGENONE.
     std::function<int(int row)> image = {};
-    // Called for each range. It may hold rows that did not change: `selection` tells what is selected now.
+    // Called for each range, which may contain rows that did not change. `selection` returns the current
+    // selection.
     std::function<void(const SelectionChange& change)> selected = {};
 };
 
-// The system sends the list's requests to its parent, which hands WM_NOTIFY to route_list_notice. Only rows
-// in view are asked for, so any number of rows costs the same. Typing selects the next row that begins so in
-// the first column.
+// The system sends the list's queries to its parent, which passes WM_NOTIFY to route_list_notice. Only
+// visible rows are queried, so the cost does not depend on their number. Typing selects the next row whose
+// first column starts with the typed text.
 class VirtualList : public ReportListView {
 public:
-    // `style` holds further LVS_ bits.
+    // `style` contains further LVS_ bits.
     VirtualList(Wnd* parent, int control_id, DWORD style = 0);
 
-    // Replaces the source. What its functions refer to must outlive the list's window or last until the next
-    // source is set.
+    // Replaces the source. Whatever its functions refer to must exist until the list's window is destroyed or
+    // the next source is set.
     void set_source(ListSource source);
 
-    // Sets the number of rows and redraws those in view, without scrolling. Rows beyond it lose their
-    // selection without a report.
+    // Sets the number of rows and redraws the visible ones, without scrolling. Rows beyond the number lose
+    // their selection without a notification.
     void set_count(int count);
 
     void select(int row) override;
-    // Rows in ascending order.
+    // Row indices in ascending order.
     std::vector<int> selection() const;
     int selected_count() const;
-    // Selects these rows alone; those that do not exist are left out. Does not scroll. A list of single
-    // selection keeps the last of them.
+    // Selects only these rows; non-existing ones are ignored. Does not scroll. A single-selection list keeps
+    // the last of them.
     void select_rows(std::span<const int> rows);
 
     void ensure_visible(int row);
-    // Redraws rows `first` to `last`, both included, that are in view.
+    // Redraws the visible rows among `first` to `last`, both included.
     void redraw_rows(int first, int last);
 
 private:
     friend bool route_list_notice(WndMessage& message);
 
-    // Rows are the owner's.
+    // Hidden, because the owner stores the rows.
     using ReportListView::add_row;
     using ReportListView::clear;
     using ReportListView::set_cell;
@@ -76,8 +77,8 @@ private:
     ListSource source_;
 };
 
-// For the WM_NOTIFY handler of a parent: lets a VirtualList answer its own notices. False for every other
-// notice, such as a click, and for the notices of other controls.
+// For the WM_NOTIFY handler of a parent: lets a VirtualList handle its own notifications. False for all
+// others, such as a click, and for those of other controls.
 bool route_list_notice(WndMessage& message);
 
 } // namespace ovlib

@@ -1,8 +1,8 @@
-// The root of every window of a program: one object, one window, one place in the global list.
+// The base of every window of a program: one object has one window and one entry in the global list.
 //
-// Everything here belongs to the user-interface thread. An object is constructed (in the list, no handle),
-// created (has a handle) and destroyed (no handle again, still in the list). Handlers return true for
-// "handled"; a handler may delete its own object.
+// All of it belongs to the user interface thread. An object is constructed (in the list, without handle),
+// created (with handle) and destroyed (without handle again, still in the list). Handlers return true if they
+// handled the message. A handler may delete its own object.
 #pragma once
 #include <concepts>
 #include <cstdint>
@@ -18,14 +18,15 @@ public:
     Wnd(const Wnd&) = delete;
     Wnd& operator=(const Wnd&) = delete;
 
-    // The order of the virtual operations is fixed; a class adds its own after those of its base.
+    // The order of the virtual functions is fixed; a class adds its own after those of its base.
     virtual ~Wnd();
-    // False when the object has a window already, and on any failure.
+    // False if the object has a window already, and on any failure.
     virtual bool create(const std::wstring& title) = 0;
     virtual void destroy() = 0;
-    // Both numbers from 1; a 0 in either takes the window out of Tab movement.
+    // Both numbers count from 1; a 0 in either removes the window from Tab movement.
     virtual void set_tab_order(std::uint16_t group, std::uint16_t index);
-    // Gives the focus to the next sibling of the group, wrapping round. False when this window takes no part.
+    // Gives the focus to the next sibling of the group, wrapping at the end. False if this window is in no
+    // group.
     virtual bool focus_next();
     virtual int destroy_children();
     virtual int count_children() const;
@@ -45,8 +46,8 @@ public:
     virtual bool is_enabled() const;
     virtual void enable(bool enabled);
     virtual void set_topmost(bool topmost);
-    // Over the window rectangle of `over`, or on the primary screen when null; a top-level window then comes
-    // into view.
+    // Centres the window over the window rectangle of `over`, or on the primary screen if null. A top-level
+    // window is then moved into view.
     virtual void center(const Wnd* over, bool repaint);
     virtual void move(POINT point, bool repaint);
     virtual void move(int x, int y, bool repaint);
@@ -82,31 +83,32 @@ public:
     virtual bool reserved();
     virtual int message_box(const std::wstring& text, const std::wstring& caption, std::uint32_t flags);
     virtual int message_box(const std::string& text, const std::string& caption, std::uint32_t flags);
-    // The system's own text for an error code, with an error icon.
+    // The system's message for an error code, with an error icon.
     virtual int error_box(std::uint32_t code, const std::wstring& caption);
     virtual int error_box(std::uint32_t code, const std::string& caption);
     virtual void dispatch(MSG& message);
     // Runs until WM_QUIT and returns its exit code; -1 on failure.
     virtual int message_loop();
-    // Serves messages until `handle` is signalled.
+    // Dispatches messages until `handle` is signalled.
     virtual bool wait(HANDLE handle);
     virtual void on_wait_signalled(HANDLE handle);
     virtual void on_wait_failed(HANDLE handle, std::uint32_t code);
 
-    // Neither a number nor, where no text overload stands beside it, a literal may turn into a bool unseen. A
-    // class that adds a show of text must take `const wchar_t*` too: a pointer prefers bool to std::wstring.
+    // Prevents the implicit conversion of numbers and literals to bool. A class that adds a show for texts
+    // must also accept `const wchar_t*`, because a pointer converts to bool before std::wstring.
     template <class T>
     requires(!std::same_as<T, bool>) void show(T) = delete;
 
     HWND hwnd() const { return hwnd_; }
-    // Made and not destroyed yet.
+    // Created and not destroyed yet.
     bool is_window() const { return hwnd_ != nullptr && IsWindow(hwnd_) != FALSE; }
     // Group in the high 16 bits, index in the low ones; 0 for none.
     std::uint32_t tab_order() const { return tab_order_; }
 
-    // The first object, in order of construction, that has this handle; null for none or a null handle.
+    // The first object, in order of construction, with this handle; null if there is none or the handle is
+    // null.
     static Wnd* from_handle(HWND hwnd);
-    // The first object with a living window and this control id; null for none.
+    // The first object with an existing window and this control id; null if there is none.
     static Wnd* from_control_id(int id);
     // The global list in order of construction.
     static Wnd* first() { return head_; }
@@ -115,11 +117,11 @@ public:
 protected:
     explicit Wnd(Wnd* parent);
 
-    // Moves a top-level window into the work area of its screen. One that is larger keeps its size and begins
-    // at the area's upper left corner, so that its caption can be reached.
+    // Moves a top-level window into the work area of its screen. A larger window keeps its size and is placed
+    // at the upper left corner, so that its caption can be reached.
     void bring_into_view(bool repaint);
     bool is_top_level() const;
-    // Controls of the system die with their parent without a message to the library.
+    // Controls of the system are destroyed with their parent without a message to the library.
     void forget_dead_children();
 
     Wnd* parent_ = nullptr;
@@ -136,7 +138,7 @@ private:
     static Wnd* tail_;
 };
 
-// Tells whether an object outlived a call that may have deleted it. Lives on the stack.
+// Shows whether an object still exists after a call that may have deleted it. Lives on the stack.
 class WndWatch {
 public:
     explicit WndWatch(Wnd* wnd);

@@ -1,4 +1,4 @@
-// One message on its way to a window's object.
+// One message for a window's object.
 #pragma once
 #include <cstdint>
 #include <windows.h>
@@ -10,7 +10,7 @@ struct WndMessage {
     std::uint32_t message = 0;
     std::uint64_t wparam = 0;
     std::int64_t lparam = 0;
-    // What the window procedure returns when a handler reports the message as handled.
+    // The result of the window procedure if a handler returns true.
     std::int64_t result = 0;
 };
 
