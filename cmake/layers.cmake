@@ -1,14 +1,15 @@
-# Fails when a file includes a header of a higher layer. Run as a script: cmake -DSOURCE_DIR=... -P layers.cmake
+# Fails if a file includes a header of a higher layer. Run as a script: cmake -DSOURCE_DIR=... -P layers.cmake
 #
-# There is one total order. A file includes its own folder and the lower ones; a window folder includes any logic but app/,
-# which only app/wnd/ includes. Only windows, ovlib and platform/win32 see the system. Header names are unique.
+# The layers have one total order. A file includes headers of its own folder and of lower ones. A window folder may include
+# all logic except app/, which only app/wnd/ includes. Only the window folders, ovlib and platform/win32 include headers of
+# the system. Header names are unique.
 cmake_minimum_required(VERSION 3.25)
 set(logic platform controls core book look media web app)
 set(windows ovlib look/wnd book/wnd media/wnd web/wnd app/wnd)
 set(system_header "(windows|windowsx|winuser|wingdi|commctrl|commdlg|objbase|ole2|shlobj|shlwapi|gdiplus|imm|dwmapi)\\.h")
 set(violations "")
 
-# The folder of the order that a path belongs to; empty for the system's headers and for tests and tools.
+# The layer folder of a path; empty for system headers, tests and tools.
 function(folder_of path result)
     set(${result} "" PARENT_SCOPE)
     if(path MATCHES "^(include/)?ovlib/")

@@ -12,7 +12,7 @@ struct LocalTime {
     int second = 0;
 };
 
-// All fields 0 when the clock cannot be read.
+// All fields are 0 if the clock cannot be read.
 LocalTime local_time();
 
 } // namespace platform

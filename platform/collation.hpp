@@ -9,16 +9,16 @@ namespace platform {
 
 enum class Ordering { less, equal, greater, unknown };
 
-// Both texts count up to their first U+0000. `unknown` when the system cannot compare them.
+// Compares both texts up to their first U+0000. `unknown` if the system cannot compare them.
 Ordering compare_linguistic(const std::wstring& left, const std::wstring& right);
 
-// Fills `bytes` with the beginning of the text's place in that order, and with zeros behind its end. Where
-// the bytes of two texts first differ, the texts are ordered as the bytes are; texts with equal bytes may
-// still differ. Looks only at as much of the text as it takes. False when the system cannot tell.
+// Fills `bytes` with the beginning of the text's sort key, and with zeros after its end. If the bytes of two
+// texts differ, the texts are ordered as their first differing bytes. Texts with equal bytes may still
+// differ. Reads only as much of the text as it needs. False if the system provides no usable key.
 bool fill_order_bytes(std::wstring_view text, std::span<std::uint8_t> bytes);
 
-// A place in `text` from which on its order bytes may be taken when they are held only against those of texts
-// that have the first `common` units alike, taken from the same place. 0 when there is no better one.
+// An index in `text` from which its order bytes may be taken if they are compared only with those of texts
+// that share its first `common` units, taken from the same index. 0 if there is no later one.
 std::size_t order_bytes_start(std::wstring_view text, std::size_t common);
 
 } // namespace platform

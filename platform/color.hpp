@@ -1,4 +1,4 @@
-// The colour of everything drawn. Plain arithmetic, so that logic and the window library share one.
+// The colour type for all drawing. Only arithmetic, so that logic and window library can share it.
 #pragma once
 #include <cstdint>
 
@@ -16,11 +16,12 @@ public:
     constexpr std::uint8_t red() const { return static_cast<std::uint8_t>(value); }
     constexpr std::uint8_t green() const { return static_cast<std::uint8_t>(value >> 8); }
     constexpr std::uint8_t blue() const { return static_cast<std::uint8_t>(value >> 16); }
-    // 0.299 R + 0.587 G + 0.114 B, rounded, as a byte.
+    // 0.299 R + 0.587 G + 0.114 B, rounded to a byte.
     constexpr std::uint8_t luminance() const;
-    // Whether what lies on it should be dark.
+    // Whether text on it should be dark.
     constexpr bool is_bright() const;
-    // Towards white for a positive `delta`, towards black for a negative one; 255 and beyond reach it.
+    // Towards white for a positive `delta`, towards black for a negative one. 255 and beyond give pure white
+    // or black.
     constexpr Color shade(int delta) const;
 
     friend constexpr bool operator==(Color, Color) = default;
@@ -55,7 +56,7 @@ constexpr Color Color::shade(int delta) const
     return rgb(channel(red()), channel(green()), channel(blue()));
 }
 
-// One channel of what shows when `over` is laid on `under`, which keeps `under_weight` of 256.
+// One channel of the mixture of `under`, with weight `under_weight` of 256, and `over`, with the rest.
 constexpr std::uint8_t blended_channel(std::uint8_t under, std::uint8_t over, int under_weight)
 {
     return static_cast<std::uint8_t>(((under - over) * under_weight + (over << 8)) >> 8);

@@ -1,10 +1,10 @@
-// Numbers as text, the same in every locale.
+// Numbers as text, independent of the locale.
 #pragma once
 #include <string>
 
 namespace platform {
 
-// In fixed notation with this many digits behind the point.
+// In fixed notation with this many digits after the decimal point.
 std::wstring fixed_text(double number, int decimals);
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// Points, sizes and rectangles, so that what lies where is arithmetic that needs no window.
+// Points, sizes and rectangles, so that layout is arithmetic without a window.
 #pragma once
 
 namespace platform {
@@ -17,7 +17,7 @@ struct Size {
     friend bool operator==(const Size&, const Size&) = default;
 };
 
-// `right` and `bottom` lie one past the inside.
+// `right` and `bottom` are exclusive.
 struct Rect {
     int left = 0;
     int top = 0;

@@ -11,12 +11,12 @@ namespace platform {
 
 using Digest = std::array<std::uint8_t, 32>;
 
-// The system's own where it has one. Serves one thread at a time.
+// Uses the system's implementation if there is one. For one thread at a time.
 class HashProvider {
 public:
     HashProvider();
 
-    // False when the system gives none; no digest is made then.
+    // False if the system provides none; digest then returns nullopt.
     bool is_ready() const;
     std::optional<Digest> digest(std::span<const std::byte> bytes);
 
@@ -27,7 +27,7 @@ private:
         static void close(Handle handle) noexcept;
     };
 
-    unique_handle<SystemProvider> provider_; // none where the system has none
+    unique_handle<SystemProvider> provider_; // invalid on systems without one
 };
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// What stands at a path, and whether it could be told at all.
+// The kind of object at a path, and whether the query could be answered.
 #pragma once
 #include "platform/file.hpp"
 
@@ -6,7 +6,7 @@ namespace platform {
 
 struct PathAnswer {
     PathKind kind = PathKind::nothing;
-    // The share or drive that would tell does not answer, which may have taken seconds.
+    // The share or drive does not answer. Finding that out may have taken seconds.
     bool is_unreachable = false;
 };
 PathAnswer ask_path(const std::wstring& path);

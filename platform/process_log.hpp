@@ -1,4 +1,4 @@
-// The process's log: text gathered in memory and put to a file once, when the program ends.
+// The process's log: text collected in memory and written to a file once, when the program ends.
 #pragma once
 #include "platform/file.hpp"
 #include <cstddef>
@@ -11,9 +11,9 @@
 
 namespace ovlib::WinApp {
 
-// Shared by all threads. Nothing is gathered while the path is empty, and no code of the program sets one:
-// the log is silent in normal use. It has no levels, no times and no separators: each caller ends its own
-// text with CR LF.
+// Shared by all threads. Nothing is collected while the path is empty, and no code of the program sets one,
+// so the log is silent in normal use. It has no levels, times or separators: each caller ends its text with
+// CR LF.
 template <class Char> class ProcessLog {
 public:
     using Text = std::basic_string<Char>;
@@ -25,12 +25,13 @@ public:
     ProcessLog& operator=(const ProcessLog&) = delete;
 
     ProcessLog& append(View text);
-    // The system's own words for `code`; nothing where they cannot be had.
+    // Appends the system's message for `code`; nothing if there is none.
     ProcessLog& append_error(std::uint32_t code);
     ProcessLog& operator<<(View text) { return append(text); }
 
     // Writes the buffer over the start of the file as 16-bit units, without a byte order mark. The file is
-    // not cut: a longer old text keeps its tail. The buffer empties only when all of it was written.
+    // not truncated: the end of a longer old text remains. The buffer is cleared only if all of it was
+    // written.
     void flush();
 
     void set_path(std::wstring path);
@@ -94,7 +95,7 @@ template <class Char> typename ProcessLog<Char>::Text ProcessLog<Char>::buffered
     return buffer_;
 }
 
-// The one log of the process.
+// The only log of the process.
 inline ProcessLog<wchar_t>& process_log()
 {
     static ProcessLog<wchar_t> log;

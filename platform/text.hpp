@@ -1,5 +1,5 @@
-// What text needs from a system. All text is UTF-16: one code unit an element of std::wstring, also where
-// wchar_t has 32 bits.
+// Text functions that depend on the system. All text is UTF-16: one code unit per element of std::wstring,
+// even if wchar_t has 32 bits.
 #pragma once
 #include <array>
 #include <cstdint>
@@ -24,25 +24,25 @@ constexpr bool is_surrogate(wchar_t unit)
     return (static_cast<std::uint32_t>(unit) & 0xFFFFF800u) == 0xD800u;
 }
 
-// The program's own table of white space, the same on every system.
+// The program's own table of white space, independent of the system.
 bool is_white_space(wchar_t unit);
 
-// Lower case of each code unit by itself; surrogates map to themselves. Filled once: from the system's
-// invariant locale on Windows, from Unicode's simple lower-case mapping elsewhere.
+// The lower case of each single code unit; surrogates map to themselves. Filled once: by the invariant locale
+// on Windows, by Unicode's simple lower-case mapping elsewhere.
 const UnitTable& lower_case_table();
 wchar_t to_lower(wchar_t unit);
-// False at once for different lengths; otherwise compares lower-cased code units.
+// False at once for different lengths; otherwise compares the lower case of each code unit.
 bool same_text_ignoring_case(std::wstring_view left, std::wstring_view right);
 
-// UTF-8 both ways. A lone surrogate travels as its three-byte form, so that no text is lost; other malformed
-// bytes become U+FFFD.
+// UTF-8 conversions. A lone surrogate is encoded in its three-byte form, so that no text is lost. Other
+// malformed bytes become U+FFFD.
 std::string to_utf8(std::wstring_view text);
 std::wstring from_utf8(std::string_view bytes);
 
-// In decimal, grouped as the user's locale groups numbers; ungrouped where that cannot be told.
+// In decimal, with the digit grouping of the user's locale; ungrouped if that is unknown.
 std::wstring grouped_number(std::uint64_t number);
 
-// "07" of 7; more digits stand as they are.
+// "07" for 7; longer numbers keep all digits.
 std::wstring two_digits(std::uint64_t number);
 
 } // namespace platform

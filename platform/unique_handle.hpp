@@ -1,11 +1,11 @@
-// One owner for every way of giving back what a system lends.
+// One owner template for every kind of system handle.
 #pragma once
 #include <utility>
 
 namespace platform {
 
-// Owns one handle and gives it back once: at its own end, or when another handle takes its place. Traits name
-// the type of the handle, the value that means none, and how a handle is given back:
+// Owns one handle and releases it once: in the destructor, or when another handle replaces it. Traits name
+// the handle's type, the value for no handle, and the function that releases it:
 //     struct OpenDescriptor {
 //         using Handle = int;
 //         static Handle invalid() noexcept { return -1; }
@@ -24,7 +24,7 @@ public:
         : handle_(other.release())
     {
     }
-    // Moved to itself it keeps its handle.
+    // Moved to itself, it keeps its handle.
     unique_handle& operator=(unique_handle&& other) noexcept
     {
         reset(other.release());
@@ -35,16 +35,16 @@ public:
     Handle get() const noexcept { return handle_; }
     explicit operator bool() const noexcept { return handle_ != Traits::invalid(); }
 
-    // The handle is the caller's from here on.
+    // The caller owns the handle from here on.
     Handle release() noexcept { return std::exchange(handle_, Traits::invalid()); }
-    // The same handle again is kept.
+    // Setting the same handle again does not release it.
     void reset(Handle handle = Traits::invalid()) noexcept
     {
         const Handle old = std::exchange(handle_, handle);
         if (old != handle && old != Traits::invalid())
             Traits::close(old);
     }
-    // For a call that returns a handle through a pointer. What was held is given back first.
+    // For functions that return a handle through a pointer. The current handle is released first.
     Handle* put() noexcept
     {
         reset();
@@ -55,7 +55,7 @@ private:
     Handle handle_ = Traits::invalid();
 };
 
-// Traits of a handle for which null means none, given back by one function.
+// Traits of a handle whose invalid value is null and that one function releases.
 template <class Type, auto give_back> struct GivenBackBy {
     using Handle = Type;
     static Handle invalid() noexcept { return nullptr; }

@@ -10,13 +10,13 @@ namespace platform {
 
 namespace {
 
-// A plain unit has two primary weights at most.
+// A plain unit has at most two primary weights.
 constexpr std::size_t most_weights_of_a_unit = 2;
 constexpr std::size_t margin = plain_units_at_cut * most_weights_of_a_unit;
-// Ends the primary weights where there are others; every weight is higher.
+// Ends the primary weights if others follow; every weight is higher.
 constexpr wchar_t end_of_level = 1;
 
-// The environment may name a locale that is not installed.
+// The environment may name a locale that is not installed. The "C" locale is used then.
 locale_t users_collation()
 {
     static const locale_t locale = [] {
@@ -35,7 +35,8 @@ bool has_surrogates(std::wstring_view text)
     return found != 0;
 }
 
-// The C library compares code points: pairs are joined, and a lone surrogate, which is none, is replaced.
+// The C library compares code points, so surrogate pairs are joined. A lone surrogate is not a code point and
+// is replaced.
 std::wstring code_points(std::wstring_view text)
 {
     std::wstring points;
@@ -68,7 +69,8 @@ bool make_sort_key(std::wstring_view text, std::vector<wchar_t>& key)
     return true;
 }
 
-// Few bytes for low numbers, and in the same order as the numbers: the form of UTF-8, up to 31 bits.
+// Writes numbers in the form of UTF-8, extended to 31 bits. Its byte order equals the order of the numbers,
+// and small numbers need few bytes.
 class ByteWriter {
 public:
     explicit ByteWriter(std::span<std::uint8_t> bytes)
@@ -104,7 +106,7 @@ private:
     std::span<std::uint8_t> bytes_;
 };
 
-// False when the weights end before the bytes do.
+// False if the weights end before the bytes are full.
 bool write_weights(std::span<const wchar_t> weights, ByteWriter& writer)
 {
     for (const wchar_t weight : weights)
@@ -125,6 +127,8 @@ Ordering compare_linguistic(const std::wstring& left, const std::wstring& right)
     return result < 0 ? Ordering::less : Ordering::greater;
 }
 
+// Like the version for Windows: makes the key of a prefix, drops the weights that the following text may
+// change, and takes a longer prefix if too few remain.
 bool fill_order_bytes(std::wstring_view text, std::span<std::uint8_t> bytes)
 {
     static thread_local std::vector<wchar_t> key;

@@ -43,7 +43,7 @@ File File::open_read(const std::wstring& path)
 {
     File file(open_path(path, O_RDONLY));
     struct stat status { };
-    // A folder can be opened for reading here, but never read.
+    // Here a folder can be opened for reading, but not read.
     if (file.is_open() && (::fstat(descriptor(file.handle_.get()), &status) != 0 || S_ISDIR(status.st_mode)))
         file.close();
     return file;
@@ -127,7 +127,7 @@ PathKind path_kind(const std::wstring& path)
     return S_ISREG(status.st_mode) ? PathKind::regular_file : PathKind::other;
 }
 
-// Shares are mounted here and answer, or the system waits for them.
+// Shares are mounted on this system: they answer, or the system waits for them.
 PathAnswer ask_path(const std::wstring& path)
 {
     return { path_kind(path) };

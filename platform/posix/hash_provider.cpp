@@ -12,10 +12,10 @@ constexpr std::size_t rounds = 64;
 using State = std::array<std::uint32_t, 8>;
 using Block = std::array<std::uint8_t, block_size>;
 
-// SHA-256 of our own, because only the native build of the logic needs it (Windows programs use the
-// system's), and a library would be one more package for building and testing.
+// Our own SHA-256, because only the native build of the logic needs it: Windows programs use the system's. A
+// library would be one more package for building and testing.
 
-// Fractional parts of the square roots of the first 8 primes, and of the cube roots of the first 64.
+// The fractional parts of the square roots of the first 8 primes, and of the cube roots of the first 64.
 constexpr State start{ 0x6a09e667, 0xbb67ae85, 0x3c6ef372, 0xa54ff53a, 0x510e527f, 0x9b05688c, 0x1f83d9ab,
     0x5be0cd19 };
 constexpr std::array<std::uint32_t, rounds> constants{ 0x428a2f98, 0x71374491, 0xb5c0fbcf, 0xe9b5dba5,

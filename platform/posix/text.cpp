@@ -7,7 +7,7 @@ namespace platform {
 
 namespace {
 
-// Every `step`-th unit from `first` to `last` lies `distance` from its lower case.
+// For every `step`-th unit from `first` to `last` the lower case is the unit plus `distance`.
 struct Run {
     std::uint16_t first;
     std::uint16_t last;

@@ -9,7 +9,7 @@ namespace platform {
 
 namespace {
 
-// A plain unit has a primary weight of two bytes, or of four where the locale's own order leaves it out.
+// A plain unit has a primary weight of two bytes, or of four if the locale's own order does not contain it.
 constexpr std::size_t most_bytes_of_a_weight = 4;
 constexpr std::size_t usual_bytes_of_a_weight = 2;
 constexpr std::size_t margin = plain_units_at_cut * most_bytes_of_a_weight;
@@ -20,10 +20,10 @@ bool has_countable_length(std::wstring_view text)
     return text.size() <= static_cast<std::size_t>(std::numeric_limits<int>::max());
 }
 
-// The system's key: the primary weights of the whole text come first, then finer differences.
+// The system's sort key: the primary weights of the whole text, then finer differences.
 bool make_sort_key(std::wstring_view text, std::vector<std::uint8_t>& key)
 {
-    if (text.empty()) { // the system refuses it
+    if (text.empty()) { // LCMapStringEx refuses an empty text
         key.assign(1, end_of_level);
         return true;
     }
@@ -44,11 +44,12 @@ bool make_sort_key(std::wstring_view text, std::vector<std::uint8_t>& key)
 }
 
 struct PrimaryWeights {
-    std::size_t length = 0; // bytes before the first that ends the level
+    std::size_t length = 0; // bytes before the first end of a level
     bool is_sound = false;
 };
 
-// Ligatures that hold a mark of their own get zeros in Wine's keys, which its comparison passes over.
+// Wine's keys contain zeros for ligatures that contain a mark, but its comparison ignores them. Such a key
+// does not give the order of the comparison, so it is not used.
 PrimaryWeights primary_weights(std::span<const std::uint8_t> key)
 {
     const auto end = std::find(key.begin(), key.end(), end_of_level);
@@ -74,6 +75,10 @@ Ordering compare_linguistic(const std::wstring& left, const std::wstring& right)
     }
 }
 
+// Makes the key of a prefix that is expected to be long enough, and of a longer one while it is too short. Of
+// a prefix, the weights of the last units may change with the text that follows, so `margin` bytes more than
+// needed must be there; collation_prefix cuts after plain units. If the whole text was used, the end of the
+// level is part of the bytes: it is less than any weight, so a shorter text comes first.
 bool fill_order_bytes(std::wstring_view text, std::span<std::uint8_t> bytes)
 {
     static thread_local std::vector<std::uint8_t> key;

@@ -10,7 +10,7 @@ namespace platform {
 namespace {
 
 constexpr DWORD share_everything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-constexpr std::size_t largest_transfer = 0x40000000; // one call counts its bytes in 32 bits
+constexpr std::size_t largest_transfer = 0x40000000; // one call has 32 bits for the number of bytes
 
 struct Search {
     using Handle = HANDLE;
@@ -34,7 +34,7 @@ DWORD attributes_of(const std::wstring& path)
     return GetFileAttributesW(path.c_str());
 }
 
-// Found by its name as a search finds it, so that the link itself is asked. 0 when that cannot be told.
+// FindFirstFileW returns the link itself, not its target. 0 if the tag is unknown.
 DWORD reparse_tag(std::wstring path)
 {
     while (path.size() > 1 && is_separator(path.back()))
@@ -141,7 +141,8 @@ std::uint64_t file_size(const std::wstring& path)
 std::wstring absolute_path(const std::wstring& path)
 {
     std::wstring full;
-    // Another thread may move the current directory between the two calls; then the size told is taken anew.
+    // Another thread may change the current directory between the two calls. The required size is taken again
+    // then.
     for (DWORD size = MAX_PATH; size > full.size();) {
         full.resize(size);
         size = GetFullPathNameW(path.c_str(), size, full.data(), nullptr);

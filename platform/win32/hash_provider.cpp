@@ -9,7 +9,7 @@ namespace platform {
 HashProvider::HashProvider()
 {
     if (!BCRYPT_SUCCESS(BCryptOpenAlgorithmProvider(provider_.put(), BCRYPT_SHA256_ALGORITHM, nullptr, 0)))
-        provider_.release(); // whatever a failed call left there is none
+        provider_.release(); // a failed call may leave a value that is no handle
 }
 
 void HashProvider::SystemProvider::close(Handle handle) noexcept
@@ -27,7 +27,7 @@ std::optional<Digest> HashProvider::digest(std::span<const std::byte> bytes)
     if (!is_ready() || bytes.size() > std::numeric_limits<ULONG>::max())
         return std::nullopt;
     Digest digest{};
-    // The call only reads what it is given.
+    // The function only reads its input.
     auto* const input = reinterpret_cast<PUCHAR>(const_cast<std::byte*>(bytes.data()));
     const NTSTATUS told = BCryptHash(provider_.get(), nullptr, 0, input, static_cast<ULONG>(bytes.size()),
         digest.data(), static_cast<ULONG>(digest.size()));

@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t first_surrogate = 0xD800;
 constexpr std::size_t past_surrogates = 0xE000;
 
-// Maps units first to last - 1, which hold no surrogates: so none can be taken for one half of a pair.
+// Maps units first to last - 1. The range contains no surrogates, which could be read as half of a pair.
 void map_units(UnitTable& table, std::size_t first, std::size_t last)
 {
     const auto count = static_cast<int>(last - first);
@@ -42,8 +42,9 @@ std::wstring locale_text(LCTYPE type)
     return length > 0 ? std::wstring(buffer.data()) : std::wstring();
 }
 
-// "3;0" groups by three for ever, "3;2;0" by three and then by two: as the number 3 and 32 of NUMBERFMT. A
-// pattern without the closing ";0" groups once, which NUMBERFMT tells by a zero behind.
+// LOCALE_SGROUPING and NUMBERFMT write groupings differently. "3;0" repeats groups of three and becomes 3;
+// "3;2;0" repeats groups of two after one of three and becomes 32. A pattern without ";0" groups only once,
+// which NUMBERFMT expresses by a final zero: "3" becomes 30.
 UINT grouping_of(const std::wstring& pattern)
 {
     UINT grouping = 0;

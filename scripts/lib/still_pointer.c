@@ -1,11 +1,13 @@
 /* Keeps the pointer of a virtual screen still while the tests move Wine's.
  *
  * Wine moves the X server's pointer along with its own. The server reports that move to the window under the
- * pointer, whose process may read the report after the test has moved on: Wine then carries its pointer back to
- * an older place. Preloaded into Wine, this library keeps the moves from the X server. The last place is shared
- * by all processes of the screen in the file PAGEWICK_POINTER names, because Wine asks the X server for it.
+ * pointer, but the process of that window may read the report late, after the test has moved the pointer again:
+ * Wine then moves its pointer back to the older position. Preloaded into Wine, this library hides the moves from
+ * the X server. Wine queries the X server for the position, so the last one is shared by all processes of the
+ * screen, in the file that PAGEWICK_POINTER names.
  *
- * A window that appears under the X server's pointer would report that one's place: it must rest where no window comes. */
+ * A window that appears under the X server's pointer would report the position of that pointer, so the pointer
+ * must rest where no window appears. */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -15,12 +17,12 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-/* The few names of Xlib that are used, so that its headers need not be installed. */
+/* Declares the few names of Xlib that are used, so that its headers need not be installed. */
 typedef struct _XDisplay Display;
 typedef unsigned long XID;
 enum { none = 0, grab_success = 0 };
 
-/* The place as two halves, so that no process reads the x of one move and the y of another. */
+/* Both coordinates in one atomic number, so that no process reads the x of one move and the y of another. */
 static _Atomic uint64_t *place(void)
 {
     static _Atomic(_Atomic uint64_t *) shared;
@@ -67,7 +69,7 @@ int XQueryPointer(Display *display, XID window, XID *root, XID *child, int *root
     return answer;
 }
 
-/* A grab would carry the X server's pointer into its window. */
+/* A grab would move the X server's pointer into its window. */
 int XGrabPointer(Display *display, XID window, int owner_events, unsigned mask, int pointer_mode, int keyboard_mode, XID confine_to,
                  XID cursor, unsigned long time)
 {

@@ -104,7 +104,7 @@ def group(tests, size, alone):
 def list_units(options):
     listing, table = Path(options.file), Path(options.file + ".json")
     program = Path(options.program)
-    # The last one holds the arguments of this call.
+    # The last file contains the arguments of this call.
     sources = (program, Path(__file__), listing.parent / f"include-{options.target}.cmake")
     if table.exists() and listing.exists() and listing.stat().st_mtime > max(source.stat().st_mtime for source in sources):
         return 0

@@ -1,28 +1,28 @@
-# Sessions of Wine: each has a prefix, a server and mostly a screen of its own, so that any number of them live side by side.
-# Sourced after common.sh.
+# Wine sessions. Each has its own prefix and server, and usually its own screen, so that any number of them can run at once.
+# To be sourced after common.sh.
 #
-#   open_session KIND           for the script itself; closed when the script ends
-#   open_screen KIND FOLDER     the same as a folder that other processes join; FOLDER/environment is to be sourced
-#   renew_screen FOLDER         another screen in the place of one that has become unfit
+#   open_session KIND           for the calling script; closed when the script ends
+#   open_screen KIND FOLDER     the same in a folder that other processes can join by sourcing FOLDER/environment
+#   renew_screen FOLDER         replaces a screen that has become unfit
 #   close_screen FOLDER
 #
 # KIND is
-#   desktop   a screen of Wine's own. Wine is the only client of the X server, so no other hands out focus and places.
-#   managed   a screen with a window manager, whose windows X programs can see: for drags out of the program and wmctrl
+#   desktop   Wine's own desktop. Wine is the only client of the X server, so no other client changes focus and positions.
+#   managed   a screen with a window manager, which X programs can query: for drags out of the program and wmctrl
 #   inherit   the screen in DISPLAY
 wine_home=$build/wine
 screen_size=1600x1000
-# Room beside Wine's own desktop, where the X server's pointer rests outside of every window.
+# Larger than Wine's desktop, so that the X server's pointer can rest outside of every window.
 server_size=1616x1016
 
 wine_environment() {
     export WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
-    # A menu of the desktop is nobody's here: Wine would start a program for each link that is saved.
+    # Nobody uses the desktop's menu here, but Wine would start a program for each link that is saved to it.
     export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LANG=ja_JP.UTF-8
     unset LC_ALL LANGUAGE
 }
 
-# Wine's own processes and those of a screen's programs load it, see still_pointer.c.
+# Preloaded into Wine's own processes and the programs on a screen, see still_pointer.c.
 ensure_still_pointer() {
     local source=$root/scripts/lib/still_pointer.c library=$wine_home/still_pointer.so
     [ "$library" -nt "$source" ] && return 0
@@ -46,9 +46,9 @@ fill_prefix() {
     done
     for face in 'ＭＳ ゴシック' 'MS Gothic'; do replace_font "$face" IPAGothic; done
     replace_font Arial 'DejaVu Sans'
-    # A crash dialog would hang the run for ever.
+    # A crash dialog would block the run for ever.
     wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null
-    # Addresses go to a log, never to a browser of the machine.
+    # Addresses are written to a log and never opened in a browser of the machine.
     printf '#!/bin/sh\nprintf "%%s\\n" "$1" >>"%s/opened-addresses.txt"\n' "$wine_home" >"$wine_home/open-address"
     chmod +x "$wine_home/open-address"
     wine reg add 'HKCU\Software\Wine\WineBrowser' /v Browsers /d "$wine_home/open-address" /f >/dev/null
@@ -62,7 +62,7 @@ fill_prefix() {
     done < <(find "$WINEPREFIX/drive_c/users" -type l)
 }
 
-# Made beside its place and renamed, so that a broken run leaves no half prefix.
+# Created next to its final place and renamed, so that an interrupted run leaves no incomplete prefix.
 ensure_template() {
     wine_environment
     mkdir -p "$wine_home"
@@ -83,7 +83,7 @@ ensure_template() {
     exec 8>&-
 }
 
-# What Wine never writes to is shared with the template on disk, so a prefix takes a moment and little room.
+# Files that Wine never writes to are hard links to the template, so a prefix is created quickly and takes little space.
 copy_template() {
     local prefix=$1 from=$wine_home/template
     cp -al "$from" "$prefix"
@@ -106,8 +106,8 @@ poll() {
     done
 }
 
-# A server that is reset when its last client leaves would put its pointer back in the middle.
-# Server and manager run in sessions of their own, so that Ctrl+C reaches the script, which closes them in order.
+# Without -noreset the server would reset when its last client leaves, and put its pointer back in the middle. Server and
+# manager run in their own sessions, so that Ctrl+C reaches only the script, which closes them in order.
 # start_server FOLDER SIZE
 start_server() {
     : >"$1/display"
@@ -124,8 +124,8 @@ start_manager() {
     manager_pid=$!
 }
 
-# A number that another server is just giving back may refuse the first call: then the manager has ended and is
-# started again.
+# If the display number was just released by another server, the first call may be refused. The manager has ended then and
+# is started again.
 has_manager() {
     wmctrl -m && return 0
     kill -0 "$manager_pid" || start_manager "$1"
@@ -152,7 +152,8 @@ start_display() {
     die "no virtual screen after $attempt attempts: $(cat "$2"/*.log)"
 }
 
-# The first program starts Wine's desktop and services, which keep its output open: let them keep none that a reader waits on.
+# The first program starts Wine's desktop and services, which keep its output open. Without output here they keep no pipe
+# open that a reader waits for.
 start_wine() {
     wineserver -p 2>/dev/null || true
     setsid -w timeout 120 wine cmd /c exit </dev/null >/dev/null 2>&1 || true
@@ -171,7 +172,7 @@ open_screen() {
         start_display "$kind" "$folder"
         keep_pointer_still "$folder"
     fi
-    # What close_screen and those who join need to know.
+    # For close_screen and processes that join.
     printf '%s=%q\n' kind "$kind" screen_pid "$screen_pid" manager_pid "$manager_pid" >"$folder/processes"
     local run=${folder#"$wine_home/"}
     export PAGEWICK_RUN=${run//\//-}
@@ -201,7 +202,7 @@ renew_screen() {
     open_screen "$kind" "$folder"
 }
 
-# Within a session further calls of the scripts join it, by PAGEWICK_SESSION.
+# Within a session further scripts join it by PAGEWICK_SESSION.
 open_session() {
     mkdir -p "$wine_home"
     session_dir=$(mktemp -d "$wine_home/session.XXXXXX")
