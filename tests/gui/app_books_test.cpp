@@ -1,4 +1,4 @@
-// The Book as a whole: start, load, save, history, and what a failed load leaves behind.
+// The Book as a whole: start, load, save, history, and the state after a failed load.
 #include "app/failures.hpp"
 #include "book/my_exception.hpp"
 #include "look/theme.hpp"
@@ -17,7 +17,7 @@ constexpr wchar_t closing_words[] = L"\r\nアプリケーションを終了し�
 class Books : public AppWindow {
 protected:
     book::Book& open_book() { return const_cast<book::Book&>(book()); }
-    // What the system says of an error.
+    // The system's message for an error code.
     static std::wstring system_words(DWORD code)
     {
         wchar_t* words = nullptr;
@@ -38,13 +38,13 @@ TEST_F(Books, OpenAtTheirStoredPosition)
     EXPECT_EQ(box_text(command::box_1), L"2\r\n");
 }
 
-TEST_F(Books, OfARelativeHistoryPathLieUnderTheDataRoot)
+TEST_F(Books, OfARelativeHistoryPathAreFoundInTheDataRoot)
 {
     ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
     set_history({ L"手帖.bok" });
     ASSERT_TRUE(create());
     EXPECT_EQ(title(), L"手帖");
-    // A file dialog leaves the current directory wherever the user went.
+    // A file dialog leaves the current directory in the folder that the user went to.
     ASSERT_TRUE(platform::create_folder(file(L"elsewhere")));
     ASSERT_TRUE(SetCurrentDirectoryW(file(L"elsewhere").c_str()));
     type(command::box_1, L"x");
@@ -57,7 +57,7 @@ TEST_F(Books, OfARelativeHistoryPathLieUnderTheDataRoot)
     EXPECT_TRUE(platform::exists(file(L"book_backup\\手帖.bok")));
 }
 
-TEST_F(Books, ThatAreGoneAreNamedAndForgottenAndTheNextIsTried)
+TEST_F(Books, ThatAreMissingAreReportedAndForgottenAndTheNextIsTried)
 {
     ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
     set_history({ file(L"無い.bok"), file(L"手帖.bok") });
@@ -68,7 +68,7 @@ TEST_F(Books, ThatAreGoneAreNamedAndForgottenAndTheNextIsTried)
     EXPECT_EQ(history(), std::vector<std::wstring>{ file(L"手帖.bok") });
 }
 
-TEST_F(Books, AreAskedForOnAnEmptyHistoryAndTheStartFailsWithoutOne)
+TEST_F(Books, AreAskedForIfTheHistoryIsEmptyAndTheStartFailsWithoutOne)
 {
     const auto met = answered_all({ IDCANCEL, IDOK }, [&] { EXPECT_FALSE(create()); });
     ASSERT_EQ(met.size(), 2u);
@@ -77,8 +77,8 @@ TEST_F(Books, AreAskedForOnAnEmptyHistoryAndTheStartFailsWithoutOne)
     EXPECT_FALSE(gui::take_quit());
 }
 
-// A line of a byte order mark alone once stood for ever at the front of the list.
-TEST_F(Books, AreNotAskedForEndlesslyByAHistoryOfBareMarks)
+// A line with only a byte order mark used to stay at the front of the list for ever.
+TEST_F(Books, AreNotAskedForEndlesslyIfTheHistoryContainsOnlyByteOrderMarks)
 {
     test_support::write_text(core::history_file(core::folders()), L"\xFEFF\r\n\xFEFF\r\n");
     const auto met = answered_all({ IDCANCEL, IDOK }, [&] { EXPECT_FALSE(create()); });
@@ -110,7 +110,7 @@ TEST_F(Books, WhoseSettingsCannotBeAppliedAreForgotten)
     EXPECT_TRUE(history().empty());
 }
 
-TEST_F(Books, WhoseSettingsCannotBeAppliedStayForgottenWhenACommandOpenedThem)
+TEST_F(Books, WhoseSettingsCannotBeAppliedStayForgottenAfterACommandOpensThem)
 {
     book::Book short_stamps = book_of({ page(L"1\r\n"), page(L"2\r\n") });
     for (book::Page& each : short_stamps.pages)
@@ -140,13 +140,13 @@ TEST_F(Books, AreRestoredFromTheirFile)
     EXPECT_EQ(history(), std::vector<std::wstring>{ file(L"手帖.bok") });
 }
 
-TEST_F(Books, OpenedOverAnEditThatCannotBeSavedDoNotTakeIt)
+TEST_F(Books, OpenedOverAnEditThatCannotBeSavedDoNotReceiveTheEdit)
 {
     ASSERT_TRUE(book_of({ page(L"other\r\n") }).save_to(file(L"別.bok")));
     open({ page(L"1\r\n") });
     auto guard = std::make_unique<gui::Unwritable>(file(L"手帖.bok"));
     type(command::box_1, L"x");
-    // The open dialog, its answer, then the failure to save the Book before.
+    // The open dialog, its answer, then the failed save of the previous Book.
     std::thread user{ [&, thread = GetCurrentThreadId()] {
         gui::poll_until([&] { return gui::dialog_of(thread) != nullptr; });
         HWND const dialog = gui::dialog_of(thread);
@@ -169,7 +169,7 @@ TEST_F(Books, OpenedOverAnEditThatCannotBeSavedDoNotTakeIt)
     EXPECT_EQ(saved(L"別.bok").pages[0].text[0], L"other\r\n");
 }
 
-TEST_F(Books, OfTheOlderFormatTakeNoCommandWhileTheQuestionStands)
+TEST_F(Books, OfTheOlderFormatAcceptNoCommandWhileTheQuestionIsOpen)
 {
     const std::wstring end = L"20200102030405"
                              L"20200102030405 0 0 0 1 1 1 0 0 0 0 0 0\r\n\x3\r\n";
@@ -193,7 +193,7 @@ TEST_F(Books, OfTheOlderFormatTakeNoCommandWhileTheQuestionStands)
     EXPECT_EQ(saved(L"旧.bok").pages[0].text[0], L"古い\r\n");
 }
 
-TEST_F(Books, MayBeClosedWhileTheirQuestionStands)
+TEST_F(Books, CanBeClosedWhileTheirQuestionIsOpen)
 {
     test_support::write_text(file(L"壊.bok"), L"\x3\x3\r\nzz\r\n\x3\x3\r\n");
     ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(L"手帖.bok")));
@@ -207,8 +207,8 @@ TEST_F(Books, MayBeClosedWhileTheirQuestionStands)
     EXPECT_EQ(test_support::read_text(file(L"壊.bok")), L"\x3\x3\r\nzz\r\n\x3\x3\r\n");
 }
 
-// A failed load ends the program, and its end saves what the Book holds by then.
-TEST_F(Books, ThatBreakOffAreWrittenBackAsFarAsTheyWereRead)
+// A failed load ends the program, which saves what the Book contains by then.
+TEST_F(Books, WhoseLoadIsBrokenOffAreWrittenAsFarAsTheyWereRead)
 {
     ASSERT_TRUE(book_of({ page(L"a\r\n"), page(L"b\r\n") }).save_to(file(L"半.bok")));
     const std::wstring whole = test_support::read_text(file(L"半.bok"));
@@ -237,7 +237,7 @@ TEST_F(Books, AreNotWrittenBySaveIfChangedWithoutAChange)
     EXPECT_TRUE(platform::exists(file(L"手帖.bok")));
 }
 
-TEST_F(Books, AreBackedUpAtEachLoadInSilenceWhenTheSettingsSaySo)
+TEST_F(Books, AreBackedUpSilentlyAtEachLoadIfTheSettingsDemandIt)
 {
     test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     open({ page(L"1\r\n") });
@@ -250,7 +250,7 @@ TEST_F(Books, AreBackedUpAtEachLoadInSilenceWhenTheSettingsSaySo)
     EXPECT_EQ(saved(L"book_backup\\手帖.bok").pages[0].text[0], L"x1\r\n");
 }
 
-TEST_F(Books, AreToldWhenTheBackupAtLoadFails)
+TEST_F(Books, AreReportedIfTheBackupAtLoadFails)
 {
     test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     test_support::write_text(file(L"book_backup"), L"a file where the folder should be");
@@ -263,7 +263,7 @@ TEST_F(Books, AreToldWhenTheBackupAtLoadFails)
     EXPECT_EQ(asked.text, L"Error: バックアップフォルダの作成に失敗しました．\r\n" + file(L"book_backup"));
 }
 
-TEST_F(Books, StandInTheHistoryBeforeTheirBackupAtLoadIsMade)
+TEST_F(Books, EnterTheHistoryBeforeTheirBackupAtLoad)
 {
     for (const wchar_t* name : { L"手帖.bok", L"別.bok" })
         ASSERT_TRUE(book_of({ page(L"1\r\n") }).save_to(file(name)));
@@ -308,13 +308,13 @@ TEST_F(Books, WithoutAPathOrAPageAreNotBackedUp)
     EXPECT_FALSE(platform::exists(file(L"book_backup\\手帖.bok")));
 }
 
-TEST_F(Books, WhoseCopyFailsSayWhyAndNothingMore)
+TEST_F(Books, WhoseCopyFailsReportTheReasonAndNothingElse)
 {
     open({ page(L"1\r\n") });
     ASSERT_TRUE(DeleteFileW(file(L"手帖.bok").c_str()));
     bool was_accepting = true;
     const MetBox met = answered(
-        IDOK, [&] { command(command::backup_book); }, // another box would wait for ever
+        IDOK, [&] { command(command::backup_book); }, // a second box would block the test
         [&] { was_accepting = window().is_accepting_input(); });
     EXPECT_EQ(met.caption, L"Pagewick");
     EXPECT_NE(met.text.find(system_words(ERROR_FILE_NOT_FOUND)), std::wstring::npos) << met.text.c_str();
@@ -323,7 +323,7 @@ TEST_F(Books, WhoseCopyFailsSayWhyAndNothingMore)
     EXPECT_FALSE(platform::exists(file(L"book_backup\\手帖.bok")));
 }
 
-TEST_F(Books, WhoseCopyAtLoadFailsSayWhyAndWhichTheyAre)
+TEST_F(Books, WhoseCopyAtLoadFailsReportTheReasonAndTheirPath)
 {
     test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     ASSERT_TRUE(platform::create_folder(file(L"book_backup")));
@@ -342,7 +342,7 @@ TEST_F(Books, WhoseCopyAtLoadFailsSayWhyAndWhichTheyAre)
     EXPECT_EQ(box_text(command::box_1), L"1\r\n");
 }
 
-// A new Book has the standard theme whatever the one before had.
+// A new Book has the standard theme, whatever theme the previous one had.
 TEST_F(Books, ThatAreNewHaveAFirstPageInStandardColours)
 {
     open({ page(L"1\r\n") });
@@ -359,7 +359,7 @@ TEST_F(Books, ThatAreNewHaveAFirstPageInStandardColours)
     EXPECT_EQ(history(), (std::vector{ file(L"新.bok"), file(L"手帖.bok") }));
 }
 
-TEST_F(Books, ThatCannotBeMadeLeaveTheThemeOfTheOneBefore)
+TEST_F(Books, ThatCannotBeCreatedLeaveTheThemeOfThePreviousOne)
 {
     open({ page(L"1\r\n") });
     command(look::theme_dark);
@@ -388,7 +388,7 @@ TEST_F(Books, AreWrittenAtTheCloseWithoutAQuestionTogetherWithTheSettings)
     EXPECT_EQ(std::wstring(zoom), L"70");
 }
 
-TEST_F(Books, ThatCannotBeWrittenAtTheCloseAreToldOverAHiddenWindow)
+TEST_F(Books, ThatCannotBeWrittenAtTheCloseAreReportedWhileTheWindowIsHidden)
 {
     open({ page(L"1\r\n") });
     const gui::Unwritable guard{ file(L"手帖.bok") };
@@ -397,14 +397,14 @@ TEST_F(Books, ThatCannotBeWrittenAtTheCloseAreToldOverAHiddenWindow)
         IDOK, [&] { window().send(WM_CLOSE, 0, 0); },
         [&] {
             was_visible = IsWindowVisible(window().hwnd()) != FALSE;
-            SendMessageW(window().hwnd(), WM_CLOSE, 0, 0); // refused: the first close goes on
+            SendMessageW(window().hwnd(), WM_CLOSE, 0, 0); // refused: the first close is still running
         });
     EXPECT_EQ(met.text.find(L"Error: Book の保存に失敗"), 0u);
     EXPECT_FALSE(was_visible);
     EXPECT_TRUE(gui::take_quit());
 }
 
-TEST_F(Books, WithoutADatFolderRunWithDefaultsAndLeaveNoTrace)
+TEST_F(Books, WithoutADatFolderRunWithDefaultsAndWriteNoFile)
 {
     open({ page(L"1\r\n") });
     ASSERT_TRUE(RemoveDirectoryW(core::folders().shortcut.c_str()));
@@ -415,7 +415,7 @@ TEST_F(Books, WithoutADatFolderRunWithDefaultsAndLeaveNoTrace)
     EXPECT_FALSE(platform::exists(core::folders().dat));
 }
 
-TEST_F(Books, AreNotTouchedAtTheEndOfALogon)
+TEST_F(Books, AreNotWrittenAtTheEndOfASession)
 {
     open({ page(L"1\r\n") });
     type(command::box_1, L"x");

@@ -39,13 +39,13 @@ protected:
     {
         return static_cast<DWORD>(GetWindowLongW(box.hwnd(), GWL_STYLE));
     }
-    // Of a character, in the client area.
+    // The position of a character in the client area.
     static int x_of(look::MyBox& box, int index)
     {
         return static_cast<std::int16_t>(
             LOWORD(box.send(EM_POSFROMCHAR, static_cast<std::uint64_t>(index), 0)));
     }
-    // The commands that the parent got, but for notifications of the text.
+    // The commands that the parent got, without notifications about the text.
     std::vector<int> commands_during(const std::function<void()>& action)
     {
         std::vector<int> commands;
@@ -80,7 +80,7 @@ TEST_F(MyBox, HasTheStylesOfItsClass)
     expect_style(d_, 0x56B011C4);
 }
 
-TEST_F(MyBox, TakesItsFrameFromTheExtendedStyleOnly)
+TEST_F(MyBox, GetsItsFrameFromTheExtendedStyleOnly)
 {
     EXPECT_EQ(style(q_) & WS_BORDER, 0u);
     EXPECT_NE(GetWindowLongW(q_.hwnd(), GWL_EXSTYLE) & WS_EX_CLIENTEDGE, 0);
@@ -94,7 +94,7 @@ TEST_F(MyBox, IsCreatedHidden)
     other.destroy();
 }
 
-TEST_F(MyBox, IsSubclassedFromItsCreation)
+TEST_F(MyBox, IsSubclassedWhenCreated)
 {
     look::ABox other{ &top_, 1200 };
     ASSERT_TRUE(other.create(L""));
@@ -102,7 +102,7 @@ TEST_F(MyBox, IsSubclassedFromItsCreation)
     other.destroy();
 }
 
-TEST_F(MyBox, TakesTypingAtTheEndOfHalfAMillionCharacters)
+TEST_F(MyBox, AcceptsTypingAtTheEndOfHalfAMillionCharacters)
 {
     const std::wstring line = std::wstring(78, L'あ') + L"\r\n";
     std::wstring text;
@@ -115,7 +115,7 @@ TEST_F(MyBox, TakesTypingAtTheEndOfHalfAMillionCharacters)
     EXPECT_EQ(q_.text(), text + L"続き");
 }
 
-TEST_F(MyBox, OfOneLineTakesLongTextsToo)
+TEST_F(MyBox, OfOneLineAcceptsLongTextsToo)
 {
     const std::wstring text(40000, L'x');
     a_.set_text(text);
@@ -124,7 +124,7 @@ TEST_F(MyBox, OfOneLineTakesLongTextsToo)
     EXPECT_EQ(a_.text(), text + L'y');
 }
 
-TEST_F(MyBox, WrapLosesTheHorizontalScrollBar)
+TEST_F(MyBox, LosesTheHorizontalScrollBarWhenWrapped)
 {
     EXPECT_TRUE(q_.set_wrap(true));
     EXPECT_TRUE(q_.is_wrapped());
@@ -133,14 +133,14 @@ TEST_F(MyBox, WrapLosesTheHorizontalScrollBar)
     EXPECT_EQ(style(q_) & (WS_HSCROLL | ES_AUTOHSCROLL), static_cast<DWORD>(WS_HSCROLL | ES_AUTOHSCROLL));
 }
 
-TEST_F(MyBox, WrapOfThePresentValueChangesNothing)
+TEST_F(MyBox, DoesNotChangeForTheCurrentWrapping)
 {
     HWND const before = q_.hwnd();
     EXPECT_FALSE(q_.set_wrap(false));
     EXPECT_EQ(q_.hwnd(), before);
 }
 
-TEST_F(MyBox, WrapKeepsEverythingButUndoAndSelection)
+TEST_F(MyBox, KeepsEverythingButUndoAndSelectionWhenItsWrappingChanges)
 {
     HFONT const font = CreateFontW(-20, 0, 0, 0, 700, 0, 0, 0, 1, 0, 0, 0, 0, L"メイリオ");
     q_.take_font(font);
@@ -174,7 +174,7 @@ TEST_F(MyBox, WrapKeepsEverythingButUndoAndSelection)
     EXPECT_FALSE(q_.can_undo());
 }
 
-TEST_F(MyBox, WrapDoesNotTakeTheFocusFromAnother)
+TEST_F(MyBox, DoesNotTakeTheFocusWhenItsWrappingChanges)
 {
     a_.set_focus();
     ASSERT_TRUE(q_.set_wrap(true));
@@ -201,7 +201,7 @@ protected:
     int limit_ = 0;
 };
 
-TEST_P(LostBox, ComesBackWithTheNextWrapWhateverItsValue)
+TEST_P(LostBox, IsCreatedAgainByTheNextWrapWhateverItsValue)
 {
     lose();
     ASSERT_TRUE(q_.set_wrap(GetParam()));
@@ -248,7 +248,7 @@ TEST_P(LostBox, LeavesTheFocusWhereItIsNow)
 
 INSTANTIATE_TEST_SUITE_P(Wrap, LostBox, testing::Bool());
 
-TEST_F(MyBox, TabGoesRoundTheThreeBoxesAlsoAfterWrapping)
+TEST_F(MyBox, LetsTabGoThroughTheThreeBoxesAlsoAfterWrapping)
 {
     q_.set_wrap(true);
     d_.set_wrap(true);
@@ -261,7 +261,7 @@ TEST_F(MyBox, TabGoesRoundTheThreeBoxesAlsoAfterWrapping)
     EXPECT_EQ(q_.text(), L"");
 }
 
-TEST_F(MyBox, SendsTheSaveCommandForTheAcceleratorWhateverItsCode)
+TEST_F(MyBox, SendsTheSaveCommandForTheAcceleratorWhateverItsNotificationCode)
 {
     for (const WORD code : std::initializer_list<WORD>{ 0, 1 }) {
         a_.set_focus();
@@ -272,7 +272,7 @@ TEST_F(MyBox, SendsTheSaveCommandForTheAcceleratorWhateverItsCode)
     }
 }
 
-TEST_F(MyBox, HandsItsOwnHandleToTheCommandsOfItsParent)
+TEST_F(MyBox, PassesItsOwnHandleWithTheCommandsToItsParent)
 {
     std::int64_t lparam = 0;
     top_.answer = [&](ovlib::WndMessage& message) {
@@ -287,7 +287,7 @@ TEST_F(MyBox, HandsItsOwnHandleToTheCommandsOfItsParent)
         std::vector<int>{ command::show_web_menu });
 }
 
-TEST_F(MyBox, CarriesOutTheCommandsOfItsMenu)
+TEST_F(MyBox, ExecutesTheCommandsOfItsMenu)
 {
     q_.set_text(L"abc");
     q_.send(WM_COMMAND, command::box_select_all, 0);
@@ -305,7 +305,7 @@ TEST_F(MyBox, CarriesOutTheCommandsOfItsMenu)
     EXPECT_EQ(q_.text(), L"abcabc");
 }
 
-TEST_F(MyBox, TakesTheCommandsOfItsMenuAndOfTheAcceleratorAndNoOthers)
+TEST_F(MyBox, HandlesTheCommandsOfItsMenuAndOfTheAcceleratorAndNoOthers)
 {
     const auto takes = [&](int id) {
         ovlib::WndMessage message{ q_.hwnd(), WM_COMMAND, static_cast<std::uint64_t>(id), 0, 0 };
@@ -319,8 +319,8 @@ TEST_F(MyBox, TakesTheCommandsOfItsMenuAndOfTheAcceleratorAndNoOthers)
         EXPECT_FALSE(takes(id)) << id;
 }
 
-// The control itself reports the focus, when the message reaches it.
-TEST_F(MyBox, LeavesTheFocusToTheControlToo)
+// The control itself reports the focus if it gets the message.
+TEST_F(MyBox, PassesFocusMessagesToTheControl)
 {
     a_.set_focus();
     std::vector<int> notices;
@@ -341,7 +341,7 @@ TEST_F(MyBox, ShowsNoMenuWhileReadOnly)
     EXPECT_TRUE(q_.on_message(message));
 }
 
-TEST_F(MyBox, OpensTheInputMethodOnFocusOnlyWhenTheSettingsSaySo)
+TEST_F(MyBox, OpensTheInputMethodOnFocusOnlyIfTheSettingsDemandIt)
 {
     HIMC const context = ImmGetContext(q_.hwnd());
     ASSERT_NE(context, nullptr);
@@ -357,7 +357,7 @@ TEST_F(MyBox, OpensTheInputMethodOnFocusOnlyWhenTheSettingsSaySo)
     core::settings().auto_imm = false;
     a_.set_focus();
     q_.set_focus();
-    EXPECT_TRUE(ImmGetOpenStatus(context)); // never closed
+    EXPECT_TRUE(ImmGetOpenStatus(context)); // it is never closed
     ImmReleaseContext(q_.hwnd(), context);
 }
 

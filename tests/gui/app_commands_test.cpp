@@ -1,4 +1,4 @@
-// Commands on pages: turning, order, marks, adding, deleting, and what becomes of edits.
+// Commands on pages: turning, order, marks, adding, deleting, and their effect on edits.
 #include "app/failures.hpp"
 #include "tests/support/gui_app.hpp"
 #include <set>
@@ -36,7 +36,7 @@ TEST_F(Commands, TurnPagesToBothEnds)
     EXPECT_EQ(shown_after(command::previous_page), L"1\r\n");
 }
 
-TEST_F(Commands, ActOnTheirOwnNotificationCodeOnly)
+TEST_F(Commands, ActOnlyOnTheirOwnNotificationCode)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     command(command::next_page, 0, 1);
@@ -52,7 +52,7 @@ TEST_F(Commands, AreIgnoredWhenUnknown)
         static const std::set<int> known{ command::new_book, command::open_book, command::save_book_as,
             command::restore_book, command::backup_book, command::close_program, command::delete_page };
         if (!known.contains(id) && !(id >= command::first_history_entry && id <= command::last_history_entry))
-            command(id, 0, 1); // with an unexpected code: nothing but the accelerator takes it
+            command(id, 0, 1); // a code that only the accelerator accepts
     }
     EXPECT_EQ(book().pages.size(), 1u);
     EXPECT_TRUE(IsWindow(window().hwnd()));
@@ -72,7 +72,7 @@ TEST_F(Commands, DoNotTurnPagesWhileInputIsHeld)
     EXPECT_EQ(book().header.position, 1u);
 }
 
-TEST_F(Commands, DoNotTurnPagesWhileABoxStands)
+TEST_F(Commands, DoNotTurnPagesWhileABoxIsOpen)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     bool was_accepting = true;
@@ -101,7 +101,7 @@ TEST_F(Commands, LetTheWheelTurnPages)
     EXPECT_EQ(book().header.position, 0u);
 }
 
-TEST_F(Commands, LetSmallTurnsOfTheWheelTurnThePageWhenTheyReachANotch)
+TEST_F(Commands, AddUpSmallTurnsOfTheWheelUntilTheyReachANotch)
 {
     open({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
     const auto turn = [&](int delta) {
@@ -117,7 +117,7 @@ TEST_F(Commands, LetSmallTurnsOfTheWheelTurnThePageWhenTheyReachANotch)
     EXPECT_EQ(turn(-240), 1u) << "a large turn is one step";
 }
 
-TEST_F(Commands, LetSmallTurnsWithCtrlSwapPagesOncePerNotch)
+TEST_F(Commands, SwapPagesOncePerNotchForSmallTurnsWithCtrl)
 {
     open({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
     for (int i = 0; i < 12; ++i)
@@ -127,7 +127,7 @@ TEST_F(Commands, LetSmallTurnsWithCtrlSwapPagesOncePerNotch)
     EXPECT_EQ(book().pages[2].text[0], L"3\r\n");
 }
 
-// The messages' own times count, which only those of the queue have.
+// The times of the messages count, and only posted messages have one.
 TEST_F(Commands, ForgetTurnsOfTheWheelAfterAPause)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
@@ -226,7 +226,7 @@ TEST_F(Commands, AskOnceBeforeAnEditedPageIsLeftAndWriteOnYes)
     EXPECT_EQ(book().header.position, 1u);
 }
 
-TEST_F(Commands, DropTheEditOnNo)
+TEST_F(Commands, DiscardTheEditOnNo)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     type(command::box_1, L"x");
@@ -238,7 +238,7 @@ TEST_F(Commands, DropTheEditOnNo)
     EXPECT_EQ(saved().pages[0].text[0], L"1\r\n");
 }
 
-TEST_F(Commands, ShowTheStoredTextAfterANoEvenWhenNoPageFollows)
+TEST_F(Commands, ShowTheStoredTextAfterANoEvenIfNoPageFollows)
 {
     open({ page(L"1\r\n") });
     type(command::box_1, L"x");
@@ -266,7 +266,7 @@ TEST_F(Commands, AddAPageAtTheCurrentPosition)
     EXPECT_EQ(book().header.position, 1u);
 }
 
-TEST_F(Commands, GiveNoStrangerTheScrollPositionsOfThePageThatWasLeft)
+TEST_F(Commands, GiveNoOtherPageTheScrollPositionsOfThePageThatWasLeft)
 {
     std::wstring many;
     for (int i = 0; i < 100; ++i)
@@ -277,7 +277,7 @@ TEST_F(Commands, GiveNoStrangerTheScrollPositionsOfThePageThatWasLeft)
     sorted.pages[1].scroll_first = 40;
     open(sorted);
     ASSERT_EQ(box_text(command::box_1)[0], L'a');
-    command(command::add_page_here); // stored first, and first in the order too
+    command(command::add_page_here); // inserted first, also in display order
     command(command::add_page_at_end);
     close();
     std::vector<int> scrolls;
@@ -292,13 +292,13 @@ TEST_F(Commands, DeleteThePageThatWasAskedAbout)
     command(command::next_page);
     const MetBox met = answered(IDYES, [&] { command(command::delete_page); });
     EXPECT_EQ(met.text, L"このページを削除しますか？\r\n[ p.2 ]");
-    EXPECT_EQ(box_text(command::box_1), L"3"); // as the save trimmed it
+    EXPECT_EQ(box_text(command::box_1), L"3"); // trimmed by the save
     EXPECT_EQ(saved().pages.size(), 2u);
     answered(IDNO, [&] { command(command::delete_page); });
     EXPECT_EQ(book().pages.size(), 2u);
 }
 
-TEST_F(Commands, DropTheEditsOfADeletedPageInsteadOfGivingThemToTheNext)
+TEST_F(Commands, DiscardTheEditsOfADeletedPageInsteadOfGivingThemToTheNext)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     type(command::box_1, L"x");
@@ -316,7 +316,7 @@ TEST_F(Commands, LeaveAnEmptyPageWhenTheLastOneIsDeleted)
     EXPECT_EQ(box_text(command::box_1), L"");
 }
 
-TEST_F(Commands, DeleteNothingWhenAnotherPageCameUpMeanwhile)
+TEST_F(Commands, DeleteNothingIfAnotherPageArrivedMeanwhile)
 {
     open({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
     answered(
@@ -351,7 +351,7 @@ TEST_F(Commands, StayOnAPageWhoseEditCannotBeWritten)
     EXPECT_EQ(saved().pages[1].text[0], L"2\r\n");
 }
 
-TEST_F(Commands, ShowAFullBookAsAWarningAndGoOn)
+TEST_F(Commands, ReportAFullBookAsAWarningAndGoOn)
 {
     book::Book full;
     full.pages.assign(book::page_limit, page(L"p\r\n"));
@@ -378,17 +378,17 @@ TEST_F(Commands, EndTheProgramAfterAStandardException)
     EXPECT_EQ(window().hwnd(), nullptr);
     EXPECT_TRUE(gui::take_quit());
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
-    EXPECT_EQ(saved().header.order_mode, 2700); // the order that failed is not stored
+    EXPECT_EQ(saved().header.order_mode, 2700); // the mode that failed is not stored
 }
 
-TEST_F(Commands, WriteTheBookAlsoWhenTheRefreshRaises)
+TEST_F(Commands, WriteTheBookEvenIfTheRefreshThrows)
 {
     book::Book short_stamps = book_of({ page(L"1\r\n"), page(L"2\r\n") });
     short_stamps.pages[1].stamp = L"2020";
     open(short_stamps);
     command(command::toggle_sorted_order); // by text
     type(command::box_1, L"x");
-    // The key was changed; the order is built anew when a page comes in, and the short stamp has no such key.
+    // The key was changed. Adding a page rebuilds the order, and the short stamp has no such key.
     const_cast<book::Book&>(book()).header.sort_key = 3004;
     const auto met = answered_all({ IDYES, IDOK }, [&] { command(command::add_page_at_end); });
     ASSERT_EQ(met.size(), 2u);
@@ -397,7 +397,7 @@ TEST_F(Commands, WriteTheBookAlsoWhenTheRefreshRaises)
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
 }
 
-TEST_F(Commands, CloseOnceWhenTheProgramIsEndedInsideABox)
+TEST_F(Commands, CloseOnceIfTheProgramIsEndedInsideABox)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     type(command::box_1, L"x");
@@ -409,8 +409,8 @@ TEST_F(Commands, CloseOnceWhenTheProgramIsEndedInsideABox)
     EXPECT_EQ(saved().pages[0].text[0], L"x1\r\n");
 }
 
-// As the palette asks after it changed a colour of that box.
-TEST_F(Commands, RepaintTheBoxOfTheirCodeAlone)
+// The palette sends this after it changed a colour of that box.
+TEST_F(Commands, RepaintOnlyTheBoxOfTheirCode)
 {
     open({ page(L"1\r\n") });
     window().show(true);

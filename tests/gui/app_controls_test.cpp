@@ -1,4 +1,4 @@
-// The main window's controls: where they stand, what they show of the Book, and what they do to it.
+// The main window's controls: their places, their contents and their commands.
 #include "app/control_rows.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_calls.hpp"
@@ -19,7 +19,7 @@ protected:
     bool is_on(int id) const { return check(id).is_checked(); }
 };
 
-TEST_F(Controls, StandAtTheirPlaces)
+TEST_F(Controls, AreAtTheirPlaces)
 {
     open({ page(L"a\r\n") });
     const app::MainLayout at = layout();
@@ -33,7 +33,7 @@ TEST_F(Controls, StandAtTheirPlaces)
     EXPECT_EQ(place_of(the<look::TabWnd>().hwnd()), at.tabs);
     EXPECT_EQ(place_of(the<look::MySlider>().hwnd()), at.slider);
     EXPECT_EQ(place_of(box(command::search_box)), at.search_box);
-    // How high a closed combo box is, its font decides.
+    // The height of a closed combo box depends on its font.
     const Rect combo = place_of(box(command::file_combo));
     EXPECT_EQ((Rect{ combo.left, combo.top, combo.right, at.file_combo.bottom }), at.file_combo);
 }
@@ -53,7 +53,7 @@ TEST_F(Controls, StayInsideTheWindowAndAboveTheStatusBar)
     EXPECT_LE(app::checks_frame(layout()).bottom, bar.top);
 }
 
-TEST_F(Controls, AreAllToBeSeen)
+TEST_F(Controls, AreAllVisible)
 {
     open({ page(L"a\r\n") });
     ShowWindow(window().hwnd(), SW_SHOW);
@@ -65,7 +65,7 @@ TEST_F(Controls, AreAllToBeSeen)
     EXPECT_TRUE(IsWindowVisible(box(command::file_combo)));
 }
 
-TEST_F(Controls, ShowTheirTextsWhole)
+TEST_F(Controls, ShowTheirWholeTexts)
 {
     open({ page(L"a\r\n") });
     constexpr int text_left = 18;
@@ -81,7 +81,7 @@ TEST_F(Controls, ShowTheirTextsWhole)
     }
 }
 
-TEST_F(Controls, OfThePagesLieOnTheSlidersEnds)
+TEST_F(Controls, OfThePagesCoverTheSlidersEnds)
 {
     open({ page(L"a\r\n") });
     for (const int id :
@@ -100,7 +100,7 @@ TEST_F(Controls, WorkWithoutTheirPictures)
     EXPECT_EQ(box_text(command::box_1), L"2\r\n");
 }
 
-TEST_F(Controls, SendTheCommandsTheyAreNumberedBy)
+TEST_F(Controls, SendTheCommandsOfTheirIdentifiers)
 {
     open({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
     click(command::last_page);
@@ -140,7 +140,7 @@ TEST_F(Controls, OfThePageAndTheOrderFollowTheBook)
     EXPECT_TRUE(is_on(command::toggle_random_order));
 }
 
-TEST_F(Controls, OfThePageAndTheOrderRestWhileAnotherWindowOwnsTheBook)
+TEST_F(Controls, OfThePageAndTheOrderAreDisabledWhileAnotherWindowOwnsTheBook)
 {
     open({ page(L"1\r\n") });
     gui::EditingWindow editor{ &window() };
@@ -156,10 +156,10 @@ TEST_F(Controls, OfThePageAndTheOrderRestWhileAnotherWindowOwnsTheBook)
             EXPECT_EQ(is_enabled(id), is_free) << id;
         EXPECT_TRUE(is_enabled(command::next_page));
     }
-    close(); // before the window that it may ask goes
+    close(); // before the window that it may query is destroyed
 }
 
-TEST_F(Controls, OfferNoTabToAPageWhenTheBookHasAllItCanHave)
+TEST_F(Controls, OfferNoTabToAPageIfTheBookHasTheMaximum)
 {
     book::Book full = book_of({});
     for (int i = 0; i < 257; ++i) {
@@ -190,7 +190,7 @@ TEST_F(Controls, LightTheSaveButtonWhileThereIsSomethingToSave)
     EXPECT_EQ(saved().pages[0].text[1], L"い");
 }
 
-TEST_F(Controls, GiveTheFocusBackToTheLastBoxWhenTheSaveButtonGoesDark)
+TEST_F(Controls, ReturnTheFocusToTheLastBoxWhenTheSaveButtonIsDisabled)
 {
     open({ page(L"a\r\n") });
     ShowWindow(window().hwnd(), SW_SHOW);
@@ -202,7 +202,7 @@ TEST_F(Controls, GiveTheFocusBackToTheLastBoxWhenTheSaveButtonGoesDark)
     EXPECT_EQ(GetFocus(), box(command::box_3));
 }
 
-TEST_F(Controls, LeaveTheFocusAloneWhenAnotherControlHasIt)
+TEST_F(Controls, LeaveTheFocusToAnotherControl)
 {
     open({ page(L"a\r\n") });
     ShowWindow(window().hwnd(), SW_SHOW);
@@ -213,7 +213,7 @@ TEST_F(Controls, LeaveTheFocusAloneWhenAnotherControlHasIt)
     EXPECT_EQ(GetFocus(), box(command::search_box));
 }
 
-TEST_F(Controls, LightTheFolderButtonOfAPageThatHasAFolder)
+TEST_F(Controls, LightTheFolderButtonIfThePageHasAFolder)
 {
     book::Page with_folder = page(L"2\r\n");
     with_folder.reference_folder = L"C:\\資料";
@@ -267,7 +267,7 @@ TEST_F(Controls, ChooseAFileFromTheCombo)
     EXPECT_EQ(book().pages[0].current_file, 2u);
 }
 
-TEST_F(Controls, FollowTheFileThatTheButtonsChoose)
+TEST_F(Controls, ShowTheFileThatTheButtonsChoose)
 {
     open({ page_with_files({ L"C:\\a.txt", L"C:\\b.txt", L"C:\\c.txt" }) });
     auto& combo = control<ovlib::ComboBox>(command::file_combo);
@@ -303,7 +303,7 @@ TEST_F(Controls, ShowTheTabsOfTheBookAndGoToTheirPages)
     EXPECT_EQ(tabs.current_tab(), 2u);
 }
 
-TEST_F(Controls, TellTheBooksNumbersInFiveParts)
+TEST_F(Controls, ShowTheBooksNumbersInFiveParts)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     auto& bar = the<look::MyStatusBar>();
@@ -321,10 +321,10 @@ TEST_F(Controls, TellTheBooksNumbersInFiveParts)
     const gui::MessageCount drawn{ WM_DRAWITEM };
     command(command::next_page);
     gui::pump();
-    EXPECT_EQ(drawn.of(window().hwnd()), 1); // which page of how many; its dates are the same
+    EXPECT_EQ(drawn.of(window().hwnd()), 1); // the part with the page number; the dates are equal
 }
 
-TEST_F(Controls, TakeTheThemesColours)
+TEST_F(Controls, HaveTheThemesColours)
 {
     open({ page(L"1\r\n") });
     for (const std::int32_t theme : { 6002, 6003, 6000 }) {

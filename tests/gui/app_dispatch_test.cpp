@@ -1,4 +1,4 @@
-// Refusals, overdue refreshes and endings: what holds for commands whatever they do.
+// Refusals, overdue refreshes and endings: the rules that hold for all commands.
 #include "core/settings.hpp"
 #include "look/wnd/warningwnd.hpp"
 #include "tests/support/gui_app.hpp"
@@ -39,7 +39,7 @@ protected:
     std::unique_ptr<gui::EditingWindow> editor_;
 };
 
-TEST_F(Dispatch, RefusesWhatWouldTakeTheBookFromTheWindowThatOwnsIt)
+TEST_F(Dispatch, RefusesCommandsThatWouldTakeTheBookFromTheWindowThatOwnsIt)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     open_editing_window(window());
@@ -49,7 +49,7 @@ TEST_F(Dispatch, RefusesWhatWouldTakeTheBookFromTheWindowThatOwnsIt)
             command::add_page_at_end, command::add_page_here, command::toggle_mark, command::toggle_tab,
             command::toggle_mark_tracking, command::toggle_tab_tracking, command::toggle_sorted_order,
             command::toggle_random_order, command::reverse_order, command::show_file_menu })
-        command(id); // none of them may show a box or a menu, which nobody would answer
+        command(id); // none of them may show a box or a menu, which would block the test
     EXPECT_EQ(book().pages.size(), 2u);
     EXPECT_EQ(book().header.order_mode, 2700);
     EXPECT_EQ(book().header.track_marks, 0);
@@ -100,7 +100,7 @@ TEST_F(Dispatch, RefusesToCloseWhileAnotherWindowOwnsTheBook)
     EXPECT_EQ(window().hwnd(), nullptr);
 }
 
-// The system hides the windows of a minimised owner: they edit the Book all the same.
+// The system hides the windows of a minimised owner, but they still edit the Book.
 TEST_F(Dispatch, RefusesToCloseWhileTheWindowThatOwnsTheBookIsHiddenWithItsMinimisedOwner)
 {
     open({ page(L"1\r\n") });
@@ -125,7 +125,7 @@ TEST_F(Dispatch, EndsTheProgramAfterAFailedRestoreWhateverWindowOwnsTheBook)
     EXPECT_TRUE(gui::take_quit());
 }
 
-TEST_F(Dispatch, CountsWhoHoldsTheInput)
+TEST_F(Dispatch, CountsTheHoldsOfTheInput)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     command(command::set_accepting_input, 0);
@@ -138,8 +138,8 @@ TEST_F(Dispatch, CountsWhoHoldsTheInput)
     EXPECT_EQ(book().header.position, 1u);
 }
 
-// As a settings window asks that changed the key of the order.
-TEST_F(Dispatch, ShowsThePageThatANewOrderPutToThePositionWhateverTheMask)
+// A settings window sends this after it changed the sort key.
+TEST_F(Dispatch, ShowsThePageThatANewOrderPutsAtThePositionWhateverTheMask)
 {
     open({ page(L"b\r\n", L"1"), page(L"a\r\n", L"2") });
     command(command::toggle_sorted_order);
@@ -158,11 +158,11 @@ TEST_F(Dispatch, ShowsThePageWhosePositionChangedWithoutAMask)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     open_book().header.position = 1;
-    command(45000); // which no rule knows
+    command(45000); // unknown to the rules
     EXPECT_EQ(box_text(command::box_1), L"2\r\n");
 }
 
-TEST_F(Dispatch, TellsTheConditionOfASearchThatFound)
+TEST_F(Dispatch, ShowsTheConditionOfASearchThatFailed)
 {
     book::Book marked = book_of({ page(L"1\r\n"), page(L"2\r\n"), page(L"3\r\n") });
     marked.header.track_marks = 1;
@@ -192,7 +192,7 @@ TEST_F(Dispatch, StoresTheInterpolation)
     }
 }
 
-TEST_F(Dispatch, ShowsTheIconOfABoxsStyle)
+TEST_F(Dispatch, ShowsTheIconOfTheStyleInABox)
 {
     open({ page(L"1\r\n") });
     const auto icon_of = [&](app::BoxStyle style) {
@@ -208,7 +208,7 @@ TEST_F(Dispatch, ShowsTheIconOfABoxsStyle)
     EXPECT_EQ(icon_of(app::BoxStyle::warning_question), LoadIconW(nullptr, IDI_WARNING));
 }
 
-TEST_F(Dispatch, TellsAboutTheProgram)
+TEST_F(Dispatch, ShowsTheAboutText)
 {
     open({ page(L"1\r\n") });
     const MetBox met = answered(IDOK, [&] { command(command::about); });
@@ -228,7 +228,7 @@ TEST_F(Dispatch, SavesABookWhoseLastPositionWasDeleted)
     EXPECT_EQ(book().header.position, 0u);
 }
 
-TEST_F(Dispatch, KeepsThePlaceOfAPageThatCtrlAndWheelMoveInASortedBook)
+TEST_F(Dispatch, KeepsThePositionOfAPageThatCtrlAndWheelMoveInASortedBook)
 {
     open({ page(L"c\r\n"), page(L"a\r\n"), page(L"b\r\n") });
     command(command::toggle_sorted_order);

@@ -15,7 +15,7 @@ namespace command = core::command;
 constexpr auto stuck_entry = L"\\\\silent\\share\\a.png";
 constexpr auto log_name = L"\\process.log";
 constexpr DWORD longest_wait = 10'000; // milliseconds
-constexpr DWORD time_to_end = 45'000; // with what a busy machine adds
+constexpr DWORD time_to_end = 45'000; // more than the limit, for a busy machine
 
 class Ending : public gui::AppWindow {
 protected:
@@ -42,7 +42,7 @@ TEST_F(Ending, DeletesTheSharedFonts)
     }
 }
 
-TEST_F(Ending, GivesStuckWorkUpAfterTenSecondsAndSavesBookAndSettings)
+TEST_F(Ending, GivesUpStuckWorkAfterTenSecondsAndSavesBookAndSettings)
 {
     const gui::ComOnThread com;
     {
@@ -73,8 +73,7 @@ HWND main_window_of_this_process()
 
 constexpr UINT never_ended = 77;
 
-// As a user: edits the first page and closes the program while its work is stuck. Then it is to be gone in
-// time.
+// Edits the first page like a user and closes the program while its work is stuck. It must end in time.
 void edit_and_close()
 {
     const auto is_shown = [] { return IsWindowVisible(main_window_of_this_process()) != FALSE; };
@@ -89,10 +88,10 @@ void edit_and_close()
     TerminateProcess(GetCurrentProcess(), never_ended);
 }
 
-// The whole program in a process of its own, which is to end of itself with the code of a normal run.
+// Runs the whole program in a separate process, which must end alone with the exit code of a normal run.
 void run_program_with_stuck_work(const std::wstring& root)
 {
-    std::filesystem::remove_all(ovlib::WinApp::data_root); // of this process: nothing will come back to it
+    std::filesystem::remove_all(ovlib::WinApp::data_root); // of this process, which will not use it again
     ovlib::WinApp::data_root = root;
     ovlib::WinApp::process_log().set_path(root + log_name);
     const gui::StuckShare share;
@@ -101,7 +100,7 @@ void run_program_with_stuck_work(const std::wstring& root)
     TerminateProcess(GetCurrentProcess(), never_ended);
 }
 
-// A test of a dying process runs anew in that process: the place of the data is handed on to it.
+// A death test runs again in the dying process, so it passes the path of the data on to it.
 class EndingDeathTest : public Ending {
 protected:
     static constexpr auto variable = L"PAGEWICK_TEST_ENDING_ROOT";
@@ -114,7 +113,7 @@ protected:
     }
 };
 
-TEST_F(EndingDeathTest, GoesWithoutStuckWorkWithBookAndSettingsSaved)
+TEST_F(EndingDeathTest, EndsInSpiteOfStuckWorkWithBookAndSettingsSaved)
 {
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
     if (handed_on().empty()) {

@@ -1,4 +1,4 @@
-// Commands on files and folders that show dialogs or hand something to the shell.
+// Commands on files and folders that show dialogs or pass something to the shell.
 #include "app/wnd/shell_folders.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_file_dialog.hpp"
@@ -33,10 +33,10 @@ protected:
     }
     const Files& files() { return book().pages[0].files; }
     ovlib::ComboBox& combo() const { return control<ovlib::ComboBox>(command::file_combo); }
-    // From a dialog's thread, while it stands.
+    // To be called on a dialog's thread while it is open.
     void send_command(int id) { SendMessageW(window().hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
 
-    // Has the command's dialog answered with that name; an empty one leaves it.
+    // Runs a command and answers its dialog with that name; an empty name cancels it.
     void choose(
         int id, const std::wstring& name, const std::function<void()>& meanwhile = [] {})
     {
@@ -100,7 +100,7 @@ TEST_F(AddFiles, AppendsSeveralAndSelectsTheFirstOfThem)
     EXPECT_EQ(chosen, expected);
 }
 
-TEST_F(AddFiles, DoesNothingWhenTheDialogIsLeft)
+TEST_F(AddFiles, DoesNothingIfTheDialogIsCancelled)
 {
     const gui::LogEar log;
     open_with({ L"http://x.invalid/a" });
@@ -109,8 +109,8 @@ TEST_F(AddFiles, DoesNothingWhenTheDialogIsLeft)
     EXPECT_EQ(gui::link_lines(log), L"start_shortcut_creation_async()\r\n") << "that of the load alone";
 }
 
-// Nobody wants the files of one page on another.
-TEST_F(AddFiles, AddsNothingToAPageThatCameUpMeanwhile)
+// The files of one page must not be added to another.
+TEST_F(AddFiles, AddsNothingToAPageThatArrivedMeanwhile)
 {
     open_with({});
     choose(command::add_files, made(L"絵.png"), [&] { send_command(command::add_page_at_end); });
@@ -128,7 +128,7 @@ TEST_F(AddFiles, LeavesTheCurrentDirectoryAtTheDataRoot)
 
 class DuplicateFile : public AppFileDialogs {
 protected:
-    // The boxes that follow the dialog, answered in turn. Those of the dialog itself count.
+    // The boxes after the dialog, answered in order, including boxes of the dialog itself.
     Texts told(
         const std::wstring& name, const std::vector<int>& answers,
         const std::function<void()>& meanwhile = [] {})
@@ -184,18 +184,18 @@ TEST_F(DuplicateFile, GivesTheCopyItsExtension)
     EXPECT_TRUE(fs::exists(file(L"写し.png")));
 }
 
-TEST_F(DuplicateFile, OntoItselfTellsOfSuccessAndChangesNothing)
+TEST_F(DuplicateFile, OntoItselfReportsSuccessAndChangesNothing)
 {
     open_with({ made(L"元.png", L"中身") });
     const auto before = fs::last_write_time(file(L"元.png"));
-    const Texts boxes = told(file(L"元.PNG"), { IDYES, IDOK }); // the first is the dialog's own question
+    const Texts boxes = told(file(L"元.PNG"), { IDYES, IDOK }); // the first box is the dialog's own question
     ASSERT_EQ(boxes.size(), 2u);
     EXPECT_EQ(boxes[1], done(file(L"元.png"), file(L"元.PNG")));
     EXPECT_EQ(text_in(file(L"元.png")), L"中身");
     EXPECT_EQ(fs::last_write_time(file(L"元.png")), before);
 }
 
-TEST_F(DuplicateFile, OverwritesWhatStandsThereAfterTheDialogsQuestion)
+TEST_F(DuplicateFile, OverwritesAnExistingFileAfterTheDialogsQuestion)
 {
     made(L"写し.png", L"古い");
     open_with({ made(L"元.png", L"新しい") });
@@ -205,14 +205,14 @@ TEST_F(DuplicateFile, OverwritesWhatStandsThereAfterTheDialogsQuestion)
     EXPECT_EQ(text_in(file(L"写し.png")), L"新しい");
 }
 
-TEST_F(DuplicateFile, OfARelativeEntryTellsItsFullPath)
+TEST_F(DuplicateFile, OfARelativeEntryReportsItsFullPath)
 {
     made(L"元.png", L"中身");
     open_with({ L"元.png" });
     EXPECT_EQ(told(file(L"写し.png"), { IDOK }), Texts{ done(file(L"元.png"), file(L"写し.png")) });
 }
 
-TEST_F(DuplicateFile, TellsInTheSystemsWordsWhyItFailed)
+TEST_F(DuplicateFile, ReportsAFailureWithTheSystemsMessage)
 {
     open_with({ file(L"無い.png") });
     const Texts boxes = told(file(L"写し.png"), { IDOK });
@@ -225,7 +225,7 @@ TEST_F(DuplicateFile, TellsInTheSystemsWordsWhyItFailed)
     EXPECT_FALSE(fs::exists(file(L"写し.png")));
 }
 
-TEST_F(DuplicateFile, LeavesACopyAloneThatCannotBeWritten)
+TEST_F(DuplicateFile, LeavesACopyThatCannotBeWritten)
 {
     open_with({ made(L"元.png", L"新しい") });
     made(L"写し.png", L"古い");
@@ -236,14 +236,14 @@ TEST_F(DuplicateFile, LeavesACopyAloneThatCannotBeWritten)
     EXPECT_EQ(text_in(file(L"写し.png")), L"古い");
 }
 
-TEST_F(DuplicateFile, DoesNothingWhenTheDialogIsLeft)
+TEST_F(DuplicateFile, DoesNothingIfTheDialogIsCancelled)
 {
     open_with({ made(L"元.png") });
     choose(command::duplicate_file, L"");
     EXPECT_TRUE(window().is_accepting_input());
 }
 
-TEST_F(DuplicateFile, CopiesNothingWhenAnotherEntryWasSelectedMeanwhile)
+TEST_F(DuplicateFile, CopiesNothingIfAnotherEntryWasSelectedMeanwhile)
 {
     open_with({ made(L"元.png"), made(L"別.png") });
     told(file(L"写し.png"), {}, [&] { send_command(command::next_file); });
@@ -258,7 +258,7 @@ protected:
     }
 };
 
-TEST_F(OpenByTheShell, HandsTheFilesFullPathOver)
+TEST_F(OpenByTheShell, PassesTheFilesFullPath)
 {
     made(L"絵.png");
     open_with({ L"絵.png" });
@@ -267,7 +267,7 @@ TEST_F(OpenByTheShell, HandsTheFilesFullPathOver)
     EXPECT_EQ(ShellCalls::calls, Texts{ L"open|" + file(L"絵.png") + L"|" });
 }
 
-TEST_F(OpenByTheShell, HandsAnAddressOverAsItStands)
+TEST_F(OpenByTheShell, PassesAnAddressUnchanged)
 {
     open_with({ L"http://x.invalid/a b?c" });
     const ShellCalls shell;
@@ -275,7 +275,7 @@ TEST_F(OpenByTheShell, HandsAnAddressOverAsItStands)
     EXPECT_EQ(ShellCalls::calls, Texts{ L"open|http://x.invalid/a b?c|" });
 }
 
-TEST_F(OpenByTheShell, TellsWhichEntryCouldNotBeOpened)
+TEST_F(OpenByTheShell, ReportsTheEntryThatCouldNotBeOpened)
 {
     open_with({ L"無い.png" });
     const ShellCalls shell{ 32 };
@@ -292,7 +292,7 @@ TEST_F(OpenByTheShell, ShowsAFileInItsFolder)
     EXPECT_EQ(ShellCalls::calls, Texts{ L"open|explorer.exe| /select, \"" + file(L"絵 一.png") + L"\"" });
 }
 
-TEST_F(OpenByTheShell, TellsWhichFilesPlaceCouldNotBeShown)
+TEST_F(OpenByTheShell, ReportsTheFileThatCouldNotBeShown)
 {
     open_with({ made(L"絵.png") });
     const ShellCalls shell{ 2 };
@@ -300,7 +300,7 @@ TEST_F(OpenByTheShell, TellsWhichFilesPlaceCouldNotBeShown)
         L"Error: ファイルの場所を開けませんでした.\r\n" + file(L"絵.png"));
 }
 
-TEST_F(OpenByTheShell, ShowsNothingButRegularFilesInTheirFolder)
+TEST_F(OpenByTheShell, ShowsOnlyRegularFilesInTheirFolder)
 {
     CreateDirectoryW(file(L"箱").c_str(), nullptr);
     open_with({ L"箱", L"無い.png", L"http://x.invalid/a" });
@@ -323,7 +323,7 @@ protected:
         open(book);
     }
     const std::wstring& folder() { return book().pages[0].reference_folder; }
-    // Has the shell's dialog for folders answered.
+    // Answers the shell's folder dialog.
     void choose_folder(
         const std::wstring& path, const std::function<void()>& meanwhile = [] {})
     {
@@ -345,14 +345,14 @@ TEST_F(ReferenceFolder, IsChosenInADialogAndSaved)
     EXPECT_TRUE(is_lit());
 }
 
-TEST_F(ReferenceFolder, StaysWhenTheDialogIsLeft)
+TEST_F(ReferenceFolder, StaysIfTheDialogIsCancelled)
 {
     open_with_folder(L"C:\\資料");
     choose_folder(L"");
     EXPECT_EQ(folder(), L"C:\\資料");
 }
 
-TEST_F(ReferenceFolder, IsNotGivenToAPageThatCameUpMeanwhile)
+TEST_F(ReferenceFolder, IsNotGivenToAPageThatArrivedMeanwhile)
 {
     CreateDirectoryW(file(L"資料").c_str(), nullptr);
     open_with_folder(L"");
@@ -369,7 +369,7 @@ TEST_F(ReferenceFolder, IsOpenedByTheShell)
     EXPECT_EQ(ShellCalls::calls, Texts{ L"open|C:\\資料|" });
 }
 
-TEST_F(ReferenceFolder, ThatCannotBeOpenedIsNamed)
+TEST_F(ReferenceFolder, ThatCannotBeOpenedIsReported)
 {
     open_with_folder(L"C:\\資料");
     const ShellCalls shell{ 2 };

@@ -22,7 +22,7 @@ protected:
     }
     const Files& files() const { return shown().files; }
     std::uint64_t current() const { return shown().current_file; }
-    // From the box's thread, while it stands.
+    // To be called on the box's thread while it is open.
     void send_command(int id) { SendMessageW(window().hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
     const book::Page& shown() const { return const_cast<FileCommands*>(this)->book().pages[0]; }
 };
@@ -53,7 +53,7 @@ TEST_F(FileCommands, MoveAnEntryAndKeepItSelected)
     EXPECT_EQ(current(), 2u);
 }
 
-TEST_F(FileCommands, NeitherSaveNorTouchTheStamp)
+TEST_F(FileCommands, NeitherSaveNorChangeTheStamp)
 {
     open_with_files();
     const std::wstring stamp = shown().stamp;
@@ -78,7 +78,7 @@ TEST_F(FileCommands, RemoveTheEntryThatWasAskedAbout)
     EXPECT_EQ(current(), 0u);
 }
 
-TEST_F(FileCommands, RemoveNothingWhenAnotherEntryWasSelectedMeanwhile)
+TEST_F(FileCommands, RemoveNothingIfAnotherEntryWasSelectedMeanwhile)
 {
     open_with_files();
     answered(
@@ -87,7 +87,7 @@ TEST_F(FileCommands, RemoveNothingWhenAnotherEntryWasSelectedMeanwhile)
     EXPECT_EQ(current(), 2u);
 }
 
-TEST_F(FileCommands, RemoveNothingWhenTheEntryMovedMeanwhile)
+TEST_F(FileCommands, RemoveNothingIfTheEntryMovedMeanwhile)
 {
     open_with_files();
     answered(
@@ -95,7 +95,7 @@ TEST_F(FileCommands, RemoveNothingWhenTheEntryMovedMeanwhile)
     EXPECT_EQ(files(), (Files{ L"b.png", L"a.png", L"c.png" }));
 }
 
-TEST_F(FileCommands, RemoveNothingWhenAnotherPageCameUpMeanwhile)
+TEST_F(FileCommands, RemoveNothingIfAnotherPageArrivedMeanwhile)
 {
     open_with_files();
     for (const int id : { command::remove_file, command::remove_all_files }) {
@@ -134,7 +134,7 @@ TEST_F(FileCommands, ClearTheFolderAfterAQuestionAndSave)
     const MetBox met = answered(IDYES, [&] { command(command::clear_reference_folder); });
     EXPECT_EQ(met.text, L"フォルダの選択を取消しますか？\r\nC:\\資料");
     EXPECT_EQ(saved().pages[0].reference_folder, L"");
-    command(command::clear_reference_folder); // asks no more
+    command(command::clear_reference_folder); // no second question
 }
 
 TEST_F(FileCommands, ToggleTheTabOfThePage)
@@ -159,11 +159,11 @@ TEST_F(FileCommands, RemoveTheTabOfTheNamedPageAfterAQuestion)
     EXPECT_EQ(book().tab_count, 1);
     answered(IDYES, [&] { command(command::remove_tab, named); });
     EXPECT_EQ(book().tab_count, 0);
-    command(command::remove_tab, 0); // no page: no question
+    command(command::remove_tab, 0); // no page, so no question
     command(command::remove_tab, named + 1);
 }
 
-TEST_F(FileCommands, RemoveNoTabWhenPagesCameMeanwhile)
+TEST_F(FileCommands, RemoveNoTabIfPagesWereInsertedMeanwhile)
 {
     open({ page(L"1\r\n"), page(L"2\r\n") });
     command(command::toggle_tab);

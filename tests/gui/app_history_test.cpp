@@ -1,4 +1,4 @@
-// The window of the history beside the main window: when it comes, what it shows, when it takes clicks.
+// The history window of the main window: when it appears, what it shows, and when it accepts clicks.
 #include "tests/support/gui_app.hpp"
 #include "tests/support/gui_window.hpp"
 #include <commctrl.h>
@@ -11,7 +11,7 @@ using gui::MetBox;
 
 class AppHistory : public AppWindow {
 protected:
-    ~AppHistory() override { close(); } // before the window that it knows
+    ~AppHistory() override { close(); } // before the window that it refers to
 
     static HWND history_window()
     {
@@ -49,7 +49,7 @@ protected:
     }
 };
 
-TEST_F(AppHistory, ComesHiddenAndIsShownByItsCommand)
+TEST_F(AppHistory, IsCreatedHiddenAndShownByItsCommand)
 {
     open({ page(L"1\r\n") });
     ASSERT_NE(history_window(), nullptr);
@@ -59,7 +59,7 @@ TEST_F(AppHistory, ComesHiddenAndIsShownByItsCommand)
     EXPECT_EQ(gui::text_of(history_window()), L"履歴  [1件]");
 }
 
-TEST_F(AppHistory, AClickOpensTheBookWhichThenStandsOnTop)
+TEST_F(AppHistory, AClickOpensTheBookWhichIsFirstAfterwards)
 {
     open_with_two_books();
     ASSERT_EQ(rows(), 2);
@@ -74,7 +74,7 @@ TEST_F(AppHistory, AClickOpensTheBookWhichThenStandsOnTop)
     EXPECT_EQ(std::wstring(top), L"乙.bok") << "the rows follow";
 }
 
-TEST_F(AppHistory, AClickSavesWhatWasWrittenWithoutAQuestion)
+TEST_F(AppHistory, AClickSavesEditsWithoutAQuestion)
 {
     open_with_two_books();
     type(command::box_1, L"新");
@@ -83,7 +83,7 @@ TEST_F(AppHistory, AClickSavesWhatWasWrittenWithoutAQuestion)
     EXPECT_EQ(saved(L"甲.bok").pages[0].text[0], L"新甲\r\n");
 }
 
-TEST_F(AppHistory, ABookThatIsGoneIsNamedAndLosesItsRow)
+TEST_F(AppHistory, AMissingBookIsReportedAndLosesItsRow)
 {
     open_with_two_books();
     ASSERT_TRUE(DeleteFileW(file(L"乙.bok").c_str()));
@@ -94,7 +94,7 @@ TEST_F(AppHistory, ABookThatIsGoneIsNamedAndLosesItsRow)
     EXPECT_EQ(title(), L"甲");
 }
 
-TEST_F(AppHistory, TakesNoClicksBehindABoxNorWhileInputIsHeld)
+TEST_F(AppHistory, AcceptsNoClicksWhileABoxIsOpenOrInputIsHeld)
 {
     open_with_two_books();
     bool behind_box = true;
@@ -108,7 +108,7 @@ TEST_F(AppHistory, TakesNoClicksBehindABoxNorWhileInputIsHeld)
     EXPECT_TRUE(IsWindowEnabled(history_window()));
 }
 
-TEST_F(AppHistory, TakesNoClicksWhileAnEditingWindowOwnsTheBook)
+TEST_F(AppHistory, AcceptsNoClicksWhileAnEditingWindowOwnsTheBook)
 {
     open_with_two_books();
     gui::EditingWindow editor{ &window() };
@@ -122,7 +122,7 @@ TEST_F(AppHistory, TakesNoClicksWhileAnEditingWindowOwnsTheBook)
     editor.show(false);
     command(command::request_refresh, 0x40);
     EXPECT_TRUE(IsWindowEnabled(history_window()));
-    close(); // before the window that it may ask goes
+    close(); // before the window that it may query is destroyed
 }
 
 TEST_F(AppHistory, ClosingItsWindowOnlyHidesIt)

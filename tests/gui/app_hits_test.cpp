@@ -1,11 +1,11 @@
-// The hits of the search are those of the page in view, whatever put it there.
+// The hits of the search are those of the current page, however it became current.
 #include "tests/support/gui_app_controls.hpp"
 
 namespace {
 
 namespace command = core::command;
 
-// Each page holds the word another number of times, so that the number of hits names the page they are of.
+// Each page contains the word a different number of times, so the number of hits identifies the page.
 class Hits : public gui::AppControls {
 protected:
     static book::Page page_with(std::size_t count, const std::wstring& key = L"")
@@ -54,7 +54,7 @@ TEST_F(Hits, FollowAClickOnATab)
     book::Book tabbed = four_pages();
     tabbed.pages[2].tab_number = 1;
     open_searching(std::move(tabbed));
-    command(command::go_to_tab, 1); // which the strip sends
+    command(command::go_to_tab, 1); // sent by the strip
     ASSERT_EQ(words_in_view(), 4u);
     expect_those_of_the_page_in_view("tab");
 }
@@ -71,7 +71,7 @@ TEST_F(Hits, FollowEveryChangeOfTheOrder)
     }
 }
 
-// Of so many pages the same one hardly comes first again.
+// With so many pages the same one is unlikely to be first again.
 TEST_F(Hits, FollowAShuffle)
 {
     book::Book many;
@@ -93,8 +93,8 @@ TEST_F(Hits, AreThoseOfThePageAfterADeletedOne)
     expect_those_of_the_page_in_view("delete");
 }
 
-// The new page comes first in the order, and another one to the position.
-TEST_F(Hits, AreThoseOfThePageThatANewOnePutIntoView)
+// The new page is first in the order, so another page is at the position.
+TEST_F(Hits, AreThoseOfThePageThatBecomesCurrentWhenOneIsAdded)
 {
     book::Book sorted = four_pages();
     sorted.header.order_mode = 2701;
@@ -125,7 +125,7 @@ TEST_F(Hits, AreThoseOfALoadedBook)
     expect_those_of_the_page_in_view("restored");
 }
 
-TEST_F(Hits, AreFoundAnewWhenTheBoxesAreWrapped)
+TEST_F(Hits, AreFoundAgainWhenTheBoxesAreWrapped)
 {
     open_searching(four_pages());
     for (const bool wrap : { true, false }) {
@@ -136,7 +136,7 @@ TEST_F(Hits, AreFoundAnewWhenTheBoxesAreWrapped)
     }
 }
 
-TEST_F(Hits, AreLeftAloneByARefreshThatWrapsNothing)
+TEST_F(Hits, AreKeptByARefreshThatWrapsNothing)
 {
     open_searching(four_pages());
     open_book().hits.clear();

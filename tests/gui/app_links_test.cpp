@@ -1,4 +1,4 @@
-// The links that the main window has made, and the search for a file that was moved.
+// The creation of links by the main window, and the search for a moved file.
 #include "core/folders.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_calls.hpp"
@@ -7,7 +7,7 @@
 #include "tests/support/gui_silent_share.hpp"
 #include <bcrypt.h>
 
-// The imports themselves, which the linker names after the functions.
+// The addresses of the imports, which the linker names after the functions.
 extern "C" void* __imp_BCryptHash; // NOLINT(bugprone-reserved-identifier)
 extern "C" void* __imp_BCryptOpenAlgorithmProvider; // NOLINT(bugprone-reserved-identifier)
 extern "C" void* __imp_CoCreateInstance; // NOLINT(bugprone-reserved-identifier)
@@ -51,7 +51,7 @@ protected:
     {
         return control<ovlib::ComboBox>(command::file_combo).item_text(index);
     }
-    // From a box's thread, while it stands.
+    // To be called on a box's thread while it is open.
     void send_command(int id) { SendMessageW(window().hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
     static Texts texts_of(const std::vector<MetBox>& boxes)
     {
@@ -64,7 +64,7 @@ protected:
     gui::ComOnThread com;
 };
 
-TEST_F(AppLinks, AreMadeForEveryEntryOfALoadedBook)
+TEST_F(AppLinks, AreCreatedForEveryEntryOfALoadedBook)
 {
     const gui::LogEar log;
     book::Book two = book_of({ page(L"1\r\n"), page(L"2\r\n") });
@@ -77,7 +77,7 @@ TEST_F(AppLinks, AreMadeForEveryEntryOfALoadedBook)
     EXPECT_EQ(gui::count_files(folder()), 2u);
 }
 
-TEST_F(AppLinks, AreNotMadeForABookThatDoesNotWantThem)
+TEST_F(AppLinks, AreNotCreatedForABookThatDisablesThem)
 {
     const gui::LogEar log;
     book::Book unwanting = book_of({ page(L"1\r\n") });
@@ -89,13 +89,13 @@ TEST_F(AppLinks, AreNotMadeForABookThatDoesNotWantThem)
     EXPECT_FALSE(fs::exists(folder()));
 }
 
-TEST_F(AppLinks, NeedNoFileToGetTheirFolder)
+TEST_F(AppLinks, HaveAFolderEvenWithoutFiles)
 {
     open({ page(L"1\r\n") });
     EXPECT_TRUE(fs::is_directory(folder()));
 }
 
-TEST_F(AppLinks, WhoseFolderCannotBeMadeAreGivenUpWithAWord)
+TEST_F(AppLinks, WhoseFolderCannotBeCreatedAreGivenUpWithAMessage)
 {
     write_text(folder(), L"in the way");
     book::Book one = book_of({ page(L"1\r\n") });
@@ -105,7 +105,7 @@ TEST_F(AppLinks, WhoseFolderCannotBeMadeAreGivenUpWithAWord)
     EXPECT_TRUE(window().is_accepting_input());
 }
 
-TEST_F(AppLinks, WhoseThreadCannotBeStartedAreGivenUpWithAWord)
+TEST_F(AppLinks, WhoseThreadCannotBeStartedAreGivenUpWithAMessage)
 {
     using Start = std::uintptr_t(void*, unsigned, unsigned(__stdcall*)(void*), void*, unsigned, unsigned*);
     book::Book one = book_of({ page(L"1\r\n") });
@@ -121,19 +121,19 @@ TEST_F(AppLinks, WhoseThreadCannotBeStartedAreGivenUpWithAWord)
     EXPECT_FALSE(has_link(file(L"絵.png")));
 }
 
-TEST_F(AppLinks, AreNoLongerBegunWhileTheWindowCloses)
+TEST_F(AppLinks, AreNotStartedWhileTheWindowCloses)
 {
     const gui::LogEar log;
     open_with({ made(L"絵.png") });
     const gui::Unwritable protection{ file(L"手帖.bok") };
-    // The box of the failed save lets a further command through.
+    // The box about the failed save dispatches a further command.
     answered(
         IDOK, [&] { window().send(WM_CLOSE, 0, 0); }, [&] { send_command(command::restore_book); });
     EXPECT_EQ(gui::link_lines(log),
         std::wstring{ start_line } + L"start_shortcut_creation_async() ※cleanup中につき処理中止\r\n");
 }
 
-TEST_F(AppLinks, LetTheComboAskAShareThatDoesNotAnswerOnce)
+TEST_F(AppLinks, LetTheComboQueryAShareThatDoesNotAnswerOnlyOnce)
 {
     const gui::SilentShare share;
     book::Book unwanting = book_of({ page(L"1\r\n") });
@@ -170,7 +170,7 @@ TEST_F(AppLinks, StopBeforeTheBookIsSavedAtTheEnd)
     EXPECT_TRUE(had_stopped);
 }
 
-TEST_F(AppLinks, StopWithAWindowThatWasNeverClosed)
+TEST_F(AppLinks, StopEvenIfTheWindowWasNeverClosed)
 {
     const gui::SilentShare share;
     open_with({ L"\\\\silent\\share\\a", made(L"絵.png") });
@@ -181,7 +181,7 @@ TEST_F(AppLinks, StopWithAWindowThatWasNeverClosed)
 
 class SearchForAMovedFile : public AppLinks {
 protected:
-    // As a shell that follows files would tell: the link of the old path leads to the new place.
+    // Imitates a shell that tracks files: the link of the old path leads to the new one.
     void follow(const std::wstring& from, const std::wstring& to) const
     {
         CreateDirectoryW(folder().c_str(), nullptr);
@@ -221,7 +221,7 @@ TEST_F(SearchForAMovedFile, PutsTheFoundPathIntoTheListAndTheCombo)
     EXPECT_EQ(saved().pages[0].files[1], file(L"元.png")) << "the Book is not saved by this";
 }
 
-TEST_F(SearchForAMovedFile, ChangesNothingWithoutAYes)
+TEST_F(SearchForAMovedFile, ChangesNothingIfTheUserDeclines)
 {
     follow(file(L"元.png"), made(L"先.png"));
     open_with({ file(L"元.png") });
@@ -230,20 +230,20 @@ TEST_F(SearchForAMovedFile, ChangesNothingWithoutAYes)
     EXPECT_FALSE(has_link(file(L"先.png")));
 }
 
-TEST_F(SearchForAMovedFile, SaysNothingOfAFileThatIsThere)
+TEST_F(SearchForAMovedFile, ReportsNothingForAnExistingFile)
 {
     open_with({ made(L"絵.png") });
-    command(command::search_moved_file); // a box would wait for ever
+    command(command::search_moved_file); // a box would block the test
     EXPECT_EQ(files(), Files{ file(L"絵.png") });
 }
 
-TEST_F(SearchForAMovedFile, CannotSearchForAnAddress)
+TEST_F(SearchForAMovedFile, FailsForAnAddress)
 {
     open_with({ L"http://x.invalid/a" });
     EXPECT_EQ(told({ IDOK }), Texts{ L"このファイルは探索できません: http://x.invalid/a" });
 }
 
-TEST_F(SearchForAMovedFile, CannotSearchForNothing)
+TEST_F(SearchForAMovedFile, FailsForAnEmptyEntry)
 {
     open_with({});
     EXPECT_EQ(told({ IDOK }), Texts{ L"このファイルは探索できません: " });
@@ -260,15 +260,15 @@ TEST_F(SearchForAMovedFile, OffersToRemoveAnEntryWithoutALink)
     EXPECT_EQ(control<ovlib::ComboBox>(command::file_combo).count(), 1);
 }
 
-// What was asked about is no longer selected: neither that entry nor the other is to go.
-TEST_F(SearchForAMovedFile, OffersNoRemovalWhenAnotherEntryWasSelectedMeanwhile)
+// The entry in the question is no longer selected, so neither it nor the other may be removed.
+TEST_F(SearchForAMovedFile, OffersNoRemovalIfAnotherEntryWasSelectedMeanwhile)
 {
     open_with({ file(L"無い.png"), L"http://x.invalid/a" });
     EXPECT_EQ(told({ IDOK }, [&] { send_command(command::next_file); }), Texts{ no_link(file(L"無い.png")) });
     EXPECT_EQ(files().size(), 2u);
 }
 
-TEST_F(SearchForAMovedFile, ReplacesNothingWhenAnotherEntryWasSelectedMeanwhile)
+TEST_F(SearchForAMovedFile, ReplacesNothingIfAnotherEntryWasSelectedMeanwhile)
 {
     follow(file(L"元.png"), made(L"先.png"));
     open_with({ file(L"元.png"), L"http://x.invalid/a" });
@@ -276,7 +276,7 @@ TEST_F(SearchForAMovedFile, ReplacesNothingWhenAnotherEntryWasSelectedMeanwhile)
     EXPECT_EQ(files(), (Files{ file(L"元.png"), L"http://x.invalid/a" }));
 }
 
-TEST_F(SearchForAMovedFile, ReplacesNothingWhenAnotherPageCameUpMeanwhile)
+TEST_F(SearchForAMovedFile, ReplacesNothingIfAnotherPageArrivedMeanwhile)
 {
     follow(file(L"元.png"), made(L"先.png"));
     open_with({ file(L"元.png") });
@@ -285,8 +285,8 @@ TEST_F(SearchForAMovedFile, ReplacesNothingWhenAnotherPageCameUpMeanwhile)
     EXPECT_EQ(control<ovlib::ComboBox>(command::file_combo).count(), 0);
 }
 
-// The shell's tracking is a service; where there is none the link still names the old path.
-TEST_F(SearchForAMovedFile, TellsWhenTheLinkStillNamesTheOldPath)
+// The shell tracks files by a service. Without it the link still names the old path.
+TEST_F(SearchForAMovedFile, ReportsALinkThatStillNamesTheOldPath)
 {
     open_with({ made(L"元.png") });
     ASSERT_TRUE(link_comes(file(L"元.png")));
@@ -295,7 +295,7 @@ TEST_F(SearchForAMovedFile, TellsWhenTheLinkStillNamesTheOldPath)
     EXPECT_EQ(files(), Files{ file(L"元.png") });
 }
 
-TEST_F(SearchForAMovedFile, TellsWhenTheLinkIsNone)
+TEST_F(SearchForAMovedFile, ReportsAFileThatIsNoLink)
 {
     CreateDirectoryW(folder().c_str(), nullptr);
     write_text(link_of(file(L"元.png")), L"junk");
@@ -303,7 +303,7 @@ TEST_F(SearchForAMovedFile, TellsWhenTheLinkIsNone)
     EXPECT_EQ(told({ IDOK }), Texts{ L"ファイルの探索に失敗しました\r\n" + file(L"元.png") });
 }
 
-// The worker takes the entry as written, the search its full path.
+// The worker uses the entry as written, the search its full path.
 TEST_F(SearchForAMovedFile, DoesNotFindTheLinkOfARelativeEntry)
 {
     made(L"元.png");
@@ -313,7 +313,7 @@ TEST_F(SearchForAMovedFile, DoesNotFindTheLinkOfARelativeEntry)
     EXPECT_EQ(told({ IDOK, IDNO }), (Texts{ no_link(file(L"元.png")), removal(L"元.png") }));
 }
 
-TEST_F(SearchForAMovedFile, WorksWithLinksMadeEarlierAlsoForABookThatWantsNone)
+TEST_F(SearchForAMovedFile, UsesEarlierLinksEvenForABookThatDisablesThem)
 {
     follow(file(L"元.png"), made(L"先.png"));
     book::Book unwanting = book_of({ page(L"1\r\n") });
@@ -324,7 +324,7 @@ TEST_F(SearchForAMovedFile, WorksWithLinksMadeEarlierAlsoForABookThatWantsNone)
     EXPECT_EQ(files(), Files{ file(L"先.png") });
 }
 
-TEST_F(SearchForAMovedFile, TellsThatTheShellCannotBeHad)
+TEST_F(SearchForAMovedFile, ReportsThatTheShellIsNotAvailable)
 {
     open_with({ file(L"元.png") });
     const gui::ReplacedImport<decltype(CoCreateInstance)> failing{ &__imp_CoCreateInstance,
@@ -335,7 +335,7 @@ TEST_F(SearchForAMovedFile, TellsThatTheShellCannotBeHad)
     EXPECT_EQ(told({ IDOK }), Texts{ L"Shortcut の初期化に失敗しました" });
 }
 
-TEST_F(SearchForAMovedFile, TellsThatNoHashCanBeHad)
+TEST_F(SearchForAMovedFile, ReportsThatNoHashIsAvailable)
 {
     open_with({ file(L"元.png") });
     const gui::ReplacedImport<decltype(BCryptOpenAlgorithmProvider)> failing{
@@ -345,7 +345,7 @@ TEST_F(SearchForAMovedFile, TellsThatNoHashCanBeHad)
     EXPECT_EQ(told({ IDOK }), Texts{ L"Hash の初期化に失敗しました" });
 }
 
-TEST_F(SearchForAMovedFile, TellsThatThePathHasNoHash)
+TEST_F(SearchForAMovedFile, ReportsThatThePathHasNoHash)
 {
     open_with({ file(L"元.png") });
     const gui::ReplacedImport<decltype(BCryptHash)> failing{ &__imp_BCryptHash,
@@ -353,7 +353,7 @@ TEST_F(SearchForAMovedFile, TellsThatThePathHasNoHash)
     EXPECT_EQ(told({ IDOK }), Texts{ L"ハッシュの生成に失敗しました\r\n" + file(L"元.png") });
 }
 
-TEST_F(SearchForAMovedFile, TellsThatTheNewLinkCannotBeMade)
+TEST_F(SearchForAMovedFile, ReportsThatTheNewLinkCannotBeCreated)
 {
     follow(file(L"元.png"), made(L"先.png"));
     open_with({ file(L"元.png") });
@@ -364,7 +364,7 @@ TEST_F(SearchForAMovedFile, TellsThatTheNewLinkCannotBeMade)
     EXPECT_EQ(files(), Files{ file(L"元.png") });
 }
 
-TEST_F(SearchForAMovedFile, EndsWithAWindowThatIsClosedMeanwhile)
+TEST_F(SearchForAMovedFile, EndsIfTheWindowIsClosedMeanwhile)
 {
     follow(file(L"元.png"), made(L"先.png"));
     open_with({ file(L"元.png") });

@@ -12,7 +12,7 @@ using gui::ShownMenu;
 
 class Menus : public AppWindow {
 protected:
-    // The texts of the menu that `action` shows; grey ones end in a minus. It is left without a choice.
+    // The texts of the menu that `action` shows; those of grey items end in a minus. The menu is cancelled.
     std::vector<std::wstring> shown_by(const std::function<void()>& action)
     {
         std::vector<std::wstring> texts;
@@ -33,7 +33,7 @@ protected:
     RECT place_{};
 };
 
-TEST_F(Menus, OfTheBookComesUpBelowItsButton)
+TEST_F(Menus, OfTheBookAppearsBelowItsButton)
 {
     open({ page(L"1\r\n") });
     const auto texts = shown_by([&] { command(command::show_book_menu); });
@@ -47,8 +47,8 @@ TEST_F(Menus, OfTheBookComesUpBelowItsButton)
     EXPECT_NEAR(middle_of_place(), button.bottom, 1);
 }
 
-// Their flags put the middle of the menu to the place, those of the web its top.
-TEST_F(Menus, ComeUpAtTheCursor)
+// Their flags put the middle of the menu at the point; those of the web menu put its top there.
+TEST_F(Menus, AppearAtTheCursor)
 {
     book::Book with_file = book_of({ page(L"1\r\n") });
     with_file.pages[0].files = { file(L"手帖.bok") };
@@ -78,10 +78,10 @@ TEST_F(Menus, OfTheBookOffersToSaveAnEdit)
     EXPECT_EQ(shown_by([&] { command(command::show_book_menu); })[2], L"保存");
 }
 
-TEST_F(Menus, OfTheWindowComesUpByARightClickOnItsBackground)
+TEST_F(Menus, OfTheWindowAppearsOnARightClickOnItsBackground)
 {
     open({ page(L"1\r\n") });
-    EXPECT_EQ(window().send(WM_NCRBUTTONDOWN, HTCAPTION, 0), 0); // and comes back without a release
+    EXPECT_EQ(window().send(WM_NCRBUTTONDOWN, HTCAPTION, 0), 0); // returns without waiting for the release
     const auto texts = shown_by([&] { window().send(WM_NCRBUTTONUP, HTCAPTION, 0); });
     ASSERT_EQ(texts.size(), 12u);
     EXPECT_EQ(texts[0], L"履歴");
@@ -89,7 +89,7 @@ TEST_F(Menus, OfTheWindowComesUpByARightClickOnItsBackground)
     EXPECT_EQ(texts[11], L"設定");
 }
 
-TEST_F(Menus, OfTheWindowTellsThatASortedBookCannotBeEdited)
+TEST_F(Menus, OfTheWindowShowsThatASortedBookCannotBeEdited)
 {
     open({ page(L"1\r\n") });
     command(command::reverse_order);
@@ -138,7 +138,7 @@ TEST_F(Menus, OfFilesOfferNoCopyOfAFolder)
     EXPECT_EQ(texts[9], L"画像を Viewer (箱) で開く");
 }
 
-TEST_F(Menus, OfFilesCountARelativeEntryFromTheDataRoot)
+TEST_F(Menus, OfFilesResolveARelativeEntryAgainstTheDataRoot)
 {
     book::Book with_file = book_of({ page(L"1\r\n") });
     with_file.pages[0].files = { L"手帖.bok" };
@@ -166,7 +166,7 @@ TEST_F(Menus, OfTheWebOfferToSearchInTheBook)
 
 class Background : public AppWindow {
 protected:
-    // Over the lower end of the first box, where the upper gap begins.
+    // Just below the first box, where the upper gap begins.
     POINT gap_point() const
     {
         RECT rect{};
@@ -176,7 +176,7 @@ protected:
     std::int64_t hit(POINT point) { return window().send(WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y)); }
 };
 
-TEST_F(Background, TakesTheMouseItselfOverAGapAndMovesTheWindowElsewhere)
+TEST_F(Background, HandlesTheMouseOverAGapAndMovesTheWindowElsewhere)
 {
     open({ page(L"1\r\n") });
     EXPECT_EQ(hit(gap_point()), HTCLIENT);
@@ -198,7 +198,7 @@ TEST_F(Background, ShowsTheCursorOfAGapBeforeTheMouseMoves)
 TEST_F(Background, LeavesOtherRightButtonsToTheSystem)
 {
     open({ page(L"1\r\n") });
-    window().send(WM_NCRBUTTONUP, HTLEFT, 0); // shows no menu, which nobody would leave
+    window().send(WM_NCRBUTTONUP, HTLEFT, 0); // a menu would block the test
     EXPECT_TRUE(gui::popups_of(GetCurrentThreadId()).empty());
 }
 

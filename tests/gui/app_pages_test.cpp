@@ -1,4 +1,4 @@
-// The page in the boxes: what is shown, what marks the title, and where edits go.
+// The page in the boxes: its texts, the marks in the title, and where edits are stored.
 #include "tests/support/gui_app.hpp"
 #include "tests/support/gui_window.hpp"
 
@@ -20,11 +20,11 @@ protected:
     {
         return static_cast<int>(SendMessageW(box(id), EM_GETFIRSTVISIBLELINE, 0, 0));
     }
-    // Calls a refresh of everything from outside.
+    // Requests a refresh of everything from outside.
     void refresh() { command(command::request_refresh, core::refresh::full); }
 };
 
-TEST_F(PageInBoxes, StandsThereWithoutAnyMark)
+TEST_F(PageInBoxes, IsShownWithoutAnyMark)
 {
     open({ page(L"一\r\n二\r\n", L"見出し", L"三\r\n") });
     EXPECT_EQ(box_text(command::box_1), L"一\r\n二\r\n");
@@ -64,7 +64,7 @@ TEST_F(PageInBoxes, IsNotOverwrittenByARefreshWhileEdited)
     EXPECT_TRUE(is_modified(command::box_1));
 }
 
-TEST_F(PageInBoxes, IsTakenBackBoxByBox)
+TEST_F(PageInBoxes, IsCommittedBoxByBox)
 {
     open({ page(L"a\r\n", L"b", L"c\r\n") });
     type(command::box_2, L"  \x0003");
@@ -87,7 +87,7 @@ TEST_F(PageInBoxes, KeepsItsStampWhenSavedUnchanged)
     EXPECT_EQ(saved().pages[0].stamp, L"2020010203040520200102030405");
 }
 
-TEST_F(PageInBoxes, ComesBackAtItsScrollPositions)
+TEST_F(PageInBoxes, IsShownAgainAtItsScrollPositions)
 {
     book::Page first = page((lines(200)).c_str(), L"", lines(300).c_str());
     first.scroll_first = 50;
@@ -105,7 +105,7 @@ TEST_F(PageInBoxes, ComesBackAtItsScrollPositions)
     EXPECT_EQ(saved().pages[0].scroll_third, 130);
 }
 
-TEST_F(PageInBoxes, ComesBackBeyondWhatAScrollMessageCarries)
+TEST_F(PageInBoxes, IsShownAgainAtPositionsBeyondTheRangeOfAScrollMessage)
 {
     book::Page first = page(lines(40000).c_str());
     first.scroll_first = 33000;
@@ -143,7 +143,7 @@ TEST_F(PageInBoxes, CanBeTabbedThroughAlsoInAWrappedBook)
     }
 }
 
-TEST_F(PageInBoxes, FillsABoxThatComesBackAfterItCouldNotBeMadeAnew)
+TEST_F(PageInBoxes, FillsABoxThatCouldBeCreatedOnlyLater)
 {
     book::Book wrapped = book_of({ page(L"一\r\n", L"二", L"三\r\n"), page(L"四\r\n", L"五", L"六\r\n") });
     wrapped.header.wrap_text = 1;
@@ -227,7 +227,7 @@ TEST_F(PageShownAgain, KeepsItsScrollAndCaretWhenSavingUnderAnotherNameIsCancell
     expect_same_place();
 }
 
-TEST_F(PageShownAgain, BeginsAnewOnAnotherPageAndComesBackWithoutItsCaret)
+TEST_F(PageShownAgain, StartsAtTheTopOnAnotherPageAndReturnsWithoutItsCaret)
 {
     command(command::next_page);
     EXPECT_EQ(selection(command::box_1), 0u);
@@ -265,7 +265,7 @@ TEST_F(NoCurrentPage, IsLeftByTheFirstAndLastPage)
     EXPECT_EQ(GetWindowLongW(box(command::box_1), GWL_STYLE) & ES_READONLY, 0);
 }
 
-TEST_F(NoCurrentPage, DropsAnEditInsteadOfRefusingToMove)
+TEST_F(NoCurrentPage, DiscardsAnEditInsteadOfRefusingToMove)
 {
     SendMessageW(box(command::box_1), EM_SETMODIFY, TRUE, 0);
     command(command::first_page);
@@ -273,7 +273,7 @@ TEST_F(NoCurrentPage, DropsAnEditInsteadOfRefusingToMove)
     EXPECT_FALSE(is_modified(command::box_1));
 }
 
-TEST_F(NoCurrentPage, LetsEveryCommandThatNeedsAPagePass)
+TEST_F(NoCurrentPage, MakesEveryCommandThatNeedsAPageDoNothing)
 {
     for (const int id : { command::save_always, command::save_if_changed, command::save_after_question,
              command::toggle_mark, command::delete_page, command::add_page_here })

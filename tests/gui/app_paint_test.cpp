@@ -1,4 +1,4 @@
-// What the main window paints between its controls.
+// The painting of the main window between its controls.
 #include "look/theme.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "tests/support/gui_app_controls.hpp"
@@ -30,7 +30,7 @@ protected:
         const ovlib::ClientDC dc{ window() };
         return Color{ GetPixel(dc.handle(), x, y) };
     }
-    // Pixels of a part of the window that are not of this colour.
+    // The number of pixels of a part of the window that do not have this colour.
     int count_others(const Rect& part, Color ground)
     {
         const ovlib::ClientDC dc{ window() };
@@ -48,7 +48,7 @@ protected:
             place.file_counter.top + 20 };
         return count_others(line, look::palette().panel_back);
     }
-    // The pane itself paints there, not the window behind it.
+    // Reads from the pane, not from the window below it.
     Color in_pane(int x, int y)
     {
         const ovlib::ClientDC dc{ the<media::FileWnd>() };
@@ -66,7 +66,7 @@ protected:
     int note_pixels() { return count_others(app::file_note(layout()).area, look::palette().panel_back); }
 };
 
-TEST_F(Painted, AFrameRunsRoundTheSixChecks)
+TEST_F(Painted, AFrameSurroundsTheSixChecks)
 {
     show({ page(L"1\r\n") });
     const Rect frame = app::checks_frame(layout());
@@ -87,7 +87,7 @@ TEST_F(Painted, AFrameRunsRoundTheSixChecks)
     }
 }
 
-TEST_F(Painted, TheCounterFollowsTheFilesOfThePage)
+TEST_F(Painted, TheCounterShowsTheFilesOfThePage)
 {
     show({ page(L"1\r\n"), page_with_files({ L"C:\\a.txt", L"C:\\b.txt" }) });
     EXPECT_EQ(counter_pixels(), 0);
@@ -100,7 +100,7 @@ TEST_F(Painted, TheCounterFollowsTheFilesOfThePage)
     EXPECT_EQ(counter_pixels(), 0);
 }
 
-TEST_F(Painted, ThePaneOfAPageWithoutFilesSaysSo)
+TEST_F(Painted, ThePaneReportsAPageWithoutFiles)
 {
     show({ page(L"1\r\n"), page_with_files({ L"C:\\a.txt" }) });
     EXPECT_GT(pane_text_pixels(), 0);
@@ -113,7 +113,7 @@ TEST_F(Painted, ThePaneOfAPageWithoutFilesSaysSo)
     EXPECT_EQ(at(pane.right, pane.bottom - 40), look::palette().panel_back);
 }
 
-TEST_F(Painted, WhatIsToldOfTheFileStandsBelowTheCounter)
+TEST_F(Painted, TheFactsOfTheFileAreBelowTheCounter)
 {
     const std::wstring text = file(L"覚書.txt");
     test_support::write_bytes(text, test_support::Bytes(1500, std::byte{ 'a' }));
@@ -163,7 +163,7 @@ TEST_F(Painted, EachPaintIsOneCopy)
     EXPECT_EQ(copies.of(main), paints.of(main));
 }
 
-TEST_F(Painted, NothingOfWhatChangesIsErasedFirst)
+TEST_F(Painted, NoChangeErasesTheBackgroundFirst)
 {
     show({ page(L"1\r\n"), page_with_files({ L"C:\\a.txt", L"C:\\b.txt" }) });
     HWND const main = window().hwnd();

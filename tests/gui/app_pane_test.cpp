@@ -1,4 +1,4 @@
-// The file pane inside the main window: when it loads, and how it ends.
+// The file pane in the main window: when it loads, and how it ends.
 #include "core/locks.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "ovlib/gui/gdip.hpp"
@@ -84,7 +84,7 @@ TEST_F(PaneOfWindow, ShowsTheSelectedFileOfTheCurrentPage)
         app::main_layout({ window().client_size().cx, window().client_size().cy }).file_pane);
 }
 
-TEST_F(PaneOfWindow, ALoadHappensOnlyWhereTheFileMayHaveChanged)
+TEST_F(PaneOfWindow, ItLoadsOnlyIfTheFileMayHaveChanged)
 {
     open_pages({ { add_png(L"a.png", ovlib::rgb(255, 0, 0)) } });
     ASSERT_TRUE(DeleteFileW(file(L"a.png").c_str()));
@@ -95,9 +95,9 @@ TEST_F(PaneOfWindow, ALoadHappensOnlyWhereTheFileMayHaveChanged)
     EXPECT_EQ(pane().loader().state(), LoaderState::nothing);
 }
 
-// Every question may take seconds: the load, the facts, the small picture, its icon and the names of the
+// Every query may take seconds, so the load, the facts, the small picture, its icon and the names in the
 // combo share one answer.
-TEST_F(PaneOfWindow, AShareThatDoesNotAnswerIsAskedOnceForEachPageTurn)
+TEST_F(PaneOfWindow, AShareThatDoesNotAnswerIsQueriedOnceForEachPageTurn)
 {
     const gui::SilentShare share;
     book::Book book = book_of({ page(L"一\r\n"), page(L"二\r\n"), page(L"三\r\n"), page(L"四\r\n") });
@@ -120,7 +120,7 @@ TEST_F(PaneOfWindow, AShareThatDoesNotAnswerIsAskedOnceForEachPageTurn)
     EXPECT_EQ(pane().loader().state(), LoaderState::picture);
 }
 
-TEST_F(PaneOfWindow, AnInterpolationIsStoredAndReachesThePane)
+TEST_F(PaneOfWindow, AnInterpolationIsStoredAndAppliedToThePane)
 {
     open_pages({ { add_png(L"a.png", ovlib::rgb(255, 0, 0)) } });
     EXPECT_EQ(pane().loader().interpolation_mode, 7);
@@ -131,13 +131,13 @@ TEST_F(PaneOfWindow, AnInterpolationIsStoredAndReachesThePane)
     EXPECT_EQ(pane().loader().interpolation_mode, 0);
 }
 
-TEST_F(PaneOfWindow, AutoplayIsTheBooksOwn)
+TEST_F(PaneOfWindow, AutoplayIsASettingOfTheBook)
 {
     open_pages({ { add_gif(L"a.gif") } }, false);
     EXPECT_EQ(pane().gif_thread().state(), media::PlayState::paused);
 }
 
-TEST_F(PaneOfWindow, PagesOfAnimationsAreTurnedAndTheWindowClosedWhileOnePlays)
+TEST_F(PaneOfWindow, PagesCanBeTurnedAndTheWindowClosedWhileAnAnimationPlays)
 {
     open_pages({ { add_gif(L"a.gif") }, { add_gif(L"b.gif", 65535) }, { add_gif(L"c.gif") } });
     for (int i = 0; i < 16; ++i)
@@ -147,8 +147,9 @@ TEST_F(PaneOfWindow, PagesOfAnimationsAreTurnedAndTheWindowClosedWhileOnePlays)
     EXPECT_TRUE(is_loader_free());
 }
 
-// Gone without a word to the pane, as after a start that failed: its object stops what runs.
-TEST_F(PaneOfWindow, AWindowThatIsTakenAwayLeavesNoThread)
+// The window is destroyed without a message to the pane, as after a failed start. The pane's destructor stops
+// the thread.
+TEST_F(PaneOfWindow, AWindowDestroyedWithoutACloseLeavesNoThread)
 {
     class Silent : public media::FileWnd {
     public:

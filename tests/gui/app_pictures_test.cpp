@@ -1,4 +1,4 @@
-// The shipped pictures inside the program: what loads, for which command, and how it is drawn.
+// The shipped pictures in the program: which ones load, for which command, and how they are drawn.
 #include "app/bitmap_files.hpp"
 #include "app/wnd/app_bitmaps.hpp"
 #include "core/folders.hpp"
@@ -39,7 +39,7 @@ DIBSECTION section_of(HBITMAP bitmap)
     return section;
 }
 
-// Rows of a section loaded from a file stand as in the file: from the bottom.
+// A bitmap section loaded from a file has its rows bottom-up, as in the file.
 PicturePixel pixel_of(const BITMAP& bitmap, int x, int y)
 {
     const auto* at = static_cast<const std::uint8_t*>(bitmap.bmBits)
@@ -81,7 +81,7 @@ TEST_F(AppBitmaps, ACommandOutsideTheTableHasNone)
     EXPECT_EQ(app::app_bitmap(-1), nullptr);
 }
 
-TEST_F(AppBitmaps, AreGoneAfterTheyWereFreed)
+TEST_F(AppBitmaps, DoNotExistAfterTheyWereFreed)
 {
     app::load_app_bitmaps();
     const HBITMAP bitmap = app::app_bitmap(command::backup_book);
@@ -90,7 +90,7 @@ TEST_F(AppBitmaps, AreGoneAfterTheyWereFreed)
     EXPECT_EQ(GetObjectType(bitmap), 0u);
 }
 
-TEST_F(AppBitmaps, AMissingFileLeavesItsCommandWithout)
+TEST_F(AppBitmaps, AMissingFileLeavesItsCommandWithoutAPicture)
 {
     const test_support::TempFolder empty;
     core::init_folders(empty.path());
@@ -99,7 +99,7 @@ TEST_F(AppBitmaps, AMissingFileLeavesItsCommandWithout)
         EXPECT_EQ(app::app_bitmap(row.command), nullptr) << row.command;
 }
 
-TEST_F(AppBitmaps, ABlendedPictureLetsTheMenuShowThrough)
+TEST_F(AppBitmaps, ABlendedPictureShowsTheMenuBehindIt)
 {
     app::load_app_bitmaps();
     constexpr ovlib::Color menu{ 0x2B2B2B };
@@ -142,7 +142,7 @@ int alpha_at(Gdiplus::GpBitmap* bitmap, UINT x, UINT y)
     return static_cast<int>(color >> 24);
 }
 
-// What a button shows must not jump when it is disabled: only fainter, nowhere else.
+// When a button is disabled, its picture must only become fainter and must not move.
 TEST_F(AppBitmaps, TheDisabledHalfOfASheetIsTheSamePictureFainter)
 {
     const ovlib::GDIPSession session;
@@ -169,7 +169,7 @@ TEST_F(AppBitmaps, TheDisabledHalfOfASheetIsTheSamePictureFainter)
     }
 }
 
-// The color of an icon's pixel, and its size by way of the color bitmap.
+// The colours of an icon's pixels, and its size, from its colour bitmap.
 struct IconLook {
     SIZE size{};
     COLORREF band = 0;
@@ -210,7 +210,7 @@ TEST(ProgramIcon, IsInTheProgramInEverySize)
     }
 }
 
-TEST_F(AppWindow, BearsTheProgramsIconLargeAndSmall)
+TEST_F(AppWindow, HasTheProgramsIconInBothSizes)
 {
     open({ page(L"a") });
     const auto class_icon = [&](int which) {

@@ -1,5 +1,5 @@
-// Where the main window's file dialogs start, and the input while they are open. Paths count from the data
-// root, whatever the current directory is.
+// The initial folders of the main window's file dialogs, and the input while they are open. Paths are
+// resolved against the data root, whatever the current directory is.
 #include "app/wnd/shell_folders.hpp"
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_file_dialog.hpp"
@@ -50,7 +50,7 @@ TEST_F(OlderDialogs, ForANewBookStartEmptyOnTheDesktop)
 {
     open({ page(L"1\r\n") });
     const FileDialogSpy spy;
-    command(command::save_book_as); // which leaves its own folder and name in the same dialog
+    command(command::save_book_as); // leaves its own folder and name in the same dialog
     command(command::new_book);
     ASSERT_EQ(FileDialogSpy::shown.size(), 2u);
     const FileDialogSpy::Shown& shown = FileDialogSpy::shown[1];
@@ -81,7 +81,7 @@ TEST_F(OlderDialogs, ForAnotherNameStartAtTheBook)
     }
 }
 
-TEST_F(OlderDialogs, ForABookToOpenLeaveTheFolderToTheSystem)
+TEST_F(OlderDialogs, ForABookToOpenLetTheSystemChooseTheFolder)
 {
     open({ page(L"1\r\n") });
     const FileDialogSpy spy;
@@ -104,7 +104,7 @@ TEST_F(OlderDialogs, ForACopyProposeTheFilesName)
     EXPECT_EQ(shown.flags, 0x80006u);
 }
 
-// Neither a command nor the wheel turns a page meanwhile.
+// Neither a command nor the wheel may turn a page meanwhile.
 TEST_F(OlderDialogs, HoldTheInputWhileTheyAreOpen)
 {
     open_with({ made(L"元.png") });
@@ -123,7 +123,7 @@ TEST_F(OlderDialogs, HoldTheInputWhileTheyAreOpen)
     EXPECT_EQ(FileDialogSpy::shown.size(), 4u);
 }
 
-TEST_F(OlderDialogs, GiveBackNoInputThatAnotherWindowHolds)
+TEST_F(OlderDialogs, DoNotReleaseInputThatAnotherWindowHolds)
 {
     open_with({ made(L"元.png") });
     const FileDialogSpy spy;
@@ -159,7 +159,7 @@ TEST_F(CurrentDirectory, IsTheDataRootBeforeTheSettingsAreRead)
     set_history({ file(L"手帖.bok") });
     test_support::write_text(core::settings_file(core::folders()), L"\xFEFF[COMMON]\r\nAUTOBACKUP=1\r\n");
     go_elsewhere();
-    // As when the program was started by a relative path. The history is the same in both places.
+    // The program was started by a relative path. The history is equal in both folders.
     made_folder(L"elsewhere\\dat");
     CopyFileW(file(L"dat\\history.txt").c_str(), file(L"elsewhere\\dat\\history.txt").c_str(), FALSE);
     core::init_folders(L".");
@@ -213,7 +213,7 @@ TEST_F(CurrentDirectory, IsTheDataRootForAReferenceFolder)
     EXPECT_EQ(gui::current_directory(), root());
 }
 
-TEST_F(CurrentDirectory, IsTheDataRootForAnEntryHandedToTheShell)
+TEST_F(CurrentDirectory, IsTheDataRootForAnEntryPassedToTheShell)
 {
     open_with({ L"絵.png" });
     made(L"絵.png");
@@ -241,7 +241,7 @@ TEST_F(CurrentDirectory, IsTheDataRootForAnEntryToBeCopied)
     EXPECT_EQ(test_support::read_text(file(L"写し.png")), L"中身");
 }
 
-TEST_F(CurrentDirectory, IsTheDataRootAfterADialogMovedIt)
+TEST_F(CurrentDirectory, IsTheDataRootAfterADialogChangedIt)
 {
     open_with({ made(L"元.png") });
     const FileDialogSpy spy;

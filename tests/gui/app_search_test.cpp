@@ -12,7 +12,7 @@ protected:
     bool has_banner() const { return the<look::WarningWnd>().is_visible(); }
 };
 
-TEST_F(SearchControls, LeadToTheNextPageThatHasTheWord)
+TEST_F(SearchControls, LeadToTheNextPageWithTheWord)
 {
     open({ page(L"1\r\n"), page(L"2\r\n"), page(L"猫\r\n"), page(L"4\r\n") });
     write_search(L"猫");
@@ -25,7 +25,7 @@ TEST_F(SearchControls, LeadToTheNextPageThatHasTheWord)
     EXPECT_EQ(book().header.position, 3u);
 }
 
-TEST_F(SearchControls, KeepTheHitsOfThePageCurrentWhileTheWordIsTyped)
+TEST_F(SearchControls, UpdateTheHitsWhileTheWordIsTyped)
 {
     open({ page(L"aba\r\n") });
     write_search(L"a");
@@ -36,7 +36,7 @@ TEST_F(SearchControls, KeepTheHitsOfThePageCurrentWhileTheWordIsTyped)
     EXPECT_TRUE(book().hits.empty());
 }
 
-TEST_F(SearchControls, FoldTheCaseWhenAskedTo)
+TEST_F(SearchControls, IgnoreTheCaseIfChecked)
 {
     open({ page(L"ABC\r\n") });
     write_search(L"abc");
@@ -48,7 +48,7 @@ TEST_F(SearchControls, FoldTheCaseWhenAskedTo)
     EXPECT_TRUE(book().hits.empty());
 }
 
-TEST_F(SearchControls, WantEveryTermWhenAskedTo)
+TEST_F(SearchControls, RequireEveryTermIfChecked)
 {
     open({ page(L"1\r\n"), page(L"犬\r\n"), page(L"犬と猫\r\n") });
     write_search(L"犬　猫");
@@ -60,7 +60,7 @@ TEST_F(SearchControls, WantEveryTermWhenAskedTo)
     EXPECT_EQ(book().header.position, 1u);
 }
 
-TEST_F(SearchControls, LookIntoTheFileListWhenAskedTo)
+TEST_F(SearchControls, SearchTheFileListIfChecked)
 {
     open({ page(L"1\r\n"), page_with_files({ L"C:\\絵\\猫.png" }) });
     write_search(L"猫");
@@ -95,7 +95,7 @@ TEST_F(SearchControls, ShowNoBannerAtTheLastPageWithoutACondition)
     EXPECT_FALSE(has_banner());
 }
 
-TEST_F(SearchControls, TakeTheSelectionOfTheBoxThatHasTheFocus)
+TEST_F(SearchControls, UseTheSelectionOfTheFocusedBox)
 {
     open({ page(L"一二三\r\n", L"四五六") });
     ShowWindow(window().hwnd(), SW_SHOW);
@@ -110,7 +110,7 @@ TEST_F(SearchControls, TakeTheSelectionOfTheBoxThatHasTheFocus)
     EXPECT_EQ(box_text(command::search_box), L"五六") << "nothing is selected";
 }
 
-TEST_F(SearchControls, StandWithTheTracksInOneQuery)
+TEST_F(SearchControls, AreCombinedWithTheTrackingFlags)
 {
     book::Page marked = page(L"2\r\n");
     marked.mark = 1;

@@ -12,7 +12,7 @@ protected:
     const look::MySlider& slider() const { return the<look::MySlider>(); }
 };
 
-TEST_F(MainSlider, StandsWhereTheBookStands)
+TEST_F(MainSlider, ShowsThePositionOfTheBook)
 {
     open_three();
     EXPECT_EQ(slider().min, 0);
@@ -41,7 +41,7 @@ TEST_F(MainSlider, TurnsToThePageItIsMovedTo)
     }
 }
 
-TEST_F(MainSlider, CountsPagesInTheOrderTheyAreShown)
+TEST_F(MainSlider, CountsPagesInDisplayOrder)
 {
     open_three();
     command(command::reverse_order);
@@ -58,7 +58,7 @@ TEST_F(MainSlider, TurnsNoPageAtTheEndOfADrag)
     }
 }
 
-TEST_F(MainSlider, TellsNothingForAnotherControlsScrolling)
+TEST_F(MainSlider, IgnoresTheScrollingOfOtherControls)
 {
     open_three();
     the<look::MySlider>().value = 2;
@@ -67,7 +67,7 @@ TEST_F(MainSlider, TellsNothingForAnotherControlsScrolling)
     EXPECT_EQ(book().header.position, 0u);
 }
 
-TEST_F(MainSlider, ComesBackFromAPlaceBeyondTheBook)
+TEST_F(MainSlider, ReturnsFromAPositionBeyondTheBook)
 {
     open_three();
     the<look::MySlider>().max = 7;
@@ -77,7 +77,7 @@ TEST_F(MainSlider, ComesBackFromAPlaceBeyondTheBook)
     EXPECT_EQ(slider().max, 2);
 }
 
-TEST_F(MainSlider, SavesWhatWasWrittenBeforeItTurns)
+TEST_F(MainSlider, SavesEditsBeforeItTurns)
 {
     open_three();
     type(command::box_1, L"い");
@@ -87,7 +87,7 @@ TEST_F(MainSlider, SavesWhatWasWrittenBeforeItTurns)
     EXPECT_EQ(box_text(command::box_1), L"2");
 }
 
-TEST_F(MainSlider, GivesUpWhatWasWrittenWhenToldSo)
+TEST_F(MainSlider, DiscardsEditsIfTheUserDeclines)
 {
     open_three();
     type(command::box_1, L"い");
@@ -98,7 +98,7 @@ TEST_F(MainSlider, GivesUpWhatWasWrittenWhenToldSo)
     EXPECT_EQ(box_text(command::box_1), L"1\r\n");
 }
 
-TEST_F(MainSlider, GoesBackWhenThePageCannotBeSaved)
+TEST_F(MainSlider, GoesBackIfThePageCannotBeSaved)
 {
     open_three();
     command(command::next_page);
@@ -135,7 +135,7 @@ TEST_F(MainSlider, RenewsTheHitsOfThePageItTurnsTo)
     EXPECT_EQ(book().hits.size(), 2u);
 }
 
-TEST_F(MainSlider, OfOnePageStandsAtItsLeftEnd)
+TEST_F(MainSlider, OfOnePageIsAtItsLeftEnd)
 {
     open({ page(L"1\r\n") });
     EXPECT_EQ(slider().max, 0);

@@ -1,4 +1,4 @@
-// A theme that is chosen reaches every window of the program at once.
+// A chosen theme is applied to every window of the program at once.
 #include "core/locks.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/image_button.hpp"
@@ -26,7 +26,7 @@ using gui::PlainSub;
 
 using ListControl = gui::Placed<ovlib::ReportListView, 10, 60, 200, 80>;
 
-// Keeps a brush of the palette's, as windows do that fill their background often.
+// Keeps a brush of the palette, as windows do that fill their background often.
 class KeepingChild : public PlainChild, public look::Themed {
 public:
     using PlainChild::PlainChild;
@@ -61,7 +61,7 @@ std::vector<HWND> visible_windows()
     return windows;
 }
 
-// The main window with a secondary one before it, and controls in that.
+// The main window and a secondary window with controls.
 class Themes : public gui::AppWindow {
 protected:
     void open_windows(book::Book book)
@@ -129,7 +129,7 @@ TEST_F(Themes, AreOnTheScreenWhenTheCommandEnds)
     }
 }
 
-TEST_F(Themes, AreTakenBeforeTheRepaintByWindowsThatKeepColours)
+TEST_F(Themes, AreAppliedBeforeTheRepaintToWindowsThatKeepColours)
 {
     open_windows();
     const std::ptrdiff_t paints = child->count(WM_PAINT);
@@ -140,7 +140,7 @@ TEST_F(Themes, AreTakenBeforeTheRepaintByWindowsThatKeepColours)
     EXPECT_EQ(child->kept, look::theme_colors(look::theme_dark).panel_back);
 }
 
-TEST_F(Themes, AreNotToldToAWindowThatIsGone)
+TEST_F(Themes, AreNotAppliedToADestroyedWindow)
 {
     open_windows();
     child->destroy();
@@ -148,7 +148,7 @@ TEST_F(Themes, AreNotToldToAWindowThatIsGone)
     EXPECT_EQ(child->changes, 0);
 }
 
-TEST_F(Themes, ReachHiddenWindowsToo)
+TEST_F(Themes, AreAppliedToHiddenWindowsToo)
 {
     open_windows();
     sub->show(false);
@@ -157,7 +157,7 @@ TEST_F(Themes, ReachHiddenWindowsToo)
     EXPECT_EQ(list_color(LVM_GETBKCOLOR), look::theme_colors(look::theme_dark).box_back.value);
 }
 
-TEST_F(Themes, SurviveAWindowThatEndsWhileItIsPainted)
+TEST_F(Themes, SurviveAWindowThatIsDestroyedWhileItIsPainted)
 {
     open_windows();
     bool ended = false;
@@ -186,7 +186,7 @@ TEST_F(Themes, GiveListViewsTheirThreeColours)
     }
 }
 
-TEST_F(Themes, ReachTheControlsOfTheProgram)
+TEST_F(Themes, AreAppliedToTheControlsOfTheProgram)
 {
     open_windows();
     sub->answer = [](ovlib::WndMessage& message) { return ovlib::route_draw_item(message); };
@@ -223,7 +223,7 @@ HRESULT WINAPI note_attribute(HWND hwnd, DWORD attribute, const void* value, DWO
     return system_takes_colors || attribute < 35 ? S_OK : E_INVALIDARG;
 }
 
-TEST_F(Themes, ColourTheFrameOfEveryTopLevelWindowAsFarAsTheSystemCan)
+TEST_F(Themes, ColourTheFrameOfEveryTopLevelWindowAsFarAsTheSystemSupportsIt)
 {
     open_windows();
     const gui::ReplacedImport<decltype(DwmSetWindowAttribute)> spy{ &__imp_DwmSetWindowAttribute,
@@ -267,7 +267,7 @@ TEST_F(Themes, CostNoHandles)
 {
     open_windows();
     const gui::GdiCrowd crowd{ 300 };
-    constexpr int shown = 100; // the main window takes long to paint
+    constexpr int shown = 100; // the main window is slow to paint
     for (int i = 0; i < 1000; ++i) {
         if (i == shown)
             window().show(false);
@@ -279,7 +279,7 @@ TEST_F(Themes, CostNoHandles)
     gui::expect_handles_to_spare(40);
 }
 
-TEST_F(Themes, ColourEveryPageAndTheBoxesWhenAskedTo)
+TEST_F(Themes, ColourEveryPageAndTheBoxesOnCommand)
 {
     open_windows();
     command(6005);
@@ -300,7 +300,7 @@ TEST_F(Themes, ColourEveryPageAndTheBoxesWhenAskedTo)
     EXPECT_EQ(book().pages.back().text_color[0], 0xFFFFFFu);
 }
 
-TEST_F(Themes, OfABookThatAreNotStoredOpenAsTheOnesThatAre)
+TEST_F(Themes, OfABookWithAnUnknownNumberOpenAsAKnownTheme)
 {
     struct Stored {
         std::int32_t before;
@@ -334,14 +334,14 @@ TEST_F(Themes, BelongToTheBookThatIsOpen)
     EXPECT_EQ(look::palette().current_theme, look::theme_dark);
 }
 
-TEST_F(Themes, ComeWithALogLineForEachFontThatCannotBeMade)
+TEST_F(Themes, AreLoggedOnceForEachFontThatCannotBeCreated)
 {
     ovlib::WinApp::process_log().set_path(file(L"log.txt"));
     book::Book with_fonts = book_of({ page(L"a") });
     with_fonts.header.fonts[1].height = -30000;
     open(with_fonts);
-    // The data root has no pictures, of which the window of the history tells first; the worker tells
-    // of itself last.
+    // The data root has no pictures. The history window logs that first, and the worker logs about itself
+    // last.
     const std::wstring told = ovlib::WinApp::process_log().buffered();
     const std::size_t fonts = told.find(L"ログフォント");
     ASSERT_NE(fonts, std::wstring::npos);

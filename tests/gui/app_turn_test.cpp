@@ -1,4 +1,4 @@
-// What a turn to another page does not do anew, because it stands so already.
+// Work that a page turn skips because nothing changes.
 #include "tests/support/gui_app_controls.hpp"
 #include "tests/support/gui_calls.hpp"
 
@@ -10,7 +10,7 @@ constexpr int page_boxes[] = { command::box_1, command::box_2, command::box_3 };
 
 class Turn : public gui::AppControls {
 protected:
-    // How often `control` gets the message in a turn to the next page.
+    // How often `control` gets the message during a turn to the next page.
     int count_in_turn(UINT message, HWND control)
     {
         gui::pump();
@@ -33,7 +33,7 @@ protected:
         return made;
     }
     LPARAM place_behind_tab(int id) const { return SendMessageW(box(id), EM_POSFROMCHAR, 1, 0); }
-    // Where the first unit stands in a control whose text is a tab.
+    // The position of the first character after a tab in the control.
     LPARAM place_of_four_units() const
     {
         HWND const model = box(command::box_1);
@@ -57,14 +57,14 @@ TEST_F(Turn, PaintsEachBoxOnce)
         EXPECT_EQ(count_in_turn(WM_PAINT, box(id)), 1) << id;
 }
 
-TEST_F(Turn, LeavesTheFramesOfBoxesToThemselves)
+TEST_F(Turn, LeavesTheFramesOfBoxesAlone)
 {
     open({ page(L"a"), page(L"b"), page(L"c"), page(L"d") });
     for (const int id : page_boxes)
         EXPECT_EQ(count_in_turn(WM_NCPAINT, box(id)), 0) << id;
 }
 
-TEST_F(Turn, HandsTheTextsOfManyLinesOver)
+TEST_F(Turn, PassesTheTextsOfMultiLineBoxesByTheirMemory)
 {
     open(
         { page(L"a\r\n"), page(L"b\r\n", L"二", L"三\r\n"), page(L"c\r\n", L"", L"四\r\n"), page(L"d\r\n") });
@@ -76,8 +76,8 @@ TEST_F(Turn, HandsTheTextsOfManyLinesOver)
     EXPECT_EQ(box_text(command::box_3), L"四\r\n");
 }
 
-// Else the old page's text would be seen to move.
-TEST_F(Turn, HidesTheScrollingToAStoredPlace)
+// Otherwise the old page's text would visibly move.
+TEST_F(Turn, HidesTheScrollingToAStoredPosition)
 {
     open({ page(L"a"), scrolled_page(), scrolled_page(), page(L"b") });
     EXPECT_EQ(count_in_turn(WM_SETREDRAW, box(command::box_1)), 2);
@@ -99,7 +99,7 @@ TEST_F(Turn, KeepsTheTabStops)
     }
 }
 
-TEST_F(Turn, SetsNoTitleThatStandsAlready)
+TEST_F(Turn, DoesNotSetATitleThatIsUnchanged)
 {
     open({ page(L"a"), page(L"b") });
     EXPECT_EQ(count_in_turn(WM_SETTEXT, window().hwnd()), 0);
@@ -108,7 +108,7 @@ TEST_F(Turn, SetsNoTitleThatStandsAlready)
     EXPECT_EQ(title(), L"手帖 *");
 }
 
-TEST_F(Turn, FillsTheFileComboOnlyWithOtherFiles)
+TEST_F(Turn, FillsTheFileComboOnlyIfTheFilesDiffer)
 {
     const book::Page with = page_with_files({ L"C:\\甲.txt", L"C:\\乙.txt" }, 1);
     book::Page other = with;
@@ -126,7 +126,7 @@ TEST_F(Turn, FillsTheFileComboOnlyWithOtherFiles)
     EXPECT_EQ(SendMessageW(combo, CB_GETCOUNT, 0, 0), 0);
 }
 
-TEST_F(Turn, FillsTheFileComboAlsoWhenOnlyTheSelectionDiffers)
+TEST_F(Turn, FillsTheFileComboAlsoIfOnlyTheSelectionDiffers)
 {
     const book::Page with = page_with_files({ L"C:\\甲.txt", L"C:\\乙.txt" }, 1);
     open({ with, with });

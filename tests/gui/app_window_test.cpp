@@ -1,4 +1,4 @@
-// The main window: its class and place, the messages it rewrites, its colours and the boundary between its
+// The main window: its class and place, the messages it rewrites, its colours and the divider between its
 // boxes.
 #include "app/control_rows.hpp"
 #include "app/main_layout.hpp"
@@ -35,7 +35,7 @@ void expect_rect(const RECT& actual, const app::Rect& expected)
     EXPECT_EQ((app::Rect{ actual.left, actual.top, actual.right, actual.bottom }), expected);
 }
 
-TEST_F(AppWindow, HasItsOwnClassAndIsOfFixedSizeInTheMiddleOfTheScreen)
+TEST_F(AppWindow, HasItsOwnClassAndAFixedSizeInTheMiddleOfTheScreen)
 {
     open({ page(L"a") });
     wchar_t name[64] = {};
@@ -64,13 +64,13 @@ TEST_F(AppWindow, HasTheThreeBoxesAtTheirPlaces)
         EXPECT_TRUE(IsWindowVisible(box(id)));
 }
 
-TEST_F(AppWindow, StartsANewBooksBoundaryBelowTheTopOfBox1)
+TEST_F(AppWindow, PutsANewBooksDividerBelowTheTopOfBox1)
 {
     open({ page(L"a") });
     EXPECT_EQ(book().header.divider, 112);
 }
 
-TEST_F(AppWindow, PutsAStrayBoundaryBackIntoItsRange)
+TEST_F(AppWindow, MovesADividerOutsideItsRangeBackIntoIt)
 {
     book::Book high = book_of({ page(L"a") });
     high.header.divider = -300;
@@ -84,7 +84,7 @@ TEST_F(AppWindow, PutsAStrayBoundaryBackIntoItsRange)
     EXPECT_EQ(in_client(box(command::box_2)).top, 676);
 }
 
-TEST_F(LaidOut, MovesTheBoundaryWithAMouseThatPressedAGap)
+TEST_F(LaidOut, MovesTheDividerWithAMouseThatPressedAGap)
 {
     open({ page(L"a") });
     const app::PageBoxes boxes = layout().boxes;
@@ -109,8 +109,8 @@ TEST_F(LaidOut, MovesTheBoundaryWithAMouseThatPressedAGap)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
-// Where a box stood, the gap shows the box's text until it is painted.
-TEST_F(AppWindow, PaintsBothGapsAnewWhenTheBoundaryMoves)
+// A gap over the old place of a box shows the box's text until it is painted.
+TEST_F(AppWindow, RepaintsBothGapsWhenTheDividerMoves)
 {
     open({ page(L"a") });
     window().show(true);
@@ -131,7 +131,7 @@ TEST_F(AppWindow, PaintsBothGapsAnewWhenTheBoundaryMoves)
     mouse(WM_LBUTTONUP, 300);
 }
 
-TEST_F(LaidOut, LeavesTheMouseToAWindowThatTookItDuringADrag)
+TEST_F(LaidOut, LeavesTheMouseToAWindowThatTookTheCaptureDuringADrag)
 {
     open({ page(L"a") });
     const app::Rect gap = app::gap_rect(layout().boxes, app::BoxGap::upper);
@@ -156,7 +156,7 @@ TEST_F(LaidOut, IsMovedByItsBackgroundAlsoBeyondTheTopOfTheScreen)
     window().send(WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
     ASSERT_EQ(GetCapture(), window().hwnd());
     mouse(WM_MOUSEMOVE, grip.x - 60, grip.y - before.top - 200);
-    mouse(WM_MOUSEMOVE, grip.x + 10, grip.y + 5); // from where the window is by now
+    mouse(WM_MOUSEMOVE, grip.x + 10, grip.y + 5); // relative to the window's new position
     const RECT after = window().rect();
     EXPECT_EQ(after.left, before.left - 50);
     EXPECT_EQ(after.top, -195);
@@ -167,7 +167,7 @@ TEST_F(LaidOut, IsMovedByItsBackgroundAlsoBeyondTheTopOfTheScreen)
     EXPECT_EQ(window().rect().top, -195);
 }
 
-TEST_F(LaidOut, HasItsBackgroundForACaptionAndItsGapsForAClientArea)
+TEST_F(LaidOut, ReportsItsBackgroundAsACaptionAndItsGapsAsClientArea)
 {
     open({ page(L"a") });
     const app::MainLayout at = layout();
@@ -184,7 +184,7 @@ TEST_F(LaidOut, HasItsBackgroundForACaptionAndItsGapsForAClientArea)
     }
 }
 
-TEST_F(AppWindow, TakesADoubleClickOnAControlForASecondClick)
+TEST_F(AppWindow, TreatsADoubleClickOnAControlAsASecondClick)
 {
     open({ page(L"一二三四五六七八九十\r\n") });
     SendMessageW(box(command::box_1), EM_SETSEL, 2, 2);
@@ -220,7 +220,7 @@ TEST_F(AppWindow, GivesTheAcceleratorToTheFocusedBoxWhichSaves)
     EXPECT_EQ(GetFocus(), box(command::box_1));
 }
 
-TEST_F(AppWindow, GivesAKeyboardOfItsOwnToTheFieldThatHadItLast)
+TEST_F(AppWindow, GivesTheFocusToTheFieldThatHadItLast)
 {
     open({ page(L"a\r\n") });
     EXPECT_EQ(GetFocus(), box(command::box_1)) << "at the start";
@@ -232,7 +232,7 @@ TEST_F(AppWindow, GivesAKeyboardOfItsOwnToTheFieldThatHadItLast)
     }
 }
 
-TEST_F(AppWindow, GivesTheKeyboardToAnotherFieldWhenTheLastOneCannotTakeIt)
+TEST_F(AppWindow, GivesTheFocusToAnotherFieldIfTheLastOneCannotTakeIt)
 {
     open({ page(L"a\r\n") });
     SetFocus(box(command::box_2));
@@ -242,7 +242,7 @@ TEST_F(AppWindow, GivesTheKeyboardToAnotherFieldWhenTheLastOneCannotTakeIt)
     EXPECT_EQ(GetFocus(), box(command::search_box));
 }
 
-TEST_F(AppWindow, KeepsTheKeyboardInABoxThatIsMadeAnew)
+TEST_F(AppWindow, KeepsTheFocusInABoxThatIsCreatedAgain)
 {
     book::Book wrapped = book_of({ page(L"a\r\n") });
     wrapped.header.wrap_text = 1;
@@ -270,7 +270,7 @@ TEST_F(AppWindow, IgnoresTheAcceleratorsCommandItself)
 
 class BoxColors : public AppWindow {
 protected:
-    // What a colour message answers and sets.
+    // The result of a colour message and what it sets.
     struct Answer {
         LRESULT brush = 0;
         COLORREF text = 0;
@@ -333,7 +333,7 @@ TEST_F(BoxColors, OfAReadOnlyBoxDimTheText)
     EXPECT_EQ(answer.text, RGB(74, 74, 74));
 }
 
-TEST_F(BoxColors, OfAnotherEditControlAreTheThemes)
+TEST_F(BoxColors, OfOtherEditControlsAreTheThemes)
 {
     open({ page(L"a") });
     HWND const other = CreateWindowExW(0, L"EDIT", L"", WS_CHILD, 0, 0, 10, 10, window().hwnd(), nullptr,
@@ -420,7 +420,7 @@ TEST_F(AppWindow, GivesTheBoxesTheFontsOfTheBook)
 {
     book::Book with_fonts = book_of({ page(L"a") });
     with_fonts.header.fonts[0].height = -31;
-    with_fonts.header.fonts[0].face_name.fill(u'字'); // not ended by a zero
+    with_fonts.header.fonts[0].face_name.fill(u'字'); // without a terminating zero
     with_fonts.header.fonts[1].height = -30000;
     open(with_fonts);
     const auto font_of = [&](int id) {

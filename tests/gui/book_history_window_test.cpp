@@ -1,4 +1,4 @@
-// The window of the history.
+// The history window.
 #include "book/history_view.hpp"
 #include "book/wnd/historywnd.hpp"
 #include "core/folders.hpp"
@@ -105,7 +105,7 @@ TEST_F(HistoryWindow, ShowsNameFolderAndCount)
     EXPECT_EQ(image_of(2), 1);
 }
 
-TEST_F(HistoryWindow, StandsAtTheCursorWhenItWasHidden)
+TEST_F(HistoryWindow, OpensAtTheCursorIfItWasHidden)
 {
     create();
     ASSERT_TRUE(gui::point_at({ 700, 300 }));
@@ -118,7 +118,7 @@ TEST_F(HistoryWindow, StandsAtTheCursorWhenItWasHidden)
     EXPECT_EQ(window_.rect().left, place.left) << "a shown window only comes forward";
 }
 
-TEST_F(HistoryWindow, IsFilledWhileVisibleOnly)
+TEST_F(HistoryWindow, IsFilledOnlyWhileVisible)
 {
     create();
     history_.add(L"C:\\a.bok");
@@ -150,7 +150,7 @@ TEST_F(HistoryWindow, AClickPostsTheCommandOfItsRow)
     EXPECT_EQ(commands_, (std::vector{ first_command + 1 }));
 }
 
-TEST_F(HistoryWindow, AClickBesideTheRowsDoesNothing)
+TEST_F(HistoryWindow, AClickOutsideTheRowsDoesNothing)
 {
     create();
     show_with({ L"C:\\a.bok" });
@@ -211,7 +211,7 @@ TEST_F(HistoryWindow, IsFilledWhileItsOwnerIsMinimised)
     EXPECT_EQ(window_.list().count(), 2);
 }
 
-TEST_F(HistoryWindow, TakesTheColorsOfEveryTheme)
+TEST_F(HistoryWindow, HasTheColorsOfEveryTheme)
 {
     create();
     window_.show(true);
@@ -226,7 +226,7 @@ TEST_F(HistoryWindow, TakesTheColorsOfEveryTheme)
     }
 }
 
-TEST_F(HistoryWindow, IsGreyWhileDisabledInATurnOfThemesToo)
+TEST_F(HistoryWindow, IsGreyWhileDisabledAlsoAfterAChangeOfTheTheme)
 {
     create();
     window_.show(true);
@@ -239,7 +239,7 @@ TEST_F(HistoryWindow, IsGreyWhileDisabledInATurnOfThemesToo)
     EXPECT_EQ(list_color(LVM_GETTEXTCOLOR), look::palette().list_text.value);
 }
 
-TEST_F(HistoryWindow, GoesWithoutPicturesWhenAFileIsMissing)
+TEST_F(HistoryWindow, HasNoPicturesIfAFileIsMissing)
 {
     core::init_folders(folder_.path());
     ovlib::WinApp::process_log().set_path(folder_.file(L"log.txt"));
@@ -249,7 +249,7 @@ TEST_F(HistoryWindow, GoesWithoutPicturesWhenAFileIsMissing)
         L"HistoryWnd: Failed to create bitmap1\r\nHistoryWnd: Failed to create bitmap2\r\n");
 }
 
-TEST_F(HistoryWindow, GoesWithoutPicturesWhenThereIsNoListForThem)
+TEST_F(HistoryWindow, HasNoPicturesIfThereIsNoImageList)
 {
     ovlib::WinApp::process_log().set_path(folder_.file(L"log.txt"));
     {
@@ -263,7 +263,7 @@ TEST_F(HistoryWindow, GoesWithoutPicturesWhenThereIsNoListForThem)
     EXPECT_EQ(window_.list().cell_text(0, 0), L"a.bok");
 }
 
-// An opaque pixel of the picture keeps its colour on its way through the image list.
+// An opaque pixel of the picture keeps its colour in the image list.
 TEST_F(HistoryWindow, ShowsThePictureInItsOwnColors)
 {
     create();

@@ -1,4 +1,4 @@
-// The banner of a search without result, with its real timer.
+// The banner about a search without a result, with its real timer.
 #include "look/wnd/warningwnd.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
@@ -18,7 +18,7 @@ namespace {
 using look::BannerFade;
 using State = BannerFade::State;
 
-constexpr int few = 200; // handles left to be taken
+constexpr int few = 200; // handles that are still available
 
 class Banner : public testing::Test {
 protected:
@@ -30,7 +30,7 @@ protected:
     }
     void TearDown() override { top_.destroy(); }
 
-    // What the system knows of the window's transparency; -1 when it is not layered.
+    // The transparency of the window in the system; -1 if it is not layered.
     int system_alpha() const
     {
         BYTE alpha = 0;
@@ -65,7 +65,7 @@ TEST_F(Banner, IsCreatedHiddenAndTransparent)
         static_cast<DWORD>(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE));
 }
 
-// The program's icon, which this one does not carry.
+// The program's icon, which this program does not contain.
 TEST_F(Banner, DrawsTheSmallIconOfTheProgramInItsCorner)
 {
     static HICON icon;
@@ -91,7 +91,7 @@ TEST_F(Banner, DrawsTheSmallIconOfTheProgramInItsCorner)
     EXPECT_EQ(drawn, (std::vector<int>{ 6, 6, 16, 16, DI_NORMAL }));
 }
 
-TEST_F(Banner, LivesItsWholeLifeByItsTimer)
+TEST_F(Banner, FadesInStaysAndFadesOutByItsTimer)
 {
     const auto start = std::chrono::steady_clock::now();
     banner_.show(L"一致条件: 京都");
@@ -110,7 +110,7 @@ TEST_F(Banner, LivesItsWholeLifeByItsTimer)
     EXPECT_TRUE(IsWindow(banner_.hwnd()));
 }
 
-TEST_F(Banner, TellsTheSystemTheAlphaOfEveryTick)
+TEST_F(Banner, SetsTheAlphaOfEveryTickInTheSystem)
 {
     banner_.show(L"x");
     for (const int alpha : { 40, 80, 120, 160, 200, 230, 230, 190, 150, 110, 70, 30 }) {
@@ -123,7 +123,7 @@ TEST_F(Banner, TellsTheSystemTheAlphaOfEveryTick)
     EXPECT_EQ(system_alpha(), 0);
 }
 
-TEST_F(Banner, BeginsAnewWhenItIsCreatedAgain)
+TEST_F(Banner, StartsAgainWhenItIsCreatedAgain)
 {
     banner_.show(L"x");
     tick();
@@ -137,7 +137,7 @@ TEST_F(Banner, BeginsAnewWhenItIsCreatedAgain)
     EXPECT_EQ(system_alpha(), 40);
 }
 
-TEST_F(Banner, IgnoresATickThatComesAfterItsTimerWasStopped)
+TEST_F(Banner, IgnoresATickThatArrivesAfterItsTimerWasStopped)
 {
     tick();
     EXPECT_EQ(system_alpha(), 0);
@@ -170,7 +170,7 @@ TEST_F(Banner, HidesWhenItIsClosed)
     EXPECT_TRUE(IsWindow(banner_.hwnd()));
 }
 
-TEST_F(Banner, IsNotShownWithoutItsText)
+TEST_F(Banner, IsNotShownWithoutAText)
 {
     banner_.show(true);
     EXPECT_FALSE(banner_.is_visible());
@@ -182,7 +182,7 @@ TEST_F(Banner, ShowsItsTextInOneLine)
     EXPECT_EQ(banner_.shown_text(), L"一致条件");
 }
 
-TEST_F(Banner, BeginsAnewInTheMiddleOfAFadeWithThePresentAlpha)
+TEST_F(Banner, StartsAgainInTheMiddleOfAFadeWithTheCurrentAlpha)
 {
     banner_.show(L"x");
     for (int i = 0; i < 9; ++i)
@@ -206,7 +206,7 @@ TEST_F(Banner, IsCentredOverItsParent)
     EXPECT_NEAR(rect.top + rect.bottom, around.top + around.bottom, 1);
 }
 
-TEST_F(Banner, OfALongTextIsWiderThanItsParentAndStaysCentred)
+TEST_F(Banner, WithALongTextIsWiderThanItsParentAndStaysCentred)
 {
     top_.center(nullptr, true);
     banner_.show(std::wstring(80, L'長'));
@@ -216,7 +216,7 @@ TEST_F(Banner, OfALongTextIsWiderThanItsParentAndStaysCentred)
     EXPECT_NEAR(rect.left + rect.right, around.left + around.right, 1);
 }
 
-TEST_F(Banner, ThatWouldPassTheEdgeOfTheScreenComesIntoView)
+TEST_F(Banner, ThatWouldCrossTheEdgeOfTheScreenIsMovedIntoView)
 {
     top_.move(0, 0, true);
     banner_.show(std::wstring(80, L'長'));
@@ -239,7 +239,7 @@ TEST_F(Banner, TakesNoFocus)
     EXPECT_EQ(gui::count_pixels(surface, look::Color{ 0 }), 16) << "nothing was erased";
 }
 
-// The banner's picture at a size that the text needs.
+// The banner's picture in the size that the text needs.
 struct Picture {
     explicit Picture(const look::WarningWnd& banner)
     {
@@ -247,7 +247,7 @@ struct Picture {
         buffer.create(size.cx, size.cy);
         banner.draw(buffer);
     }
-    // Any pixel of that colour between two rows.
+    // Whether any pixel between two rows has that colour.
     bool has(look::Color color, int top, int bottom) const
     {
         for (int y = top; y < bottom; ++y) {
@@ -286,7 +286,7 @@ TEST_F(Banner, PaintsItsPartsInTheColoursOfEveryTheme)
     }
 }
 
-TEST_F(Banner, LeavesItsTextRoomAtBothSides)
+TEST_F(Banner, LeavesMarginsAtBothSidesOfItsText)
 {
     banner_.show(L"一致条件: <全文検索 && 見出し>");
     const Picture picture(banner_);
@@ -309,7 +309,7 @@ TEST_F(Banner, ReachesTheScreenInOneCopy)
     EXPECT_EQ(copies.count(), 1);
 }
 
-TEST_F(Banner, OfAShortTextHasRoomForItsTitle)
+TEST_F(Banner, WithAShortTextHasRoomForItsTitle)
 {
     banner_.show(L"一致条件: .");
     const Picture picture(banner_);

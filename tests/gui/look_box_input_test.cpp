@@ -1,4 +1,4 @@
-// The text boxes of a page under real keys and the real mouse, and their context menu.
+// The text boxes of a page with real keys and the real mouse, and their context menu.
 #include "core/command_ids.hpp"
 #include "core/settings.hpp"
 #include "look/wnd/mybox.hpp"
@@ -18,7 +18,7 @@ namespace command = core::command;
 using gui::MenuDriver;
 using gui::ShownMenu;
 
-// Where each item stands in the menu.
+// The index of each item in the menu.
 enum : int {
     search,
     look_item,
@@ -62,7 +62,7 @@ protected:
         core::settings() = {};
     }
 
-    // Opens the menu of the first box with the right button and lets `act` use it.
+    // Opens the menu of the first box with the right button and calls `act` for it.
     void use_menu(const std::function<void(const ShownMenu&)>& act)
     {
         q_.set_focus();
@@ -107,14 +107,14 @@ protected:
     std::vector<int> commands_;
 };
 
-TEST_F(BoxInput, TakesJapaneseTextAndSurrogatePairs)
+TEST_F(BoxInput, AcceptsJapaneseTextAndSurrogatePairs)
 {
     const std::wstring text = L"日本語ｶﾅ𠮷野家😀";
     gui::type_text(text);
     EXPECT_TRUE(gui::pump_until([&] { return q_.text() == text; })) << q_.text_length();
 }
 
-TEST_F(BoxInput, EnterMakesALineInTheBoxOfManyLines)
+TEST_F(BoxInput, EnterStartsALineInAMultiLineBox)
 {
     gui::type_text(L"一");
     gui::press_key(VK_RETURN);
@@ -122,7 +122,7 @@ TEST_F(BoxInput, EnterMakesALineInTheBoxOfManyLines)
     EXPECT_TRUE(gui::pump_until([&] { return q_.text() == L"一\r\n二"; }));
 }
 
-TEST_F(BoxInput, TabGoesOnAndShiftWithTabStays)
+TEST_F(BoxInput, TabMovesTheFocusAndShiftTabDoesNot)
 {
     gui::press_key(VK_TAB);
     EXPECT_TRUE(gui::pump_until([&] { return GetFocus() == a_.hwnd(); }));
@@ -145,7 +145,7 @@ TEST_F(BoxInput, WithoutATabOrderTypesTheTab)
     EXPECT_EQ(GetFocus(), q_.hwnd());
 }
 
-TEST_F(BoxInput, TakesKeysAfterItsWrapChanged)
+TEST_F(BoxInput, AcceptsKeysAfterItsWrappingChanged)
 {
     gui::type_text(L"あ");
     ASSERT_TRUE(gui::pump_until([&] { return q_.text() == L"あ"; }));
@@ -155,7 +155,7 @@ TEST_F(BoxInput, TakesKeysAfterItsWrapChanged)
     EXPECT_TRUE(q_.is_modified());
 }
 
-TEST_F(BoxInput, WrapKeepsHalfAMillionCharacters)
+TEST_F(BoxInput, WrappingKeepsHalfAMillionCharacters)
 {
     std::wstring text;
     while (text.size() < 500000)
@@ -170,7 +170,7 @@ TEST_F(BoxInput, WrapKeepsHalfAMillionCharacters)
     EXPECT_EQ(q_.text(), text + L"続き");
 }
 
-TEST_F(BoxInput, WrapKeepsABoxThatIsNotSubclassedAsItIs)
+TEST_F(BoxInput, WrappingDoesNotSubclassABoxThatWasNotSubclassed)
 {
     q_.set_tab_order(0, 0);
     q_.set_subclassed(false);
@@ -182,7 +182,7 @@ TEST_F(BoxInput, WrapKeepsABoxThatIsNotSubclassedAsItIs)
     EXPECT_EQ(q_.tab_order(), 0u);
 }
 
-TEST_F(BoxInput, WrapAnswersFalseWhenTheBoxIsLost)
+TEST_F(BoxInput, WrappingReturnsFalseIfTheBoxIsLost)
 {
     gui::TopWnd gone;
     ASSERT_TRUE(gone.create(L"gone"));
@@ -211,7 +211,7 @@ TEST_F(BoxInput, MenuOfAnEmptyBoxOffersOnlyColoursAndFont)
     EXPECT_EQ(greyed(), (std::vector<int>{ search, undo, cut, copy, paste, erase, select_all }));
 }
 
-TEST_F(BoxInput, MenuOffersEverythingThatCanBeDone)
+TEST_F(BoxInput, MenuOffersEverythingThatIsPossible)
 {
     put_into_clipboard(L"x");
     gui::type_text(L"あ");
@@ -220,7 +220,7 @@ TEST_F(BoxInput, MenuOffersEverythingThatCanBeDone)
     EXPECT_EQ(greyed(), std::vector<int>{});
 }
 
-TEST_F(BoxInput, MenuFollowsTheBoxFromOneTimeToTheNext)
+TEST_F(BoxInput, MenuIsUpdatedEachTimeItIsShown)
 {
     put_into_clipboard(L"x");
     q_.set_text(L"あ");
@@ -243,7 +243,7 @@ TEST_F(BoxInput, MenuGreysColoursAndFontWhileTheirWindowIsVisible)
     EXPECT_EQ(greyed(), std::vector<int>{ undo });
 }
 
-TEST_F(BoxInput, MenuCarriesOutWhatIsChosen)
+TEST_F(BoxInput, MenuExecutesTheChosenCommand)
 {
     put_into_clipboard(L"");
     q_.set_text(L"字");
@@ -266,7 +266,7 @@ TEST_F(BoxInput, MenuCarriesOutWhatIsChosen)
     EXPECT_EQ(commands_, (std::vector<int>{ command::show_web_menu, command::show_palette }));
 }
 
-TEST_F(BoxInput, MenuOfABoxWithTheFocusElsewhereTakesTheFocus)
+TEST_F(BoxInput, MenuOfABoxWithoutTheFocusTakesTheFocus)
 {
     a_.set_focus();
     MenuDriver driver([](const ShownMenu&) {});
@@ -289,7 +289,7 @@ TEST_F(BoxInput, ARightClickShowsNothingWhileReadOnly)
     q_.set_read_only(true);
     a_.set_focus();
     gui::right_click_at(gui::on_screen(q_, { 60, 40 }));
-    gui::type_text(L"次"); // served after the click
+    gui::type_text(L"次"); // arrives after the click
     EXPECT_TRUE(gui::pump_until([&] { return a_.text() == L"次" || met_menu; }));
     EXPECT_FALSE(met_menu);
     EXPECT_FALSE(q_.menu().is_showing());
@@ -303,7 +303,7 @@ BOOL WINAPI note_open(HIMC, BOOL)
     return TRUE;
 }
 
-TEST_F(BoxInput, LeavesAnInputMethodThatIsOpenAlone)
+TEST_F(BoxInput, DoesNotOpenAnInputMethodThatIsOpenAlready)
 {
     HIMC const context = ImmGetContext(q_.hwnd());
     ASSERT_NE(context, nullptr);
@@ -327,7 +327,7 @@ TEST_F(BoxInput, LeavesAnInputMethodThatIsOpenAlone)
     ImmReleaseContext(q_.hwnd(), context);
 }
 
-TEST_F(BoxInput, MayGoWithItsWindowInTheMiddleOfASave)
+TEST_F(BoxInput, CanBeDestroyedWithItsWindowDuringASave)
 {
     auto box = std::make_unique<look::QBox>(&top_, 1200);
     ASSERT_TRUE(box->create(L""));

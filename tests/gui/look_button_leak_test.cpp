@@ -1,4 +1,4 @@
-// However often a drawn button is painted, it costs no handle and no memory for good.
+// Painting a drawn button any number of times costs no handle and no lasting memory.
 #include "look/wnd/image_button.hpp"
 #include "look/wnd/my_check_box.hpp"
 #include "ovlib/gui/gdip.hpp"
@@ -28,11 +28,11 @@ protected:
         for (int i = 0; i < rounds; ++i)
             ASSERT_TRUE(canvas.draw(button, states[i % std::size(states)])) << "after " << i;
     }
-    // The handles that the crowd leaves would be gone after a few of these rounds.
+    // A leak would use up the remaining handles in a few of these rounds.
     void expect_no_leak(ovlib::CustomButton& button)
     {
         ASSERT_TRUE(button.create(L"順X"));
-        button.set_subclassed(false); // painting by hand needs none of its messages, which cost the most
+        button.set_subclassed(false); // direct painting needs none of its messages, which cost the most
         gui::pump();
         const gui::GdiCrowd crowd;
         paint(button, many / 10);

@@ -22,11 +22,11 @@ using gui::pixel;
 
 constexpr SIZE size{ 40, 26 };
 constexpr RECT whole{ 0, 0, size.cx, size.cy };
-constexpr int half = 12; // side of the two pictures of the sheet
+constexpr int half = 12; // the side of each of the two pictures in the sheet
 constexpr Color enabled_ink{ 0x10A020 };
 constexpr Color disabled_ink{ 0x2010A0 };
 
-// Two squares side by side in one colour each.
+// Two squares next to each other, each in one colour.
 std::vector<unsigned char> sheet_file()
 {
     auto bytes = gui::bmp_file(2 * half, half, enabled_ink);
@@ -46,7 +46,7 @@ void expect_color(const ItemCanvas& canvas, int x, int y, Color wanted, const ch
     EXPECT_EQ(pixel(canvas.picture, x, y), wanted) << what << " at " << x << ", " << y;
 }
 
-// Points of a face without picture and text: outside the corner, on the border, inside.
+// Checks points of a face without picture and text: outside the corner, on the border, inside.
 void expect_face(const ItemCanvas& canvas, Color fill, const char* state)
 {
     expect_color(canvas, 0, 0, palette().panel_back, state);
@@ -88,7 +88,7 @@ protected:
     ItemCanvas canvas{ size };
 };
 
-TEST_P(ThemedButtons, FaceIsDrawnWithoutPictureAndText)
+TEST_P(ThemedButtons, DrawTheFaceWithoutPictureAndText)
 {
     const ThemePalette& now = palette();
     ASSERT_TRUE(canvas.draw(button, 0));
@@ -105,7 +105,7 @@ TEST_P(ThemedButtons, FaceIsDrawnWithoutPictureAndText)
     expect_face(canvas, now.accent.shade(80), "highlighted and pressed");
 }
 
-TEST_P(ThemedButtons, FaceKeepsItsCornersUnderTheFocus)
+TEST_P(ThemedButtons, KeepTheCornersOfTheFaceWithTheFocus)
 {
     ASSERT_TRUE(canvas.draw(button, ODS_FOCUS));
     expect_face(canvas, palette().button_face, "focused");
@@ -115,8 +115,8 @@ TEST_P(ThemedButtons, FaceKeepsItsCornersUnderTheFocus)
     EXPECT_GE(changed, (size.cx - 6) / 2) << "the focus is a dotted line three pixels inside";
 }
 
-// The call itself: not every system smooths what it draws.
-TEST_P(ThemedButtons, AskForSmoothCorners)
+// Checks the call, because not every system smooths the result.
+TEST_P(ThemedButtons, RequestSmoothCorners)
 {
     using namespace Gdiplus;
     using Set = GpStatus __stdcall(GpGraphics*, SmoothingMode);
@@ -133,7 +133,7 @@ TEST_P(ThemedButtons, AskForSmoothCorners)
     EXPECT_EQ(modes, (std::vector<SmoothingMode>{ SmoothingModeAntiAlias, SmoothingModeAntiAlias }));
 }
 
-TEST_P(ThemedButtons, SquareFaceReachesItsCorners)
+TEST_P(ThemedButtons, DrawASquareFaceUpToItsCorners)
 {
     button.set_rounded(false);
     ASSERT_TRUE(canvas.draw(button, 0));
@@ -145,7 +145,7 @@ TEST_P(ThemedButtons, SquareFaceReachesItsCorners)
     expect_color(canvas, size.cx - 2, size.cy - 2, palette().button_face, "fill");
 }
 
-TEST_P(ThemedButtons, PictureFollowsTheState)
+TEST_P(ThemedButtons, DrawThePictureOfTheState)
 {
     ASSERT_TRUE(button.load_image(sheet));
     const RECT centred{ 14, 7, 14 + half, 7 + half };
@@ -164,7 +164,7 @@ TEST_P(ThemedButtons, PictureFollowsTheState)
     expect_face(canvas, palette().button_face, "with a picture");
 }
 
-TEST_P(ThemedButtons, TextFollowsTheState)
+TEST_P(ThemedButtons, DrawTheTextOfTheState)
 {
     const ThemePalette& now = palette();
     button.set_text(L"閉じる");
@@ -176,7 +176,7 @@ TEST_P(ThemedButtons, TextFollowsTheState)
     EXPECT_EQ(count_pixels_in(button.buffer(), now.button_disabled_text, whole), 0);
 }
 
-TEST_P(ThemedButtons, TextMovesWhilePressed)
+TEST_P(ThemedButtons, MoveTheTextWhilePressed)
 {
     button.set_text(L"閉じる");
     ItemCanvas pressed{ size };
@@ -211,7 +211,7 @@ TEST_P(ThemedButtons, ReachTheScreenInOneCopyWithTheTextAfterIt)
     EXPECT_EQ(gui::DrawingRecord(check, size, 0).marks(), "ct");
 }
 
-TEST_P(ThemedButtons, CheckBoxTakesTheThemesColours)
+TEST_P(ThemedButtons, HaveCheckBoxesInTheThemesColours)
 {
     const ThemePalette& now = palette();
     ASSERT_TRUE(canvas.draw(check, 0));
@@ -224,7 +224,7 @@ TEST_P(ThemedButtons, CheckBoxTakesTheThemesColours)
     EXPECT_GT(count_pixels_in(canvas.picture, now.check_mark, { 2, 8, 12, 18 }), 5);
 }
 
-TEST_P(ThemedButtons, CheckBoxFadesWhenDisabled)
+TEST_P(ThemedButtons, FadeADisabledCheckBox)
 {
     const ThemePalette& now = palette();
     check.set_checked(true);
@@ -236,7 +236,7 @@ TEST_P(ThemedButtons, CheckBoxFadesWhenDisabled)
         count_pixels_in(canvas.picture, now.check_text_on.shade(shade), { 18, 0, size.cx, size.cy }), 15);
 }
 
-TEST_P(ThemedButtons, CheckBoxChoosesItsTextColourByItsState)
+TEST_P(ThemedButtons, ChooseTheTextColourOfACheckBoxByItsState)
 {
     EXPECT_EQ(check.colors().text, palette().check_text);
     check.drawn = 0;
@@ -257,7 +257,7 @@ TEST_P(ThemedButtons, CheckBoxChoosesItsTextColourByItsState)
     EXPECT_EQ(check.drawn, 1) << "without the window around it";
 }
 
-// What the screen shows at a place of a control's own.
+// The colour on the screen at a point of a control.
 Color on_screen(const ovlib::Wnd& control, int x, int y)
 {
     const ovlib::ClientDC screen(control);
@@ -281,7 +281,7 @@ TEST_P(ThemedButtons, ChangeOnTheScreenWithTheTheme)
     EXPECT_EQ(on_screen(check, 7, 2), palette().check_back);
 }
 
-TEST_P(ThemedButtons, ShowAChangeOfTheirOwnAtOnce)
+TEST_P(ThemedButtons, ShowTheirOwnChangesAtOnce)
 {
     gui::pump();
     button.set_highlighted(true);
@@ -294,7 +294,7 @@ TEST_P(ThemedButtons, ShowAChangeOfTheirOwnAtOnce)
     EXPECT_EQ(on_screen(button, 2, 13), palette().button_face);
 }
 
-TEST(SharedFontObjects, AreMadeFromTheirRecordsAndFreedTogether)
+TEST(SharedFontObjects, AreCreatedFromTheirRecordsAndFreedTogether)
 {
     std::vector<HFONT> made;
     {
@@ -327,7 +327,7 @@ protected:
     ImageButton button{ &host, 1 };
 };
 
-TEST_F(SheetFiles, AreReadFromTheFolderOfPictures)
+TEST_F(SheetFiles, AreReadFromTheResourceFolder)
 {
     const core::Folders before = core::folders();
     core::folders().res = folder.path();
@@ -337,7 +337,7 @@ TEST_F(SheetFiles, AreReadFromTheFolderOfPictures)
     core::folders() = before;
 }
 
-TEST_F(SheetFiles, LeaveTheButtonWithoutAPictureWhenTheyAreMissingOrBroken)
+TEST_F(SheetFiles, ThatAreMissingOrDamagedLeaveTheButtonWithoutAPicture)
 {
     ASSERT_TRUE(button.load_image(folder.write(L"sheet.bmp", sheet_file())));
     EXPECT_FALSE(button.load_image(folder.file(L"missing.png")));

@@ -1,5 +1,5 @@
-// No control that draws itself flickers: its background is never erased apart from its picture, and the
-// picture reaches the screen in one copy.
+// No control that draws itself flickers: its background is never erased separately, and its picture reaches
+// the screen in one copy.
 #include "look/wnd/image_button.hpp"
 #include "look/wnd/my_check_box.hpp"
 #include "look/wnd/my_list_view.hpp"
@@ -56,7 +56,7 @@ protected:
             SendMessageW(hwnd, WM_ERASEBKGND, reinterpret_cast<WPARAM>(canvas.dc().handle()), 0);
         return answer == 0 || gui::count_pixels(canvas, gui::untouched) != 40 * 20;
     }
-    // Paints the whole window as the system has it done.
+    // Paints the whole window as the system does.
     void expect_one_copy(HWND hwnd)
     {
         gui::pump();
@@ -82,13 +82,13 @@ protected:
     std::unique_ptr<ovlib::Wnd> shown;
 };
 
-TEST_F(Flicker, IsSeenWhereTheSystemErasesFirst)
+TEST_F(Flicker, IsDetectedIfTheSystemErasesFirst)
 {
     add<gui::PlainChild>({ 50, 50 });
     EXPECT_TRUE(is_erased_by_itself(shown->hwnd()));
 }
 
-TEST_F(Flicker, DoesNotCatchPushButtons)
+TEST_F(Flicker, DoesNotAffectPushButtons)
 {
     auto& button = add<ovlib::CustomPushButton>({ 84, 24 }, L"押す");
     expect_none();
@@ -96,7 +96,7 @@ TEST_F(Flicker, DoesNotCatchPushButtons)
     expect_none();
 }
 
-TEST_F(Flicker, DoesNotCatchCheckBoxes)
+TEST_F(Flicker, DoesNotAffectCheckBoxes)
 {
     add<ovlib::CustomCheckBox>({ 84, 24 }, L"印").set_checked(true);
     expect_none();
@@ -106,7 +106,7 @@ TEST_F(Flicker, DoesNotCatchCheckBoxes)
     expect_none();
 }
 
-TEST_F(Flicker, DoesNotCatchImageButtons)
+TEST_F(Flicker, DoesNotAffectImageButtons)
 {
     auto& button = add<look::ImageButton>({ 84, 24 }, L"資料");
     expect_none();
@@ -114,7 +114,7 @@ TEST_F(Flicker, DoesNotCatchImageButtons)
     expect_none();
 }
 
-TEST_F(Flicker, DoesNotCatchSliders)
+TEST_F(Flicker, DoesNotAffectSliders)
 {
     auto& slider = add<look::MySlider>({ 355, 28 });
     slider.apply_theme();
@@ -122,7 +122,7 @@ TEST_F(Flicker, DoesNotCatchSliders)
     expect_none();
 }
 
-TEST_F(Flicker, DoesNotCatchTabs)
+TEST_F(Flicker, DoesNotAffectTabs)
 {
     book::Book book;
     for (int i = 0; i < 12; ++i) {
@@ -137,7 +137,7 @@ TEST_F(Flicker, DoesNotCatchTabs)
     shown.reset();
 }
 
-TEST_F(Flicker, DoesNotCatchHeadersOfLists)
+TEST_F(Flicker, DoesNotAffectHeadersOfLists)
 {
     auto& list = add<look::MyListView>({ 300, 100 });
     list.add_column(L"頁", 100);
@@ -145,14 +145,14 @@ TEST_F(Flicker, DoesNotCatchHeadersOfLists)
     expect_none(reinterpret_cast<HWND>(list.send(get_header, 0, 0)));
 }
 
-TEST_F(Flicker, DoesNotCatchTips)
+TEST_F(Flicker, DoesNotAffectTips)
 {
     auto& tip = add(std::make_unique<ovlib::TipWnd>(&host), { 0, 0 });
     tip.show(L"ヒント\r\n二行目", { 300, 300 });
     expect_none();
 }
 
-TEST_F(Flicker, DoesNotCatchBanners)
+TEST_F(Flicker, DoesNotAffectBanners)
 {
     auto& banner = add(std::make_unique<look::WarningWnd>(&host), { 0, 0 });
     banner.show(L"見つかりません");

@@ -50,13 +50,13 @@ protected:
         field_.set_text(text);
         field_.set_caret(0);
     }
-    // Enter, and all that comes of it.
+    // Presses Enter and dispatches everything that follows.
     void press_enter()
     {
         gui::press_key(VK_RETURN);
         serve_keys();
     }
-    // Types into the other field, so that whatever came before has been served.
+    // Types into the other field, so that all earlier messages have been dispatched.
     void serve_keys()
     {
         HWND const focus = GetFocus();
@@ -67,7 +67,7 @@ protected:
         SetFocus(focus);
     }
 
-    // What the control itself reports of a focus that comes and goes.
+    // The notifications that the control itself sends about a gained and lost focus.
     std::vector<int> notices_of_focus()
     {
         std::vector<int> notices;
@@ -106,12 +106,12 @@ TEST_F(InputFormTest, HasTheStyleOfItsClass)
     EXPECT_EQ(style(field_) & ES_NOHIDESEL, 0u);
 }
 
-TEST_F(InputFormTest, LeavesTheFocusToTheControlToo)
+TEST_F(InputFormTest, PassesFocusMessagesToTheControl)
 {
     EXPECT_EQ(notices_of_focus(), (std::vector<int>{ EN_SETFOCUS, EN_KILLFOCUS }));
 }
 
-TEST_F(InputFormTest, WithoutAWindowOfItsParentIsNotCreated)
+TEST_F(InputFormTest, IsNotCreatedWithoutAParentWindow)
 {
     gui::TopWnd uncreated;
     look::InputForm form{ &uncreated, 1049 };
@@ -119,7 +119,7 @@ TEST_F(InputFormTest, WithoutAWindowOfItsParentIsNotCreated)
     EXPECT_EQ(form.hwnd(), nullptr);
 }
 
-TEST_F(InputFormTest, LeavesTheClickToTheControlToo)
+TEST_F(InputFormTest, PassesTheClickToTheControl)
 {
     field_.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     EXPECT_EQ(GetCapture(), field_.hwnd());
@@ -127,7 +127,7 @@ TEST_F(InputFormTest, LeavesTheClickToTheControlToo)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
-TEST_F(SearchBoxTest, LeavesTheFocusToTheControlToo)
+TEST_F(SearchBoxTest, PassesFocusMessagesToTheControl)
 {
     EXPECT_EQ(notices_of_focus(), (std::vector<int>{ EN_SETFOCUS, EN_KILLFOCUS }));
 }
@@ -149,7 +149,7 @@ TEST_F(InputFormTest, SendsItsOwnNumberForEnter)
     EXPECT_EQ(field_.text(), L"検索😀");
 }
 
-TEST_F(InputFormTest, TakesTheFocusBackAfterEnter)
+TEST_F(InputFormTest, GetsTheFocusBackAfterEnter)
 {
     set_text(L"x");
     top_.answer = [&](ovlib::WndMessage& message) {
@@ -169,7 +169,7 @@ TEST_F(InputFormTest, SendsNothingForEnterWhileEmpty)
     EXPECT_EQ(sent_, Sents{});
 }
 
-TEST_F(InputFormTest, MayBeLetGoByItsParentOnEnter)
+TEST_F(InputFormTest, CanBeDeletedByItsParentOnEnter)
 {
     auto brief = std::make_unique<look::InputForm>(&top_, 9);
     ASSERT_TRUE(brief->create(L"x"));
@@ -190,7 +190,7 @@ TEST_F(InputFormTest, TheFirstClickSelectsAllAndTheNextPlacesTheCaret)
     gui::click_at(gui::on_screen(field_, { 30, 10 }));
     ASSERT_TRUE(gui::pump_until([&] { return field_.selected_text() == L"abcdefghij"; }));
     EXPECT_EQ(GetFocus(), field_.hwnd());
-    // So far from the first that the two are no double click.
+    // Far enough from the first click to be no double click.
     gui::click_at(gui::on_screen(field_, { 30 + 2 * GetSystemMetrics(SM_CXDOUBLECLK), 10 }));
     EXPECT_TRUE(gui::pump_until([&] { return !field_.has_selection(); }));
     EXPECT_GT(field_.caret(), 0);
@@ -221,7 +221,7 @@ TEST_F(SearchBoxTest, HasTheStyleOfAPlainEditControl)
     EXPECT_EQ(params.dwExStyle, 0u);
 }
 
-TEST_F(SearchBoxTest, EnterAsksForTheNextPage)
+TEST_F(SearchBoxTest, EnterGoesToTheNextPage)
 {
     set_text(L"京都");
     gui::press_key(VK_RETURN);
@@ -231,7 +231,7 @@ TEST_F(SearchBoxTest, EnterAsksForTheNextPage)
     EXPECT_EQ(field_.text(), L"京都");
 }
 
-TEST_F(SearchBoxTest, ShiftAndEnterAskForThePreviousPage)
+TEST_F(SearchBoxTest, ShiftEnterGoesToThePreviousPage)
 {
     set_text(L"京都");
     {
@@ -250,7 +250,7 @@ TEST_F(SearchBoxTest, LeavesEnterToTheControlWhileEmpty)
     EXPECT_EQ(sent_, Sents{});
 }
 
-TEST_F(SearchBoxTest, TakesTheFocusBackAfterEnter)
+TEST_F(SearchBoxTest, GetsTheFocusBackAfterEnter)
 {
     set_text(L"x");
     top_.answer = [&](ovlib::WndMessage& message) {
@@ -262,7 +262,7 @@ TEST_F(SearchBoxTest, TakesTheFocusBackAfterEnter)
     EXPECT_EQ(GetFocus(), field_.hwnd());
 }
 
-TEST_F(SearchBoxTest, OpensTheInputMethodOnFocusWhenTheSettingsSaySo)
+TEST_F(SearchBoxTest, OpensTheInputMethodOnFocusIfTheSettingsDemandIt)
 {
     HIMC const context = ImmGetContext(field_.hwnd());
     ASSERT_NE(context, nullptr);

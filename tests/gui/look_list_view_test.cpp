@@ -1,4 +1,4 @@
-// The program's list: its own header, in the colours of every theme.
+// The program's list and its header, in the colours of every theme.
 #include "look/list_header.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/my_list_view.hpp"
@@ -49,7 +49,7 @@ protected:
         return rect;
     }
     void paint_header() const { RedrawWindow(header(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
-    // What stands on the screen.
+    // Copies the header from the screen.
     void look_at_header(ovlib::BackBuffer& picture) const
     {
         const RECT rect = header_rect();
@@ -63,13 +63,13 @@ protected:
     MyListView list{ &top, 7, LVS_SHOWSELALWAYS };
 };
 
-TEST_F(ThemedList, HasColoursOfTheThemeFromTheStart)
+TEST_F(ThemedList, HasTheColoursOfTheThemeFromTheStart)
 {
     EXPECT_EQ(SendMessageW(list.hwnd(), LVM_GETBKCOLOR, 0, 0), LRESULT{ look::palette().box_back.value });
     EXPECT_EQ(SendMessageW(list.hwnd(), LVM_GETTEXTCOLOR, 0, 0), LRESULT{ look::palette().list_text.value });
 }
 
-TEST_F(ThemedList, TakesTheColoursOfEveryTheme)
+TEST_F(ThemedList, HasTheColoursOfEveryTheme)
 {
     for (int theme = look::theme_standard; theme <= last_theme; ++theme) {
         look::load_theme(theme);
@@ -81,7 +81,7 @@ TEST_F(ThemedList, TakesTheColoursOfEveryTheme)
     }
 }
 
-TEST_F(ThemedList, ItsHeaderShowsPanelLinesAndTitlesOfEveryTheme)
+TEST_F(ThemedList, ItsHeaderHasThePanelLinesAndTitlesOfEveryTheme)
 {
     for (int theme = look::theme_standard; theme <= last_theme; ++theme) {
         look::load_theme(theme);
@@ -101,7 +101,7 @@ TEST_F(ThemedList, ItsHeaderShowsPanelLinesAndTitlesOfEveryTheme)
     }
 }
 
-// How many columns of pixels hold anything but the ground, above the line along the bottom.
+// The number of pixel columns that contain anything but the background, above the line at the bottom.
 int drawn_columns(const ovlib::BackBuffer& picture, int left, int right)
 {
     int count = 0;
@@ -114,7 +114,7 @@ int drawn_columns(const ovlib::BackBuffer& picture, int left, int right)
     return count;
 }
 
-TEST_F(ThemedList, TitlesStandInTheirCellsAndAreCutAtTheirEnds)
+TEST_F(ThemedList, TitlesAreInTheirCellsAndTruncatedAtTheirEnds)
 {
     ovlib::BackBuffer whole;
     look_at_header(whole);
@@ -132,7 +132,7 @@ TEST_F(ThemedList, TitlesStandInTheirCellsAndAreCutAtTheirEnds)
     EXPECT_EQ(drawn_columns(narrow, first_width + 33, first_width + 39), 0) << "cut before the line";
 }
 
-TEST_F(ThemedList, TitlesStandInTheMiddleAndEndInDots)
+TEST_F(ThemedList, TitlesAreVerticallyCentredAndEndInDots)
 {
     list.set_column_width(1, 50);
     gui::pump();
@@ -167,7 +167,7 @@ TEST_F(ThemedList, FollowsWhenAllWindowsChangeTheirTheme)
     EXPECT_EQ(SendMessageW(list.hwnd(), LVM_GETBKCOLOR, 0, 0), LRESULT{ look::palette().box_back.value });
 }
 
-TEST_F(ThemedList, AColumnIsResizedByTheMouse)
+TEST_F(ThemedList, AColumnCanBeResizedByTheMouse)
 {
     const RECT rect = header_rect();
     const int y = (rect.top + rect.bottom) / 2;
@@ -193,7 +193,7 @@ TEST_F(ThemedList, AColumnIsResizedByTheMouse)
     EXPECT_EQ(gui::pixel(picture, first_width - 1, picture.height / 2), look::palette().panel_back);
 }
 
-TEST_F(ThemedList, ItsHeaderIsErasedByNobodyAndReachesTheScreenInOneCopy)
+TEST_F(ThemedList, ItsHeaderIsNeverErasedAndReachesTheScreenInOneCopy)
 {
     HDC const dc = GetDC(header());
     EXPECT_NE(SendMessageW(header(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0), 0);
@@ -222,7 +222,7 @@ TEST_F(ThemedList, DrawsItsHeaderAtEverySize)
     paint_header();
 }
 
-TEST_F(ThemedList, IsCreatedAgainAfterItsEnd)
+TEST_F(ThemedList, CanBeCreatedAgainAfterItWasDestroyed)
 {
     for (int round = 0; round < 3; ++round) {
         list.destroy();
@@ -237,7 +237,7 @@ TEST_F(ThemedList, IsCreatedAgainAfterItsEnd)
     }
 }
 
-TEST_F(ThemedList, DiesWithItsParentWithoutTrace)
+TEST_F(ThemedList, IsDestroyedWithItsParentWithoutALeak)
 {
     top.destroy();
     EXPECT_EQ(list.hwnd(), nullptr);
@@ -249,7 +249,7 @@ TEST_F(ThemedList, DiesWithItsParentWithoutTrace)
 
 TEST_F(ThemedList, ItsHeaderCostsNoHandlesHoweverOftenItIsPainted)
 {
-    constexpr int room = 300; // so little that far fewer paints find a leak than with all handles free
+    constexpr int room = 300; // few handles, so that a leak is found with far fewer paints
     const gui::GdiCrowd crowd{ room };
     constexpr int many = 6'000;
     for (int i = 0; i < many; ++i) {

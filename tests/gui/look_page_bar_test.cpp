@@ -1,4 +1,4 @@
-// The strip that shows a whole Book.
+// The strip that shows all pages of a Book.
 #include <gtest/gtest.h>
 
 #include "core/folders.hpp"
@@ -35,7 +35,7 @@ protected:
     }
     void TearDown() override { core::folders() = before; }
 
-    // Red, but for its left column, which is white.
+    // Red except for its left column, which is white.
     void write_indicator()
     {
         std::vector<unsigned char> file = gui::bmp_file(9, 21, ovlib::rgb(255, 0, 0));
@@ -56,8 +56,8 @@ protected:
 
 TEST_F(PageBarWindow, ShowsRunsSpanAndFrameInTheColoursOfEveryTheme)
 {
-    book.pages[2].selected = PageSelection::selected; // 74 to 111
-    book.pages[3].selected = PageSelection::pasted; // 111 to 148
+    book.pages[2].selected = PageSelection::selected; // x from 74 to 111
+    book.pages[3].selected = PageSelection::pasted; // x from 111 to 148
     PageBar bar(&book);
     for (std::int32_t theme = 6000; theme <= 6005; ++theme) {
         SCOPED_TRACE(theme);
@@ -106,12 +106,12 @@ TEST_F(PageBarWindow, ShowsRunsOfAThousandPagesAPixelWide)
     EXPECT_EQ(pixel(bar.view(), 1, 8), palette().bar_back);
 }
 
-TEST_F(PageBarWindow, TheIndicatorIsSeenThroughWhereItIsWhite)
+TEST_F(PageBarWindow, TheIndicatorIsTransparentWhereItIsWhite)
 {
     write_indicator();
-    look::load_theme(look::theme_dark); // whose ground is not white itself
+    look::load_theme(look::theme_dark); // its background is not white
     PageBar bar(&book);
-    show(bar, 0, 0, 5); // 203 less 4 is its left side
+    show(bar, 0, 0, 5); // its left side is at 203 - 4
     const Color red = ovlib::rgb(255, 0, 0);
     EXPECT_EQ(pixel(bar.view(), 199, 8), palette().bar_back) << "its white column";
     EXPECT_EQ(pixel(bar.view(), 200, 8), red);
@@ -125,7 +125,7 @@ TEST_F(PageBarWindow, TheIndicatorIsSeenThroughWhereItIsWhite)
     EXPECT_EQ(pixel(bar.view(), 350, 8), red) << "past the end it stands at the last page";
 }
 
-TEST_F(PageBarWindow, WorksWithoutItsIndicatorAndTellsTheLog)
+TEST_F(PageBarWindow, WorksWithoutItsIndicatorAndLogsThat)
 {
     auto& log = ovlib::WinApp::process_log();
     log.set_path(folder.file(L"log.txt"));

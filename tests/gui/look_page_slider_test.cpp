@@ -1,4 +1,4 @@
-// The slider that moves through the pages, alive.
+// The slider that moves through the pages, as a real window.
 #include <gtest/gtest.h>
 
 #include "look/theme.hpp"
@@ -31,7 +31,7 @@ protected:
     }
     void TearDown() override { host.destroy(); }
 
-    // How much of the label's colour stands right of the track.
+    // The number of pixels in the label's colour to the right of the track.
     int label_ink() const
     {
         const Color color = look::page_label_color(slider.back, slider.fill);
@@ -66,7 +66,7 @@ TEST_F(PageSlider, LeavesTheThumbOnTheWiderTrackUntilTheNextUpdate)
     EXPECT_EQ(slider.thumb.left, 163 - 5) << "50 of 100 on 48 to 277";
 }
 
-TEST_F(PageSlider, OfABookOfOnePageStandsAtTheLeftAndReadsOne)
+TEST_F(PageSlider, OfABookOfOnePageIsAtTheLeftAndShowsOne)
 {
     slider.show_page(1, 0);
     EXPECT_EQ(slider.max, 0);
@@ -87,7 +87,7 @@ TEST_F(PageSlider, ShowsTheNumberOfThePageBesideTheTrack)
     EXPECT_EQ(gui::pixel(slider.buffer, 352, 15), slider.back) << "the longest number has room";
 }
 
-TEST_F(PageSlider, WritesTheNumberInTheFontThatItWasGiven)
+TEST_F(PageSlider, WritesTheNumberInTheFontThatWasSet)
 {
     const ovlib::GDI::Font larger{ CreateFontW(-18, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
         OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, NONANTIALIASED_QUALITY, DEFAULT_PITCH, L"Arial") };
@@ -113,7 +113,7 @@ TEST_F(PageSlider, WritesTheNumberInTheFontThatItWasGiven)
     }
 }
 
-TEST_F(PageSlider, TakesTheColoursOfEveryTheme)
+TEST_F(PageSlider, HasTheColoursOfEveryTheme)
 {
     for (std::int32_t theme = 6000; theme <= 6005; ++theme) {
         SCOPED_TRACE(theme);
@@ -128,7 +128,7 @@ TEST_F(PageSlider, TakesTheColoursOfEveryTheme)
     }
 }
 
-TEST_F(PageSlider, ShowsNewColoursOnTheScreenByItself)
+TEST_F(PageSlider, ShowsNewColoursOnTheScreenAlone)
 {
     look::load_theme(look::theme_dark);
     slider.apply_theme();
@@ -145,7 +145,7 @@ TEST_F(PageSlider, FollowsAChangeOfThemeWithTheOtherWindows)
     EXPECT_EQ(gui::pixel(slider.buffer, 20, 15), palette().slider_back);
 }
 
-// The whole conversation with an owner: a click left of the thumb goes straight to the page under it.
+// The whole exchange with an owner: a click left of the thumb goes directly to the page under it.
 TEST_F(PageSlider, AClickLeftOfTheThumbTurnsToThePageUnderIt)
 {
     std::uint64_t position = 800;
@@ -161,7 +161,7 @@ TEST_F(PageSlider, AClickLeftOfTheThumbTurnsToThePageUnderIt)
     EXPECT_EQ(position, 262u) << "60 of 229 pixels";
 }
 
-TEST_F(PageSlider, BearsAClientOfAnySize)
+TEST_F(PageSlider, AcceptsAnyClientSize)
 {
     for (const int width : { 0, 1, 20, 60, 100, 118, 119 }) {
         slider.set_rect({ 0, 0, width, 30 }, true);

@@ -1,4 +1,4 @@
-// The main window's status bar: its parts, their texts on the screen, and what it does not trip over.
+// The main window's status bar: its parts, their texts on the screen, and unusual input.
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -60,7 +60,7 @@ protected:
     }
 
     int ink(int index) { return ink(index, bar); }
-    // Everything that is not the part's ground, after drawing it into (10, 4) to (390, 26).
+    // Draws a part into (10, 4) to (390, 26) and counts the pixels that differ from its background.
     int ink(int index, look::MyStatusBar& of)
     {
         gui::clear(canvas, ground);
@@ -76,7 +76,7 @@ protected:
     BackBuffer canvas;
 };
 
-TEST_F(StatusBar, HasFivePartsAtItsFootWithoutAGrip)
+TEST_F(StatusBar, HasFivePartsAtTheBottomWithoutAGrip)
 {
     EXPECT_EQ(GetWindowLongW(bar.hwnd(), GWL_STYLE) & ~WS_VISIBLE, 0x56000803 & ~WS_VISIBLE);
     EXPECT_EQ(bar.part_count(), 5);
@@ -112,7 +112,7 @@ TEST_F(StatusBar, KeepsTheTextsOfItsParts)
     EXPECT_EQ(count_pixels(canvas, ground), canvas.width * canvas.height);
 }
 
-TEST_F(StatusBar, PaintsAllItsPartsAnewWhenTheyAreRewritten)
+TEST_F(StatusBar, RepaintsAllItsPartsWhenTheyAreRewritten)
 {
     host.resize(1200, 300, true);
     bar.send(WM_SIZE, 0, 0);
@@ -137,11 +137,11 @@ protected:
         gui::pump();
         host.drawn.clear();
     }
-    // Without serving messages: the screen may ask for a paint of its own at any time.
+    // Does not dispatch messages: the screen may request a paint at any time.
     void expect_nothing_left_to_paint() const { EXPECT_FALSE(GetUpdateRect(bar.hwnd(), nullptr, FALSE)); }
 };
 
-TEST_F(ChangingStatusBar, PaintsOnlyThePartsThatSaySomethingElse)
+TEST_F(ChangingStatusBar, RepaintsOnlyThePartsWhoseContentChanged)
 {
     bar.show_changes();
     EXPECT_TRUE(host.drawn.empty());
@@ -159,7 +159,7 @@ TEST_F(ChangingStatusBar, PaintsOnlyThePartsThatSaySomethingElse)
     EXPECT_TRUE(host.drawn.empty());
 }
 
-TEST_F(ChangingStatusBar, PaintsAllItsChangesInOneGo)
+TEST_F(ChangingStatusBar, PaintsAllItsChangesAtOnce)
 {
     const gui::MessageCount paints{ WM_PAINT };
     book.header.position = 3;
@@ -169,7 +169,7 @@ TEST_F(ChangingStatusBar, PaintsAllItsChangesInOneGo)
     expect_nothing_left_to_paint();
 }
 
-TEST_F(ChangingStatusBar, ForgetsAPartThatCannotBeTold)
+TEST_F(ChangingStatusBar, BlanksAPartWhoseContentIsUnknown)
 {
     book.pages[0].stamp = L"2024";
     bar.show_changes();
@@ -179,8 +179,8 @@ TEST_F(ChangingStatusBar, ForgetsAPartThatCannotBeTold)
     EXPECT_TRUE(host.drawn.empty());
 }
 
-// What the system has painted of a part that says something else by now is only a piece of it.
-TEST_F(ChangingStatusBar, CompletesAPartOfWhichAPieceWasPainted)
+// If a part's content has changed, the system may have painted only a piece of the new content.
+TEST_F(ChangingStatusBar, CompletesAPartOfWhichOnlyAPieceWasPainted)
 {
     book.mark_count = 7;
     const RECT part = bar.part_rect(1);
@@ -192,10 +192,10 @@ TEST_F(ChangingStatusBar, CompletesAPartOfWhichAPieceWasPainted)
     EXPECT_EQ(host.drawn, (std::vector<int>{ 1, 1 }));
 }
 
-TEST_F(StatusBar, LeavesTheItemsOfOthersAlone)
+TEST_F(StatusBar, IgnoresTheItemsOfOtherControls)
 {
     DRAWITEMSTRUCT item{};
-    item.CtlType = ODT_BUTTON; // has no meaning for a status bar
+    item.CtlType = ODT_BUTTON; // undefined for a status bar
     item.hwndItem = host.hwnd();
     item.hDC = canvas.dc().handle();
     item.rcItem = { 0, 0, 20, 20 };
@@ -234,7 +234,7 @@ TEST_F(StatusBar, WritesLabelsAndValuesInTheirOwnColours)
     EXPECT_EQ(count_pixels(canvas, palette().status_label), 0);
 }
 
-// The same runs written beside the bar show font, colour and place of each.
+// The same runs drawn separately show the font, colour and position of each.
 TEST_F(StatusBar, WritesThePageNumberLargerThanTheCount)
 {
     book.header.position = 2;
@@ -261,7 +261,7 @@ TEST_F(StatusBar, WritesThePageNumberLargerThanTheCount)
     }
 }
 
-TEST_F(StatusBar, OfAnEmptyBookShowsOnlyTheGround)
+TEST_F(StatusBar, OfAnEmptyBookShowsOnlyTheBackground)
 {
     book = {};
     for (int index = 0; index < 5; ++index)
@@ -271,7 +271,7 @@ TEST_F(StatusBar, OfAnEmptyBookShowsOnlyTheGround)
     EXPECT_EQ(ink(1, without), 0);
 }
 
-TEST_F(StatusBar, ADamagedStampBlanksTheDatesAlone)
+TEST_F(StatusBar, ADamagedStampBlanksOnlyTheDates)
 {
     book.pages[0].stamp = L"2024";
     EXPECT_EQ(ink(3), 0);
@@ -279,7 +279,7 @@ TEST_F(StatusBar, ADamagedStampBlanksTheDatesAlone)
     EXPECT_GT(ink(2), 0);
 }
 
-TEST_F(StatusBar, BeyondItsPartsDrawsNothing)
+TEST_F(StatusBar, DrawsNothingBeyondItsParts)
 {
     ink(6);
     EXPECT_EQ(count_pixels(canvas, ground), canvas.width * canvas.height);

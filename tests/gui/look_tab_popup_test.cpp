@@ -10,7 +10,7 @@ extern "C" void* __imp_CreateDIBSection;
 namespace {
 
 namespace command = core::command;
-using namespace gui; // the places of the items
+using namespace gui; // the indices of the items
 using look::Color;
 using TabPopup = gui::TabStrip;
 
@@ -72,7 +72,7 @@ TEST_F(TabPopup, PaintsTheTabInTheChosenColour)
     EXPECT_EQ(pixel(second + 60, 20), look::tab_color(6));
 }
 
-TEST_F(TabPopup, AChosenColourAsksForAPaint)
+TEST_F(TabPopup, AChosenColourInvalidatesTheStrip)
 {
     open_three();
     use_menu(20, [](const ShownMenu&) {});
@@ -92,7 +92,7 @@ TEST_F(TabPopup, AsksTheParentToRemoveTheTab)
     EXPECT_NE(book_.pages[1].tab_number, 0u);
 }
 
-TEST_F(TabPopup, ARightClickBesideTheTabsOnlyTakesTheFocus)
+TEST_F(TabPopup, ARightClickOutsideTheTabsOnlyTakesTheFocus)
 {
     add_page(L"一");
     strip_.rebuild();
@@ -102,7 +102,7 @@ TEST_F(TabPopup, ARightClickBesideTheTabsOnlyTakesTheFocus)
     EXPECT_TRUE(popups_of(GetCurrentThreadId()).empty());
 }
 
-TEST_F(TabPopup, RefuseAColourWithoutATabItIsFor)
+TEST_F(TabPopup, RefusesAColourWithoutATab)
 {
     open_three();
     ovlib::WndMessage message{ strip_.hwnd(), WM_COMMAND, 2301, 0, 0 };
@@ -114,7 +114,7 @@ TEST_F(TabPopup, RefuseAColourWithoutATabItIsFor)
     EXPECT_EQ(strip_.chosen_color(), look::tab_color(0));
 }
 
-TEST_F(TabPopup, TakeEveryColourNumberOnce)
+TEST_F(TabPopup, AcceptsEveryColourNumberOnce)
 {
     open_three();
     for (int id = command::first_tab_color; id <= command::last_tab_color; ++id) {
@@ -126,7 +126,7 @@ TEST_F(TabPopup, TakeEveryColourNumberOnce)
     }
 }
 
-TEST_F(TabPopup, HaveSwatchesInTheSizeOfAMenusMark)
+TEST_F(TabPopup, HasSwatchesInTheSizeOfAMenusMark)
 {
     const look::Swatches swatches = look::make_swatches();
     const int width = GetSystemMetrics(SM_CXMENUCHECK);
@@ -168,7 +168,7 @@ bool is_color_item(UINT item)
     return item == default_item || (item >= first_named && item <= last_named);
 }
 
-TEST_F(TabPopup, HasASwatchAtEveryColour)
+TEST_F(TabPopup, HasASwatchForEveryColour)
 {
     for (UINT item = 0; item < item_count; ++item) {
         const CheckBitmaps shown = check_bitmaps(strip_.menu(), item);
@@ -180,7 +180,7 @@ TEST_F(TabPopup, HasASwatchAtEveryColour)
     }
 }
 
-TEST_F(TabPopup, IsPlainWithoutSwatches)
+TEST_F(TabPopup, HasNoPicturesWithoutSwatches)
 {
     open_three();
     std::unique_ptr<look::TabWnd> plain;

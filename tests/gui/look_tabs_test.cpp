@@ -1,4 +1,4 @@
-// The strip of page tabs, under the real mouse.
+// The strip of page tabs, with the real mouse.
 #include "core/command_ids.hpp"
 #include "look/wnd/tabwnd.hpp"
 #include "tests/support/gui_calls.hpp"
@@ -23,7 +23,7 @@ using Tabs = gui::TabStrip;
 
 constexpr Color blue = gui::tab_blue;
 constexpr Color white{ 0xFFFFFF };
-constexpr int few = 200; // handles left to be taken
+constexpr int few = 200; // handles that are still available
 
 TEST_F(Tabs, IsCreatedWithoutASize)
 {
@@ -36,7 +36,7 @@ TEST_F(Tabs, IsCreatedWithoutASize)
     other.destroy();
 }
 
-TEST_F(Tabs, TakesTipAndStripAwayTogether)
+TEST_F(Tabs, DestroyTipAndStripTogether)
 {
     HWND const tip = strip_.tip().hwnd();
     ASSERT_TRUE(IsWindow(tip));
@@ -94,13 +94,13 @@ TEST_F(Tabs, PaintsTabsInTheColoursOfEveryTheme)
     open_three();
     for (std::int32_t theme = 6000; theme <= 6005; ++theme) {
         look::load_theme(theme);
-        // The first tab, from 0 to 159, is the current one.
+        // The first tab, from x 0 to 159, is the current one.
         EXPECT_EQ(pixel(80, 0), blue) << theme;
         EXPECT_EQ(pixel(80, 1), blue.shade(50)) << theme;
         EXPECT_EQ(pixel(80, 2), blue.shade(50)) << theme;
         EXPECT_EQ(pixel(2, 12), look::palette().panel_back) << theme;
         EXPECT_EQ(pixel(80, 20), look::palette().panel_back) << theme;
-        // The second one is not.
+        // The second tab is not the current one.
         const int left = strip_.items()[1].rect.left;
         const int right = strip_.items()[1].rect.right;
         EXPECT_EQ(pixel(left + 80, 0), blue.shade(150)) << theme;
@@ -134,7 +134,7 @@ TEST_F(Tabs, WritesCaptionsInWhiteAndOnAHotTabInItsShade)
     EXPECT_TRUE(has(1, white));
 }
 
-// One that does not fit ends in dots. The same text drawn beside the strip shows font, place and all.
+// A caption that does not fit ends in dots. The same text drawn separately shows font and position.
 TEST_F(Tabs, WritesALongCaptionInItsFontWithAnEllipsis)
 {
     place(120);
@@ -164,7 +164,7 @@ TEST_F(Tabs, WritesALongCaptionInItsFontWithAnEllipsis)
     }
 }
 
-TEST_F(Tabs, ALaterTabLiesOverAnEarlierOne)
+TEST_F(Tabs, ALaterTabCoversAnEarlierOne)
 {
     place(160);
     open_three();
@@ -174,7 +174,7 @@ TEST_F(Tabs, ALaterTabLiesOverAnEarlierOne)
     EXPECT_EQ(pixel(shared, 20), blue) << "the second, not the current first";
 }
 
-TEST_F(Tabs, FollowTheMouseAndForgetIt)
+TEST_F(Tabs, HighlightTheTabUnderTheMouseUntilItLeaves)
 {
     open_three();
     ASSERT_TRUE(hover(strip_.items()[1].rect.left + 100));
@@ -184,7 +184,7 @@ TEST_F(Tabs, FollowTheMouseAndForgetIt)
     EXPECT_EQ(pixel(strip_.items()[1].rect.left + 100, 20), blue);
 }
 
-TEST_F(Tabs, TellTheWholeCaptionInATip)
+TEST_F(Tabs, ShowTheWholeCaptionInATip)
 {
     std::wstring caption(40, L'長');
     caption.back() = L'&';
@@ -214,7 +214,7 @@ TEST_F(Tabs, PlaceTheTipBelowTheCursor)
     EXPECT_EQ(rect.top, cursor.y + GetSystemMetrics(SM_CYCURSOR) - 8);
 }
 
-TEST_F(Tabs, HideTheTipBesideTheTabs)
+TEST_F(Tabs, HideTheTipOutsideTheTabs)
 {
     add_page(L"一");
     strip_.rebuild();
@@ -224,7 +224,7 @@ TEST_F(Tabs, HideTheTipBesideTheTabs)
     EXPECT_FALSE(strip_.tip().is_visible());
 }
 
-TEST_F(Tabs, KnowTheTabUnderTheMouseWhenTheyAreRebuilt)
+TEST_F(Tabs, FindTheTabUnderTheMouseWhenTheyAreRebuilt)
 {
     gui::point_at(on_strip(20));
     open_three();
@@ -232,7 +232,7 @@ TEST_F(Tabs, KnowTheTabUnderTheMouseWhenTheyAreRebuilt)
     EXPECT_TRUE(leave_until([&] { return strip_.hover_tab() == 0; }));
 }
 
-TEST_F(Tabs, ForgetTheMouseWithTheFocus)
+TEST_F(Tabs, ForgetTheMouseWhenTheFocusIsLost)
 {
     open_three();
     strip_.set_focus();
@@ -241,7 +241,7 @@ TEST_F(Tabs, ForgetTheMouseWithTheFocus)
     EXPECT_EQ(strip_.hover_tab(), 0u);
 }
 
-TEST_F(Tabs, AClickOnAnotherTabAsksForItsPage)
+TEST_F(Tabs, AClickOnAnotherTabGoesToItsPage)
 {
     open_three();
     gui::click_at(on_strip(strip_.items()[2].rect.left + 20));
@@ -250,7 +250,7 @@ TEST_F(Tabs, AClickOnAnotherTabAsksForItsPage)
     EXPECT_EQ(GetFocus(), strip_.hwnd());
 }
 
-TEST_F(Tabs, AClickOnTheCurrentTabOrBesideTheTabsOnlyTakesTheFocus)
+TEST_F(Tabs, AClickOnTheCurrentTabOrOutsideTheTabsOnlyTakesTheFocus)
 {
     add_page(L"一");
     strip_.rebuild();
@@ -262,7 +262,7 @@ TEST_F(Tabs, AClickOnTheCurrentTabOrBesideTheTabsOnlyTakesTheFocus)
     EXPECT_TRUE(sent_.empty());
 }
 
-TEST_F(Tabs, MayBeRebuiltByTheCommandThatTheySend)
+TEST_F(Tabs, CanBeRebuiltByTheCommandThatTheySend)
 {
     open_three();
     top_.answer = [&](ovlib::WndMessage& message) {
@@ -307,7 +307,7 @@ TEST_F(Tabs, WorkWithoutATip)
     EXPECT_EQ(bare.menu().count(), gui::item_count);
 }
 
-TEST_F(Tabs, ShowTheGreatestNumberOfThem)
+TEST_F(Tabs, ShowTheMaximumNumberOfTabs)
 {
     for (int i = 0; i < 300; ++i)
         add_page(L"頁");

@@ -1,4 +1,4 @@
-// The base of the windows beside the main one.
+// The base of the windows other than the main one.
 #include "core/command_ids.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/image_button.hpp"
@@ -31,7 +31,7 @@ constexpr platform::Size client{ 320, 240 };
 constexpr int button_id = 31;
 constexpr int row_count = 1'000;
 
-// A window with a control of every kind that has a key of its own.
+// A window with every kind of control that handles keys itself.
 class Desk : public ToolWindow {
 public:
     explicit Desk(ovlib::Wnd* parent, const look::ToolFrame& frame = { client })
@@ -66,7 +66,7 @@ public:
     std::vector<int> commands;
     std::vector<platform::Size> layouts;
     std::function<void()> opening = [] {};
-    std::optional<bool> enter; // the answer of the default action
+    std::optional<bool> enter; // the result of the default action
     int entered = 0;
     bool refuses_close = false;
     bool has_controls = true;
@@ -130,7 +130,7 @@ protected:
         control.set_focus();
         ASSERT_EQ(GetFocus(), control.hwnd());
     }
-    // The key as its window gets it from the loop.
+    // Sends the key as the message loop does.
     static void press(WORD key)
     {
         gui::press_key(key);
@@ -193,7 +193,7 @@ TEST_F(ToolWindows, KeepsItsClientSizeInEveryFrame)
     }
 }
 
-TEST_F(ToolWindows, IsCreatedAtItsFirstShowing)
+TEST_F(ToolWindows, IsCreatedWhenFirstShown)
 {
     EXPECT_EQ(desk->hwnd(), nullptr);
     open();
@@ -209,7 +209,7 @@ TEST_F(ToolWindows, DoesNotOpenWithoutItsControls)
     EXPECT_FALSE(desk->is_open());
 }
 
-TEST_F(ToolWindows, ControlsComeWithFontPlaceAndText)
+TEST_F(ToolWindows, ControlsHaveTheirFontPlaceAndText)
 {
     open();
     EXPECT_EQ(desk->line.text(), L"一行");
@@ -219,7 +219,7 @@ TEST_F(ToolWindows, ControlsComeWithFontPlaceAndText)
     EXPECT_EQ(place.bottom, 34);
 }
 
-// The system may report the size of a new window as late as at its first showing.
+// The system may report the size of a new window only when it is first shown.
 TEST_F(ToolWindows, IsLaidOutWithItsControlsAndWheneverItsSizeChanges)
 {
     const gui::MessageCount sizes{ WM_SIZE };
@@ -242,7 +242,7 @@ TEST_F(ToolWindows, StaysOpenWhileItsOwnerIsMinimised)
     EXPECT_TRUE(desk->is_open());
 }
 
-TEST_F(ToolWindows, ClosedWhileItsOwnerIsMinimisedItStaysHidden)
+TEST_F(ToolWindows, StaysHiddenIfClosedWhileItsOwnerIsMinimised)
 {
     open();
     top.minimize();
@@ -280,7 +280,7 @@ TEST_F(ToolWindows, IsNoLongerOpenWhenItIsDestroyed)
     EXPECT_FALSE(desk->is_open());
 }
 
-TEST_F(ToolWindows, ComesWhereItWas)
+TEST_F(ToolWindows, OpensWhereItWas)
 {
     open();
     desk->move(333, 222, true);
@@ -290,7 +290,7 @@ TEST_F(ToolWindows, ComesWhereItWas)
     EXPECT_EQ(corner_of(*desk).y, 222);
 }
 
-TEST_F(ToolWindows, ComesIntoViewWhereverItWas)
+TEST_F(ToolWindows, OpensInViewWhereverItWas)
 {
     RECT area{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
@@ -307,7 +307,7 @@ TEST_F(ToolWindows, ComesIntoViewWhereverItWas)
     }
 }
 
-TEST_F(ToolWindows, ComesAtTheCursor)
+TEST_F(ToolWindows, OpensAtTheCursor)
 {
     desk->opening = [&] { desk->place_at_cursor({ -125, -97 }); };
     ASSERT_TRUE(gui::point_at({ 600, 400 }));
@@ -321,7 +321,7 @@ TEST_F(ToolWindows, ComesAtTheCursor)
     EXPECT_GE(corner_of(*desk).y, 0);
 }
 
-TEST_F(ToolWindows, AnOpenWindowOnlyComesForward)
+TEST_F(ToolWindows, AnOpenWindowIsOnlyBroughtToTheFront)
 {
     int openings = 0;
     desk->opening = [&] {
@@ -337,10 +337,10 @@ TEST_F(ToolWindows, AnOpenWindowOnlyComesForward)
     EXPECT_EQ(GetForegroundWindow(), desk->hwnd());
 }
 
-TEST_F(ToolWindows, HidingGivesTheFocusBackToTheParent)
+TEST_F(ToolWindows, HidingReturnsTheFocusToTheParent)
 {
     gui::TopWnd other;
-    ASSERT_TRUE(other.create(L"other")); // what a system may choose instead
+    ASSERT_TRUE(other.create(L"other")); // the window that a system may activate instead
     other.show(true);
     open();
     focus(desk->lines);
@@ -386,7 +386,7 @@ TEST_F(ToolWindows, EscClosesAWindowWithoutControls)
     EXPECT_FALSE(desk->is_open());
 }
 
-TEST_F(ToolWindows, AWindowMayRefuseEscAsItRefusesItsCloseBox)
+TEST_F(ToolWindows, CanRefuseEscAsItRefusesItsCloseButton)
 {
     open();
     desk->refuses_close = true;
@@ -395,7 +395,7 @@ TEST_F(ToolWindows, AWindowMayRefuseEscAsItRefusesItsCloseBox)
     EXPECT_TRUE(desk->is_visible());
 }
 
-TEST_F(ToolWindows, EscInADroppedListClosesThatListOnly)
+TEST_F(ToolWindows, EscInADroppedListClosesOnlyTheList)
 {
     open();
     focus(desk->combo);
@@ -423,7 +423,7 @@ TEST_F(ToolWindows, EnterInADroppedListChooses)
     EXPECT_EQ(desk->entered, 1);
 }
 
-TEST_F(ToolWindows, EnterIsTheDefaultAction)
+TEST_F(ToolWindows, EnterRunsTheDefaultAction)
 {
     open();
     desk->enter = true;
@@ -450,7 +450,7 @@ TEST_F(ToolWindows, AHeldKeyActsOnce)
     EXPECT_TRUE(desk->is_open()) << "the key that closed a menu is still down";
 }
 
-TEST_F(ToolWindows, EnterMakesALineInABoxOfManyLines)
+TEST_F(ToolWindows, EnterStartsALineInAMultiLineBox)
 {
     open();
     desk->enter = true;
@@ -460,7 +460,7 @@ TEST_F(ToolWindows, EnterMakesALineInABoxOfManyLines)
     EXPECT_EQ(desk->entered, 0);
 }
 
-TEST_F(ToolWindows, EnterInAnInputFormIsTheFormsOwn)
+TEST_F(ToolWindows, EnterInAnInputFormBelongsToTheForm)
 {
     open();
     desk->enter = true;
@@ -472,7 +472,7 @@ TEST_F(ToolWindows, EnterInAnInputFormIsTheFormsOwn)
     EXPECT_EQ(desk->entered, 0);
 }
 
-TEST_F(ToolWindows, EnterPressesTheButtonThatHasTheKeyboard)
+TEST_F(ToolWindows, EnterPressesTheFocusedButton)
 {
     open();
     desk->enter = true;
@@ -496,7 +496,7 @@ TEST_F(ToolWindows, WithoutADefaultActionTheControlGetsTheKey)
     EXPECT_EQ(desk->plain.count(WM_KEYDOWN), 1);
 }
 
-// A field of one line would sound the system's alarm for them.
+// A one-line edit control would beep for them.
 TEST_F(ToolWindows, TheCharactersOfEscAndEnterReachNoControl)
 {
     open();
@@ -523,7 +523,7 @@ TEST_F(ToolWindows, TabGoesThroughItsControls)
     EXPECT_EQ(desk->lines.text(), L"");
 }
 
-TEST_F(ToolWindows, TheKeyboardComesBackToWhereItWas)
+TEST_F(ToolWindows, TheFocusReturnsToWhereItWas)
 {
     open();
     focus(desk->lines);
@@ -541,7 +541,7 @@ TEST_F(ToolWindows, TheKeyboardComesBackToWhereItWas)
     EXPECT_EQ(GetFocus(), desk->form.hwnd()) << "the first that can have it";
 }
 
-TEST_F(ToolWindows, ADisabledControlGivesTheKeyboardAway)
+TEST_F(ToolWindows, ADisabledControlPassesTheFocusOn)
 {
     open();
     focus(desk->button);
@@ -594,7 +594,7 @@ TEST_F(ToolWindows, AHoldOutlivesItsParent)
     EXPECT_TRUE(held.empty());
 }
 
-TEST_F(ToolWindows, HasTheGroundAndTheFieldsOfEveryTheme)
+TEST_F(ToolWindows, HasTheBackgroundAndTheFieldsOfEveryTheme)
 {
     open();
     for (std::int32_t theme = look::theme_standard; theme <= look::theme_blue; ++theme) {
@@ -625,7 +625,7 @@ HRESULT WINAPI note_caption(HWND hwnd, DWORD, const void*, DWORD)
     return S_OK;
 }
 
-TEST_F(ToolWindows, TheCaptionTakesTheThemeAtItsCreationAndWhenThatChanges)
+TEST_F(ToolWindows, TheCaptionGetsTheThemeAtCreationAndWhenItChanges)
 {
     const gui::ReplacedImport<decltype(DwmSetWindowAttribute)> spy{ &__imp_DwmSetWindowAttribute,
         &note_caption };
@@ -637,7 +637,7 @@ TEST_F(ToolWindows, TheCaptionTakesTheThemeAtItsCreationAndWhenThatChanges)
     EXPECT_EQ(colored_captions.count(desk->hwnd()), 1u);
 }
 
-TEST_F(ToolWindows, ItsDrawnControlsAndVirtualListsAreServed)
+TEST_F(ToolWindows, ServesItsDrawnControlsAndVirtualLists)
 {
     open();
     gui::pump();
@@ -650,7 +650,7 @@ TEST_F(ToolWindows, ItsDrawnControlsAndVirtualListsAreServed)
     EXPECT_EQ(GetPixel(dc.handle(), header.left + 60, header.top + 3), look::palette().panel_back.value);
 }
 
-// Accelerators belong to the top window, whichever window has the keyboard.
+// Accelerators belong to the top window, whichever window has the focus.
 TEST_F(ToolWindows, InAModalRunTheParentDispatchesAndClosingEndsIt)
 {
     class Owner : public gui::TopWnd {
@@ -679,7 +679,7 @@ TEST_F(ToolWindows, InAModalRunTheParentDispatchesAndClosingEndsIt)
     owner.destroy();
 }
 
-TEST_F(ToolWindows, AKeyAfterTheObjectIsGoneDoesNoHarm)
+TEST_F(ToolWindows, AKeyAfterTheObjectWasDeletedDoesNoHarm)
 {
     open();
     HWND const hwnd = desk->hwnd();
@@ -690,7 +690,7 @@ TEST_F(ToolWindows, AKeyAfterTheObjectIsGoneDoesNoHarm)
     DestroyWindow(hwnd);
 }
 
-TEST_F(ToolWindows, AHandlerOfAKeyMayDestroyTheWindow)
+TEST_F(ToolWindows, AKeyHandlerMayDestroyTheWindow)
 {
     open();
     focus(desk->line);
@@ -707,7 +707,7 @@ TEST_F(ToolWindows, AHandlerOfAKeyMayDestroyTheWindow)
     EXPECT_EQ(desk->hwnd(), nullptr);
 }
 
-// So little room, for as many rounds, that one handle a round is found.
+// Few handles for as many rounds, so that a leak of one handle per round is found.
 TEST_F(ToolWindows, OpeningAndThemesCostNoHandles)
 {
     ASSERT_TRUE(desk->create(L""));
@@ -721,7 +721,7 @@ TEST_F(ToolWindows, OpeningAndThemesCostNoHandles)
     gui::expect_handles_to_spare(20);
 }
 
-TEST_F(ToolWindows, CreationAndEndCostNoHandles)
+TEST_F(ToolWindows, CreationAndDestructionCostNoHandles)
 {
     const gui::UserCrowd windows{ 40 };
     const gui::GdiCrowd drawing{ 150 };

@@ -1,4 +1,4 @@
-// An animation that plays in the pane: its frames, its pauses, its bar, and how its thread begins and ends.
+// An animation that plays in the pane: its frames, its pauses, its bar, and how its thread starts and ends.
 #include "core/locks.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "tests/support/environment.hpp"
@@ -29,7 +29,7 @@ using media::PlayState;
 using ovlib::Color;
 using test_support::MovingGif;
 
-// Counts what reaches the decoder.
+// Counts the calls of the decoder.
 class DecoderCalls {
 public:
     DecoderCalls()
@@ -47,7 +47,7 @@ public:
 
     int drawn() const { return drawn_; }
     int selected() const { return selected_; }
-    // The frames in the order in which they were drawn, from the first that was selected on.
+    // The frames in the order in which they were drawn, starting with the first selection.
     std::vector<UINT> frames() const
     {
         const std::scoped_lock hold{ guard_ };
@@ -94,7 +94,7 @@ private:
     static inline std::atomic<int> selected_ = 0;
     static inline std::atomic<UINT> last_ = none;
     static inline std::mutex guard_;
-    static inline std::vector<UINT> frames_; // under the guard
+    static inline std::vector<UINT> frames_; // guarded by guard_
     static inline std::atomic<bool> fails_ = false;
     static inline std::atomic<bool> throws_ = false;
     static inline Draw* original_draw_ = nullptr;
@@ -103,7 +103,7 @@ private:
     gui::ReplacedImport<Select> select_;
 };
 
-// Counts what other threads than this one wait for, and what wakes them.
+// Counts the waits of other threads, and the calls that wake them.
 class ThreadWaits {
 public:
     ThreadWaits()
@@ -120,7 +120,7 @@ public:
     int begun() const { return waits_; }
     DWORD last_time() const { return last_time_; }
     int woken() const { return sets_; }
-    // Until the thread has come round several times more.
+    // Waits until the thread has made several more turns.
     bool go_on() const
     {
         constexpr int several = 6;
@@ -158,7 +158,7 @@ private:
 
 class Animation : public gui::Pane {
 protected:
-    // Away from the pane, so that nothing stands over the picture.
+    // Keeps the pointer off the pane, so that no overlay covers the picture.
     Animation() { gui::point_at({ 1, 1 }); }
 
     void show_frames(std::size_t frames, std::uint32_t delay)
@@ -173,9 +173,9 @@ protected:
     }
     template <class State> bool waited(State holds) { return gui::pump_until(holds); }
     std::uint32_t frame() { return pane().gif_thread().current_frame(); }
-    // The frame in view by its colour; the shades follow one another.
+    // Whether this frame is shown; each frame has its own colour.
     bool is_in_view(MovingGif::Shade shade) { return middle() == MovingGif::colors[shade]; }
-    // The text in the corner of the picture, which is 300 x 300 at (50, 0), or the box behind it.
+    // Whether the text or its box is in the corner of the picture, which is 300 x 300 at (50, 0).
     bool is_paused_shown()
     {
         const std::scoped_lock hold{ core::drawing_lock() };
@@ -186,7 +186,7 @@ protected:
         }
         return ink > 40;
     }
-    // Paused, in a pane that is wide enough for the delay to stand beside the picture.
+    // Pauses at once, in a pane that is wide enough to show the delay next to the picture.
     void show_beside_its_delay(std::initializer_list<int> delays)
     {
         ShowWindow(parent().hwnd(), SW_SHOW);
@@ -224,7 +224,7 @@ protected:
     void press_bar(int permille) { press(bar().left + bar().width() * permille / 1000, bar().top + 3); }
 };
 
-TEST_F(Animation, PlaysItsFramesInTurn)
+TEST_F(Animation, PlaysItsFramesInOrder)
 {
     const DecoderCalls calls;
     show_frames(4, 3);
@@ -235,7 +235,7 @@ TEST_F(Animation, PlaysItsFramesInTurn)
         EXPECT_TRUE(waited([&] { return is_in_view(shade); })) << shade;
 }
 
-TEST_F(Animation, OfOneFrameStandsAndItsThumbAtTheLeft)
+TEST_F(Animation, OfOneFrameStaysOnItWithTheThumbAtTheLeft)
 {
     const DecoderCalls calls;
     show({ write(L"a.gif", MovingGif(8, 8).frame(MovingGif::red).bytes()) });
@@ -245,7 +245,7 @@ TEST_F(Animation, OfOneFrameStandsAndItsThumbAtTheLeft)
     EXPECT_TRUE(is_in_view(MovingGif::red));
 }
 
-TEST_F(Animation, DecodesEachFrameOnceAPass)
+TEST_F(Animation, DecodesEachFrameOncePerPass)
 {
     const DecoderCalls calls;
     show_frames(5, 3);
@@ -254,7 +254,7 @@ TEST_F(Animation, DecodesEachFrameOnceAPass)
     EXPECT_LE(std::abs(calls.drawn() - 1 - calls.selected()), 1) << "one more is drawn by the load itself";
 }
 
-TEST_F(Animation, BeginsPausedOnItsFirstFrameWhereTheBookSaysSo)
+TEST_F(Animation, StartsPausedOnItsFirstFrameIfTheBookDemandsIt)
 {
     show_paused({ 3, 3, 3 });
     EXPECT_EQ(state(), PlayState::paused);
@@ -266,7 +266,7 @@ TEST_F(Animation, BeginsPausedOnItsFirstFrameWhereTheBookSaysSo)
     EXPECT_EQ(frame(), 0u);
 }
 
-TEST_F(Animation, AClickBesideTheBarPausesAndGoesOn)
+TEST_F(Animation, AClickOutsideTheBarPausesAndResumes)
 {
     show_frames(5, 3);
     press(200, 100);
@@ -300,7 +300,7 @@ TEST_F(Animation, AClickOnTheBarChoosesAFrame)
     EXPECT_EQ(state(), PlayState::playing) << "beside the bar";
 }
 
-TEST_F(Animation, GoesOnFromTheFrameThatWasChosen)
+TEST_F(Animation, ContinuesFromTheChosenFrame)
 {
     DecoderCalls calls;
     show_paused({ 3, 3, 3, 3, 3 });
@@ -320,7 +320,7 @@ TEST_F(Animation, HasNoBarInANarrowPane)
     EXPECT_EQ(state(), PlayState::paused);
 }
 
-TEST_F(Animation, KeepsItsBarWhenThePaneChangesUntilTheNextLoad)
+TEST_F(Animation, KeepsItsBarUntilTheNextLoadWhenThePaneChanges)
 {
     const DecoderCalls calls;
     show_frames(3, 3);
@@ -362,8 +362,8 @@ TEST_F(Animation, ShowsDelayAndBarWhileTheMouseIsOverIt)
     EXPECT_EQ(bar_color(), bare);
 }
 
-// Not the time that it is shown for, which is shorter.
-TEST_F(Animation, TellsTheDelayAsTheFileHasIt)
+// Not the time for which the frame is shown, which is shorter.
+TEST_F(Animation, ShowsTheDelayStoredInTheFile)
 {
     show_beside_its_delay({ 25, 3 });
     EXPECT_FALSE(is_delay_told(L"delay: 250"));
@@ -372,7 +372,7 @@ TEST_F(Animation, TellsTheDelayAsTheFileHasIt)
     ASSERT_TRUE(gui::point_at({ 1, 1 }));
 }
 
-TEST_F(Animation, TellsZeroOfAFrameThatCannotBeSelected)
+TEST_F(Animation, ShowsADelayOfZeroForAFrameThatCannotBeSelected)
 {
     DecoderCalls calls;
     calls.fail();
@@ -382,7 +382,7 @@ TEST_F(Animation, TellsZeroOfAFrameThatCannotBeSelected)
     ASSERT_TRUE(gui::point_at({ 1, 1 }));
 }
 
-TEST_F(Animation, GoesOnAtOnceAfterAFrameThatCannotBeSelected)
+TEST_F(Animation, ContinuesAtOnceAfterAFrameThatCannotBeSelected)
 {
     DecoderCalls calls;
     calls.fail();
@@ -391,7 +391,7 @@ TEST_F(Animation, GoesOnAtOnceAfterAFrameThatCannotBeSelected)
     EXPECT_TRUE(is_in_view(MovingGif::black)) << "drawn as it stands";
 }
 
-TEST_F(Animation, FollowsThemeAndInterpolationWithoutLosingItsFrame)
+TEST_F(Animation, FollowsThemeAndInterpolationWithoutChangingItsFrame)
 {
     show_paused({ 3, 3, 3 });
     press_bar(500);
@@ -411,7 +411,7 @@ TEST_F(Animation, FollowsThemeAndInterpolationWithoutLosingItsFrame)
     EXPECT_EQ(state(), PlayState::paused);
 }
 
-TEST_F(Animation, HoldsTheLoaderLockForAsLongAsItPlays)
+TEST_F(Animation, HoldsTheLoaderLockWhileItPlays)
 {
     const auto is_free = [] {
         const std::unique_lock hold{ core::loader_lock(), std::try_to_lock };
@@ -424,7 +424,7 @@ TEST_F(Animation, HoldsTheLoaderLockForAsLongAsItPlays)
     EXPECT_FALSE(pane().gif_thread().is_held());
 }
 
-// Longer than ten minutes: only a stop that wakes the thread lets this test end.
+// The frame lasts longer than ten minutes, so this test ends only if stop wakes the thread.
 TEST_F(Animation, AStopDoesNotWaitForALongFrame)
 {
     show_gif({ 65535, 65535 });
@@ -435,7 +435,7 @@ TEST_F(Animation, AStopDoesNotWaitForALongFrame)
     end_pane();
 }
 
-// A click wakes nobody, so that the wait for the frame's end is the one that was begun.
+// A click does not wake the thread, so the wait for the frame's end is still the same one.
 TEST_F(Animation, APauseDoesNotEndALongFrame)
 {
     const ThreadWaits waits;
@@ -450,8 +450,8 @@ TEST_F(Animation, APauseDoesNotEndALongFrame)
     EXPECT_EQ(frame(), 1u) << "clicks leave its timing alone";
 }
 
-// A load that lets messages through holds the lock and may ask for the end of the animation.
-TEST_F(Animation, IsStoppedWhileItWaitsForTheLoader)
+// A load that dispatches messages holds the lock, and a message may stop the animation.
+TEST_F(Animation, CanBeStoppedWhileItWaitsForTheLoader)
 {
     media::ImageLoader loader{ thumbnails, properties, paths };
     ASSERT_TRUE(loader.load(write_gif(L"a.gif", { 3, 3 })));
@@ -482,7 +482,7 @@ TEST_F(Animation, IsStoppedWhileItWaitsForTheLoader)
     loading.join();
 }
 
-TEST_F(Animation, ThatCannotBeStartedStandsStillAndIsLogged)
+TEST_F(Animation, ThatCannotBeStartedShowsItsFirstFrameAndIsLogged)
 {
     using Begin = std::uintptr_t(void*, unsigned, unsigned(__stdcall*)(void*), void*, unsigned, unsigned*);
     const gui::LogEar ear;
@@ -503,7 +503,7 @@ TEST_F(Animation, ThatCannotBeStartedStandsStillAndIsLogged)
     EXPECT_TRUE(pane().gif_thread().is_held());
 }
 
-TEST_F(Animation, ThatBreaksOffLeavesItsFrameStanding)
+TEST_F(Animation, ThatEndsByAnExceptionKeepsItsFrame)
 {
     const gui::LogEar ear;
     DecoderCalls calls;
@@ -518,7 +518,7 @@ TEST_F(Animation, ThatBreaksOffLeavesItsFrameStanding)
     EXPECT_TRUE(hold.owns_lock()) << "what it held is given back";
 }
 
-TEST_F(Animation, GivesTheTimersResolutionBack)
+TEST_F(Animation, RestoresTheTimersResolution)
 {
     static std::atomic<int> periods;
     periods = 0;
@@ -537,7 +537,7 @@ TEST_F(Animation, GivesTheTimersResolutionBack)
     EXPECT_EQ(periods, 0);
 }
 
-TEST_F(Animation, OnTheWayToAFarFrameLetsOthersDraw)
+TEST_F(Animation, LetsOthersDrawOnTheWayToAFarFrame)
 {
     constexpr int frames = 3000;
     book().header.gif_autoplay = 0;
@@ -554,14 +554,14 @@ TEST_F(Animation, OnTheWayToAFarFrameLetsOthersDraw)
     EXPECT_TRUE(waited([&] { return calls.drawn() > 0; }));
     const int forward = calls.selected();
     EXPECT_LE(forward, frames) << "no frame twice";
-    // And leaves at once when it is stopped on the way back.
+    // It also ends at once if it is stopped on the way back.
     press_bar(900);
     ASSERT_TRUE(waited([&] { return calls.selected() > forward; }));
     show({});
     EXPECT_LT(calls.selected(), forward + frames / 2);
 }
 
-TEST_F(Animation, BearsClicksThemesAndSizesWhileItPlays)
+TEST_F(Animation, AcceptsClicksThemesAndSizesWhileItPlays)
 {
     ShowWindow(parent().hwnd(), SW_SHOW);
     show_frames(50, 1);
@@ -579,7 +579,7 @@ TEST_F(Animation, BearsClicksThemesAndSizesWhileItPlays)
     EXPECT_TRUE(pane().gif_thread().is_held());
 }
 
-TEST_F(Animation, StartsAndStopsThousandsOfTimes)
+TEST_F(Animation, CanBeStartedAndStoppedThousandsOfTimes)
 {
     const auto rounds = static_cast<int>(test_support::number_from_environment("PAGEWICK_SOAK_ROUNDS", 2000));
     show_frames(3, 3);

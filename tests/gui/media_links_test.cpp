@@ -1,4 +1,4 @@
-// Links of the shell, and the thread that makes them.
+// Shell links, and the thread that creates them.
 #include "book/book.hpp"
 #include "media/wnd/background_thread.hpp"
 #include "media/wnd/shell_link.hpp"
@@ -12,7 +12,7 @@
 #include <new>
 #include <thread>
 
-// The import itself, which the linker names after the function.
+// The address of the import, which the linker names after the function.
 extern "C" void* __imp_CoInitializeEx; // NOLINT(bugprone-reserved-identifier)
 
 namespace {
@@ -49,7 +49,7 @@ TEST_F(ShellLinks, LeadToFoldersToo)
     EXPECT_EQ(links.resolve(folder.file(L"link.lnk")), folder.path());
 }
 
-TEST_F(ShellLinks, StayAsTheyAreWhenTheyAreResolved)
+TEST_F(ShellLinks, AreNotChangedWhenTheyAreResolved)
 {
     links.save(made(L"a.txt"), folder.file(L"link.lnk"));
     const auto before = folder.read(L"link.lnk");
@@ -57,14 +57,14 @@ TEST_F(ShellLinks, StayAsTheyAreWhenTheyAreResolved)
     EXPECT_EQ(folder.read(L"link.lnk"), before);
 }
 
-TEST_F(ShellLinks, ThatAreNoneLeadNowhere)
+TEST_F(ShellLinks, ThatAreNoLinksLeadNowhere)
 {
     EXPECT_EQ(links.resolve(folder.file(L"無い.lnk")), L"");
     EXPECT_EQ(links.resolve(made(L"junk.lnk")), L"");
     EXPECT_EQ(links.resolve(folder.path()), L"");
 }
 
-TEST_F(ShellLinks, AreWrittenBesideTheirNameAndReplaceWhatWasLeftThere)
+TEST_F(ShellLinks, AreWrittenUnderAnotherNameFirstAndReplaceALeftoverThere)
 {
     const std::wstring link = folder.file(L"link.lnk");
     std::wstring beside;
@@ -85,13 +85,13 @@ TEST_F(ShellLinks, AreWrittenBesideTheirNameAndReplaceWhatWasLeftThere)
     EXPECT_FALSE(std::filesystem::exists(beside));
 }
 
-TEST_F(ShellLinks, AreNotSavedWhereNothingCanBe)
+TEST_F(ShellLinks, AreNotSavedWhereNoFileCanBe)
 {
     EXPECT_FALSE(links.save(made(L"a.txt"), folder.file(L"無い\\link.lnk")));
     EXPECT_FALSE(links.save(made(L"a.txt"), folder.path()));
 }
 
-// As when the shell cannot be had.
+// The shell is not available without COM.
 TEST(ShellLink, IsNotReadyWithoutCom)
 {
     std::thread{ [] {
@@ -121,7 +121,7 @@ protected:
         thread.queue_paths(paths, nullptr);
         thread.start(nullptr, 0);
     }
-    // The worker holds the queue for the whole of a run.
+    // The worker holds the queue during a whole run.
     bool is_done() const
     {
         const std::unique_lock look{ thread.queue().lock(), std::try_to_lock };
@@ -136,7 +136,7 @@ protected:
     BackgroundThread thread{ links() + L"\\" };
 };
 
-TEST_F(BackgroundLinks, AreMadeForWhatExists)
+TEST_F(BackgroundLinks, AreCreatedForExistingFiles)
 {
     const gui::ComOnThread com;
     Texts paths = made_files(3);
@@ -149,7 +149,7 @@ TEST_F(BackgroundLinks, AreMadeForWhatExists)
         EXPECT_EQ(target_of(link_of(links(), paths[i])), paths[i]);
 }
 
-TEST_F(BackgroundLinks, AreMadeOfEveryPageOfABook)
+TEST_F(BackgroundLinks, AreCreatedForEveryPageOfABook)
 {
     const Texts paths = made_files(4);
     book::Book book;
@@ -163,7 +163,7 @@ TEST_F(BackgroundLinks, AreMadeOfEveryPageOfABook)
     EXPECT_EQ(link_count(), 3u);
 }
 
-TEST_F(BackgroundLinks, OnceMadeAreNeverRewritten)
+TEST_F(BackgroundLinks, AreNeverRewritten)
 {
     const Texts paths = made_files(1);
     const std::wstring link = link_of(links(), paths[0]);
@@ -173,7 +173,7 @@ TEST_F(BackgroundLinks, OnceMadeAreNeverRewritten)
     EXPECT_EQ(std::filesystem::file_size(link), 1u);
 }
 
-TEST_F(BackgroundLinks, AreLeftAloneWithoutTheShell)
+TEST_F(BackgroundLinks, AreNotChangedIfTheShellIsNotAvailable)
 {
     const gui::ReplacedImport<decltype(CoInitializeEx)> failing{ &__imp_CoInitializeEx,
         [](LPVOID, DWORD) -> HRESULT { return E_FAIL; } };
@@ -184,7 +184,7 @@ TEST_F(BackgroundLinks, AreLeftAloneWithoutTheShell)
     EXPECT_EQ(link_count(), 0u);
 }
 
-TEST_F(BackgroundLinks, LetNothingThatIsRaisedEndTheProcess)
+TEST_F(BackgroundLinks, SurviveAnExceptionOfTheirThread)
 {
     const gui::LogEar log;
     {
@@ -207,7 +207,7 @@ DWORD handle_count()
     return count;
 }
 
-TEST_F(BackgroundLinks, AreStartedAndStoppedThousandsOfTimes)
+TEST_F(BackgroundLinks, CanBeStartedAndStoppedThousandsOfTimes)
 {
     const auto rounds = static_cast<int>(test_support::number_from_environment("PAGEWICK_SOAK_ROUNDS", 2000));
     const Texts paths = made_files(5);
@@ -226,7 +226,7 @@ TEST_F(BackgroundLinks, AreStartedAndStoppedThousandsOfTimes)
     EXPECT_EQ(link_count(), 5u);
 }
 
-TEST_F(BackgroundLinks, EndWithTheirThreadsOwner)
+TEST_F(BackgroundLinks, EndWithTheOwnerOfTheirThread)
 {
     const gui::SilentShare share;
     const Texts paths = made_files(2);
@@ -249,7 +249,7 @@ TEST_F(BackgroundLinks, AreGivenUpOnAShareThatDoesNotAnswer)
     EXPECT_EQ(thread.queue().resume_index(), 1u) << "the entry in hand is given up, the next not begun";
 }
 
-TEST_F(BackgroundLinks, GoOnWhereAStoppedRunLeftAndTakeNewPathsFirst)
+TEST_F(BackgroundLinks, ContinueAStoppedRunButTakeNewPathsFirst)
 {
     const Texts paths = made_files(4);
     {

@@ -1,4 +1,4 @@
-// What the pane loads, and what it refuses: every kind of picture, broken and hostile files.
+// The loads of the pane: every kind of picture, damaged and hostile files.
 #include "core/locks.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_crowd.hpp"
@@ -99,7 +99,7 @@ TEST_F(Loading, TheExtensionDecidesBetweenPictureAndAnimation)
     expect_failed(write(L"b.gif", test_support::png_file(8, 8, plain(red))));
 }
 
-TEST_F(Loading, BrokenFilesAreTold)
+TEST_F(Loading, DamagedFilesAreReported)
 {
     const FileContents png = test_support::png_file(8, 8, plain(red));
     const FileContents gif = MovingGif(8, 8).frames(2, 10).bytes();
@@ -114,8 +114,8 @@ TEST_F(Loading, BrokenFilesAreTold)
     EXPECT_TRUE(thumbnails.asked.empty()) << "the shell is not asked for a picture that does not decode";
 }
 
-// Whatever a decoder makes of them, nothing is left behind and the next file shows.
-TEST_F(Loading, EveryCutOfAPictureIsBorne)
+// Whatever a decoder makes of them, nothing may leak and the next file must show.
+TEST_F(Loading, PicturesTruncatedAnywhereDoNoHarm)
 {
     const FileContents files[] = { test_support::png_file(8, 8, plain(red)),
         test_support::jpeg_file(16, 16, 200), test_support::bmp_file(8, 8, plain(red)),
@@ -133,7 +133,7 @@ TEST_F(Loading, EveryCutOfAPictureIsBorne)
     EXPECT_EQ(middle(), red);
 }
 
-TEST_F(Loading, APictureThatClaimsMoreThanCanBeDrawnDoesNotReachTheDecoder)
+TEST_F(Loading, APictureThatClaimsTooLargeASizeDoesNotReachTheDecoder)
 {
     static int decoded;
     decoded = 0;
@@ -144,7 +144,7 @@ TEST_F(Loading, APictureThatClaimsMoreThanCanBeDrawnDoesNotReachTheDecoder)
             return Gdiplus::GenericError;
         } };
     for (const std::uint32_t side : { 30'000u, 23'171u, 1'000'000u }) {
-        // Complete but for its size, which the decoder would believe.
+        // Complete except for its size, which the decoder would accept.
         FileContents png = test_support::png_file(8, 8, plain(red));
         const auto header = test_support::PictureBytes{}.big32(side).big32(side).bytes();
         std::copy(header.begin(), header.end(), png.begin() + 16);
@@ -163,8 +163,8 @@ TEST_F(Loading, APictureThatClaimsMoreThanCanBeDrawnDoesNotReachTheDecoder)
     EXPECT_EQ(decoded, 1) << "the decoder was watched";
 }
 
-// At this side the decoder counts their bytes as none and writes them all the same.
-TEST_F(Loading, PicturesThatHideTheirSideDoNotEndTheProgram)
+// At this size the decoder computes a byte count of 0 and writes the pixels anyway.
+TEST_F(Loading, PicturesWithAHiddenSizeDoNotEndTheProgram)
 {
     for (const auto& [name, bytes] : test_support::pictures_hiding_their_side(64)) {
         show({ write(name, bytes) });
@@ -177,8 +177,8 @@ TEST_F(Loading, PicturesThatHideTheirSideDoNotEndTheProgram)
     EXPECT_EQ(middle(), red);
 }
 
-// Its picture is decoded only when it is drawn.
-TEST_F(Loading, AMetafileShowsUnlessAPictureInItClaimsTooMuch)
+// The picture inside is decoded only when it is drawn.
+TEST_F(Loading, AMetafileShowsUnlessAPictureInItClaimsTooLargeASize)
 {
     show({ write(L"small.emf", test_support::metafile_with(test_support::png_file(64, 64, plain(red)))) });
     EXPECT_EQ(loader().state(), LoaderState::picture);
@@ -186,7 +186,7 @@ TEST_F(Loading, AMetafileShowsUnlessAPictureInItClaimsTooMuch)
     expect_failed(write(L"big.emf", test_support::metafile_with(test_support::square_tiff(side, {}))));
 }
 
-TEST_F(Loading, AnAnimationWithTooMuchInAllItsFramesDoesNotReachTheDecoder)
+TEST_F(Loading, AnAnimationWhoseFramesAreTooLargeTogetherDoesNotReachTheDecoder)
 {
     const auto gif_of = [](int frames) {
         test_support::GifBytes gif{ 4'000, 4'000 };
@@ -219,7 +219,7 @@ TEST_F(Loading, AMissingFileKeepsItsEntryAsWritten)
     expect_failed(L"C:\\a\tb*?.png");
 }
 
-TEST_F(Loading, ARelativeEntryCountsFromTheDataRoot)
+TEST_F(Loading, ARelativeEntryIsResolvedAgainstTheDataRoot)
 {
     write(L"a.png", test_support::png_file(8, 8, plain(red)));
     SetCurrentDirectoryW(L"C:\\");
@@ -228,12 +228,12 @@ TEST_F(Loading, ARelativeEntryCountsFromTheDataRoot)
     EXPECT_EQ(loader().path(), file(L"a.png"));
 }
 
-TEST_F(Loading, ANameOutsideTheBasicPlaneAndALongPathShow)
+TEST_F(Loading, ANameOutsideTheBasicPlaneAndALongPathAreShown)
 {
     const std::wstring pair{ wchar_t{ 0xD842 }, wchar_t{ 0xDFB7 } };
     show({ write(pair + L"野家.png", test_support::png_file(8, 8, plain(red))) });
     EXPECT_EQ(middle(), red);
-    // Whether a path of this length can be opened is the system's to say; what cannot is told.
+    // The system decides whether a path of this length can be opened. If not, that is reported.
     const std::wstring folder = file(std::wstring(100, L'a'));
     const std::wstring deep = folder + L"\\" + std::wstring(100, L'b');
     ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr) && CreateDirectoryW(deep.c_str(), nullptr));
@@ -271,7 +271,7 @@ TEST_F(Loading, ASelectionBeyondTheListLoadsNothing)
     EXPECT_GT(count(look::palette().viewer_text), 0);
 }
 
-TEST_F(Loading, AFileIsReadOnceAndMayGoWhileItIsShown)
+TEST_F(Loading, AFileIsReadOnceAndCanBeDeletedWhileItIsShown)
 {
     const std::wstring path = write(L"a.png", test_support::png_file(8, 8, plain(red)));
     show({ path });
@@ -283,7 +283,7 @@ TEST_F(Loading, AFileIsReadOnceAndMayGoWhileItIsShown)
     EXPECT_EQ(middle(), red);
 }
 
-TEST_F(Loading, AnythingElseIsAskedOfTheShell)
+TEST_F(Loading, OtherFilesAreQueriedFromTheShell)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(80, 40, blue); };
     const std::wstring path = write(L"覚書.txt", FileContents(1500, std::byte{ 'a' }));
@@ -299,7 +299,7 @@ TEST_F(Loading, AnythingElseIsAskedOfTheShell)
     EXPECT_EQ(loader().facts().text, L"folder");
 }
 
-TEST_F(Loading, AShellThatHasNoPictureGivesTheFilesIcon)
+TEST_F(Loading, AFileGetsItsIconIfTheShellHasNoPicture)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(1, 1, blue); };
     show({ write(L"a.txt", FileContents(3, std::byte{ 'a' })) });
@@ -308,12 +308,12 @@ TEST_F(Loading, AShellThatHasNoPictureGivesTheFilesIcon)
     EXPECT_EQ(loader().size().width, loader().size().height);
 }
 
-TEST_F(Loading, AnIconInPlaceOfAPictureHasTheGroundOfThePane)
+TEST_F(Loading, AnIconInPlaceOfAPictureHasTheBackgroundOfThePane)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(1, 1, blue); };
     show({ write(L"a.txt", FileContents(3, std::byte{ 'a' })) });
     ASSERT_EQ(loader().state(), LoaderState::thumbnail);
-    // The square of it, inside its frame, is 240 pixels wide and high.
+    // It is a square of 240 pixels inside its frame.
     const auto corner = [&] { return at(width / 2 - 112, height / 2 - 112); };
     const Color first = ground();
     EXPECT_EQ(corner(), first);
@@ -324,14 +324,14 @@ TEST_F(Loading, AnIconInPlaceOfAPictureHasTheGroundOfThePane)
     look::load_theme(look::theme_standard);
 }
 
-TEST_F(Loading, WhatTheShellDoesNotKnowIsTold)
+TEST_F(Loading, FilesUnknownToTheShellAreReported)
 {
     expect_failed(L"無い.txt");
     expect_failed(L"http://x.invalid/a");
     EXPECT_EQ(thumbnails.asked.size(), 2u);
 }
 
-TEST_F(Loading, TheFactsOfWhatIsNotThereAreAskedOfItsEntry)
+TEST_F(Loading, TheFactsOfAMissingFileAreQueriedForItsEntry)
 {
     show({ L"http://x.invalid/a.png" });
     EXPECT_EQ(loader().facts_to_show().text, L"URL");
@@ -344,7 +344,7 @@ TEST_F(Loading, TheFactsOfWhatIsNotThereAreAskedOfItsEntry)
     EXPECT_EQ(loader().facts_to_show(), media::FileFacts{});
 }
 
-TEST_F(Loading, TheShellsPropertiesReachTheFacts)
+TEST_F(Loading, TheShellsPropertiesAreInTheFacts)
 {
     class Known : public media::PropertySource {
     public:
@@ -369,7 +369,7 @@ TEST_F(Loading, TheShellsPropertiesReachTheFacts)
     EXPECT_EQ(known.closed, 1);
 }
 
-TEST_F(Loading, ClearForgetsAllButThePath)
+TEST_F(Loading, ClearForgetsEverythingButThePath)
 {
     const std::wstring path = write(L"a.png", test_support::png_file(8, 8, plain(red)));
     media::ImageLoader loader{ thumbnails, properties, paths };

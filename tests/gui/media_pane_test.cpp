@@ -1,4 +1,4 @@
-// The file pane: what it draws, and what it makes of the mouse.
+// The file pane: what it draws, and how it handles the mouse.
 #include "core/command_ids.hpp"
 #include "core/locks.hpp"
 #include "media/display_name.hpp"
@@ -44,7 +44,7 @@ protected:
     }
 };
 
-TEST_F(FilePane, HasItsOwnClassThatTellsDoubleClicks)
+TEST_F(FilePane, HasItsOwnClassThatReportsDoubleClicks)
 {
     wchar_t name[64] = {};
     GetClassNameW(pane().hwnd(), name, 64);
@@ -55,8 +55,8 @@ TEST_F(FilePane, HasItsOwnClassThatTellsDoubleClicks)
     EXPECT_TRUE(id < 1000 || id > 64999) << "the main window leaves its double clicks alone";
 }
 
-// The nearest pixel alone: smooth scaling fades towards the far edges. Half a pixel of the picture is left
-// out there.
+// Uses nearest-neighbour scaling only: smooth scaling fades towards the far edges, where half a pixel of the
+// picture is missing.
 TEST_F(FilePane, FitsAPictureIntoItsArea)
 {
     core::settings().interpolation_command = 5001;
@@ -86,7 +86,7 @@ TEST_F(FilePane, EnlargesAPictureOfOnePixelAndDrawsNothingOfAThinOne)
     EXPECT_EQ(count(ground()), width * height) << "its height is cut to nothing";
 }
 
-TEST_F(FilePane, SaysThatThereAreNoFiles)
+TEST_F(FilePane, ShowsThatThereAreNoFiles)
 {
     show({});
     EXPECT_GT(count(look::palette().viewer_text), 10);
@@ -95,14 +95,14 @@ TEST_F(FilePane, SaysThatThereAreNoFiles)
         EXPECT_EQ(at(x, 7), ground()) << "above the text";
 }
 
-TEST_F(FilePane, TellsWhatIsMissingInRed)
+TEST_F(FilePane, ReportsAMissingFileInRed)
 {
     show({ L"C:\\無い\\a.png" });
     const int offered = count(look::palette().viewer_error);
     EXPECT_GT(offered, 100);
     show({ L"http://x.invalid/a.png" });
     EXPECT_GT(count(look::palette().viewer_error), 100);
-    // A path is broken where the pane ends and does not leave it.
+    // A path is broken at the edge of the pane and does not go beyond it.
     show({ L"C:\\" + std::wstring(300, L'W') });
     for (int y = 0; y < height; ++y) {
         EXPECT_EQ(at(width - 8, y), ground());
@@ -117,7 +117,7 @@ TEST_F(FilePane, TellsWhatIsMissingInRed)
 TEST_F(FilePane, FramesAThumbnailAndNamesIt)
 {
     show_thumbnail();
-    // 320 x 240 in the middle, the frame over its edge.
+    // 320 x 240 in the middle, with the frame over its edge.
     EXPECT_EQ(middle(), blue);
     EXPECT_EQ(at(40, 150), white);
     EXPECT_EQ(at(39, 150), white);
@@ -134,7 +134,7 @@ TEST_F(FilePane, FramesAThumbnailAndNamesIt)
     EXPECT_GT(ink, 50) << "the name above it";
 }
 
-TEST_F(FilePane, EndsALongNameInAnEllipsisInsideTheArea)
+TEST_F(FilePane, TruncatesALongNameWithAnEllipsis)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(80, 60, blue); };
     show({ write(std::wstring(120, L'W') + L".txt", {}) });
@@ -165,7 +165,7 @@ TEST_F(FilePane, ShowsTheIconOfAnAddressThatTheShellKnows)
     EXPECT_EQ(parent().taken(), std::vector<int>{ command::open_file });
 }
 
-TEST_F(FilePane, AnAddressThatEndsLikeAPictureIsNotAskedOfTheShell)
+TEST_F(FilePane, DoesNotQueryTheShellForAnAddressThatEndsLikeAPicture)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(80, 60, blue); };
     show({ L"http://x.invalid/a.png" });
@@ -210,7 +210,7 @@ TEST_F(FilePane, HasRoundCorners)
     EXPECT_TRUE(holds(20, height - 1));
 }
 
-TEST_F(FilePane, AnotherSizeMakesTheBitmapAnew)
+TEST_F(FilePane, CreatesTheBitmapAgainForAnotherSize)
 {
     show_picture(100, 100);
     pane().set_rect({ 0, 0, 200, 100 }, false);
@@ -238,7 +238,7 @@ TEST_F(FilePane, FollowsTheTheme)
     }
 }
 
-TEST_F(FilePane, ScalesAnewWithoutLoading)
+TEST_F(FilePane, ScalesAgainWithoutLoading)
 {
     const std::wstring path = write(L"a.png", test_support::png_file(2, 1, halves(2, black, white)));
     core::settings().interpolation_command = 5002;
@@ -291,7 +291,7 @@ TEST_F(FilePane, PaintsUnderTheDrawingLockAndErasesNothing)
 
 class WheelOverThePane : public FilePane {
 protected:
-    // The commands that a turn brings.
+    // The commands that a turn of the wheel sends.
     std::vector<int> turn(int delta)
     {
         pane().send(WM_MOUSEWHEEL, MAKEWPARAM(0, delta), 0);
@@ -299,7 +299,7 @@ protected:
     }
 };
 
-TEST_F(WheelOverThePane, ChoosesFiles)
+TEST_F(WheelOverThePane, SelectsFiles)
 {
     EXPECT_EQ(turn(120), std::vector<int>{ command::previous_file });
     EXPECT_EQ(turn(-120), std::vector<int>{ command::next_file });
@@ -319,7 +319,7 @@ TEST_F(WheelOverThePane, MovesTheFileWhileCtrlIsDown)
     EXPECT_EQ(turn(-120), std::vector<int>{ command::next_file });
 }
 
-TEST_F(WheelOverThePane, ActsWhenSmallTurnsReachANotch)
+TEST_F(WheelOverThePane, AddsUpSmallTurnsUntilTheyReachANotch)
 {
     EXPECT_EQ(turn(-50), std::vector<int>{});
     EXPECT_EQ(turn(-50), std::vector<int>{});
@@ -328,14 +328,14 @@ TEST_F(WheelOverThePane, ActsWhenSmallTurnsReachANotch)
     EXPECT_EQ(turn(1), std::vector<int>{ command::previous_file });
 }
 
-TEST_F(FilePane, ARightClickAsksForTheFileMenu)
+TEST_F(FilePane, ARightClickRequestsTheFileMenu)
 {
     pane().send(WM_RBUTTONUP, 0, 0);
     EXPECT_EQ(parent().taken(), std::vector<int>{ command::show_file_menu });
     EXPECT_EQ(parent().last_lparam, reinterpret_cast<std::intptr_t>(pane().hwnd()));
 }
 
-TEST_F(FilePane, ADoubleClickGoesByWhatIsShown)
+TEST_F(FilePane, ADoubleClickDependsOnWhatIsShown)
 {
     show_picture(10, 10);
     double_click();
@@ -355,7 +355,7 @@ TEST_F(FilePane, ADoubleClickGoesByWhatIsShown)
     EXPECT_EQ(parent().taken(), std::vector<int>{});
 }
 
-TEST_F(FilePane, ADoubleClickOnAnAnimationLeavesItAsItWas)
+TEST_F(FilePane, ADoubleClickOnAnAnimationRestoresItsState)
 {
     show_gif({ 100, 100 });
     EXPECT_EQ(state(), PlayState::playing);
@@ -367,7 +367,7 @@ TEST_F(FilePane, ADoubleClickOnAnAnimationLeavesItAsItWas)
     EXPECT_EQ(parent().taken(), std::vector<int>{});
 }
 
-TEST_F(FilePane, TakesTheEnterKeyOfItsInputBoxForADoubleClick)
+TEST_F(FilePane, TreatsEnterInItsInputBoxAsADoubleClick)
 {
     show_picture(10, 10);
     pane().send(WM_COMMAND, MAKEWPARAM(1050, 33000), 0);
@@ -384,7 +384,7 @@ protected:
     static int far_y() { return 50 + GetSystemMetrics(SM_CYDRAG); }
 };
 
-TEST_F(FileDragging, BeginsBeyondTheSystemsDistanceInEitherDirection)
+TEST_F(FileDragging, StartsBeyondTheSystemsDistanceInEitherDirection)
 {
     const std::wstring path = write(L"a.png", test_support::png_file(10, 10, plain(red)));
     show({ path });
@@ -402,7 +402,7 @@ TEST_F(FileDragging, BeginsBeyondTheSystemsDistanceInEitherDirection)
     EXPECT_EQ(drag.dragged.size(), 2u);
 }
 
-TEST_F(FileDragging, TakesTheAbsolutePathOfARelativeEntry)
+TEST_F(FileDragging, UsesTheAbsolutePathOfARelativeEntry)
 {
     write(L"a.png", test_support::png_file(10, 10, plain(red)));
     show({ L"a.png" });
@@ -412,7 +412,7 @@ TEST_F(FileDragging, TakesTheAbsolutePathOfARelativeEntry)
     EXPECT_EQ(drag.dragged, std::vector<std::wstring>{ file(L"a.png") });
 }
 
-TEST_F(FileDragging, OfWhatIsNotThereStaysArmed)
+TEST_F(FileDragging, OfAMissingFileStaysArmed)
 {
     show({ L"無い.png" });
     press(50, 50);
@@ -435,7 +435,7 @@ TEST_F(FileDragging, RunsOneAtATime)
     EXPECT_EQ(drag.dragged.size(), 1u);
 }
 
-TEST_F(FileDragging, MayTakeThePaneAlong)
+TEST_F(FileDragging, SurvivesTheDestructionOfThePane)
 {
     show({ write(L"a.png", test_support::png_file(10, 10, plain(red))) });
     drag.meanwhile = [&] { pane().destroy(); };
@@ -445,7 +445,7 @@ TEST_F(FileDragging, MayTakeThePaneAlong)
     EXPECT_EQ(pane().hwnd(), nullptr);
 }
 
-TEST_F(FileDragging, NeedsSomethingThatDrags)
+TEST_F(FileDragging, DoesNothingWithoutADragImplementation)
 {
     has_drag = false;
     make_pane();
@@ -455,7 +455,7 @@ TEST_F(FileDragging, NeedsSomethingThatDrags)
     EXPECT_TRUE(drag.dragged.empty());
 }
 
-TEST_F(FilePane, AFileChosenWhileAnotherLoadsIsShownAtTheEnd)
+TEST_F(FilePane, ShowsTheFileThatWasSelectedDuringALoad)
 {
     const std::wstring slow = write(L"a.txt", {});
     const std::wstring later = write_gif(L"b.gif", { 100, 100 });
@@ -473,7 +473,7 @@ TEST_F(FilePane, AFileChosenWhileAnotherLoadsIsShownAtTheEnd)
     EXPECT_TRUE(pane().gif_thread().is_held());
 }
 
-TEST_F(FilePane, APaneThatGoesWhileItLoadsShowsNothing)
+TEST_F(FilePane, ShowsNothingIfItIsDestroyedDuringALoad)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(80, 60, blue); };
     thumbnails.meanwhile = [&] { pane().destroy(); };
@@ -482,7 +482,7 @@ TEST_F(FilePane, APaneThatGoesWhileItLoadsShowsNothing)
     EXPECT_FALSE(pane().gif_thread().is_held());
 }
 
-TEST_F(FilePane, WithoutAPageNothingChanges)
+TEST_F(FilePane, ChangesNothingWithoutAPage)
 {
     show_picture(10, 10);
     book().pages.clear();
@@ -493,7 +493,7 @@ TEST_F(FilePane, WithoutAPageNothingChanges)
     RedrawWindow(pane().hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
-TEST_F(FilePane, APageOfTenThousandFilesShowsItsLast)
+TEST_F(FilePane, ShowsTheLastOfTenThousandFiles)
 {
     const std::wstring path = write(L"a.png", test_support::png_file(10, 10, plain(red)));
     show(std::vector<std::wstring>(10'000, path), 9'999);
@@ -513,7 +513,7 @@ TEST_F(FilePane, PaintingAndLoadingCostNoHandles)
             gui::pump();
         }
     };
-    show_all(); // what the system keeps from the first time on
+    show_all(); // for what the system caches the first time
     const gui::GdiCrowd crowd{ 100 };
     for (int round = 0; round < 30; ++round)
         show_all();

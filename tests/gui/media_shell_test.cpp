@@ -1,4 +1,4 @@
-// What the shell knows of files: stored properties, and the small picture beside the facts.
+// The shell's facts about files: stored properties, and the small picture beside the facts.
 #include "look/theme.hpp"
 #include "media/wnd/shell_property_reader.hpp"
 #include "media/wnd/small_picture.hpp"
@@ -44,7 +44,7 @@ protected:
     Microsoft::WRL::ComPtr<IPropertyStore> store;
 };
 
-TEST_F(StoredProperties, AreGivenAsTheyWereStored)
+TEST_F(StoredProperties, AreReturnedAsStored)
 {
     put_number(FileProperty::frame_width, 1920);
     EXPECT_EQ(
@@ -99,8 +99,8 @@ TEST_F(StoredProperties, AClosedReaderReadsNothing)
     EXPECT_EQ(reader.read_duration(), 0u);
 }
 
-// A shell that keeps no properties leaves the extension alone.
-TEST_F(StoredProperties, ARealFileIsTold)
+// Even if the shell has no properties, the extension is known.
+TEST_F(StoredProperties, ShowARealFile)
 {
     const std::wstring path = write(L"a.Mp3", test_support::FileContents(2048));
     const media::FileFacts facts = media::read_file_facts(path, properties, paths);
@@ -148,10 +148,10 @@ TEST_F(SmallPicture, IsTheShellsPictureInTheMiddleOfItsSquare)
     EXPECT_EQ(ink(), 32 * 16);
 }
 
-TEST_F(SmallPicture, WithAnyAlphaLetsTheGroundThrough)
+TEST_F(SmallPicture, WithAnyAlphaShowsTheBackgroundBehindIt)
 {
     static constexpr std::uint32_t clear = 0;
-    static constexpr std::uint32_t half_blue = 0x80000080; // multiplied already
+    static constexpr std::uint32_t half_blue = 0x80000080; // premultiplied
     static constexpr std::uint32_t full_blue = 0xFF0000FF;
     thumbnails.answer = [] { return gui::premultiplied_bitmap(32, 32, { clear, half_blue, full_blue }); };
     fetch(file(L"a.txt"));
@@ -172,7 +172,7 @@ TEST_F(SmallPicture, WithoutAnyAlphaIsCopied)
     EXPECT_EQ(drawn(11, 10), blue);
 }
 
-TEST_F(SmallPicture, OfAVideoIsAStripOfFilm)
+TEST_F(SmallPicture, OfAVideoHasAStripOfFilm)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(16, 16, blue); };
     fetch(file(L"a.mp4"), FileKind::video);
@@ -185,7 +185,7 @@ TEST_F(SmallPicture, OfAVideoIsAStripOfFilm)
     EXPECT_EQ(drawn(10, 10), look::palette().viewer_back) << "plain without a strip";
 }
 
-TEST_F(SmallPicture, IsTheIconWhereThereIsNoPicture)
+TEST_F(SmallPicture, IsTheIconIfThereIsNoPicture)
 {
     fetch(file(L"a.txt"));
     EXPECT_GT(ink(), 50);
@@ -199,7 +199,7 @@ TEST_F(SmallPicture, IsTheIconWhereThereIsNoPicture)
     EXPECT_TRUE(thumbnails.asked.empty()) << "an address has an icon of its own";
 }
 
-TEST_F(SmallPicture, OfNothingIsNothing)
+TEST_F(SmallPicture, OfAnEmptyPathIsEmpty)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(32, 32, blue); };
     fetch(file(L"a.txt"));
@@ -208,7 +208,7 @@ TEST_F(SmallPicture, OfNothingIsNothing)
     EXPECT_EQ(thumbnails.asked.size(), 1u);
 }
 
-TEST_F(SmallPicture, OfALaterFileStays)
+TEST_F(SmallPicture, OfALaterFileIsKept)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(32, 32, blue); };
     thumbnails.meanwhile = [&] { picture.fetch(L"", FileKind::unknown, thumbnails, paths); };
@@ -216,7 +216,7 @@ TEST_F(SmallPicture, OfALaterFileStays)
     EXPECT_EQ(ink(), 0) << "no file is the later choice";
 }
 
-TEST_F(SmallPicture, PaintsCostNothingOfTheShellAndNoHandles)
+TEST_F(SmallPicture, PaintsWithoutTheShellAndWithoutHandles)
 {
     thumbnails.answer = [] { return gui::plain_bitmap(16, 16, blue); };
     const gui::GdiCrowd crowd{ 200 };

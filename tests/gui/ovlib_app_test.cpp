@@ -1,4 +1,4 @@
-// What the process was started with, and ini files.
+// The arguments of the process, and ini files.
 #include <gtest/gtest.h>
 
 #include "ovlib/ini_data.hpp"
@@ -10,7 +10,7 @@ namespace {
 
 using ovlib::IniData;
 
-TEST(WinApp, IsInitializedFromTheEntryAndTheCommandLine)
+TEST(WinApp, IsInitializedFromTheEntryPointAndTheCommandLine)
 {
     using namespace ovlib;
     const HINSTANCE module = GetModuleHandleW(nullptr);
@@ -49,7 +49,7 @@ TEST_F(Ini, WhatIsWrittenIsReadAgain)
     EXPECT_EQ(IniData(folder.file(L"設定.ini")).read_int(L"COMMON", L"ICHAT", 0), -3);
 }
 
-TEST_F(Ini, ALongTextIsCutAtTheBuffersEnd)
+TEST_F(Ini, ALongTextIsTruncatedAtTheBuffersEnd)
 {
     const IniData ini(folder.file(L"long.ini"));
     ASSERT_TRUE(ini.write_string(L"COMMON", L"VIEWDATA", std::wstring(9'000, L'1')));

@@ -1,4 +1,4 @@
-// Drawn push buttons: what they paint, and how they answer hand and keyboard.
+// Drawn push buttons: their painting, and their reactions to mouse and keyboard.
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -37,7 +37,7 @@ protected:
 
     void TearDown() override { host.destroy(); }
 
-    // What a button of this state must look like, drawn by the system's own calls.
+    // Draws the expected look of a button in this state with calls of the system.
     void draw_expected(const BackBuffer& target, UINT state) const
     {
         HDC const dc = target.dc().handle();
@@ -95,7 +95,7 @@ TEST_F(PushButton, ShowsADisabledTextInGreyOverWhite)
     EXPECT_TRUE(gui::same_pictures(canvas.picture, expected.picture));
 }
 
-TEST_F(PushButton, DrawsTheTextInTheContextsOwnColour)
+TEST_F(PushButton, DrawsTheTextInTheColourOfTheDeviceContext)
 {
     SetTextColor(canvas.picture.dc().handle(), rgb(0, 0, 200).value);
     ASSERT_TRUE(canvas.draw(button, 0));
@@ -135,7 +135,7 @@ TEST_F(PushButton, ReachesTheScreenInOneCopyWithTheTextAfterIt)
     EXPECT_EQ(gui::DrawingRecord(button, button_size, 0).marks(), "c");
 }
 
-TEST_F(PushButton, ServesAnItemWithoutAnActionByDoingNothing)
+TEST_F(PushButton, DoesNothingForAnItemWithoutAnAction)
 {
     EXPECT_TRUE(button.draw_item(canvas.item(button, 0, 0)));
     EXPECT_EQ(
@@ -168,7 +168,7 @@ TEST_F(PushButton, FailsWithoutMemoryAndDrawsAgainLater)
     EXPECT_TRUE(canvas.draw(button, 0));
 }
 
-TEST_F(PushButton, TakesABitmapForTheSystem)
+TEST_F(PushButton, PassesABitmapToTheSystem)
 {
     ovlib::GDI::Bitmap bitmap;
     bitmap.create(4, 4);
@@ -181,7 +181,7 @@ ovlib::WndMessage draw_message(const DRAWITEMSTRUCT& item)
     return { nullptr, WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item), 0 };
 }
 
-TEST_F(PushButton, IsFoundByItsWindowWhateverKindTheItemNames)
+TEST_F(PushButton, IsFoundByItsWindowWhateverTypeTheItemHas)
 {
     DRAWITEMSTRUCT item = canvas.item(button, 0);
     item.CtlType = 0xBADF00D;
@@ -193,7 +193,7 @@ TEST_F(PushButton, IsFoundByItsWindowWhateverKindTheItemNames)
     EXPECT_EQ(button.drawn, before + 1);
 }
 
-TEST_F(PushButton, CountsAsHandledEvenWhenItCouldNotDraw)
+TEST_F(PushButton, ReportsTheItemAsHandledEvenIfItCouldNotDraw)
 {
     const DRAWITEMSTRUCT item = immense(canvas, button);
     ovlib::WndMessage message = draw_message(item);
@@ -201,7 +201,7 @@ TEST_F(PushButton, CountsAsHandledEvenWhenItCouldNotDraw)
     EXPECT_EQ(message.result, TRUE);
 }
 
-TEST_F(PushButton, LeavesTheItemsOfOthersAlone)
+TEST_F(PushButton, IgnoresTheItemsOfOtherControls)
 {
     ovlib::WndMessage none{ nullptr, WM_DRAWITEM, 0, 0, 0 };
     EXPECT_FALSE(ovlib::route_draw_item(none));
@@ -231,7 +231,7 @@ TEST_F(PushButton, IsDrawnOnceForEveryPaint)
     EXPECT_EQ(button.drawn, rounds);
 }
 
-TEST_F(PushButton, AnswersThatItsBackgroundIsErasedAndErasesNothing)
+TEST_F(PushButton, ReportsItsBackgroundAsErasedAndErasesNothing)
 {
     EXPECT_EQ(button.send(WM_ERASEBKGND, reinterpret_cast<WPARAM>(canvas.picture.dc().handle()), 0), 1);
     EXPECT_EQ(
@@ -270,7 +270,7 @@ TEST_F(PushButtonInput, ShowsAPressAndNotifiesOnRelease)
     EXPECT_EQ(GetFocus(), button.hwnd());
 }
 
-TEST_F(PushButtonInput, TakesTheSecondOfTwoQuickClicksAsAClick)
+TEST_F(PushButtonInput, TreatsTheSecondOfTwoQuickClicksAsAClick)
 {
     for (int i = 0; i < 3; ++i)
         gui::press_button(MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP);

@@ -1,4 +1,4 @@
-// Drawn check boxes: what they paint in the colours they have, and what changes them.
+// Drawn check boxes: their painting and colours, and what changes them.
 #include <gtest/gtest.h>
 
 #include "ovlib/gui/check_box.hpp"
@@ -48,7 +48,7 @@ protected:
     }
     void TearDown() override { host.destroy(); }
 
-    // Where the text must stand, by the system's own measure.
+    // The place of the text, measured by the system.
     RECT text_place(const wchar_t* text) const
     {
         const ovlib::ObjectSelection selection(canvas.picture.dc(), font);
@@ -86,7 +86,7 @@ TEST_F(CheckBox, IsAFlatOwnerDrawnButton)
     EXPECT_TRUE(box.is_subclassed());
 }
 
-TEST_F(CheckBox, BeginsInTheSystemsColours)
+TEST_F(CheckBox, StartsInTheSystemsColours)
 {
     const CustomCheckBox fresh{ &host, 1 };
     EXPECT_EQ(fresh.colors().back, Color{ GetSysColor(COLOR_BTNFACE) });
@@ -144,7 +144,7 @@ TEST_F(CheckBox, FadesTickAndTextWhenDisabled)
     EXPECT_GT(count_pixels_in(canvas.picture, colors.text.shade(130), text_area), 20);
 }
 
-TEST_F(CheckBox, DarkensADisabledOneOnDarkGround)
+TEST_F(CheckBox, DarkensADisabledOneOnADarkBackground)
 {
     CheckBoxColors dark = colors;
     dark.back = rgb(70, 65, 65);
@@ -165,7 +165,7 @@ TEST_F(CheckBox, DrawsItsTextTransparentlyAtEighteen)
     expect_text_as_expected();
 }
 
-TEST_F(CheckBox, RoundsItsTextWithTheFocusFromTheFirstPaintOn)
+TEST_F(CheckBox, SurroundsItsTextWithTheFocusFromTheFirstPaintOn)
 {
     CustomCheckBox unpainted{ &host, box_id + 1 };
     ASSERT_TRUE(unpainted.create(label));
@@ -256,7 +256,7 @@ TEST_F(CheckBox, FitsItsWidthToTheText)
     EXPECT_GE(box.drawn, 1);
 }
 
-TEST_F(CheckBox, FitsItsHeightToATextThatIsHigher)
+TEST_F(CheckBox, FitsItsHeightToAHigherText)
 {
     box.resize(10, 4, false);
     box.fit_to_text();
@@ -264,7 +264,7 @@ TEST_F(CheckBox, FitsItsHeightToATextThatIsHigher)
     EXPECT_EQ(box.size().cy, text.bottom - text.top);
 }
 
-TEST_F(CheckBox, LeavesItToItsOwnerWhatAClickDoes)
+TEST_F(CheckBox, IsNotToggledByAClick)
 {
     SetForegroundWindow(host.hwnd());
     ASSERT_TRUE(gui::pump_until([&] { return GetForegroundWindow() == host.hwnd(); }));

@@ -1,4 +1,4 @@
-// The dialogs for a colour and for a font, answered as a user answers them.
+// The colour and font dialogs, answered as a user does.
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ protected:
     gui::TopWnd top;
 };
 
-TEST_F(ChooseDialog, StartsAtItsColourAndGivesTheChosenOne)
+TEST_F(ChooseDialog, StartsAtItsColourAndReturnsTheChosenOne)
 {
     ColorDialog dialog(&top);
     dialog.set_color(rgb(10, 20, 30));
@@ -63,7 +63,7 @@ TEST_F(ChooseDialog, StartsAtItsColourAndGivesTheChosenOne)
     EXPECT_EQ(dialog.color(), rgb(200, 100, 50));
 }
 
-TEST_F(ChooseDialog, ACancelledColourStaysWhatItWas)
+TEST_F(ChooseDialog, KeepsItsColourWhenCancelled)
 {
     ColorDialog dialog(&top);
     dialog.set_color(rgb(10, 20, 30));
@@ -76,14 +76,14 @@ TEST_F(ChooseDialog, ACancelledColourStaysWhatItWas)
     EXPECT_EQ(dialog.color(), rgb(10, 20, 30));
 }
 
-TEST_F(ChooseDialog, AColourOfAFileIsTakenWithoutItsHighByte)
+TEST_F(ChooseDialog, DropsTheHighByteOfAColourFromAFile)
 {
     ColorDialog dialog(&top);
     dialog.set_color(Color{ 0x021E140A });
     EXPECT_EQ(dialog.color(), rgb(10, 20, 30));
 }
 
-TEST_F(ChooseDialog, TheUsersOwnColoursAreKeptForTheNextTime)
+TEST_F(ChooseDialog, KeepsTheUsersOwnColoursForTheNextTime)
 {
     ColorDialog dialog(&top);
     EXPECT_EQ(dialog.options(), 3u);
@@ -121,7 +121,7 @@ void select_size(HWND box, const wchar_t* points)
     SendMessageW(box, WM_COMMAND, MAKEWPARAM(size_list, CBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
 }
 
-TEST_F(ChooseDialog, GivesTheChosenFont)
+TEST_F(ChooseDialog, ReturnsTheChosenFont)
 {
     FontDialog dialog(&top);
     EXPECT_EQ(dialog.options(), 321u);
@@ -145,7 +145,7 @@ TEST_F(ChooseDialog, GivesTheChosenFont)
     EXPECT_TRUE(dialog.font().lfUnderline);
 }
 
-TEST_F(ChooseDialog, ACancelledFontStaysWhatItWas)
+TEST_F(ChooseDialog, KeepsItsFontWhenCancelled)
 {
     FontDialog dialog(&top);
     dialog.set_font(font_of(L"Arial", -16));
@@ -159,7 +159,7 @@ TEST_F(ChooseDialog, ACancelledFontStaysWhatItWas)
     EXPECT_EQ(std::wstring(dialog.font().lfFaceName), L"Arial");
 }
 
-TEST_F(ChooseDialog, AFaceNameOfAFileIsEnded)
+TEST_F(ChooseDialog, TerminatesAFaceNameFromAFile)
 {
     FontDialog dialog(&top);
     LOGFONTW font = font_of(L"", -16);

@@ -1,4 +1,4 @@
-// The combo box: every operation against the system's own control.
+// The combo box: every operation on the system's own control.
 #include <gtest/gtest.h>
 #include <map>
 
@@ -12,7 +12,7 @@ using ovlib::ComboBox;
 
 constexpr int combo_id = 1053;
 
-// Notes messages under names that the box itself does not bear.
+// Records messages that the box itself has no operations for.
 class WatchedCombo : public ComboBox {
 public:
     using ComboBox::ComboBox;
@@ -28,7 +28,7 @@ public:
     }
 
     std::map<std::uint32_t, int> seen;
-    int refusal = 0; // the answer to an added text; 0 to ask the system
+    int refusal = 0; // the result of adding a text; 0 lets the system decide
 };
 
 class Combo : public testing::Test {
@@ -62,7 +62,7 @@ TEST_F(Combo, HasTheStyleItIsGiven)
     EXPECT_EQ(combo.selected(), CB_ERR);
 }
 
-TEST_F(Combo, GivesNoValueToATextThatWasNotAdded)
+TEST_F(Combo, SetsNoValueOfATextThatWasNotAdded)
 {
     combo.set_subclassed(true);
     fill();
@@ -101,7 +101,7 @@ TEST_F(Combo, InsertsAndRemoves)
     EXPECT_EQ(combo.count(), 0);
 }
 
-TEST_F(Combo, SelectsAndForgets)
+TEST_F(Combo, SelectsAndDeselects)
 {
     fill();
     EXPECT_EQ(combo.select(2), 2);
@@ -112,7 +112,7 @@ TEST_F(Combo, SelectsAndForgets)
     EXPECT_EQ(combo.select(3), CB_ERR);
 }
 
-TEST_F(Combo, AnswersForNoItemAreEmpty)
+TEST_F(Combo, QueriesForMissingItemsReturnEmptyResults)
 {
     fill();
     combo.add(L"");
@@ -123,7 +123,7 @@ TEST_F(Combo, AnswersForNoItemAreEmpty)
     EXPECT_EQ(combo.text_length(4), CB_ERR);
 }
 
-TEST_F(Combo, FindsAWholeTextOnly)
+TEST_F(Combo, FindsOnlyAWholeText)
 {
     fill();
     combo.add(L"item");
@@ -133,7 +133,7 @@ TEST_F(Combo, FindsAWholeTextOnly)
     EXPECT_EQ(combo.find_exact(L"ite", -1), CB_ERR);
 }
 
-TEST_F(Combo, AReplacedItemKeepsItsValueAndStaysSelected)
+TEST_F(Combo, AReplacedItemKeepsItsValueAndItsSelection)
 {
     fill();
     combo.select(1);
@@ -149,7 +149,7 @@ TEST_F(Combo, AReplacedItemKeepsItsValueAndStaysSelected)
     EXPECT_EQ(combo.item_text(2), L"the last");
 }
 
-TEST_F(Combo, ReplacingAnotherItemLeavesTheSelection)
+TEST_F(Combo, ReplacingAnotherItemKeepsTheSelection)
 {
     fill();
     combo.select(2);
@@ -162,7 +162,7 @@ TEST_F(Combo, ReplacingAnotherItemLeavesTheSelection)
     EXPECT_EQ(combo.selected(), CB_ERR);
 }
 
-TEST_F(Combo, ReplacingNoItemDoesNothing)
+TEST_F(Combo, ReplacingAMissingItemDoesNothing)
 {
     fill();
     combo.select(1);
@@ -175,7 +175,7 @@ TEST_F(Combo, ReplacingNoItemDoesNothing)
     EXPECT_EQ(combo.selected(), 1);
 }
 
-TEST_F(Combo, AReplacementMayLeaveTheRedrawingToTheCaller)
+TEST_F(Combo, AReplacementCanLeaveTheRedrawingToTheCaller)
 {
     fill();
     host.show(true);
@@ -189,7 +189,7 @@ TEST_F(Combo, AReplacementMayLeaveTheRedrawingToTheCaller)
     EXPECT_EQ(combo.seen[WM_PAINT], 1);
 }
 
-TEST_F(Combo, DropsAListOfAsManyItemsAsAsked)
+TEST_F(Combo, DropsAListWithTheRequestedNumberOfItems)
 {
     for (int i = 0; i < 20; ++i)
         combo.add(std::to_wstring(i));
@@ -211,7 +211,7 @@ TEST_F(Combo, DropsAListOfAsManyItemsAsAsked)
     EXPECT_GT(list_height(10), 2 * of_three);
 }
 
-TEST_F(Combo, TellsWhatStandsInItsCorner)
+TEST_F(Combo, ReturnsTheWindowInItsCorner)
 {
     EXPECT_EQ(combo.edit_child(), ChildWindowFromPoint(combo.hwnd(), { 1, 1 }));
     EXPECT_NE(combo.edit_child(), nullptr);

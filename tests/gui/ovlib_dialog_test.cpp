@@ -1,4 +1,4 @@
-// The classic file dialogs, answered as a user answers them.
+// The classic file dialogs, answered as a user does.
 #include <gtest/gtest.h>
 
 #include "ovlib/gui/classic_dialog.hpp"
@@ -30,7 +30,7 @@ protected:
     void TearDown() override
     {
         top.destroy();
-        SetCurrentDirectoryW(L"C:\\"); // or the folder could not be removed
+        SetCurrentDirectoryW(L"C:\\"); // otherwise the folder could not be removed
     }
 
     gui::TopWnd top;
@@ -62,7 +62,7 @@ TEST_F(ClassicDialog, OpensOneFile)
     EXPECT_EQ(dialog.options() & 0x80004u, 0x80004u);
 }
 
-TEST_F(ClassicDialog, BeginsEachTimeWithTheNameItWasGivenAlone)
+TEST_F(ClassicDialog, StartsEachTimeOnlyWithTheNameThatWasSet)
 {
     FileSaveDialog dialog(&top);
     dialog.set_options(OFN_EXPLORER);
@@ -81,7 +81,7 @@ TEST_F(ClassicDialog, BeginsEachTimeWithTheNameItWasGivenAlone)
     }
 }
 
-TEST_F(ClassicDialog, CancelGivesNothing)
+TEST_F(ClassicDialog, ReturnsNothingWhenCancelled)
 {
     FileOpenDialog dialog(&top);
     dialog.set_options(OFN_EXPLORER);
@@ -145,7 +145,7 @@ TEST_F(ClassicDialog, SavesWithTheDefaultExtension)
     EXPECT_EQ(dialog.result(), folder.file(L"新しい.bok"));
 }
 
-TEST_F(ClassicDialog, AFileNameThatDoesNotFitIsCutAndHarmless)
+TEST_F(ClassicDialog, TruncatesAFileNameThatDoesNotFit)
 {
     FileSaveDialog dialog(&top);
     dialog.set_options(OFN_EXPLORER);

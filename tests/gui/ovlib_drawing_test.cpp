@@ -28,7 +28,7 @@ bool is_object(HGDIOBJ handle)
     return GetObjectType(handle) != 0;
 }
 
-TEST(GdiObject, BeginsEmptyButForTheFont)
+TEST(GdiObject, IsEmptyAtFirstExceptForTheFont)
 {
     EXPECT_EQ(ovlib::GDI::Pen().handle(), nullptr);
     EXPECT_EQ(ovlib::GDI::Brush().ownership(), Ownership::none);
@@ -49,7 +49,7 @@ TEST(GdiObject, DeletesWhatItOwns)
     EXPECT_FALSE(is_object(handle));
 }
 
-TEST(GdiObject, LeavesWhatItBorrowed)
+TEST(GdiObject, KeepsWhatItBorrowed)
 {
     const HBRUSH handle = ovlib::GDI::solid_brush(red);
     {
@@ -64,7 +64,7 @@ TEST(GdiObject, LeavesWhatItBorrowed)
     DeleteObject(handle);
 }
 
-TEST(GdiObject, RefusesAnotherWhileItOwnsOneAndLosesNeither)
+TEST(GdiObject, RefusesAnotherWhileItOwnsOneAndLeaksNeither)
 {
     const HBRUSH first = ovlib::GDI::solid_brush(red);
     const HBRUSH second = ovlib::GDI::solid_brush(white);
@@ -82,7 +82,7 @@ TEST(GdiObject, RefusesAnotherWhileItOwnsOneAndLosesNeither)
     EXPECT_TRUE(brush.attach(borrowed, Ownership::owned));
 }
 
-TEST(GdiObject, ABorrowedOneGivesWayToAnother)
+TEST(GdiObject, ReplacesABorrowedOne)
 {
     ovlib::GDI::Font font;
     const HFONT made = CreateFontW(-16, 0, 0, 0, 400, 0, 0, 0, 1, 0, 0, 0, 0, L"Arial");
@@ -122,7 +122,7 @@ TEST(GdiObject, MovesItsHandle)
     EXPECT_TRUE(is_object(handle));
 }
 
-TEST(GdiBitmap, IsMadeOnceWith24Bits)
+TEST(GdiBitmap, IsCreatedOnceWith24Bits)
 {
     ovlib::GDI::Bitmap bitmap;
     bitmap.create(5, 3);
@@ -179,7 +179,7 @@ TEST(Dc, ForPaintingValidatesItsWindow)
     wnd.destroy();
 }
 
-TEST(Selection, EndsWithItsScopeAlsoByAnException)
+TEST(Selection, EndsWithItsScopeAlsoAfterAnException)
 {
     const ovlib::MemDC dc;
     const HGDIOBJ before = GetCurrentObject(dc.handle(), OBJ_PEN);
@@ -220,7 +220,7 @@ TEST(BackBufferTest, SidesBelowOneBecomeOne)
     }
 }
 
-TEST(BackBufferTest, HasRowsOfWholeFourBytesBottomUp)
+TEST(BackBufferTest, HasBottomUpRowsPaddedToFourBytes)
 {
     for (int width = 1; width <= 40; ++width) {
         BackBuffer buffer;
@@ -243,7 +243,7 @@ TEST(BackBufferTest, HasRowsOfWholeFourBytesBottomUp)
     EXPECT_EQ(buffer.info().bmiHeader.biHeight, 3);
 }
 
-TEST(BackBufferTest, IsMadeOnceAndAgainAfterItsRelease)
+TEST(BackBufferTest, IsCreatedOnceAndAgainAfterItsRelease)
 {
     BackBuffer buffer;
     ASSERT_TRUE(buffer.create(10, 10));
@@ -262,7 +262,7 @@ TEST(BackBufferTest, IsMadeOnceAndAgainAfterItsRelease)
     EXPECT_EQ(buffer.width, 20);
 }
 
-TEST(BackBufferTest, TooLargeALeavesNothingBehind)
+TEST(BackBufferTest, LeavesNothingIfItIsTooLarge)
 {
     BackBuffer buffer;
     EXPECT_FALSE(buffer.create(INT_MAX, INT_MAX));
@@ -319,7 +319,7 @@ TEST(FillRect, FillsOnlyTheInside)
     EXPECT_EQ(filled({ 3, 3, 4, 4 }), 1);
 }
 
-TEST(FillRect, OfNothingOrOutsideDoesNothing)
+TEST(FillRect, DoesNothingForAnEmptyRectangleOrOneOutside)
 {
     BackBuffer buffer;
     ASSERT_TRUE(buffer.create(10, 8));
@@ -347,13 +347,13 @@ protected:
         return size;
     }
 
-    // Smoothed letters may have no pixel in the text's own colour.
+    // With smoothing, no pixel may have the exact text colour.
     bool has_ink() { return count_pixels(buffer, white) < buffer.width * buffer.height; }
 
     BackBuffer buffer;
 };
 
-TEST_F(Text, BeginsWithTheStyleOfItsDeviceContext)
+TEST_F(Text, StartsWithTheStyleOfItsDeviceContext)
 {
     SetTextColor(buffer.dc().handle(), red.value);
     SetBkColor(buffer.dc().handle(), black.value);
@@ -385,7 +385,7 @@ TEST_F(Text, RunsFollowOneAnother)
     EXPECT_TRUE(has_ink());
 }
 
-TEST_F(Text, TheDeviceContextHasItsOwnStyleAgainAfterARun)
+TEST_F(Text, RestoresTheStyleOfTheDeviceContextAfterARun)
 {
     const HDC hdc = buffer.dc().handle();
     const HGDIOBJ font_before = GetCurrentObject(hdc, OBJ_FONT);
@@ -407,7 +407,7 @@ TEST_F(Text, TheDeviceContextHasItsOwnStyleAgainAfterARun)
     EXPECT_GT(stream.line_height, extent(L"M").cy) << "the height of the run, not of the context's font";
 }
 
-TEST_F(Text, AnUnderlineIsForOneRun)
+TEST_F(Text, UnderlinesOneRun)
 {
     ovlib::GDI::TextStream stream(buffer.dc());
     stream.back_mode = TRANSPARENT;
@@ -452,7 +452,7 @@ TEST_F(Text, ARegionWithoutAListIsOnlyDrawn)
     EXPECT_EQ(stream.x, extent(L"one").cx);
 }
 
-TEST_F(Text, ARunKeepsToTheWidthThatLimitsItsMeasuring)
+TEST_F(Text, ARunIsWrappedAtTheWidthGivenForMeasuring)
 {
     const SIZE two = extent(L"MM MM");
     ovlib::GDI::TextStream stream(buffer.dc());

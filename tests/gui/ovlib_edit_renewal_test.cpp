@@ -1,4 +1,4 @@
-// A text that an edit control takes over together with its memory: nothing may tell it from one that was set.
+// A text that an edit control takes over together with its memory must not differ from one that was set.
 #include <cstddef>
 #include <gtest/gtest.h>
 #include <string>
@@ -65,7 +65,7 @@ protected:
         edit.set_tab_stops(4);
         edit.set_rect({ left, 10, left + width, 10 + height }, true);
     }
-    // Leaves something of everything that a new text ends: edits, a selection and both scroll positions.
+    // Sets everything that a new text resets: edits, a selection and both scroll positions.
     static void use(Edit& edit)
     {
         edit.set_text(lines(60, std::wstring(80, L'古')));
@@ -117,7 +117,7 @@ protected:
     Edit renewed_{ &top, 2 };
 };
 
-TEST_F(Renewal, LeavesWhatSettingLeaves)
+TEST_F(Renewal, HasTheSameResultAsSetting)
 {
     for (const std::wstring& text :
         { std::wstring{}, std::wstring{ L"一行" }, std::wstring{ L"\t印\t二\r\n" }, lines(40, L"短い"),
@@ -127,13 +127,13 @@ TEST_F(Renewal, LeavesWhatSettingLeaves)
     }
 }
 
-TEST_F(Renewal, EndsWithTheFirstNul)
+TEST_F(Renewal, EndsAtTheFirstNul)
 {
     expect_same_with(std::wstring(L"前\0後", 3));
     expect_same_with(std::wstring(L"\0後", 2));
 }
 
-TEST_F(Renewal, LetsTheUserGoOn)
+TEST_F(Renewal, LetsTheUserContinue)
 {
     for (Edit* edit : { &set_, &renewed_ }) {
         edit->renew_text(L"本文");
@@ -151,7 +151,7 @@ TEST_F(Renewal, LetsTheUserGoOn)
     expect_same();
 }
 
-TEST_F(Renewal, OfOneLineIsASetText)
+TEST_F(Renewal, SetsTheTextOfAOneLineControl)
 {
     Edit one{ &top, 3 };
     ASSERT_TRUE(one.create(L"古い"));
@@ -170,10 +170,10 @@ std::size_t held_memory()
     return counters.WorkingSetSize;
 }
 
-TEST_F(Renewal, GivesTheOldMemoryBack)
+TEST_F(Renewal, ReleasesTheOldMemory)
 {
     constexpr std::size_t mebibyte = 1024 * 1024;
-    std::wstring text(mebibyte, L'字'); // 2 MiB, of which the control has only one unit to lay out
+    std::wstring text(mebibyte, L'字'); // 2 MiB, of which the control lays out only the first unit
     text[1] = L'\0';
     renewed_.renew_text(text);
     const std::size_t before = held_memory();

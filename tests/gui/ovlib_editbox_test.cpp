@@ -58,7 +58,7 @@ TEST_F(EditBoxTest, IsTheSystemsEditInItsStyle)
     EXPECT_STREQ(name, L"Edit");
     CREATESTRUCTW params{};
     params.dwExStyle = WS_EX_CLIENTEDGE;
-    edit.create_params(params); // the control itself hides its border's style
+    edit.create_params(params); // the control itself hides the style of its border
     EXPECT_EQ(params.style, 0x56800180);
     EXPECT_EQ(params.dwExStyle, 0u);
     EXPECT_EQ(params.hMenu, reinterpret_cast<HMENU>(std::uintptr_t{ 1045 }));
@@ -66,7 +66,7 @@ TEST_F(EditBoxTest, IsTheSystemsEditInItsStyle)
     EXPECT_EQ(GetDlgCtrlID(edit.hwnd()), 1045);
 }
 
-TEST_F(EditBoxTest, UndoesAndForgetsHowTo)
+TEST_F(EditBoxTest, UndoesAndClearsTheUndoBuffer)
 {
     EXPECT_FALSE(edit.can_undo());
     type(L"abc");
@@ -95,7 +95,7 @@ TEST_F(EditBoxTest, CutsCopiesAndPastes)
     EXPECT_EQ(edit.text(), L"one 二二 three");
 }
 
-TEST_F(EditBoxTest, CanPasteNothingFromAnEmptyClipboard)
+TEST_F(EditBoxTest, CannotPasteFromAnEmptyClipboard)
 {
     ASSERT_TRUE(OpenClipboard(top.hwnd()));
     EmptyClipboard();
@@ -139,7 +139,7 @@ TEST_F(EditBoxTest, ClearsErasesAndReplaces)
     EXPECT_EQ(edit.text(), L"all");
 }
 
-TEST_F(EditBoxTest, TellsAndSetsTheSelection)
+TEST_F(EditBoxTest, ReturnsAndSetsTheSelection)
 {
     edit.set_text(L"abcdef");
     edit.set_selection(1, 4);
@@ -164,7 +164,7 @@ TEST_F(EditBoxTest, SetCaretStopsAtTheEnds)
     expect_selection(0, 0);
 }
 
-TEST_F(EditBoxTest, SelectAtPassesItsPositionAsItStands)
+TEST_F(EditBoxTest, SelectAtPassesItsPositionUnchanged)
 {
     edit.set_text(L"abc");
     edit.set_subclassed(true);
@@ -220,7 +220,7 @@ TEST_F(EditBoxTest, ScrollsByPositionAndByLine)
     EXPECT_EQ(edit.scroll_v_pos(), 0);
 }
 
-TEST_F(EditBoxTest, ScrollsBeyondWhatFitsIntoOneWord)
+TEST_F(EditBoxTest, ScrollsBeyondTheRangeOfOneWord)
 {
     make_multiline();
     fill_lines(80'000);
@@ -244,7 +244,7 @@ TEST_F(EditBoxTest, ScrollsSideways)
     EXPECT_EQ(edit.scroll_h_pos(), there);
 }
 
-TEST_F(EditBoxTest, BringsTheCaretIntoView)
+TEST_F(EditBoxTest, ScrollsTheCaretIntoView)
 {
     make_multiline();
     fill_lines(300);
@@ -264,7 +264,7 @@ TEST_F(EditBoxTest, FindsTheLineOfACharacter)
     EXPECT_EQ(edit.line_from_char(-1), 1) << "-1 asks for the caret's line";
 }
 
-TEST_F(EditBoxTest, TabStopsMoveWhatFollowsATab)
+TEST_F(EditBoxTest, TabStopsMoveTheTextAfterATab)
 {
     make_multiline();
     edit.set_text(L"\tx");
@@ -280,7 +280,7 @@ protected:
     gui::TempFolder folder;
 };
 
-TEST_F(EditBoxFile, SavesRawUnitsWithoutMarkOrTerminator)
+TEST_F(EditBoxFile, SavesRawUnitsWithoutByteOrderMarkOrTerminator)
 {
     edit.set_text(L"aあ");
     EXPECT_TRUE(edit.save_file(folder.file(L"保存.txt")));
@@ -290,7 +290,7 @@ TEST_F(EditBoxFile, SavesRawUnitsWithoutMarkOrTerminator)
     EXPECT_TRUE(folder.read(L"保存.txt").empty());
 }
 
-TEST_F(EditBoxFile, LoadsRawUnitsAndKeepsAMark)
+TEST_F(EditBoxFile, LoadsRawUnitsIncludingAByteOrderMark)
 {
     EXPECT_TRUE(edit.load_file(folder.write(L"a.txt", { 0xFF, 0xFE, 'a', 0, 0x42, 0x30 })));
     EXPECT_EQ(edit.text(),
@@ -298,7 +298,7 @@ TEST_F(EditBoxFile, LoadsRawUnitsAndKeepsAMark)
         L"aあ");
 }
 
-TEST_F(EditBoxFile, RefusesEmptyAndOddFilesAndLeavesTheText)
+TEST_F(EditBoxFile, RefusesEmptyAndOddFilesAndKeepsTheText)
 {
     edit.set_text(L"kept");
     EXPECT_FALSE(edit.load_file(folder.write(L"empty", {})));
@@ -309,7 +309,7 @@ TEST_F(EditBoxFile, RefusesEmptyAndOddFilesAndLeavesTheText)
     EXPECT_EQ(edit.text(), L"kept");
 }
 
-TEST_F(EditBoxFile, LoadsAndSavesBesideOtherUsersOfTheFile)
+TEST_F(EditBoxFile, LoadsAndSavesWhileOthersUseTheFile)
 {
     const std::wstring path = folder.write(L"shared", { 'a', 0 });
     const HANDLE other =

@@ -21,7 +21,7 @@ protected:
     }
     void TearDown() override { top.destroy(); }
 
-    // What the keyboard's Tab becomes on its way to a control.
+    // Sends the message that a control gets for the Tab key.
     void press_tab(Edit& edit) { edit.send(WM_CHAR, VK_TAB, 0); }
     bool is_focused(const Edit& edit) { return GetFocus() == edit.hwnd(); }
 
@@ -31,7 +31,7 @@ protected:
     Edit c{ &top, 3 };
 };
 
-TEST_F(Focus, AnOrderIsMadeOfGroupAndIndex)
+TEST_F(Focus, AnOrderConsistsOfGroupAndIndex)
 {
     a.set_tab_order(2, 3);
     EXPECT_EQ(a.tab_order(), 0x00020003u);
@@ -92,7 +92,7 @@ TEST_F(Focus, OnlyTheCharacterOfTabMovesIt)
     }
 }
 
-TEST_F(Focus, ALonelyWindowFocusesItself)
+TEST_F(Focus, AWindowWithoutSiblingsFocusesItself)
 {
     a.set_tab_order(1, 1);
     b.set_focus();
@@ -100,7 +100,7 @@ TEST_F(Focus, ALonelyWindowFocusesItself)
     EXPECT_TRUE(is_focused(a));
 }
 
-TEST_F(Focus, SkipsOtherGroupsTheHiddenTheDisabledAndTheUncreated)
+TEST_F(Focus, SkipsOtherGroupsAndWindowsThatAreHiddenDisabledOrNotCreated)
 {
     Edit uncreated(&top, 4);
     PlainChild other_parent(&top, 5);
@@ -125,7 +125,7 @@ TEST_F(Focus, SkipsOtherGroupsTheHiddenTheDisabledAndTheUncreated)
     EXPECT_TRUE(is_focused(a));
 }
 
-TEST_F(Focus, APlainWindowOfTheLibraryMovesOnTabToo)
+TEST_F(Focus, APlainWindowOfTheLibraryMovesTheFocusOnTabToo)
 {
     PlainChild first(&top, 10);
     PlainChild second(&top, 11);
@@ -138,7 +138,7 @@ TEST_F(Focus, APlainWindowOfTheLibraryMovesOnTabToo)
     EXPECT_EQ(first.focus(), second.hwnd());
 }
 
-TEST_F(Focus, AControlIsHeardOnlyWhileSubclassed)
+TEST_F(Focus, MessagesOfAControlArriveOnlyWhileItIsSubclassed)
 {
     a.send(WM_APP, 0, 0);
     EXPECT_EQ(a.count(WM_APP), 0);
@@ -152,7 +152,7 @@ TEST_F(Focus, AControlIsHeardOnlyWhileSubclassed)
     EXPECT_EQ(a.count(WM_APP), 1);
 }
 
-TEST_F(Focus, ASubclassedControlAnswersForItselfOrAsksTheSystems)
+TEST_F(Focus, ASubclassedControlHandlesAMessageOrPassesItToTheSystem)
 {
     a.set_subclassed(true);
     a.answer = [](ovlib::WndMessage& message) {
@@ -173,7 +173,7 @@ TEST_F(Focus, ASubclassedControlLosesItsHandleWhoeverDestroysIt)
     EXPECT_TRUE(a.create(L"again"));
 }
 
-TEST_F(Focus, SubclassingFollowsSuccess)
+TEST_F(Focus, SubclassedIsSetOnlyOnSuccess)
 {
     Edit uncreated(&top, 4);
     uncreated.set_subclassed(true);

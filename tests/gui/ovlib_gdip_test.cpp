@@ -1,4 +1,4 @@
-// Drawing and decoding by GDI+.
+// Drawing and decoding with GDI+.
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ std::span<const std::byte> bytes_of(const std::vector<unsigned char>& bytes)
     return std::as_bytes(std::span(bytes));
 }
 
-TEST(GdipWithoutSession, LeavesTheListOfExtensionsAlone)
+TEST(GdipWithoutSession, DoesNotChangeTheListOfExtensions)
 {
     ovlib::image_extensions = { L".KEPT" };
     ovlib::fill_image_extensions();
@@ -57,7 +57,7 @@ protected:
     ovlib::GDIPSession session;
 };
 
-TEST_F(Gdip, TellsWhatItCanRead)
+TEST_F(Gdip, ListsTheFormatsItCanRead)
 {
     ovlib::fill_image_extensions();
     const auto once = ovlib::image_extensions;
@@ -69,7 +69,7 @@ TEST_F(Gdip, TellsWhatItCanRead)
     EXPECT_EQ(ovlib::image_extensions, once) << "a second time adds nothing";
 }
 
-TEST_F(Gdip, ColoursAreOpaqueWithRedAndBlueExchanged)
+TEST_F(Gdip, ColoursAreOpaqueWithRedAndBlueSwapped)
 {
     EXPECT_EQ(ovlib::to_argb(rgb(0x11, 0x22, 0x33)), 0xFF112233u);
     EXPECT_EQ(ovlib::to_argb(Color{ 0x99000000 }), 0xFF000000u) << "the high byte of a colour is no alpha";
@@ -95,7 +95,7 @@ protected:
     ovlib::BackBuffer buffer;
 };
 
-TEST_F(RoundRect, HasABorderAFillingAndRoundCorners)
+TEST_F(RoundRect, HasABorderAFillAndRoundCorners)
 {
     draw({ 5, 5, 45, 35 }, 6.0f, 6.0f);
     EXPECT_EQ(pixel(buffer, 25, 20), fill);
@@ -117,7 +117,7 @@ TEST_F(RoundRect, WithARadiusWiderThanHalfDrawsNothing)
     EXPECT_LT(count_pixels(buffer, white), 60 * 40) << "half exactly is not wider";
 }
 
-TEST_F(RoundRect, OnNoDeviceContextKeepsItsStatus)
+TEST_F(RoundRect, WithoutADeviceContextKeepsItsStatus)
 {
     ovlib::GDIP gdip(nullptr);
     EXPECT_NE(gdip.status(), Gdiplus::Ok);
@@ -145,7 +145,7 @@ TEST_F(Gdip, MemoryHoldsOneBlock)
     EXPECT_TRUE(memory.assign(bytes_of(bytes)));
 }
 
-TEST_F(Gdip, MemoryReadsAFileWhole)
+TEST_F(Gdip, MemoryReadsAWholeFile)
 {
     const gui::TempFolder folder;
     GDIPMemory memory;
@@ -240,7 +240,7 @@ TEST_F(Gdip, AGifHasFramesWithDelaysInMilliseconds)
     EXPECT_FALSE(gif.select_frame(0));
 }
 
-TEST_F(Gdip, AGifShowsTheFrameThatWasSelected)
+TEST_F(Gdip, AGifShowsTheSelectedFrame)
 {
     GDIPMemory memory;
     const std::array delays{ 5, 5, 5 };

@@ -1,4 +1,4 @@
-// Each owner of a system's handle gives it back the way that it wants.
+// Each owner of a system handle releases it with the right function.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -66,7 +66,7 @@ TEST(Handles, AMenuIsDestroyed)
 
 TEST(Handles, ALibraryIsFreed)
 {
-    constexpr auto name = L"msvfw32.dll"; // of no use to this program
+    constexpr auto name = L"msvfw32.dll"; // not used by this program
     ASSERT_EQ(GetModuleHandleW(name), nullptr);
     {
         const ovlib::UniqueLibrary owner{ LoadLibraryW(name) };
@@ -102,7 +102,7 @@ TEST(Handles, ALocalBlockIsFreed)
     EXPECT_EQ(LocalFlags(block), UINT{ LMEM_INVALID_HANDLE });
 }
 
-TEST(Handles, AWindowsContextGoesBackToItsWindow)
+TEST(Handles, AWindowsContextIsReleasedToItsWindow)
 {
     gui::TopWnd wnd;
     ASSERT_TRUE(wnd.create(L"lender"));

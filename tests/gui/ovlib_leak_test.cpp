@@ -1,4 +1,4 @@
-// Nothing drawn or rebuilt may cost a handle for good.
+// Drawing and rebuilding must not leak handles.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -27,7 +27,7 @@ protected:
     gui::GdiCrowd crowd;
 };
 
-TEST_F(Leaks, ACrowdLeavesRoomThatRunsOut)
+TEST_F(Leaks, ACrowdLeavesOnlyFewHandles)
 {
     std::vector<ovlib::GDI::Pen> pens;
     while (pens.size() < many) {
@@ -119,7 +119,7 @@ TEST_F(Leaks, RoundedRectangles)
     expect_handles_to_spare();
 }
 
-// Painted the way that custom-drawn windows are: from a back buffer, rebuilt when the size changes.
+// Paints as custom-drawn windows do: from a back buffer, created again when the size changes.
 class Painted : public TopWnd {
 public:
     bool on_message(ovlib::WndMessage& message) override
@@ -187,7 +187,7 @@ TEST_F(Leaks, WindowsRebuiltWithTheirChildren)
     PlainSub sub(&top, 1);
     PlainChild child(&sub, 2);
     Edit edit(&sub, 3);
-    constexpr int rounds = room / 4; // of three windows, where fewer than that are left
+    constexpr int rounds = room / 4; // of three windows, so a leak of one per round uses up the rest
     for (int i = 0; i < rounds; ++i) {
         ASSERT_TRUE(sub.create(L"") && child.create(L"") && edit.create(L"")) << "after " << i;
         edit.set_tab_order(1, 1);

@@ -29,7 +29,7 @@ protected:
     ReportListView list{ &top, 7 };
 };
 
-TEST_F(List, IsTheSystemsInReportViewWithWholeRowsSelected)
+TEST_F(List, IsTheSystemsInReportViewAndSelectsWholeRows)
 {
     wchar_t name[32] = {};
     GetClassNameW(list.hwnd(), name, 32);
@@ -41,7 +41,7 @@ TEST_F(List, IsTheSystemsInReportViewWithWholeRowsSelected)
     EXPECT_NE(extended & LVS_EX_FULLROWSELECT, 0u);
 }
 
-TEST_F(List, TakesFurtherStyles)
+TEST_F(List, AcceptsFurtherStyles)
 {
     ListView icons(&top, 8, LVS_ICON | LVS_SINGLESEL);
     ASSERT_TRUE(icons.create(L""));
@@ -50,7 +50,7 @@ TEST_F(List, TakesFurtherStyles)
     EXPECT_NE(style & LVS_SINGLESEL, 0u);
 }
 
-TEST_F(List, AddedRowsComeLastAndTellTheirIndex)
+TEST_F(List, AppendsRowsAndReturnsTheirIndex)
 {
     EXPECT_EQ(list.count(), 0);
     EXPECT_EQ(list.add_row(L"一"), 0);
@@ -61,7 +61,7 @@ TEST_F(List, AddedRowsComeLastAndTellTheirIndex)
     EXPECT_EQ(list.cell_text(2, 0), L"三");
 }
 
-TEST_F(List, ARowCanBePutBetween)
+TEST_F(List, InsertsARowBetweenOthers)
 {
     list.add_row(L"一");
     list.add_row(L"二");
@@ -70,7 +70,7 @@ TEST_F(List, ARowCanBePutBetween)
     EXPECT_EQ(list.cell_text(2, 0), L"二");
 }
 
-TEST_F(List, ARowBearsItsImage)
+TEST_F(List, ARowHasItsImage)
 {
     HIMAGELIST const images = ImageList_Create(16, 16, ILC_COLOR32, 2, 0);
     list.set_images(images);
@@ -101,7 +101,7 @@ TEST_F(List, CellsAreWrittenAndReadBack)
     EXPECT_EQ(list.cell_text(0, 1), L"");
 }
 
-TEST_F(List, ACellThatIsNotThereIsEmpty)
+TEST_F(List, AMissingCellIsEmpty)
 {
     EXPECT_EQ(list.cell_text(0, 0), L"");
     list.add_row(L"語");
@@ -110,7 +110,7 @@ TEST_F(List, ACellThatIsNotThereIsEmpty)
     EXPECT_EQ(list.cell_text(0, 2), L"");
 }
 
-TEST_F(List, ALongCellIsReadToTheBuffersEnd)
+TEST_F(List, ALongCellIsTruncatedAtTheBuffersEnd)
 {
     for (const std::size_t length : { 1022u, 1023u, 1024u, 5000u }) {
         std::wstring text(length, L'あ');
@@ -132,7 +132,7 @@ TEST_F(List, ClearsItsRowsAndKeepsItsColumns)
     EXPECT_EQ(list.column_count(), 3);
 }
 
-TEST_F(List, SelectsOneRowAlone)
+TEST_F(List, SelectsOnlyOneRow)
 {
     for (int i = 0; i < 100; ++i)
         list.add_row(std::to_wstring(i));
@@ -149,7 +149,7 @@ TEST_F(List, SelectsOneRowAlone)
     EXPECT_EQ(list.selected(), -1) << "no such row";
 }
 
-TEST_F(List, TellsItsParentWhatIsSelected)
+TEST_F(List, NotifiesItsParentOfTheSelection)
 {
     list.add_row(L"一");
     list.add_row(L"二");
@@ -183,7 +183,7 @@ TEST_F(List, ColumnsHaveTheirTitlesAndWidths)
     EXPECT_EQ(std::wstring(title), L"場所");
 }
 
-TEST_F(List, TakesColours)
+TEST_F(List, SetsItsColours)
 {
     list.set_colors(ovlib::rgb(1, 2, 3), ovlib::rgb(4, 5, 6));
     EXPECT_EQ(SendMessageW(list.hwnd(), LVM_GETBKCOLOR, 0, 0), 0x030201);

@@ -8,7 +8,7 @@
 #include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
 
-// The import itself, which the linker names after the function.
+// The address of the import, which the linker names after the function.
 extern "C" void* __imp_MsgWaitForMultipleObjects; // NOLINT(bugprone-reserved-identifier)
 
 namespace {
@@ -74,8 +74,8 @@ TEST_F(Loops, TheMessageLoopDispatchesUntilQuitAndReturnsItsCode)
     EXPECT_EQ(top.passed(WM_APP), 2);
 }
 
-// A timer comes only when nothing else waits, a quit included.
-TEST_F(Loops, TheMessageLoopOfALivingWindowGoesOn)
+// A timer message is created only if the queue is empty, without even a quit.
+TEST_F(Loops, TheMessageLoopOfALivingWindowContinues)
 {
     top.answer = [&](WndMessage& message) {
         if (message.message == WM_APP)
@@ -100,8 +100,8 @@ TEST_F(Loops, ClosingAPlainBaseWindowEndsTheMessageLoop)
     EXPECT_EQ(wnd.hwnd(), nullptr);
 }
 
-// As the loop that moves a window may, when the close comes while the button is down.
-TEST_F(Loops, TheMessageLoopEndsWithItsWindowWhenAHandlersLoopTookTheQuit)
+// The loop that moves a window may do that if the close arrives while the button is down.
+TEST_F(Loops, TheMessageLoopEndsWithItsWindowIfANestedLoopConsumedTheQuit)
 {
     gui::Watched<ovlib::BaseWnd> wnd;
     wnd.answer = [](WndMessage& message) {
@@ -127,15 +127,15 @@ TEST_F(Loops, WaitRefusesANullHandle)
     EXPECT_EQ(top.failed, nullptr);
 }
 
-TEST_F(Loops, WaitTellsOfAHandleThatIsSignalledAlready)
+TEST_F(Loops, WaitReportsAHandleThatIsSignalledAlready)
 {
     ovlib::Event event(ovlib::Event::Reset::manual, true);
     EXPECT_TRUE(top.wait(event.handle()));
     EXPECT_EQ(top.signalled, event.handle());
 }
 
-// All kinds of input, touch and pointer included: one that does not wake the wait is served only when another
-// comes.
+// All kinds of input, including touch and pointer: input that does not wake the wait would be dispatched only
+// after other input.
 TEST_F(Loops, WaitIsWokenByAnyKindOfInput)
 {
     static DWORD count, time, mask;
@@ -159,7 +159,7 @@ TEST_F(Loops, WaitIsWokenByAnyKindOfInput)
     EXPECT_EQ(mask, 0x1CFFu);
 }
 
-TEST_F(Loops, WaitServesMessagesUntilTheHandleIsSignalled)
+TEST_F(Loops, WaitDispatchesMessagesUntilTheHandleIsSignalled)
 {
     ovlib::Event event(ovlib::Event::Reset::manual);
     int served = 0;
@@ -181,7 +181,7 @@ TEST_F(Loops, WaitServesMessagesUntilTheHandleIsSignalled)
     EXPECT_EQ(top.failed, nullptr);
 }
 
-TEST_F(Loops, WaitTellsOfFailureAndItsValue)
+TEST_F(Loops, WaitReportsAFailureAndItsValue)
 {
     ovlib::Event event;
     HANDLE copy = nullptr;
@@ -193,7 +193,7 @@ TEST_F(Loops, WaitTellsOfFailureAndItsValue)
     EXPECT_EQ(top.failure, static_cast<std::uint32_t>(WAIT_FAILED));
 }
 
-TEST_F(Loops, WaitGivesBackTheQuitThatItMet)
+TEST_F(Loops, WaitRestoresAQuitThatItRetrieved)
 {
     ovlib::Event event(ovlib::Event::Reset::manual);
     top.answer = [&](WndMessage& message) {
@@ -202,7 +202,7 @@ TEST_F(Loops, WaitGivesBackTheQuitThatItMet)
         return false;
     };
     PostQuitMessage(23);
-    SetTimer(top.hwnd(), 1, 10, nullptr); // timers come after a quit
+    SetTimer(top.hwnd(), 1, 10, nullptr); // a timer message is created after a quit
     EXPECT_TRUE(top.wait(event.handle())) << "the wait goes on after the quit";
     KillTimer(top.hwnd(), 1);
     EXPECT_FALSE(top.quit_waits_in_handler) << "a box of the handler would not show over a waiting quit";
@@ -224,7 +224,7 @@ protected:
     PlainSub sub{ &top, 5 };
 };
 
-TEST_F(ModalRun, DisablesItsParentUntilItsWindowIsGone)
+TEST_F(ModalRun, DisablesItsParentUntilItsWindowIsDestroyed)
 {
     bool enabled_inside = true;
     bool running_inside = false;
@@ -232,7 +232,7 @@ TEST_F(ModalRun, DisablesItsParentUntilItsWindowIsGone)
         if (message.message == WM_APP) {
             enabled_inside = top.is_enabled();
             running_inside = sub.is_running();
-            sub.run(); // refused: it runs
+            sub.run(); // refused: it is running already
             sub.post(WM_CLOSE, 0, 0);
         }
         return false;
@@ -247,8 +247,8 @@ TEST_F(ModalRun, DisablesItsParentUntilItsWindowIsGone)
     EXPECT_TRUE(gui::pump_until([&] { return GetForegroundWindow() == top.hwnd(); }));
 }
 
-// A window of another program waits in the same way as the other one here does.
-TEST_F(ModalRun, ActivatesItsParentWhenItEndsAndNoOtherWindow)
+// The other window here has the same role as a window of another program.
+TEST_F(ModalRun, ActivatesOnlyItsParentWhenItEnds)
 {
     TopWnd other;
     ASSERT_TRUE(other.create(L"other"));
@@ -259,7 +259,7 @@ TEST_F(ModalRun, ActivatesItsParentWhenItEndsAndNoOtherWindow)
         activations += message.message == WM_ACTIVATE && LOWORD(message.wparam) != WA_INACTIVE ? 1 : 0;
         return false;
     };
-    // It ends when it is in front: what a window manager says of the other window comes late.
+    // It ends when it is in front: a window manager's messages about the other window arrive late.
     sub.answer = [&](WndMessage& message) {
         if (message.message != WM_TIMER)
             return false;
@@ -311,7 +311,7 @@ TEST_F(ModalRun, DropsMessagesWithoutAWindow)
     EXPECT_EQ(top.passed(WM_APP + 1), 0);
 }
 
-TEST_F(ModalRun, LeavesOnQuitWithoutPostingItAgain)
+TEST_F(ModalRun, EndsOnQuitWithoutPostingItAgain)
 {
     PostQuitMessage(3);
     sub.run();
@@ -323,7 +323,7 @@ TEST_F(ModalRun, LeavesOnQuitWithoutPostingItAgain)
     EXPECT_EQ(sub.hwnd(), nullptr) << "a run that was left may be taken up again";
 }
 
-TEST_F(ModalRun, WithoutAParentOrAWindowDoesNotRun)
+TEST_F(ModalRun, DoesNotRunWithoutAParentOrAWindow)
 {
     PlainSub orphan(nullptr, 1);
     ASSERT_TRUE(orphan.create(L""));
@@ -335,7 +335,7 @@ TEST_F(ModalRun, WithoutAParentOrAWindowDoesNotRun)
     EXPECT_TRUE(top.is_enabled());
 }
 
-TEST_F(ModalRun, OutlivesTheObjectDeletedInsideIt)
+TEST_F(ModalRun, SurvivesTheDeletionOfItsObject)
 {
     auto* mortal = new PlainSub(&top, 6);
     ASSERT_TRUE(mortal->create(L""));
@@ -351,7 +351,7 @@ TEST_F(ModalRun, OutlivesTheObjectDeletedInsideIt)
     EXPECT_TRUE(top.is_enabled());
 }
 
-TEST_F(ModalRun, OutlivesItsParentDestroyedInsideIt)
+TEST_F(ModalRun, SurvivesTheDestructionOfItsParent)
 {
     LoopWnd parent;
     ASSERT_TRUE(parent.create(L""));

@@ -22,7 +22,7 @@ using ovlib::WndMessage;
 constexpr int side = 16;
 constexpr Color red = rgb(200, 10, 20);
 
-// The left half covers, the right half lets everything through; the upper left quarter covers by half.
+// The left half is visible and the right half is transparent; the upper left quarter is half transparent.
 ovlib::GDI::Bitmap half_red()
 {
     BITMAPINFO info = ovlib::bitmap_info(side, side);
@@ -34,7 +34,7 @@ ovlib::GDI::Bitmap half_red()
     constexpr std::uint32_t half = 0x8064050A; // premultiplied
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side / 2; ++x)
-            units[y * side + x] = y >= side / 2 ? half : covering; // rows stand bottom-up
+            units[y * side + x] = y >= side / 2 ? half : covering; // rows are stored bottom-up
     }
     return bitmap;
 }
@@ -99,7 +99,7 @@ Color mixed(Color over, Color under, int opacity)
         channel(over.blue(), under.blue()));
 }
 
-TEST_F(MenuPicture, IsDrawnWithItsAlphaInTheMiddleOfItsRoom)
+TEST_F(MenuPicture, IsDrawnWithItsAlphaInTheMiddleOfItsSpace)
 {
     ASSERT_TRUE(draw(known, 0, { 3, 2, 39, 28 }));
     constexpr int left = 3;
@@ -129,7 +129,7 @@ TEST_F(MenuPicture, OfAGreyItemIsDimmed)
     }
 }
 
-TEST_F(MenuPicture, OfAnUnknownIdIsNothing)
+TEST_F(MenuPicture, OfAnUnknownIdIsNotDrawn)
 {
     EXPECT_TRUE(draw(unknown, 0, { 0, 0, side, side })) << "it was asked for all the same";
     EXPECT_EQ(gui::count_pixels(target, back), target.width * target.height);
@@ -144,7 +144,7 @@ TEST_F(MenuPicture, WithoutAlphaCoversItsSquare)
     EXPECT_EQ(gui::count_pixels(target, rgb(0, 255, 0)), side * side);
 }
 
-TEST_F(MenuPicture, ThatIsNoBitmapIsNothing)
+TEST_F(MenuPicture, ThatIsNoBitmapIsNotDrawn)
 {
     const HBITMAP gone = picture.handle();
     const MenuPictures stale{ [&](int) { return gone; } };
@@ -158,7 +158,7 @@ TEST_F(MenuPicture, ThatIsNoBitmapIsNothing)
     EXPECT_EQ(gui::count_pixels(target, back), target.width * target.height);
 }
 
-TEST_F(MenuPicture, AsksForSixteenBySixteen)
+TEST_F(MenuPicture, RequestsSixteenBySixteen)
 {
     MEASUREITEMSTRUCT item{};
     item.CtlType = ODT_MENU;
@@ -170,8 +170,8 @@ TEST_F(MenuPicture, AsksForSixteenBySixteen)
     EXPECT_EQ(item.itemHeight, 16u);
 }
 
-// What a control's item type says is only told by some systems: its id alone tells that no menu asks.
-TEST_F(MenuPicture, OfAControlIsNotOurs)
+// Only some systems set the item type for a control. The id alone shows that the sender is no menu.
+TEST_F(MenuPicture, OfAControlIsIgnored)
 {
     DRAWITEMSTRUCT item{};
     item.CtlType = ODT_MENU;
@@ -199,7 +199,7 @@ TEST_F(MenuPicture, CostsNoHandles)
     EXPECT_TRUE(ovlib::GDI::Brush(ovlib::GDI::solid_brush(red)));
 }
 
-// What the items of a menu hold as their bitmaps, from the menu itself.
+// The bitmaps of a menu's items, read from the menu itself.
 class MenuBitmap : public MenuPicture {
 protected:
     static HBITMAP bitmap_of(HMENU menu, UINT position)
@@ -210,7 +210,7 @@ protected:
         EXPECT_TRUE(GetMenuItemInfoW(menu, position, TRUE, &info));
         return info.hbmpItem;
     }
-    // Of an item with a picture, and of one inside a submenu that has the same.
+    // Checks an item with a picture, and one with the same picture in a submenu.
     void expect_bitmaps(ovlib::MenuPainter painter, HBITMAP expected)
     {
         const MenuPictures painted{ [this](int id) { return id == known ? picture.handle() : nullptr; },
@@ -226,20 +226,20 @@ protected:
     }
 };
 
-TEST_F(MenuBitmap, IsThePictureItselfWhereTheSystemDraws)
+TEST_F(MenuBitmap, IsThePictureItselfIfTheSystemDraws)
 {
     expect_bitmaps(ovlib::MenuPainter::system, picture.handle());
-    // The menu is destroyed: what it showed is not its own.
+    // The menu has been destroyed, but not the picture that it showed.
     ASSERT_TRUE(draw(known, 0, { 0, 0, side, side }));
     EXPECT_EQ(gui::count_pixels(target, red), side * side / 4);
 }
 
-TEST_F(MenuBitmap, AsksTheOwnerWhereTheSystemWouldDrawOnBlack)
+TEST_F(MenuBitmap, RequestsTheOwnerIfTheSystemWouldDrawOnBlack)
 {
     expect_bitmaps(ovlib::MenuPainter::owner, HBMMENU_CALLBACK);
 }
 
-TEST_F(MenuBitmap, AsksTheOwnerForAPictureOfAnotherForm)
+TEST_F(MenuBitmap, RequestsTheOwnerForAPictureOfAnotherFormat)
 {
     picture = plain_green(24);
     expect_bitmaps(ovlib::MenuPainter::system, HBMMENU_CALLBACK);
@@ -249,7 +249,7 @@ TEST_F(MenuBitmap, AsksTheOwnerForAPictureOfAnotherForm)
     expect_bitmaps(ovlib::MenuPainter::system, HBMMENU_CALLBACK);
 }
 
-// The real menu, from the screen.
+// The real menu on the screen.
 class PictureMenu : public MenuPicture {
 protected:
     void SetUp() override
@@ -295,7 +295,7 @@ ovlib::MenuRows rows_with_pictures()
     return rows;
 }
 
-TEST_F(PictureMenu, ShowsPicturesPlainGreyAndHighlighted)
+TEST_F(PictureMenu, ShowsPicturesNormalGreyAndHighlighted)
 {
     ovlib::Menu menu;
     ASSERT_TRUE(menu.add_rows(rows_with_pictures(), &pictures));

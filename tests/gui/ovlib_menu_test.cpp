@@ -1,4 +1,4 @@
-// Popup menus, used as a user uses them.
+// Popup menus, used as a user does.
 #include "ovlib/gui/menu.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_menu.hpp"
@@ -19,7 +19,7 @@ constexpr int grey_id = 1004;
 constexpr int inner_id = 2526;
 constexpr int first_radio = 5000;
 
-// Where each stands in the menu of the tests.
+// The index of each item in the menu of the tests.
 enum : int { plain, grey, line, inner_menu, radio_menu };
 
 MenuRows sample_rows()
@@ -47,7 +47,7 @@ protected:
     }
     void TearDown() override { top.destroy(); }
 
-    // Shows `menu`, lets `act` use it and serves what comes of it.
+    // Shows `menu`, calls `act` for it and dispatches the messages that follow.
     void use(BaseMenu& menu, const std::function<void(const ShownMenu&)>& act)
     {
         MenuDriver driver(act);
@@ -99,7 +99,7 @@ TEST_F(PopupMenu, AGreyItemSendsNothingByMouseAndTheMenuStays)
     EXPECT_EQ(commands, Commands{ plain_id }) << "the second click came to the same menu";
 }
 
-TEST_F(PopupMenu, ASeparatorIsSteppedOverAndCannotBeChosen)
+TEST_F(PopupMenu, ASeparatorIsSkippedAndCannotBeChosen)
 {
     use([](const ShownMenu& menu) {
         EXPECT_NE(menu.state(line) & MF_SEPARATOR, 0u);
@@ -162,13 +162,13 @@ TEST_F(PopupMenu, ARadioItemCanBeChosenByMouse)
     EXPECT_EQ(commands, Commands{ first_radio });
 }
 
-TEST_F(PopupMenu, LeftWithEscapeSendsNothing)
+TEST_F(PopupMenu, EscapeSendsNothing)
 {
     use([](const ShownMenu&) { gui::press_key(VK_ESCAPE); });
     EXPECT_EQ(commands, Commands{});
 }
 
-TEST_F(PopupMenu, LeftByAClickBesideItSendsNothing)
+TEST_F(PopupMenu, AClickOutsideTheMenuSendsNothing)
 {
     use([](const ShownMenu&) {
         SetCursorPos(130, 150); // inside the owner
@@ -177,7 +177,7 @@ TEST_F(PopupMenu, LeftByAClickBesideItSendsNothing)
     EXPECT_EQ(commands, Commands{});
 }
 
-TEST_F(PopupMenu, TellsWhileItIsShowing)
+TEST_F(PopupMenu, ReportsThatItIsShowing)
 {
     Menu menu;
     menu.add_item(L"a", 1);
@@ -188,7 +188,7 @@ TEST_F(PopupMenu, TellsWhileItIsShowing)
     EXPECT_FALSE(menu.is_showing());
 }
 
-TEST_F(PopupMenu, StandsAtTheCursorOrAtAGivenPoint)
+TEST_F(PopupMenu, OpensAtTheCursorOrAtAGivenPoint)
 {
     Menu menu;
     menu.add_item(L"a", 1);
@@ -205,7 +205,7 @@ TEST_F(PopupMenu, StandsAtTheCursorOrAtAGivenPoint)
     EXPECT_EQ(rect.top, 333);
 }
 
-TEST_F(PopupMenu, TakesTheFlagsAsNumbers)
+TEST_F(PopupMenu, AcceptsTheFlagsAsNumbers)
 {
     Menu menu;
     menu.add_item(L"a", 1);
@@ -234,7 +234,7 @@ TEST_F(PopupMenu, CanBeShownAgain)
     EXPECT_EQ(commands, (Commands{ 1, 1, 1 }));
 }
 
-TEST_F(PopupMenu, MayGoWithItsOwnerWhileItIsShowing)
+TEST_F(PopupMenu, CanBeDeletedWithItsOwnerWhileItIsShowing)
 {
     auto menu = std::make_unique<Menu>();
     menu->add_item(L"a", 1);
@@ -251,7 +251,7 @@ TEST_F(PopupMenu, MayGoWithItsOwnerWhileItIsShowing)
     EXPECT_EQ(menu, nullptr);
 }
 
-TEST_F(PopupMenu, IsNotShownTwiceAtATime)
+TEST_F(PopupMenu, IsNotShownTwiceAtOnce)
 {
     Menu menu;
     menu.add_item(L"a", 1);
@@ -316,7 +316,7 @@ TEST(Menu, OfAGroupExactlyOneIsMarked)
         EXPECT_EQ((GetMenuState(menu.handle(), id, 0) & MF_CHECKED) != 0, id == 6002) << id;
 }
 
-TEST(Menu, RowsSayWhatIsGreyMarkedAndTheDefault)
+TEST(Menu, RowsDetermineGreyMarkedAndDefaultItems)
 {
     MenuRows rows = sample_rows();
     rows[plain].is_default = true;
@@ -340,7 +340,7 @@ TEST(Menu, HasOneColumnForMarksAndPictures)
     EXPECT_EQ(info.dwStyle, static_cast<DWORD>(MNS_CHECKORBMP));
 }
 
-TEST(Menu, ClearsAndFillsAnew)
+TEST(Menu, CanBeClearedAndFilledAgain)
 {
     Menu menu;
     for (int round = 0; round < 3; ++round) {
@@ -374,7 +374,7 @@ TEST(Menu, IsDestroyedWithItsObject)
     EXPECT_FALSE(IsMenu(handle));
 }
 
-TEST(Menu, ASubmenuBelongsToTheMenuItStandsIn)
+TEST(Menu, ASubmenuBelongsToTheMenuThatContainsIt)
 {
     HMENU handle = nullptr;
     {

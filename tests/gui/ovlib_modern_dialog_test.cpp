@@ -1,4 +1,5 @@
-// The shell's file dialogs, answered as a user answers them; what only a fake can do, by a fake.
+// The shell's file dialogs, answered as a user does; a fake replaces them for results that a user cannot
+// cause.
 #include <gtest/gtest.h>
 #include <objbase.h>
 #include <thread>
@@ -34,7 +35,7 @@ protected:
     {
         top.destroy();
         CoUninitialize();
-        SetCurrentDirectoryW(L"C:\\"); // or the folder could not be removed
+        SetCurrentDirectoryW(L"C:\\"); // otherwise the folder could not be removed
     }
     static void answer(HWND box, const std::wstring& name) { EXPECT_TRUE(gui::answer_with_name(box, name)); }
 
@@ -81,7 +82,7 @@ TEST_F(ModernDialog, OpensSeveralFilesByTheirFullPaths)
     EXPECT_EQ(paths, (Paths{ folder.file(L"a.png"), folder.file(L"b.png"), folder.file(L"第 三.png") }));
 }
 
-TEST_F(ModernDialog, PicksAFolder)
+TEST_F(ModernDialog, ChoosesAFolder)
 {
     FolderOpenDialog dialog(&top);
     EXPECT_NE(dialog.options() & FOS_PICKFOLDERS, 0u);
@@ -95,7 +96,7 @@ TEST_F(ModernDialog, PicksAFolder)
     EXPECT_EQ(paths, Paths{ folder.file(L"中 身") });
 }
 
-TEST_F(ModernDialog, CancelReturnsFalseWithNothingInTheLog)
+TEST_F(ModernDialog, CancelReturnsFalseAndLogsNothing)
 {
     FileOpenDialog files(&top);
     FolderOpenDialog folders(&top);
@@ -107,7 +108,7 @@ TEST_F(ModernDialog, CancelReturnsFalseWithNothingInTheLog)
     EXPECT_EQ(log.heard(), L"");
 }
 
-TEST_F(ModernDialog, SeveralAreAllowedAndRefusedWithoutTouchingOtherOptions)
+TEST_F(ModernDialog, SeveralAreAllowedAndForbiddenWithoutChangingOtherOptions)
 {
     FileOpenDialog dialog(&top);
     dialog.set_options(FOS_NOCHANGEDIR | FOS_FILEMUSTEXIST);
@@ -119,7 +120,7 @@ TEST_F(ModernDialog, SeveralAreAllowedAndRefusedWithoutTouchingOtherOptions)
     EXPECT_EQ(dialog.options(), DWORD{ FOS_NOCHANGEDIR | FOS_FILEMUSTEXIST });
 }
 
-TEST_F(ModernDialog, AFolderThatIsNoPlaceLeavesTheSystemsChoice)
+TEST_F(ModernDialog, APathThatIsNoFolderLetsTheSystemChoose)
 {
     const FakeAnswers answers;
     FakeFileDialog fake(answers);
@@ -132,7 +133,7 @@ TEST_F(ModernDialog, AFolderThatIsNoPlaceLeavesTheSystemsChoice)
     EXPECT_EQ(fake.folders_set, 1);
 }
 
-TEST_F(ModernDialog, HandsItsTextsToTheSystem)
+TEST_F(ModernDialog, PassesItsTextsToTheSystem)
 {
     const FakeAnswers answers;
     FakeFileDialog fake(answers);
@@ -210,7 +211,7 @@ TEST_F(ModernDialog, AnItemWithoutAPathIsLeftOut)
     EXPECT_EQ(paths, (Paths{ L"C:\\a", L"C:\\c" }));
 }
 
-TEST_F(ModernDialog, GivesTheSystemsDialogBack)
+TEST_F(ModernDialog, ReleasesTheSystemsDialog)
 {
     const FakeAnswers answers;
     FakeFileDialog fake(answers);
@@ -221,8 +222,8 @@ TEST_F(ModernDialog, GivesTheSystemsDialogBack)
     EXPECT_EQ(fake.held, 0);
 }
 
-// A thread without COM can make no dialog.
-TEST_F(ModernDialog, ThatCannotBeMadeIsLoggedAndDoesNothing)
+// A thread without COM cannot create a dialog.
+TEST_F(ModernDialog, ThatCannotBeCreatedIsLoggedAndDoesNothing)
 {
     std::thread([&] {
         FileOpenDialog dialog(nullptr);

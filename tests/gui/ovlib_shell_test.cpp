@@ -1,4 +1,4 @@
-// What the shell and the system tell of files and scroll bars.
+// Facts from the shell and the system about files and scroll bars.
 #include <gtest/gtest.h>
 #include <objbase.h>
 
@@ -17,7 +17,7 @@ namespace {
 
 using ovlib::SHIcon;
 
-constexpr std::size_t few = 200; // handles left: a leak soon finds no more
+constexpr std::size_t few = 200; // handles that are still available, so that a leak is found soon
 
 class Shell : public testing::Test {
 protected:
@@ -27,7 +27,7 @@ protected:
     gui::TempFolder folder;
 };
 
-// How many pixels an icon covers on a ground of its own.
+// The number of pixels that an icon covers on a plain background.
 int ink_of(HICON icon, int side)
 {
     ovlib::BackBuffer canvas;
@@ -70,7 +70,7 @@ TEST_F(Shell, LoadsAnIconOnce)
     EXPECT_EQ(icon.width(), GetSystemMetrics(SM_CXSMICON));
 }
 
-TEST_F(Shell, OfAListThatIsNoneHasNoIcon)
+TEST_F(Shell, OfAnUnknownListHasNoIcon)
 {
     SHIcon icon;
     icon.load(folder.file(L"a.txt"), 99);
@@ -80,7 +80,7 @@ TEST_F(Shell, OfAListThatIsNoneHasNoIcon)
     EXPECT_TRUE(icon) << "a failure leaves it ready for another try";
 }
 
-TEST_F(Shell, GivesEveryIconBack)
+TEST_F(Shell, ReleasesEveryIcon)
 {
     const gui::UserCrowd windows_taken(few);
     const gui::GdiCrowd crowd(few);
@@ -103,7 +103,7 @@ TEST_F(Shell, HasNoThumbnailOfAMissingPath)
     EXPECT_FALSE(thumbnail);
 }
 
-// A shell may have none for a text; one that it has fits.
+// A shell may have no thumbnail for a text file. If it has one, it must fit.
 TEST_F(Shell, AThumbnailFitsIntoItsSquare)
 {
     const std::wstring path = folder.write(L"a.bmp", gui::bmp_file(600, 300, ovlib::rgb(200, 0, 0)));
@@ -120,7 +120,7 @@ TEST_F(Shell, AThumbnailFitsIntoItsSquare)
     EXPECT_EQ(thumbnail.width(), 0);
 }
 
-TEST_F(Shell, GivesEveryThumbnailBack)
+TEST_F(Shell, ReleasesEveryThumbnail)
 {
     const std::wstring path = folder.write(L"a.bmp", gui::bmp_file(8, 8, ovlib::rgb(200, 0, 0)));
     const gui::GdiCrowd crowd(few);
@@ -161,7 +161,7 @@ protected:
     ovlib::ScrollBar horizontal{ &wnd, SB_HORZ };
 };
 
-TEST_F(Scrolling, ABarTellsItsPlace)
+TEST_F(Scrolling, ABarReturnsItsPosition)
 {
     EXPECT_EQ(vertical.pos(), 40);
     EXPECT_DOUBLE_EQ(vertical.fraction(), 0.5);
@@ -191,7 +191,7 @@ TEST_F(Scrolling, ABarIsVisibleOrNot)
     EXPECT_FALSE(horizontal.is_visible());
 }
 
-TEST_F(Scrolling, ABarWithoutAnOwnerOrAWindowTellsNothing)
+TEST_F(Scrolling, ABarWithoutAnOwnerOrAWindowReturnsNothing)
 {
     ovlib::ScrollBar none;
     EXPECT_EQ(none.pos(), 0);

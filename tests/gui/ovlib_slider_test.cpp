@@ -1,4 +1,4 @@
-// The hand-drawn slider: what it paints, and what it tells when a hand moves it.
+// The custom-drawn slider: its painting, and its notifications when it is moved.
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -61,7 +61,7 @@ protected:
     std::unique_ptr<Watched> slider = std::make_unique<Watched>(&host, slider_id);
 };
 
-TEST_F(Slider, IsCreatedWithoutASizeAndTakesTheOneItIsGiven)
+TEST_F(Slider, IsCreatedWithoutASizeAndLaysItselfOutWhenItGetsOne)
 {
     ovlib::HorzSlider other(&host, 6);
     ASSERT_TRUE(other.create(L""));
@@ -115,7 +115,7 @@ TEST_F(Slider, ShowsAPressedThumbUnshaded)
     EXPECT_EQ(at(113, 12), slider->fill.shade(-100));
 }
 
-TEST_F(Slider, WithoutAFillDrawsNoBarAndAThumbInItsGround)
+TEST_F(Slider, WithoutAFillDrawsNoBarAndAThumbInTheBackground)
 {
     slider->fill = Color{};
     slider->redraw();
@@ -144,7 +144,7 @@ TEST_F(Slider, DrawsABorderSunkenOrRaised)
     EXPECT_EQ(at(100, height - 1), dark);
 }
 
-TEST_F(Slider, StandsAtTheLeftEndOfAnEmptyRangeAndStaysThere)
+TEST_F(Slider, StaysAtTheLeftEndOfAnEmptyRange)
 {
     slider->max = 0;
     slider->value = 0;
@@ -169,7 +169,7 @@ TEST_F(Slider, ReachesTheScreenInOneCopyWithoutErasing)
     EXPECT_EQ(Color{ GetPixel(screen.handle(), 108, 12) }, at(108, 12));
 }
 
-TEST_F(Slider, BeforeItsCreationRepaintsNothing)
+TEST_F(Slider, DoesNotRepaintBeforeItsCreation)
 {
     ovlib::HorzSlider other(&host, 6);
     slider->seen.clear();
@@ -179,7 +179,7 @@ TEST_F(Slider, BeforeItsCreationRepaintsNothing)
     EXPECT_EQ(slider->count(WM_PAINT), 0);
 }
 
-TEST_F(Slider, ADragTellsOfEveryChangeAndOnceOfItsEnd)
+TEST_F(Slider, ADragNotifiesOfEveryChangeAndOnceOfItsEnd)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 108, 14 }));
@@ -202,7 +202,7 @@ TEST_F(Slider, ADragTellsOfEveryChangeAndOnceOfItsEnd)
     EXPECT_EQ(host.notices.size(), 4u) << "the drag is over";
 }
 
-TEST_F(Slider, AClickOnTheTrackGoesThereAndTellsAPage)
+TEST_F(Slider, AClickOnTheTrackGoesThereAndNotifiesOfAPage)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 48, 14 }));
@@ -219,7 +219,7 @@ TEST_F(Slider, AClickOnTheTrackGoesThereAndTellsAPage)
     ASSERT_TRUE(mouse.release());
 }
 
-TEST_F(Slider, AClickBesideTheTrackTellsNothing)
+TEST_F(Slider, AClickOutsideTheTrackNotifiesOfNothing)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 150, 26 }));
@@ -230,7 +230,7 @@ TEST_F(Slider, AClickBesideTheTrackTellsNothing)
     EXPECT_EQ(slider->value, 50);
 }
 
-TEST_F(Slider, LosesTheMouseToAnotherWindowThatKeepsIt)
+TEST_F(Slider, LosesTheCaptureToAnotherWindowThatKeepsIt)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 108, 14 }));
@@ -244,7 +244,7 @@ TEST_F(Slider, LosesTheMouseToAnotherWindowThatKeepsIt)
     EXPECT_EQ(host.notices.size(), 2u);
 }
 
-TEST_F(Slider, EndsADragWithItsFocus)
+TEST_F(Slider, EndsADragWhenItLosesTheFocus)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 108, 14 }));
@@ -256,7 +256,7 @@ TEST_F(Slider, EndsADragWithItsFocus)
     EXPECT_EQ(host.notices.size(), 2u) << "told once";
 }
 
-TEST_F(Slider, EndsADragWhoseButtonCameUpUnseen)
+TEST_F(Slider, EndsADragWhoseButtonWasReleasedUnseen)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 108, 14 }));
@@ -266,8 +266,8 @@ TEST_F(Slider, EndsADragWhoseButtonCameUpUnseen)
     EXPECT_FALSE(slider->captured);
 }
 
-// As when the parent asks a question and it is answered before the call returns.
-TEST_F(Slider, DoesNotTakeTheMouseWhenTheButtonIsUpAgain)
+// The parent shows a question that is answered before the notification returns.
+TEST_F(Slider, DoesNotCaptureTheMouseIfTheButtonIsUpAgain)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 48, 14 }));
@@ -282,7 +282,7 @@ TEST_F(Slider, DoesNotTakeTheMouseWhenTheButtonIsUpAgain)
     EXPECT_EQ(host.notices, (Notices{ { SB_PAGEUP, 0 } }));
 }
 
-TEST_F(Slider, AQuestionInADragEndsIt)
+TEST_F(Slider, AQuestionDuringADragEndsIt)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 108, 14 }));
@@ -302,7 +302,7 @@ TEST_F(Slider, AQuestionInADragEndsIt)
         host.notices, (Notices{ { SB_THUMBTRACK, 50 }, { SB_THUMBTRACK, 60 }, { SB_THUMBPOSITION, 60 } }));
 }
 
-TEST_F(Slider, ARefusedMoveGoesBackAndDragsNoFurther)
+TEST_F(Slider, ARefusedMoveGoesBackAndEndsTheDrag)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 48, 14 }));
@@ -317,7 +317,7 @@ TEST_F(Slider, ARefusedMoveGoesBackAndDragsNoFurther)
     EXPECT_EQ(host.notices, (Notices{ { SB_PAGEUP, 0 } }));
 }
 
-TEST_F(Slider, ARefusedMoveEndsADragWithoutAWord)
+TEST_F(Slider, ARefusedMoveEndsADragWithoutANotification)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 108, 14 }));
@@ -329,7 +329,7 @@ TEST_F(Slider, ARefusedMoveEndsADragWithoutAWord)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
-TEST_F(Slider, MayBeDeletedByWhatItTells)
+TEST_F(Slider, CanBeDeletedDuringItsNotification)
 {
     gui::Mouse mouse(host.hwnd());
     ASSERT_TRUE(mouse.move({ 20 + 48, 10 + 14 }));
@@ -342,7 +342,7 @@ TEST_F(Slider, MayBeDeletedByWhatItTells)
     EXPECT_EQ(GetCapture(), nullptr);
 }
 
-TEST_F(Slider, DestroyedByWhatItTellsTakesNoMouse)
+TEST_F(Slider, DestroyedDuringItsNotificationCapturesNoMouse)
 {
     gui::Mouse mouse(host.hwnd());
     ASSERT_TRUE(mouse.move({ 20 + 48, 10 + 14 }));
@@ -352,7 +352,7 @@ TEST_F(Slider, DestroyedByWhatItTellsTakesNoMouse)
     EXPECT_FALSE(slider->captured);
 }
 
-TEST_F(Slider, DestroyedInADragLetsTheMouseGoAndTellsNothing)
+TEST_F(Slider, DestroyedDuringADragReleasesTheCaptureWithoutANotification)
 {
     gui::Mouse mouse(slider->hwnd());
     ASSERT_TRUE(mouse.move({ 108, 14 }));
@@ -363,7 +363,7 @@ TEST_F(Slider, DestroyedInADragLetsTheMouseGoAndTellsNothing)
     EXPECT_FALSE(slider->buffer.is_created());
 }
 
-TEST_F(Slider, TellsPositionsBeyondSixteenBits)
+TEST_F(Slider, NotifiesOfPositionsBeyondSixteenBits)
 {
     slider->notify(SB_THUMBTRACK, 99'999);
     EXPECT_EQ(host.notices, (Notices{ { SB_THUMBTRACK, 99'999 } }));
@@ -382,7 +382,7 @@ TEST_F(Slider, BorrowsItsFont)
     EXPECT_NE(GetObjectType(font.handle()), 0u);
 }
 
-TEST_F(Slider, ClosesWhenItsPictureCannotBeMade)
+TEST_F(Slider, ClosesIfItsBufferCannotBeCreated)
 {
     slider->buffer.release();
     {
@@ -402,7 +402,7 @@ TEST_F(Slider, SeventyThousandPaintsCostNoHandle)
         slider->pressed = i % 2 == 0;
         slider->update_thumb();
         slider->redraw();
-        if (i % 10 == 0) // still far oftener than there are handles left
+        if (i % 10 == 0) // still far more often than there are free handles
             slider->repaint();
     }
     EXPECT_EQ(at(108, 0), slider->back.shade(-100));

@@ -1,5 +1,5 @@
-// The order of the virtual operations is a promise. Where a pointer to a virtual member holds its place in
-// the table of its class, the order can be read from it.
+// The order of the virtual functions is fixed. With ABIs whose pointers to virtual members contain the index
+// in the class's table, the order can be read from them.
 #include <cstring>
 #include <gtest/gtest.h>
 #include <vector>
@@ -23,7 +23,7 @@ namespace {
 
 using namespace ovlib;
 
-// An entry of 1 + 8 * place, under the ABI of GCC and Clang.
+// A table entry is encoded as 1 + 8 * index under the ABI of GCC and Clang.
 template <class Member> std::ptrdiff_t slot(Member member)
 {
     std::ptrdiff_t entry = 0;
@@ -39,9 +39,9 @@ void expect_consecutive(const std::vector<std::ptrdiff_t>& slots, std::ptrdiff_t
         EXPECT_EQ(slots[i], first + static_cast<std::ptrdiff_t>(i)) << "operation " << i;
 }
 
-constexpr std::ptrdiff_t after_destructor = 2; // the ABI keeps two entries for it
+constexpr std::ptrdiff_t after_destructor = 2; // the ABI has two entries for it
 
-TEST(Slots, OfWndStandInTheirOrder)
+TEST(Slots, OfWndAreInTheirOrder)
 {
     using W = Wnd;
     const std::vector<std::ptrdiff_t> slots{
@@ -126,7 +126,7 @@ TEST(Slots, OfTheBasesFollowThoseOfTheirBase)
         { slot(&SysControl::set_subclassed), slot(&SysControl::is_subclassed) }, after_wnd() + 4);
 }
 
-TEST(Slots, OfEditBoxStandInTheirOrder)
+TEST(Slots, OfEditBoxAreInTheirOrder)
 {
     using E = EditBox;
     const std::vector<std::ptrdiff_t> slots{
@@ -171,7 +171,7 @@ TEST(Slots, OfEditBoxStandInTheirOrder)
     expect_consecutive(slots, slot(&SysControl::is_subclassed) + 1);
 }
 
-TEST(Slots, OfDrawnButtonsStandInTheirOrder)
+TEST(Slots, OfDrawnButtonsAreInTheirOrder)
 {
     using B = CustomButton;
     using C = CustomCheckBox;
@@ -188,7 +188,7 @@ TEST(Slots, OfMyBoxFollowThoseOfEditBox)
     EXPECT_EQ(slot(&look::MyBox::set_wrap), slot(&EditBox::save_file) + 1);
 }
 
-TEST(Slots, OfComboBoxStandInTheirOrder)
+TEST(Slots, OfComboBoxAreInTheirOrder)
 {
     using C = ComboBox;
     const std::vector<std::ptrdiff_t> slots{
@@ -214,7 +214,7 @@ TEST(Slots, OfComboBoxStandInTheirOrder)
     expect_consecutive(slots, slot(&SysControl::is_subclassed) + 1);
 }
 
-TEST(Slots, OfSliderStandInTheirOrder)
+TEST(Slots, OfSliderAreInTheirOrder)
 {
     using S = Slider;
     const std::vector<std::ptrdiff_t> slots{
@@ -233,7 +233,7 @@ TEST(Slots, OfSliderStandInTheirOrder)
     expect_consecutive(slots, slot(&BaseWnd::create_window) + 1);
 }
 
-TEST(Slots, OfStatusBarStandInTheirOrder)
+TEST(Slots, OfStatusBarAreInTheirOrder)
 {
     using S = StatusBar;
     const std::vector<std::ptrdiff_t> slots{
@@ -273,7 +273,7 @@ TEST(Slots, OfDrawingFollowTheDestructor)
         after_destructor);
 }
 
-TEST(Slots, OfAThreadAreItsEndAndItsRun)
+TEST(Slots, OfAThreadAreItsDestructorAndItsRun)
 {
     EXPECT_EQ(slot(&Thread::run), after_destructor);
 }

@@ -13,14 +13,14 @@
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
 
-// The import itself, which the linker names after the function.
+// The address of the import, which the linker names after the function.
 extern "C" void* __imp_WaitForSingleObject; // NOLINT(bugprone-reserved-identifier)
 
 namespace {
 
 using ovlib::Event;
 
-// Runs until it is stopped, and tells how.
+// Runs until it is stopped, and records how.
 class Worker : public ovlib::Thread {
 public:
     ~Worker() override { stop(); }
@@ -44,7 +44,7 @@ public:
     std::atomic<DWORD> thread_id = 0;
 };
 
-TEST(Thread, StopOnAnIdleOneDoesNothing)
+TEST(Thread, StopDoesNothingWithoutAThread)
 {
     Worker worker;
     worker.stop();
@@ -52,7 +52,7 @@ TEST(Thread, StopOnAnIdleOneDoesNothing)
     EXPECT_EQ(worker.stop_flag(), 0u);
 }
 
-TEST(Thread, RunsOnAThreadOfItsOwnWithItsArgumentAndFlag)
+TEST(Thread, RunsOnItsOwnThreadWithItsArgumentAndFlag)
 {
     Worker worker;
     int argument = 0;
@@ -80,12 +80,12 @@ TEST(Thread, StartedTwiceRunsOnceAndKeepsItsFlag)
     EXPECT_EQ(worker.runs, 1);
 }
 
-TEST(Thread, IsHeldUntilStoppedAlsoAfterItsEndAndMayStartAgain)
+TEST(Thread, IsHeldUntilStoppedAlsoAfterItsEndAndCanStartAgain)
 {
     Worker worker;
     for (int round = 1; round <= 3; ++round) {
         worker.started.reset();
-        worker.start(nullptr, 1); // ends at its first look
+        worker.start(nullptr, 1); // ends at its first check
         ASSERT_TRUE(worker.started.wait(15'000));
         ASSERT_TRUE(gui::poll_until([&] { return worker.ends == round; }));
         EXPECT_TRUE(worker.is_held());
@@ -124,7 +124,7 @@ TEST(Thread, StoppingItselfIsADeadlockError)
     EXPECT_FALSE(worker.is_held());
 }
 
-// Waits for what CancelSynchronousIo does not reach.
+// Waits in a call that CancelSynchronousIo does not reach.
 class Stubborn : public ovlib::Thread {
 public:
     ~Stubborn() override
@@ -137,7 +137,7 @@ public:
     Event release{ Event::Reset::manual };
 };
 
-TEST(Thread, ThatCannotBeBrokenOffIsGivenUpAfterTheLimitAndStillHeld)
+TEST(Thread, ThatCannotBeCancelledIsGivenUpAfterTheLimitAndStillHeld)
 {
     Stubborn worker;
     worker.start(nullptr, 0);
@@ -185,14 +185,14 @@ public:
     std::atomic<bool> has_run = false;
 };
 
-TEST(ThreadDeathTest, AnObjectThatEndsBeforeItsThreadWasStoppedEndsTheProcess)
+TEST(ThreadDeathTest, DestroyingAnObjectBeforeItsThreadWasStoppedEndsTheProcess)
 {
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
     EXPECT_DEATH(
         {
             Careless worker;
             worker.start(nullptr, 0);
-            gui::poll_until([&] { return worker.has_run.load(); }); // ended, yet joinable
+            gui::poll_until([&] { return worker.has_run.load(); }); // ended, but still joinable
         },
         "terminate");
 }
@@ -210,7 +210,7 @@ TEST(ThreadDeathTest, AnExceptionThatLeavesRunEndsTheProcess)
         "thrown in run");
 }
 
-TEST(Thread, HandlesAreGivenBack)
+TEST(Thread, ReleasesItsHandles)
 {
     DWORD before = 0;
     GetProcessHandleCount(GetCurrentProcess(), &before);
@@ -225,7 +225,7 @@ TEST(Thread, HandlesAreGivenBack)
     EXPECT_LT(after, before + 50);
 }
 
-TEST(Event, AutomaticIsTakenByOneWaitManualStays)
+TEST(Event, AutomaticIsResetByOneWaitAndManualStaysSet)
 {
     Event automatic;
     EXPECT_NE(automatic.handle(), nullptr);
@@ -241,7 +241,7 @@ TEST(Event, AutomaticIsTakenByOneWaitManualStays)
     EXPECT_TRUE(manual.set());
 }
 
-TEST(Event, GivesItsHandleBack)
+TEST(Event, ReleasesItsHandle)
 {
     HANDLE handle = nullptr;
     DWORD flags = 0;
@@ -283,14 +283,14 @@ TEST(Timer, IsKilledWithItsObjectAndReplacedByANewStart)
     wnd.destroy();
 }
 
-TEST(Timer, ForNoLivingWindowIsNotActive)
+TEST(Timer, IsNotActiveWithoutALivingWindow)
 {
     ovlib::Timer timer;
     timer.start(reinterpret_cast<HWND>(std::uintptr_t{ 0x123456 }), 1, 10);
     EXPECT_FALSE(timer.is_active());
 }
 
-TEST(Timer, StaysActiveWhenItCouldNotBeKilled)
+TEST(Timer, StaysActiveIfItCouldNotBeKilled)
 {
     gui::TopWnd wnd;
     ASSERT_TRUE(wnd.create(L""));
@@ -302,7 +302,7 @@ TEST(Timer, StaysActiveWhenItCouldNotBeKilled)
     wnd.destroy();
 }
 
-TEST(SystemTime, HoldsThePeriodThatTheSystemGranted)
+TEST(SystemTime, RecordsThePeriodThatTheSystemGranted)
 {
     const ovlib::SystemTime fine(1);
     EXPECT_EQ(fine.period(), 1u);
@@ -310,7 +310,7 @@ TEST(SystemTime, HoldsThePeriodThatTheSystemGranted)
     EXPECT_EQ(refused.period(), 0u);
 }
 
-TEST(SleepFor, NothingReturnsAtOnce)
+TEST(SleepFor, ReturnsAtOnceForZeroAndLess)
 {
     const auto before = std::chrono::steady_clock::now();
     for (int round = 0; round < 1000; ++round) {
@@ -332,7 +332,7 @@ TEST(SleepFor, NeverReturnsEarlyByTheSystemClock)
 
 constexpr std::int64_t latest = std::numeric_limits<std::int64_t>::max();
 
-TEST(SleepFor, TheEndSaturates)
+TEST(SleepFor, LimitsItsEndToTheLargestNumber)
 {
     EXPECT_EQ(ovlib::sleep_end(1'000, 3), 3'001'000);
     EXPECT_EQ(ovlib::sleep_end(1'000, -3), 1'000);

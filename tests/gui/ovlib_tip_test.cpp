@@ -11,7 +11,7 @@ namespace {
 
 using ovlib::rgb;
 
-constexpr int few = 200; // handles left to be taken
+constexpr int few = 200; // handles that are still available
 
 constexpr ovlib::TipColors colors{ rgb(255, 255, 255), rgb(190, 60, 64), rgb(0, 255, 0) };
 
@@ -54,7 +54,7 @@ TEST_F(Tip, IsCreatedHidden)
         static_cast<DWORD>(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE));
 }
 
-TEST_F(Tip, StandsAtItsPlaceAroundItsText)
+TEST_F(Tip, IsAtItsPlaceAroundItsText)
 {
     tip_.set_fixed_place(true);
     tip_.show(L"見出し & 全文", { 300, 250 });
@@ -111,7 +111,7 @@ TEST_F(Tip, HidesWhenItIsClosed)
     EXPECT_TRUE(IsWindow(tip_.hwnd()));
 }
 
-TEST_F(Tip, IsNotShownWithoutItsText)
+TEST_F(Tip, IsNotShownWithoutAText)
 {
     tip_.show(true);
     EXPECT_FALSE(tip_.is_visible());
@@ -149,7 +149,7 @@ TEST_F(Tip, PaintsFrameBackgroundAndText)
     EXPECT_GT(gui::count_pixels(picture, colors.text), 20);
 }
 
-TEST_F(Tip, KeepsItsTextOffTheMargins)
+TEST_F(Tip, KeepsItsTextInsideItsMargins)
 {
     tip_.show(L"全角の見出しが長いとき", { 300, 250 });
     const ovlib::BackBuffer& picture = tip_.buffer();
@@ -163,7 +163,7 @@ TEST_F(Tip, KeepsItsTextOffTheMargins)
     }
 }
 
-TEST_F(Tip, ShowsAnAmpersandAsItIs)
+TEST_F(Tip, ShowsAnAmpersandUnchanged)
 {
     tip_.show(L"a&b", { 300, 250 });
     const int with = tip_.buffer().width;
@@ -179,7 +179,7 @@ TEST_F(Tip, ShowsSeveralLines)
     EXPECT_EQ(tip_.buffer().height - 8, 2 * (one - 8));
 }
 
-TEST_F(Tip, MakesItsBufferAnewOnlyForAnotherSize)
+TEST_F(Tip, CreatesItsBufferAgainOnlyForAnotherSize)
 {
     tip_.show(L"一", { 300, 250 });
     HBITMAP const first = tip_.buffer().bitmap();

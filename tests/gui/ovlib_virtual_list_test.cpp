@@ -1,4 +1,4 @@
-// The list that asks for its rows.
+// The list that queries its rows.
 #include <gtest/gtest.h>
 #include <memory>
 #include <set>
@@ -62,7 +62,7 @@ protected:
         return SendMessageW(list->hwnd(), message, wparam, lparam);
     }
     int top_row() const { return static_cast<int>(ask(LVM_GETTOPINDEX)); }
-    int rows_in_view() const { return static_cast<int>(ask(LVM_GETCOUNTPERPAGE)) + 1; } // one may be cut
+    int rows_in_view() const { return static_cast<int>(ask(LVM_GETCOUNTPERPAGE)) + 1; } // one may be partial
     void paint() const { RedrawWindow(list->hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
     LRESULT notify(NMHDR& header) const
     {
@@ -78,7 +78,7 @@ protected:
         request.lvfi.psz = sought;
         return static_cast<int>(notify(request.hdr));
     }
-    // The rows that the reports made selected.
+    // The rows that the notifications reported as selected.
     std::set<int> reported_rows() const
     {
         std::set<int> rows;
@@ -99,14 +99,14 @@ protected:
     std::vector<SelectionChange> changes;
 };
 
-TEST_F(Virtual, AHundredThousandRowsAreSetWithoutAQuestion)
+TEST_F(Virtual, AHundredThousandRowsAreSetWithoutAQuery)
 {
     list->set_count(many);
     EXPECT_TRUE(asked.empty());
     EXPECT_EQ(list->count(), many);
 }
 
-TEST_F(Virtual, AsksForTheRowsInViewOnly)
+TEST_F(Virtual, QueriesOnlyTheVisibleRows)
 {
     list->set_count(many);
     paint();
@@ -124,7 +124,7 @@ TEST_F(Virtual, ShowsTheCellsOfItsSource)
     EXPECT_EQ(list->cell_text(12'345, 1), L"p.12345");
 }
 
-TEST_F(Virtual, DoesNotAskForARowThatIsNotThere)
+TEST_F(Virtual, DoesNotQueryAMissingRow)
 {
     set_count(10);
     for (const int row : { -1, 10, many }) {
@@ -156,7 +156,7 @@ TEST_F(Virtual, ANewSourceIsShownAtOnce)
     EXPECT_FALSE(GetUpdateRect(top.hwnd(), nullptr, FALSE)) << "no window is not all windows";
 }
 
-// Whatever the source had is gone when the system reads the text.
+// The source's data no longer exists when the system reads the text.
 TEST_F(Virtual, KeepsNoTextOfItsSource)
 {
     std::wstring kept;
@@ -176,7 +176,7 @@ TEST_F(Virtual, KeepsNoTextOfItsSource)
     EXPECT_EQ(std::wstring(given), std::wstring(40, L'a'));
 }
 
-TEST_F(Virtual, ATextIsCutAtTheEndOfTheBuffer)
+TEST_F(Virtual, ALongTextIsTruncatedAtTheBuffersEnd)
 {
     list->set_source({ .text = [](int, int) { return std::wstring(5'000, L'あ'); } });
     set_count(1);
@@ -199,7 +199,7 @@ TEST_F(Virtual, ATextIsCutAtTheEndOfTheBuffer)
     EXPECT_EQ(list->cell_text(0, 0), std::wstring(1'023, L'あ'));
 }
 
-TEST_F(Virtual, ARowBearsTheImageOfItsSource)
+TEST_F(Virtual, ARowHasTheImageOfItsSource)
 {
     const auto image_of = [&](int row, int column) {
         NMLVDISPINFOW request{};
@@ -247,7 +247,7 @@ TEST_F(Virtual, ANewCountDoesNotScroll)
     EXPECT_EQ(list->count(), 0);
 }
 
-TEST_F(Virtual, RowsBeyondANewCountLoseTheirSelectionWithoutAReport)
+TEST_F(Virtual, RowsBeyondANewCountLoseTheirSelectionWithoutANotification)
 {
     set_count(many);
     const std::vector rows{ 2, 8, 9, 50'000 };
@@ -312,7 +312,7 @@ TEST_F(Virtual, AListWithoutRowsReportsNothing)
     EXPECT_TRUE(changes.empty());
 }
 
-TEST_F(Virtual, SelectsManyRowsAlone)
+TEST_F(Virtual, SelectsOnlyTheseRows)
 {
     set_count(many);
     list->select(5);
@@ -337,7 +337,7 @@ TEST_F(Virtual, AListOfSingleSelectionKeepsOneRow)
     EXPECT_EQ(single.selection(), (std::vector{ 4 }));
 }
 
-TEST_F(Virtual, ARangeTakenWithShiftIsReported)
+TEST_F(Virtual, ARangeSelectedWithShiftIsReported)
 {
     set_count(many);
     ASSERT_TRUE(gui::bring_to_front(top));
@@ -369,7 +369,7 @@ TEST_F(Virtual, ARowIsScrolledIntoViewAndNotSelected)
     EXPECT_EQ(top_row(), before) << "in view already";
 }
 
-TEST_F(Virtual, RedrawnRowsAreAskedForAnew)
+TEST_F(Virtual, RedrawnRowsAreQueriedAgain)
 {
     set_count(many);
     paint();
@@ -386,7 +386,7 @@ TEST_F(Virtual, RedrawnRowsAreAskedForAnew)
     EXPECT_TRUE(asked.empty()) << "out of view";
 }
 
-TEST_F(Virtual, TypingGoesToTheNextRowThatBeginsSo)
+TEST_F(Virtual, TypingSelectsTheNextRowThatStartsWithTheText)
 {
     const std::vector<std::wstring> names{ L"Apple", L"banana", L"Cherry", L"Citron", L"apricot" };
     list->set_source({ .text = [&](int row, int column) {
@@ -417,7 +417,7 @@ TEST_F(Virtual, ASearchFollowsItsRequest)
     EXPECT_EQ(find(nullptr, LVFI_STRING, 0), -1);
 }
 
-TEST_F(Virtual, LeavesOtherNoticesToItsParent)
+TEST_F(Virtual, PassesOtherNotificationsToItsParent)
 {
     ovlib::ReportListView plain{ &top, 9 };
     ASSERT_TRUE(plain.create(L""));
@@ -436,7 +436,7 @@ TEST_F(Virtual, LeavesOtherNoticesToItsParent)
     EXPECT_FALSE(ovlib::route_list_notice(other));
 }
 
-TEST_F(Virtual, AReportMayChangeTheSourceOrEndTheList)
+TEST_F(Virtual, ANotificationMayChangeTheSourceOrDestroyTheList)
 {
     set_count(10);
     list->set_source({ .text = {}, .image = {}, .selected = [&](const SelectionChange& change) {

@@ -1,4 +1,4 @@
-// What a window does when asked.
+// The operations of a window.
 #include <gtest/gtest.h>
 #include <string>
 
@@ -31,7 +31,7 @@ bool same(const RECT& a, const RECT& b)
     return EqualRect(&a, &b) != FALSE;
 }
 
-TEST_F(WndOperations, TextGoesInAndComesOutWhole)
+TEST_F(WndOperations, TextIsSetAndReturnedWhole)
 {
     top.set_text(L"表題 title");
     EXPECT_EQ(top.text(), L"表題 title");
@@ -45,7 +45,7 @@ TEST_F(WndOperations, TextGoesInAndComesOutWhole)
     EXPECT_EQ(edit.text(), long_text);
 }
 
-TEST_F(WndOperations, EnableAsksTheSystemOnlyForAChange)
+TEST_F(WndOperations, EnableCallsTheSystemOnlyForAChange)
 {
     top.enable(false);
     EXPECT_FALSE(top.is_enabled());
@@ -126,12 +126,12 @@ TEST_F(WndOperations, CentersOnTheScreenOrOverAnother)
     top.move(200, 200, true);
     PlainSub sub(&top, 1);
     ASSERT_TRUE(sub.create(L""));
-    sub.resize(700, 100, true); // wider than what it stands over
+    sub.resize(700, 100, true); // wider than the other window
     sub.center(&top, true);
     EXPECT_TRUE(same(sub.rect(), { 100, 350, 800, 450 }));
 }
 
-TEST_F(WndOperations, AChildTellsItsPlaceInItsParent)
+TEST_F(WndOperations, AChildReturnsItsPlaceInItsParent)
 {
     PlainChild child(&top, 1);
     ASSERT_TRUE(child.create(L""));
@@ -142,7 +142,7 @@ TEST_F(WndOperations, AChildTellsItsPlaceInItsParent)
     EXPECT_TRUE(same(child.rect(), { 30, 40, 60, 90 }));
 }
 
-TEST_F(WndOperations, ASubWindowTellsItsPlaceOnTheScreen)
+TEST_F(WndOperations, ASubWindowReturnsItsPlaceOnTheScreen)
 {
     PlainSub sub(&top, 1);
     ASSERT_TRUE(sub.create(L""));
@@ -176,7 +176,7 @@ TEST_F(WndOperations, MinimizesMaximizesAndRestoresAsItsMenuDoes)
     EXPECT_EQ(asked, (std::vector<std::uint64_t>{ SC_MINIMIZE, SC_MAXIMIZE, SC_RESTORE }));
 }
 
-// A child, because a window manager has its own say about a top window.
+// Uses a child, because a window manager may act on a top-level window.
 TEST_F(WndOperations, KnowsWhetherItIsMinimizedOrMaximized)
 {
     PlainChild child(&top, 1);
@@ -193,7 +193,7 @@ TEST_F(WndOperations, KnowsWhetherItIsMinimizedOrMaximized)
     EXPECT_FALSE(child.is_minimized());
 }
 
-TEST_F(WndOperations, TopmostComesAndGoes)
+TEST_F(WndOperations, TopmostIsSetAndCleared)
 {
     const auto is_topmost = [&] { return (GetWindowLongW(top.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     top.set_topmost(true);
@@ -238,7 +238,7 @@ TEST_F(WndOperations, PostsAndSendsRecordsAndNumbers)
     EXPECT_EQ(got[3].wparam, 7u);
 }
 
-TEST_F(WndOperations, ACommandIsMadeOfTwoWords)
+TEST_F(WndOperations, ACommandIsBuiltFromTwoWords)
 {
     std::uint64_t word = 0;
     top.answer = [&](WndMessage& message) {
@@ -280,14 +280,14 @@ TEST_F(WndOperations, AParentCanBeChanged)
     EXPECT_EQ(child.hwnd(), nullptr);
 }
 
-TEST_F(WndOperations, TheReservedOperationSaysNo)
+TEST_F(WndOperations, TheReservedOperationReturnsFalse)
 {
     Edit edit(&top, 1);
     EXPECT_FALSE(top.reserved());
     EXPECT_FALSE(edit.reserved());
 }
 
-// A window whose plain show is empty and whose own takes a text, as a banner has it.
+// A window like a banner: its plain show does nothing and its own show takes a text.
 class Banner : public PlainSub {
 public:
     using PlainSub::PlainSub;
@@ -305,7 +305,7 @@ concept CanShow = requires(Window& window, Argument argument)
     window.show(argument);
 };
 
-TEST_F(WndOperations, ALiteralIsATextAndNeverATruth)
+TEST_F(WndOperations, ALiteralIsATextAndNeverABool)
 {
     static_assert(CanShow<TopWnd, bool>);
     static_assert(!CanShow<ovlib::BaseWnd, const wchar_t*>);
@@ -324,7 +324,7 @@ struct BoxSeen {
     bool has_owner = false;
 };
 
-// Answers the next box of this thread with `button` and tells what it said.
+// Answers the next box of this thread with `button` and returns its texts.
 template <class Show> BoxSeen see_box(const TopWnd& owner, int button, int& result, Show show)
 {
     BoxSeen seen;
@@ -362,7 +362,7 @@ std::wstring without_line_end(std::wstring text)
     return text;
 }
 
-TEST_F(WndOperations, AnErrorBoxShowsTheSystemsOwnWords)
+TEST_F(WndOperations, AnErrorBoxShowsTheSystemsMessage)
 {
     const std::wstring words = ovlib::system_error_text(ERROR_ACCESS_DENIED);
     ASSERT_FALSE(words.empty());
@@ -386,7 +386,7 @@ TEST_F(WndOperations, AnErrorBoxForAnUnknownCodeIsEmpty)
     EXPECT_EQ(seen.caption, L"caption");
 }
 
-TEST_F(WndOperations, TheCursorIsToldInClientCoordinates)
+TEST_F(WndOperations, TheCursorIsReturnedInClientCoordinates)
 {
     POINT screen{ 0, 0 };
     ClientToScreen(top.hwnd(), &screen);

@@ -36,7 +36,7 @@ public:
     PlainChild member{ this, 7 };
 };
 
-TEST(WndList, HoldsObjectsInOrderOfConstructionAndLosesThemAnywhere)
+TEST(WndList, ContainsObjectsInOrderOfConstructionAndRemovesThemAnywhere)
 {
     const auto before = listed();
     auto first = std::make_unique<TopWnd>();
@@ -54,7 +54,7 @@ TEST(WndList, HoldsObjectsInOrderOfConstructionAndLosesThemAnywhere)
     EXPECT_EQ(listed(), before);
 }
 
-TEST(WndList, HoldsAMemberAfterItsOwner)
+TEST(WndList, ContainsAMemberAfterItsOwner)
 {
     OwnerOfMember owner;
     EXPECT_EQ(owner.next(), &owner.member);
@@ -86,7 +86,7 @@ TEST(WndList, FindsAWindowByItsControlIdWhileItLives)
     EXPECT_EQ(Wnd::from_control_id(2518), nullptr);
 }
 
-TEST(Wnd, KnowsItsHandleAlreadyInWmCreate)
+TEST(Wnd, KnowsItsHandleInWmCreate)
 {
     TopWnd wnd;
     HWND in_create = nullptr;
@@ -117,7 +117,7 @@ TEST(Wnd, CreatedTwiceKeepsItsFirstWindow)
     wnd.destroy();
 }
 
-TEST(Wnd, OfAClassRegisteredAlreadyIsCreatedAllTheSame)
+TEST(Wnd, OfARegisteredClassCanBeCreatedAgain)
 {
     TopWnd first;
     TopWnd second;
@@ -174,7 +174,7 @@ TEST(Wnd, ThatRefusesItsCreationHasNoHandleAndEndsNoLoop)
     EXPECT_TRUE(gui::take_quit());
 }
 
-// The system that these tests run on sends no WM_DESTROY for a refused creation, others do.
+// Wine sends no WM_DESTROY for a refused creation, but other systems do.
 TEST(Wnd, DestroyedBeforeItsCreationSucceededEndsNoLoop)
 {
     gui::Watched<ovlib::BaseWnd> wnd;
@@ -206,7 +206,7 @@ TEST(Wnd, AtTheTopEndsTheLoopWithItsMessagesResult)
     EXPECT_EQ(code, 42);
 }
 
-TEST(Wnd, ShowsItselfByTheStartUpShowCommand)
+TEST(Wnd, IsShownWithTheStartUpShowCommand)
 {
     ovlib::WinApp::show_command = SW_HIDE;
     TopWnd hidden;
@@ -220,7 +220,7 @@ TEST(Wnd, ShowsItselfByTheStartUpShowCommand)
     shown.destroy();
 }
 
-TEST(WndProc, ReturnsTheResultOfAHandledMessageAndAsksTheSystemForTheRest)
+TEST(WndProc, ReturnsTheResultOfAHandledMessageAndPassesTheRestToTheSystem)
 {
     TopWnd wnd;
     wnd.answer = [](WndMessage& message) {
@@ -234,7 +234,7 @@ TEST(WndProc, ReturnsTheResultOfAHandledMessageAndAsksTheSystemForTheRest)
     wnd.destroy();
 }
 
-TEST(WndProc, CarriesWideParametersWhole)
+TEST(WndProc, PassesWideParametersUnchanged)
 {
     TopWnd wnd;
     WndMessage got;
@@ -251,7 +251,7 @@ TEST(WndProc, CarriesWideParametersWhole)
     wnd.destroy();
 }
 
-TEST(WndProc, RefusesACloseThatAHandlerTook)
+TEST(WndProc, RefusesACloseThatAHandlerHandled)
 {
     TopWnd wnd;
     bool refuse = true;
@@ -265,7 +265,7 @@ TEST(WndProc, RefusesACloseThatAHandlerTook)
     EXPECT_EQ(wnd.destroyed, 1);
 }
 
-TEST(WndProc, TellsOfDestructionWhateverTheHandlerSays)
+TEST(WndProc, ReportsDestructionWhateverTheHandlerReturns)
 {
     TopWnd wnd;
     wnd.answer = [](WndMessage& message) { return message.message == WM_DESTROY; };
@@ -274,7 +274,7 @@ TEST(WndProc, TellsOfDestructionWhateverTheHandlerSays)
     EXPECT_EQ(wnd.destroyed, 1);
 }
 
-TEST(WndProc, OutlivesAnObjectDeletedByItsOwnHandler)
+TEST(WndProc, SurvivesAnObjectDeletedByItsOwnHandler)
 {
     for (const std::uint32_t fatal : { WM_APP, WM_CLOSE, WM_DESTROY, WM_NCDESTROY }) {
         auto* wnd = new TopWnd;
@@ -298,7 +298,7 @@ TEST(WndProc, OutlivesAnObjectDeletedByItsOwnHandler)
     }
 }
 
-TEST(WndProc, OutlivesAnObjectDeletedInWmCreate)
+TEST(WndProc, SurvivesAnObjectDeletedInWmCreate)
 {
     auto* wnd = new TopWnd;
     wnd->answer = [wnd](WndMessage& message) {
@@ -413,7 +413,7 @@ TEST(Wnd, DestroysItsChildrenFromTheLastAndCountsThem)
     top.destroy();
 }
 
-TEST(Wnd, DestroysAllChildrenThoughOneDeletesItsNeighbour)
+TEST(Wnd, DestroysAllChildrenEvenIfOneDeletesItsNeighbour)
 {
     TopWnd top;
     PlainChild first(&top, 1);
@@ -435,7 +435,7 @@ TEST(Wnd, DestroysAllChildrenThoughOneDeletesItsNeighbour)
     top.destroy();
 }
 
-TEST(Wnd, DestroyedTwiceHasNoHandleAndNoHarmIsDone)
+TEST(Wnd, DestroyedTwiceHasNoHandleAndDoesNoHarm)
 {
     TopWnd wnd;
     ASSERT_TRUE(wnd.create(L""));

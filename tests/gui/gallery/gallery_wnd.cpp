@@ -108,7 +108,7 @@ bool GalleryWnd::on_draw_item(ovlib::WndMessage& message) const
     return ovlib::route_draw_item(message);
 }
 
-// Edit controls and the lists of combo boxes; read-only edit controls are dimmed.
+// For edit controls and the lists of combo boxes. Read-only edit controls are dimmed.
 bool GalleryWnd::on_field_color(ovlib::WndMessage& message, bool is_dimmed) const
 {
     const look::ThemePalette& colors = look::palette();

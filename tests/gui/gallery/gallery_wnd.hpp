@@ -1,4 +1,4 @@
-// The window that shows every control of the program, each in every state it has.
+// The window that shows every control of the program in all its states.
 #pragma once
 #include "look/shared_fonts.hpp"
 #include "look/wnd/fonts.hpp"
@@ -27,8 +27,8 @@ public:
     void create_params(CREATESTRUCTW& params) override;
     void apply_theme() override;
 
-    // A control of this window, which keeps it. Further arguments go to its constructor behind the parent and
-    // the id.
+    // Creates a control of this window and keeps it. Further arguments follow the parent and the id in its
+    // constructor.
     template <class Control, class... Arguments>
     Control& add(const RECT& place, const std::wstring& text, Arguments... arguments)
     {
@@ -39,20 +39,20 @@ public:
         control.show(true);
         return control;
     }
-    // For a control that is made some other way: keeps it, and nothing more.
+    // Only keeps a control that was created elsewhere.
     template <class Control> Control& keep(std::unique_ptr<Control> made)
     {
         Control& control = *made;
         exhibits_.push_back(std::move(made));
         return control;
     }
-    // From now on the owner-drawn `control` is told that it has these ODS_ bits, whatever it has.
+    // From now on the owner-drawn `control` is drawn with these ODS_ bits in addition to its own.
     void show_as(const ovlib::Wnd& control, UINT item_state) { shown_states_[control.hwnd()] |= item_state; }
     void write(const RECT& place, const std::wstring& text, SharedFont font);
     // Called while the window paints itself.
     void draw(std::function<void(HDC)> drawing) { drawings_.push_back(std::move(drawing)); }
 
-    // Called when the window stands, and again after a change of theme.
+    // Called when the window is shown, and again after a change of theme.
     void when_shown(std::function<void()> act) { acts_.push_back(std::move(act)); }
     void open_lists() const
     {

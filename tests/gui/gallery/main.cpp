@@ -2,7 +2,7 @@
 //     shows the controls in a theme, 6000 to 6006, until the window is closed; F1 to F6 change the theme, F7
 //     opens the menu
 // gallery --pictures FOLDER theme…
-//     leaves FOLDER/gallery-THEME.png and FOLDER/panes-THEME.png for each theme
+//     writes FOLDER/gallery-THEME.png and FOLDER/panes-THEME.png for each theme
 #include "app/wnd/app_bitmaps.hpp"
 #include "core/folders.hpp"
 #include "exhibits.hpp"
@@ -28,7 +28,7 @@ void choose_theme(std::int32_t theme)
     look::apply_theme_to_windows();
 }
 
-// Lets a user look: keys change the theme, whichever control has the focus.
+// For a user: keys change the theme, whichever control has the focus.
 class BrowsedGallery : public GalleryWnd {
 public:
     void dispatch(MSG& message) override
@@ -87,7 +87,7 @@ bool take_pictures(
 }
 
 struct Options {
-    std::wstring folder; // for pictures; empty: a user looks
+    std::wstring folder; // for pictures; empty: interactive
     std::vector<std::int32_t> themes;
 };
 

@@ -25,7 +25,7 @@ constexpr int cell_height = 260;
 constexpr int gap = 12;
 constexpr int caption_height = 22;
 
-// Stands for a shell that has a picture of everything.
+// Imitates a shell that has a picture of everything.
 class DrawnThumbnails : public media::ThumbnailSource {
 public:
     ovlib::GDI::Bitmap picture_of(const std::wstring&, int) override
@@ -102,7 +102,7 @@ private:
         pane_.show_selected_file();
         settle();
     }
-    // Until a paused animation has had its turns.
+    // Waits until a paused animation has drawn its frame.
     void settle()
     {
         for (int i = 0; i < 10; ++i) {

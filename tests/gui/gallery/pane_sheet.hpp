@@ -5,7 +5,7 @@
 
 namespace gallery {
 
-// Writes FOLDER/panes-THEME.png. The pane stands on the screen meanwhile, and the pointer goes over it.
+// Writes FOLDER/panes-THEME.png. Meanwhile the pane is on the screen and the pointer moves over it.
 bool save_pane_sheet(const std::wstring& folder, std::int32_t theme);
 
 } // namespace gallery

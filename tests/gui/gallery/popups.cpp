@@ -11,7 +11,7 @@ namespace command = core::command;
 using ovlib::menu_item;
 using ovlib::menu_separator;
 
-constexpr POINT banner_place{ 1310, 40 }; // in the client area, as all of these
+constexpr POINT banner_place{ 1310, 40 }; // in client coordinates, like all of these
 constexpr POINT tip_place{ 1330, 160 };
 constexpr POINT menu_place{ 1310, 250 };
 constexpr int submenu_row = 4;

@@ -1,4 +1,4 @@
-// What stands over the gallery's window: a banner, a tip and a menu.
+// The windows over the gallery's window: a banner, a tip and a menu.
 #pragma once
 #include "gallery_wnd.hpp"
 #include "look/wnd/warningwnd.hpp"
@@ -11,14 +11,14 @@ class Popups {
 public:
     explicit Popups(GalleryWnd& wnd);
 
-    // Banner, tip and the lists of combo boxes. The banner fades in.
+    // Shows the banner, the tip and the lists of combo boxes. The banner fades in.
     void show();
-    // Serves messages meanwhile, those that end the program not.
+    // Dispatches messages meanwhile, except those that end the program.
     void wait_for_banner() const;
     void hide();
-    // Until an item is chosen or the menu is left.
+    // Shows the menu until the user chooses an item or cancels.
     void open_menu();
-    // Opens the menu with its submenu, has `look` called and closes it again.
+    // Opens the menu with its submenu, calls `look` and closes the menu.
     void with_menu_open(const std::function<void()>& look);
 
 private:

@@ -6,12 +6,12 @@ namespace gallery {
 
 class Shelf {
 public:
-    // Fills `area` from its top.
+    // Fills `area` from the top.
     Shelf(GalleryWnd& wnd, const RECT& area);
 
-    // Begins a group with a title of its own.
+    // Starts a group with its own title.
     void group(const std::wstring& title);
-    // Room for an exhibit, beside the last one or in a new row.
+    // The rectangle for an exhibit, beside the previous one or in a new row.
     RECT place(int width, int height, const std::wstring& caption);
     void end_row();
     int bottom() const { return y_ + row_height_; }

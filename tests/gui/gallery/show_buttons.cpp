@@ -36,7 +36,7 @@ MyCheckBox& themed(MyCheckBox& box, bool is_checked)
     return box;
 }
 
-// The check boxes of the main window, as wide as it makes them.
+// The check boxes of the main window, in the widths that it gives them.
 struct MainCheckBox {
     const wchar_t* text;
     SIZE size;

@@ -1,4 +1,5 @@
-// What tells of a Book: the main window's tabs, page slider and status bar, and the page editor's bar.
+// The controls that show facts about a Book: tabs, page slider and status bar of the main window, and the
+// page editor's bar.
 #include "exhibits.hpp"
 #include "look/page_bar_runs.hpp"
 #include "look/wnd/image_button.hpp"
@@ -21,7 +22,7 @@ book::Page made_page(std::size_t index)
     page.text[0] = L"見出し " + std::to_wstring(index) + L"\r\n本文";
     page.mark = index % 5 == 0;
     if (index % 4 == 0) {
-        page.tab_number = 1; // numbered anew when counts are refreshed
+        page.tab_number = 1; // renumbered when the counts are refreshed
         page.tab_color = look::tab_color(index / 4).value;
     }
     if (index >= 12 && index < 18)
@@ -58,7 +59,7 @@ void add_page_buttons(GalleryWnd& wnd, const RECT& slider)
     }
 }
 
-// The buttons come first: what was created earlier lies on top.
+// The buttons come first, because a window created earlier is above a later one.
 void show_page_slider(Shelf& shelf)
 {
     const RECT place = shelf.place(355, 28, L"MySlider, with the page buttons");

@@ -6,7 +6,7 @@ namespace gallery {
 
 namespace {
 
-// A slider in the colours of the theme, as a window keeps them.
+// A slider in the theme's colours, as a window has it.
 class ThemedSlider : public ovlib::HorzSlider, public look::Themed {
 public:
     ThemedSlider(ovlib::Wnd* parent, int control_id)
