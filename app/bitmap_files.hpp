@@ -12,7 +12,7 @@ struct BitmapFile {
     const wchar_t* file; // in the resource folder, without its extension ".bmp"
 };
 
-// Command 2544 has no menu item. Its picture is kept for the item to come.
+// Command 2544 has a picture but no menu item yet.
 inline constexpr std::array bitmap_files{
     BitmapFile{ command::add_files, L"add_files" },
     BitmapFile{ command::add_page_at_end, L"ins_page_end" },

@@ -51,8 +51,8 @@ inline std::wstring target_of(const std::wstring& link)
     return media::ShellLink{ nullptr }.resolve(link);
 }
 
-// The log from the first line about links on. Lines about missing pictures, which the test's folder has none
-// of, come before.
+// The log from the first line about links on. Lines about missing pictures may precede it, because the test's
+// folder has no pictures.
 inline std::wstring link_lines(const LogEar& log)
 {
     const std::wstring heard = log.heard();
