@@ -77,6 +77,7 @@ bool select_file_by(book::Page& page, int command)
     return count != 0 && select_file(page, clamped(page.current_file, step_of(command, count), count));
 }
 
+// A rotation moves one entry over the entries in between, which keep their order.
 bool move_file(book::Page& page, int command)
 {
     const std::size_t count = page.files.size();

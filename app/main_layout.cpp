@@ -28,6 +28,7 @@ void place_checks(MainLayout& at)
     at.reversed_check = sized(at.random_check.left + 65, third_row, 50, 20);
 }
 
+// The page buttons are inside the slider's rectangle and cover its ends.
 void place_slider(MainLayout& at)
 {
     at.slider = sized(at.book_button.right + 225, at.book_button.top - 2, 355, 28);
@@ -63,6 +64,8 @@ void place_file_row(MainLayout& at, Size client)
 
 } // namespace
 
+// The sizes and gaps are those of the fixed design, in pixels. Most controls are placed relative to another
+// one, so a moved group keeps its shape.
 MainLayout main_layout(Size client)
 {
     MainLayout at;
@@ -107,6 +110,7 @@ FileNote file_note(const MainLayout& layout)
     return note;
 }
 
+// Below the divider box 2 and both gaps need 36 pixels. Boxes 1 and 3 may shrink to no height.
 int clamp_divider(const PageBoxes& boxes, int y)
 {
     return std::clamp(y, boxes.first.top, std::max(boxes.first.top, boxes.third.bottom - 36));
@@ -148,6 +152,7 @@ BoxGap gap_at(const PageBoxes& boxes, Point point)
     return BoxGap::none;
 }
 
+// The lower gap is the height of box 2 and the upper gap below the divider.
 int dragged_divider(BoxGap gap, int mouse_y)
 {
     constexpr int lower_offset = 32;

@@ -27,6 +27,7 @@ Book::PageCountOver::PageCountOver()
 {
 }
 
+// The revision is never reset: an index recorded for the old pages must not match the new ones.
 void Book::clear()
 {
     const std::uint64_t next_revision = revision + 1;
@@ -97,6 +98,7 @@ void Book::swap_pages(std::size_t first, std::size_t second)
     needs_update = true;
 }
 
+// Numbers the tabs from 1 in stored order. Pages beyond the maximum number of tabs lose theirs.
 void Book::recount()
 {
     constexpr auto limit = static_cast<std::size_t>(tab_limit);
@@ -116,8 +118,8 @@ void Book::recount()
     tab_count = static_cast<std::int32_t>(tab_indices.size());
 }
 
-// Pages may have come, gone or changed since the recount, so what the list says is only believed when it is
-// right.
+// Pages may have been inserted, removed or changed since the recount. So an index from the list is used only
+// if its page really has the number.
 Page* Book::page_of_tab(std::uint64_t number)
 {
     if (number == 0)

@@ -77,6 +77,7 @@ void GifRun::advance()
     current_frame_ = (current_frame_ + 1) % frame_count_;
 }
 
+// Each frame has an equal part of the bar. A click inside the bar has a share below 1, so the frame exists.
 bool GifRun::seek(Point click)
 {
     if (!bar_.contains(click))

@@ -64,6 +64,7 @@ void fill_image_extensions()
     UINT size = 0;
     if (!GDIPSession::is_running() || GdipGetImageDecodersSize(&count, &size) != Gdiplus::Ok || size == 0)
         return;
+    // One block for the records and the strings to which they point, aligned for any type.
     std::vector<std::max_align_t> memory(size / sizeof(std::max_align_t) + 1);
     auto* const decoders = reinterpret_cast<Gdiplus::ImageCodecInfo*>(memory.data());
     if (GdipGetImageDecoders(count, size, decoders) != Gdiplus::Ok)

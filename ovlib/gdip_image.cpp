@@ -204,6 +204,7 @@ bool GDIPGif::read_delays()
     if (GdipGetPropertyItemSize(image(), frame_delay, &size) != Gdiplus::Ok
         || size < sizeof(Gdiplus::PropertyItem))
         return false;
+    // One block for the record and the values to which it points, aligned for any type.
     std::vector<std::max_align_t> memory(size / sizeof(std::max_align_t) + 1);
     auto* const item = reinterpret_cast<Gdiplus::PropertyItem*>(memory.data());
     if (GdipGetPropertyItem(image(), frame_delay, size, item) != Gdiplus::Ok)

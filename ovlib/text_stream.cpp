@@ -60,6 +60,7 @@ void TextStream::draw_run(const std::wstring& text, RECT& rect, Measuring measur
     underline_next = false;
 }
 
+// The setters return the previous values, so a second call restores the device context and the stream.
 void TextStream::swap_colors()
 {
     color = Color{ SetTextColor(dc.handle(), color.value) };

@@ -56,6 +56,7 @@ void TipWnd::show(const std::wstring& text, POINT position)
         hide();
         return;
     }
+    // The picture is complete before the window moves or appears, so no old content is ever visible.
     draw();
     set_rect({ place.x, place.y, place.x + size.width, place.y + size.height }, false);
     if (!is_visible())

@@ -24,6 +24,7 @@ Wnd::~Wnd()
     (next_ != nullptr ? next_->prev_ : tail_) = prev_;
     prev_ = nullptr;
     next_ = nullptr;
+    // Watches live on the stack, so all existing ones form a list from the innermost to the outermost.
     for (WndWatch* watch = WndWatch::innermost_; watch != nullptr; watch = watch->outer_) {
         if (watch->wnd_ == this)
             watch->wnd_ = nullptr;
@@ -67,6 +68,8 @@ void Wnd::set_tab_order(std::uint16_t group, std::uint16_t index)
     tab_order_ = group == 0 || index == 0 ? 0u : static_cast<std::uint32_t>(group) << 16 | index;
 }
 
+// The next window is the one with the smallest number above the own one. Without such a window it is the
+// smallest of the group, so the order wraps.
 bool Wnd::focus_next()
 {
     if (tab_order_ == 0)

@@ -148,6 +148,7 @@ bool Wnd::is_visible() const
     return IsWindowVisible(hwnd_) != FALSE;
 }
 
+// An opaque window needs no layered style, so 255 removes it.
 void Wnd::set_alpha(std::uint8_t alpha)
 {
     const LONG style = GetWindowLongW(hwnd_, GWL_EXSTYLE);

@@ -126,6 +126,8 @@ void AppWnd::create_params(CREATESTRUCTW& params)
     params.style |= WS_CLIPCHILDREN;
 }
 
+// An exception must not leave the window procedure. The result -1 makes the system destroy the window again,
+// and CreateWindowExW fails.
 bool AppWnd::on_create(ovlib::WndMessage& message)
 {
     try {

@@ -21,6 +21,7 @@ Outcome open_book(MainParts& parts, const CommandInput&)
     return outcome_of(parts.session.open_book({}));
 }
 
+// For a number beyond the history the path is empty, and open_book asks the user for one.
 Outcome open_history_entry(MainParts& parts, const CommandInput& input)
 {
     const auto& entries = parts.session.history().entries();

@@ -42,6 +42,7 @@ bool FilePane::show_selected_file()
     const media::ImageLoader& loader = pane_.loader();
     const auto query = queries_.make();
     media::FileFacts facts = loader.facts_to_show();
+    // Reading the facts may dispatch messages. If a later call came meanwhile, its facts are the right ones.
     if (!queries_.is_latest(query))
         return false;
     facts_ = std::move(facts);

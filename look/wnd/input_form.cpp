@@ -18,6 +18,7 @@ bool EnterField::on_message(ovlib::WndMessage& message)
     return message.message == WM_CHAR && message.wparam == VK_RETURN && on_enter();
 }
 
+// The parent may delete this field in its command, so the field is watched.
 bool EnterField::on_enter()
 {
     if (text_length() == 0)
@@ -63,6 +64,7 @@ InputForm::Order InputForm::order() const
     return { control_id(), core::command::input_form_enter };
 }
 
+// The press of the first click gives the focus, so its release finds the flag set.
 void InputForm::on_click()
 {
     if (just_focused_)

@@ -54,6 +54,8 @@ void color_list_view(ovlib::ListView& list)
     list.set_colors(palette().box_back, palette().list_text);
 }
 
+// All windows take their colours before the first repaint, so that no paint mixes old and new ones.
+// Repainting the top-level windows includes their children.
 void apply_theme_to_windows()
 {
     const std::vector<HWND> windows = living_windows();

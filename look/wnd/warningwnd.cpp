@@ -68,6 +68,7 @@ void WarningWnd::make_font_and_icon()
     set_alpha(0);
 }
 
+// The window is shown at its current alpha and without activation; the timer changes the alpha from then on.
 void WarningWnd::show(const std::wstring& text)
 {
     if (!is_window())

@@ -214,6 +214,7 @@ void ImageCanvas::draw_labelled_text(
     HFONT font, const std::wstring& text, Point at, ovlib::Color color, int alpha)
 {
     const std::scoped_lock hold{ core::drawing_lock() };
+    // Blending writes into the bits, so GDI must have finished drawing.
     if (alpha < opaque_label) {
         ovlib::finish_drawing();
         blend_rect({ bits, stride, width, height }, black, alpha, label_box(at, text_size(dc(), font, text)));

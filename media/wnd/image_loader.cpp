@@ -76,6 +76,7 @@ bool ImageLoader::load(const std::wstring& entry)
     return loaded_.state != LoaderState::nothing;
 }
 
+// The pictures decode from the memory, so they are released before it.
 void ImageLoader::clear()
 {
     loaded_.state = LoaderState::nothing;

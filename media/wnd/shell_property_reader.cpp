@@ -48,6 +48,7 @@ PropertyValue stored_property(IPropertyStore& store, FileProperty property)
         for (ULONG i = 0; i < from.calpwstr.cElems; ++i)
             value.texts.emplace_back(from.calpwstr.pElems[i]);
     } else {
+        // Copies the union as 64 bits; value.type determines how to interpret them.
         value.bits = from.uhVal.QuadPart;
     }
     return value;
