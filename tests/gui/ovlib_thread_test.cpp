@@ -330,6 +330,22 @@ TEST(SleepFor, NeverReturnsEarlyByTheSystemClock)
     }
 }
 
+TEST(SleepFor, LeavesTheProcessorToOthers)
+{
+    const auto processor_time = [] {
+        FILETIME created{};
+        FILETIME ended{};
+        FILETIME kernel{};
+        FILETIME user{};
+        EXPECT_TRUE(GetThreadTimes(GetCurrentThread(), &created, &ended, &kernel, &user));
+        constexpr std::uint64_t units_per_millisecond = 10'000;
+        return (kernel.dwLowDateTime + std::uint64_t{ user.dwLowDateTime }) / units_per_millisecond;
+    };
+    const std::uint64_t before = processor_time();
+    ovlib::sleep_for(300);
+    EXPECT_LT(processor_time() - before, 150u);
+}
+
 constexpr std::int64_t latest = std::numeric_limits<std::int64_t>::max();
 
 TEST(SleepFor, LimitsItsEndToTheLargestNumber)
