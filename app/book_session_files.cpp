@@ -3,32 +3,13 @@
 #include "app/last_book.hpp"
 #include "core/data_root.hpp"
 #include "core/folders.hpp"
+#include "core/scoped_flag.hpp"
 #include "core/settings.hpp"
 #include "look/theme.hpp"
 #include "platform/file.hpp"
 #include "platform/path_text.hpp"
 
 namespace app {
-
-namespace {
-
-// Sets a flag for the length of a scope.
-class Flag {
-public:
-    explicit Flag(bool& flag)
-        : flag_(flag)
-    {
-        flag_ = true;
-    }
-    Flag(const Flag&) = delete;
-    Flag& operator=(const Flag&) = delete;
-    ~Flag() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
-
-} // namespace
 
 bool BookSession::create_book()
 {
@@ -107,7 +88,7 @@ bool BookSession::read_book(const std::wstring& path, std::wstring& error)
 {
     bool is_loaded = false;
     try {
-        const Flag loading{ is_loading_ };
+        const core::ScopedFlag loading{ is_loading_ };
         is_loaded = book_.load(path, error, [this](const std::wstring& question) {
             return talk().ask(question, BoxStyle::warning_question);
         });

@@ -15,7 +15,7 @@ core::Needs met_needs(const WindowState& windows, const book::Book& book)
     const book::Page* current = book.current_page();
     if (!current)
         return met;
-    const std::wstring* selected = current_entry(*current);
+    const std::wstring* selected = book::selected_entry(*current);
     add(true, page);
     add(selected && !selected->empty(), entry);
     add(!current->reference_folder.empty(), folder);

@@ -58,11 +58,6 @@ std::int64_t step_of(int command, std::size_t count)
 
 } // namespace
 
-const std::wstring* current_entry(const book::Page& page)
-{
-    return page.current_file < page.files.size() ? &page.files[page.current_file] : nullptr;
-}
-
 bool select_file(book::Page& page, std::uint64_t place)
 {
     if (place >= page.files.size())
@@ -81,7 +76,7 @@ bool select_file_by(book::Page& page, int command)
 bool move_file(book::Page& page, int command)
 {
     const std::size_t count = page.files.size();
-    if (!current_entry(page))
+    if (!book::selected_entry(page))
         return false;
     const auto from = page.files.begin() + static_cast<std::ptrdiff_t>(page.current_file);
     page.current_file = clamped(page.current_file, step_of(command, count), count);
@@ -95,7 +90,7 @@ bool move_file(book::Page& page, int command)
 
 bool remove_file(book::Page& page)
 {
-    if (!current_entry(page))
+    if (!book::selected_entry(page))
         return false;
     page.files.erase(page.files.begin() + static_cast<std::ptrdiff_t>(page.current_file));
     const std::uint64_t last = page.files.empty() ? 0 : page.files.size() - 1;

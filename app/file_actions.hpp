@@ -11,9 +11,6 @@
 
 namespace app {
 
-// The selected entry; null if the list is empty.
-const std::wstring* current_entry(const book::Page& page);
-
 // For the combo box and for commands 2532 to 2535. The selection does not wrap at either end.
 bool select_file(book::Page& page, std::uint64_t place);
 bool select_file_by(book::Page& page, int command);

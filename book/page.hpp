@@ -40,4 +40,10 @@ struct Page {
     friend bool operator==(const Page&, const Page&) = default;
 };
 
+// The selected entry of the file list; null if there is none.
+inline const std::wstring* selected_entry(const Page& page)
+{
+    return page.current_file < page.files.size() ? &page.files[page.current_file] : nullptr;
+}
+
 } // namespace book

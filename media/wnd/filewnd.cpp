@@ -3,6 +3,7 @@
 #include "core/data_root.hpp"
 #include "core/folders.hpp"
 #include "core/locks.hpp"
+#include "core/scoped_flag.hpp"
 #include "core/settings.hpp"
 #include "core/titles.hpp"
 #include "ovlib/gui/system_geometry.hpp"
@@ -25,22 +26,6 @@ constexpr auto still_running = L"GifThread is still running.";
 
 // At most one drag runs in this process.
 bool is_dragging = false;
-
-// Sets a flag for the length of a scope.
-class Flagged {
-public:
-    explicit Flagged(bool& flag)
-        : flag_(flag)
-    {
-        flag_ = true;
-    }
-    Flagged(const Flagged&) = delete;
-    Flagged& operator=(const Flagged&) = delete;
-    ~Flagged() { flag_ = false; }
-
-private:
-    bool& flag_;
-};
 
 platform::Size drag_distance()
 {
@@ -140,7 +125,7 @@ void FileWnd::show_selected_file()
     loads_.make();
     if (is_loading_)
         return;
-    const Flagged loading{ is_loading_ };
+    const core::ScopedFlag loading{ is_loading_ };
     auto served = core::LatestRequest::Request::none;
     while (!loads_.is_latest(served) && book_->current_page()) {
         served = loads_.latest();
@@ -194,7 +179,8 @@ void FileWnd::apply_theme()
 std::wstring FileWnd::selected_entry() const
 {
     const book::Page* page = book_->current_page();
-    return page && page->current_file < page->files.size() ? page->files[page->current_file] : std::wstring{};
+    const std::wstring* entry = page ? book::selected_entry(*page) : nullptr;
+    return entry ? *entry : std::wstring{};
 }
 
 bool FileWnd::on_paint()
@@ -286,7 +272,7 @@ void FileWnd::drag_file()
     drag_.disarm();
     if (is_dragging)
         return;
-    const Flagged running{ is_dragging };
+    const core::ScopedFlag running{ is_dragging };
     file_drag_->run(path);
 }
 

@@ -145,10 +145,10 @@ TEST(SortFiles, KeepsEveryEntryOfEqualOnes)
 TEST(CurrentEntry, IsNoneBeyondTheList)
 {
     book::Page page = page_of({ L"a" }, 0);
-    ASSERT_NE(app::current_entry(page), nullptr);
-    EXPECT_EQ(*app::current_entry(page), L"a");
+    ASSERT_NE(book::selected_entry(page), nullptr);
+    EXPECT_EQ(*book::selected_entry(page), L"a");
     page.current_file = 1;
-    EXPECT_EQ(app::current_entry(page), nullptr);
+    EXPECT_EQ(book::selected_entry(page), nullptr);
 }
 
 } // namespace
