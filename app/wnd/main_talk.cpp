@@ -1,7 +1,7 @@
 #include "app/wnd/main_talk.hpp"
 #include "app/file_texts.hpp"
 #include "app/wnd/shell_folders.hpp"
-#include "book/history_rows.hpp"
+#include "book/history_view.hpp"
 #include "core/data_root.hpp"
 #include "core/titles.hpp"
 #include "platform/path_text.hpp"

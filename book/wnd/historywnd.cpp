@@ -1,5 +1,4 @@
 #include "book/wnd/historywnd.hpp"
-#include "book/history_rows.hpp"
 #include "book/history_view.hpp"
 #include "core/folders.hpp"
 #include "look/theme.hpp"

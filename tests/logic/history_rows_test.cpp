@@ -1,5 +1,5 @@
 // The rows, title and commands of the history window.
-#include "book/history_rows.hpp"
+#include "book/history_view.hpp"
 #include <gtest/gtest.h>
 
 namespace {
