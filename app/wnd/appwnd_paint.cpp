@@ -88,7 +88,7 @@ bool AppWnd::on_paint()
 void AppWnd::draw(const ovlib::DC& dc) const
 {
     draw_checks_frame(dc, parts_.layout);
-    parts_.file_pane.draw_note(dc, parts_.layout, file_counter_text(book()));
+    parts_.file_view.draw_note(dc, parts_.layout, file_counter_text(book()));
 }
 
 } // namespace app

@@ -70,7 +70,7 @@ Outcome show_file_menu(MainParts& parts, const CommandInput&)
     FileMenuState state;
     state.entry_count = page->files.size();
     state.interpolation_command = core::settings().interpolation_command;
-    if (const std::wstring* entry = current_entry(*page)) {
+    if (const std::wstring* entry = book::selected_entry(*page)) {
         core::set_current_directory(L"");
         state.entry = *entry;
         state.entry_name = media::display_name(*entry);
@@ -146,7 +146,7 @@ Outcome search_moved_file(MainParts& parts, const CommandInput&)
     media::HashedLinkNames names{ link_folder() + L"\\" };
     media::SystemPaths paths;
     MovedFileTalk talk{ parts };
-    const std::wstring* entry = current_entry(*page);
+    const std::wstring* entry = book::selected_entry(*page);
     const std::wstring searched = entry ? *entry : std::wstring{};
     return outcome_of(media::search_moved_file(searched, { link, names, paths, talk }));
 }
@@ -182,7 +182,7 @@ Outcome show_file_in_folder(MainParts& parts, const CommandInput&)
 Outcome choose_interpolation(MainParts& parts, const CommandInput& input)
 {
     core::settings().interpolation_command = input.id;
-    parts.file_pane.scale_anew();
+    parts.file_view.scale_anew();
     return Outcome::done;
 }
 

@@ -16,7 +16,7 @@ using core::View;
 
 void show_file_pane(MainParts& parts)
 {
-    if (!parts.file_pane.show_selected_file() || !parts.window.is_window())
+    if (!parts.file_view.show_selected_file() || !parts.window.is_window())
         return;
     for (const Rect& place : { parts.layout.file_counter, file_note(parts.layout).area }) {
         const RECT rect = ovlib::to_rect(place);
@@ -95,7 +95,7 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
     , desk(&window, controls)
     , talk(window, session.book().path, session.history(), [this] { links.start_shortcut_creation_async(); })
     , links(window, talk, session.book())
-    , file_pane(&window, &session.book(), path_answers)
+    , file_view(&window, &session.book(), path_answers)
     , background(window, desk, [this](int y) { session.book().header.divider = y; })
     , menu_pictures(app_bitmap)
 {
@@ -103,7 +103,7 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
 
 bool MainParts::create()
 {
-    return desk.create() && controls.create() && file_pane.create();
+    return desk.create() && controls.create() && file_view.create();
 }
 
 void MainParts::lay_out()
@@ -112,7 +112,7 @@ void MainParts::lay_out()
     layout = main_layout({ client.cx, client.cy });
     desk.place(layout.boxes);
     controls.place(layout);
-    file_pane.place(layout);
+    file_view.place(layout);
     desk.show();
 }
 

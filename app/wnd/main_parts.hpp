@@ -2,7 +2,7 @@
 #pragma once
 #include "app/book_session.hpp"
 #include "app/wnd/background.hpp"
-#include "app/wnd/file_pane.hpp"
+#include "app/wnd/file_view.hpp"
 #include "app/wnd/link_maker.hpp"
 #include "app/wnd/main_controls.hpp"
 #include "app/wnd/main_talk.hpp"
@@ -32,7 +32,7 @@ struct MainParts {
     MainTalk talk;
     LinkMaker links;
     media::PathAnswers path_answers; // shared by all views during one refresh
-    FilePane file_pane;
+    FileView file_view;
     Background background;
     ovlib::MenuPictures menu_pictures;
     MainLayout layout;

@@ -8,10 +8,10 @@
 
 namespace app {
 
-class FilePane {
+class FileView {
 public:
     // All must outlive the pane.
-    FilePane(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths);
+    FileView(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths);
 
     bool create();
     void place(const MainLayout& layout);

@@ -1,4 +1,4 @@
-#include "app/wnd/file_pane.hpp"
+#include "app/wnd/file_view.hpp"
 #include "core/folders.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
@@ -16,25 +16,25 @@ constexpr look::SharedFont note_font = look::SharedFont::ui_9_bold;
 
 } // namespace
 
-FilePane::FilePane(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths)
+FileView::FileView(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths)
     : paths_(paths)
     , pane_(parent, book, { thumbnails_, properties_, paths })
 {
 }
 
-bool FilePane::create()
+bool FileView::create()
 {
     small_picture_.set_film(
         ovlib::GDI::Bitmap{ ovlib::GDI::load_bitmap(core::folders().res + L"\\perfo.bmp") });
     return pane_.create(L"");
 }
 
-void FilePane::place(const MainLayout& layout)
+void FileView::place(const MainLayout& layout)
 {
     pane_.set_rect(to_rect(layout.file_pane), false);
 }
 
-bool FilePane::show_selected_file()
+bool FileView::show_selected_file()
 {
     pane_.show_selected_file();
     if (pane_.is_loading())
@@ -50,7 +50,7 @@ bool FilePane::show_selected_file()
     return queries_.is_latest(query);
 }
 
-void FilePane::draw_note(const ovlib::DC& dc, const MainLayout& layout, const std::wstring& counter) const
+void FileView::draw_note(const ovlib::DC& dc, const MainLayout& layout, const std::wstring& counter) const
 {
     if (counter.empty())
         return;
