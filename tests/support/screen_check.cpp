@@ -13,6 +13,7 @@ namespace {
 constexpr UINT unfit_exit_code = 77;
 constexpr std::chrono::seconds patience{ 20 };
 constexpr std::chrono::milliseconds between_clicks{ 500 };
+constexpr std::chrono::milliseconds calm{ 30 };
 constexpr int side = 24;
 
 // A small window in the corner of the screen, away from where programs open their windows.
@@ -40,23 +41,28 @@ public:
         pump();
     }
 
-    // Brings the window to the front once and clicks it repeatedly, because the first click may come too
-    // early.
+    // Clicks the window repeatedly, because the first click may come too early. It must also keep the focus
+    // for a moment: a program that takes the focus again and again would take it from the tests too.
     bool becomes_usable()
     {
         using clock = std::chrono::steady_clock;
         const auto deadline = clock::now() + patience;
         auto next_click = clock::now();
+        auto usable_since = clock::time_point::max();
         do {
             if (GetForegroundWindow() != window_)
                 SetForegroundWindow(window_);
-            if (has_focus() && is_in_place() && clock::now() >= next_click) {
+            if (has_focus() && is_in_place() && !is_clicked_ && clock::now() >= next_click) {
                 click();
                 next_click = clock::now() + between_clicks;
             }
             MsgWaitForMultipleObjects(0, nullptr, FALSE, 4, QS_ALLINPUT);
             pump();
-            if (has_focus() && is_in_place() && is_clicked_)
+            if (!has_focus() || !is_in_place() || !is_clicked_)
+                usable_since = clock::time_point::max();
+            else if (usable_since == clock::time_point::max())
+                usable_since = clock::now();
+            else if (clock::now() - usable_since >= calm)
                 return true;
         } while (clock::now() < deadline);
         return false;
