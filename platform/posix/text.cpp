@@ -19,6 +19,8 @@ constexpr Run runs[] = {
 #include "platform/posix/lower_case_table.inc"
 };
 
+// A table from Unicode's data and not towlower, whose result depends on the locale: in the "C" locale it maps
+// only ASCII letters.
 UnitTable make_lower_case_table()
 {
     UnitTable table{};
