@@ -1,5 +1,4 @@
 #include "app/command_run.hpp"
-#include "app/file_actions.hpp"
 #include <utility>
 
 namespace app {

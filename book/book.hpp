@@ -45,7 +45,7 @@ public:
     Page* insert_page(std::size_t index, Page page);
     // The same with an empty page in these colours, stamped now.
     void new_page(std::size_t index, const PageColors& colors);
-    // Erases every page whose selection is exactly `selected`; true when one went.
+    // Erases every page whose selection is exactly `selected`. True if there was one.
     bool remove_selected();
     // Erases the page at `position` and keeps the position inside. An emptied Book gets one empty page in
     // these colours. False when there is no page there.
@@ -71,12 +71,13 @@ public:
     // Throws std::out_of_range for a stamp of fewer than 14 characters under the key `modified`.
     void rebuild_order();
 
-    // False with the reason in `error`. Takes the path by value: it may be the Book's own, or an entry that
-    // goes away.
+    // False with the reason in `error`. Takes the path by value: loading clears the Book's own path, and an
+    // entry of the history may be erased meanwhile.
     bool load(std::wstring path, std::wstring& error, const AskUser& ask_user);
     // True when the file could be opened for writing. Trims the texts of the pages as it writes them.
     bool save();
-    // The same to another file: where the Book stands in the file system need not be how its path reads.
+    // The same to another file: the path in the file system may differ from `path`, which may be relative to
+    // the data root.
     bool save_to(const std::wstring& file);
 
     BookHeader header;

@@ -16,16 +16,16 @@ namespace book {
 
 enum class HeaderStatus { good, unreadable, older_format, damaged };
 
-// Reads the three lines of the header. `header` is written only when they are good; when they are damaged the
-// reader stands behind them.
+// Reads the three lines of the header. Writes `header` only if they are good. If they are damaged, the reader
+// continues after them.
 HeaderStatus read_header(LineReader& reader, BookHeader& header);
 
-// Appends the pages that follow. False when a numbers line cannot be read: the pages before it have come. A
-// page that is not complete at the end is dropped.
+// Appends the pages that follow. False if a numbers line cannot be read; the pages before it were appended.
+// An incomplete page at the end is dropped.
 bool read_pages(LineReader& reader, std::uint64_t file_size, std::vector<Page>& pages);
 
-// Fills a cleared `book` from `source`; `path` becomes the Book's own and stands in questions and `error`.
-// False with the reason in `error`, which stays empty when the user declined a damaged header.
+// Fills a cleared `book` from `source`; `path` becomes the Book's own and is named in questions and in
+// `error`. False with the reason in `error`, which stays empty when the user declined a damaged header.
 bool load_book(
     Book& book, ByteSource& source, const std::wstring& path, std::wstring& error, const AskUser& ask_user);
 

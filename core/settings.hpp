@@ -1,13 +1,14 @@
 // The settings of the installation. A Book's own settings are in its header.
 #pragma once
+#include "core/command_ids.hpp"
 #include "platform/geometry.hpp"
 #include <cstdint>
 #include <string>
 
 namespace core {
 
-inline constexpr std::int32_t first_interpolation = 5000;
-inline constexpr std::int32_t default_interpolation = 5005;
+inline constexpr std::int32_t first_interpolation = command::first_interpolation_command;
+inline constexpr std::int32_t default_interpolation = command::last_interpolation_command;
 inline constexpr std::int32_t view_whole = 2100;
 inline constexpr std::int32_t default_view_mode = 2101;
 
