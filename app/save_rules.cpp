@@ -17,13 +17,6 @@ void commit_edits(BoxEdits edits, book::Page& page)
     }
 }
 
-void renew_stamp(std::wstring& stamp, std::wstring_view now)
-{
-    if (stamp.size() > book::time_length)
-        stamp.resize(book::time_length);
-    stamp += now;
-}
-
 std::wstring save_failure_text(const std::wstring& path, std::uint32_t attributes)
 {
     // 0xFFFFFFFF, the value for a file that cannot be examined, has this bit too. Such a file is reported as

@@ -1,6 +1,7 @@
 // When a Book is written, how the edits are committed before, and the message about a failure.
 #pragma once
 #include "book/page.hpp"
+#include "book/page_text.hpp"
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -54,8 +55,7 @@ using BoxEdits = std::array<std::optional<std::wstring>, book::box_count>;
 // Trims box 2 at both ends and removes U+0003 from all texts.
 void commit_edits(BoxEdits edits, book::Page& page);
 
-// Keeps the creation time, as far as there is one, and appends `now`.
-void renew_stamp(std::wstring& stamp, std::wstring_view now);
+using book::renew_stamp;
 
 inline constexpr wchar_t save_question[] = L"ページの内容が変更されています．\r\nファイルに保存しますか？";
 

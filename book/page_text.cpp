@@ -1,4 +1,5 @@
 #include "book/page_text.hpp"
+#include "book/page.hpp"
 #include "platform/text.hpp"
 #include <algorithm>
 
@@ -73,6 +74,13 @@ std::wstring time_text(const platform::LocalTime& time)
 std::wstring current_time_text()
 {
     return time_text(platform::local_time());
+}
+
+void renew_stamp(std::wstring& stamp, std::wstring_view now)
+{
+    if (stamp.size() > time_length)
+        stamp.resize(time_length);
+    stamp += now;
 }
 
 } // namespace book

@@ -28,4 +28,7 @@ using platform::same_text_ignoring_case;
 std::wstring time_text(const platform::LocalTime& time);
 std::wstring current_time_text();
 
+// Makes `now` the time of the last modification. Keeps the creation time, as far as there is one.
+void renew_stamp(std::wstring& stamp, std::wstring_view now);
+
 } // namespace book

@@ -64,8 +64,7 @@ bool QueryMatcher::collect_term(const Page& page, std::size_t term, std::vector<
         hits.push_back({ query_.terms[term], place, start, start + finder.length() });
     };
     for (std::size_t box = 0; box < box_count; ++box)
-        for (std::size_t pos = 0; finder.find(page.text[box], pos); pos += finder.length())
-            add_hit(box_place + box, pos);
+        finder.for_each(page.text[box], [&](std::size_t start) { add_hit(box_place + box, start); });
     // Unlike a box, an entry of the file list gives at most one hit.
     for (std::size_t i = 0; query_.in_file_list && i < page.files.size(); ++i)
         if (std::size_t pos = 0; finder.find(page.files[i], pos))

@@ -124,17 +124,6 @@ bool TermFinder::finds_any(std::span<const TermFinder> finders, std::wstring_vie
     return false;
 }
 
-std::size_t TermFinder::find_in_piece(
-    const NarrowText& piece, std::size_t begin, std::wstring_view text, std::size_t from) const
-{
-    if (term_.empty() || text.size() - begin < term_.size())
-        return text.size();
-    const std::size_t starts = std::min(text.size() - begin - term_.size() + 1, NarrowText::most_starts);
-    const std::size_t found = piece.find(
-        first_, second_, starts, [&](std::size_t start) { return occurs_at(text, begin + start, from); });
-    return found == starts ? text.size() : begin + found;
-}
-
 bool TermFinder::occurs_at(std::wstring_view text, std::size_t start, std::size_t from) const
 {
     // Never start in the middle of a surrogate pair, unless the caller began the search there.
