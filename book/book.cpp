@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::uint32_t not_fatal = 0;
 
+} // namespace
+
 Page empty_page(const PageColors& colors)
 {
     Page page;
@@ -19,8 +21,6 @@ Page empty_page(const PageColors& colors)
     page.back_color = colors.back;
     return page;
 }
-
-} // namespace
 
 Book::PageCountOver::PageCountOver()
     : MyException(L"ページ数の上限 [" + platform::grouped_number(page_limit) + L"] を超えます", not_fatal)

@@ -19,6 +19,9 @@ inline constexpr std::size_t npos = static_cast<std::size_t>(-1);
 // Takes a question and answers true for yes.
 using AskUser = std::function<bool(const std::wstring& question)>;
 
+// A page without text in these colours, stamped now.
+Page empty_page(const PageColors& colors);
+
 // An index is a place in `pages` (stored order); a position is a place in display order. `position_to_index`
 // is the only bridge. Used on one thread.
 class Book {
@@ -47,6 +50,15 @@ public:
     void new_page(std::size_t index, const PageColors& colors);
     // Erases every page whose selection is exactly `selected`. True if there was one.
     bool remove_selected();
+    // The same for the page editor: keeps the position inside, and an emptied Book gets one empty page in
+    // these colours.
+    bool delete_selected(const PageColors& colors);
+    // Puts the selected pages before stored place `index`, in their order. `copy`: copies of them, which are
+    // `pasted`. `cut`: the pages themselves, which stay selected. The last of them becomes the position, a
+    // stored index. False if `index` is past the end, if no page is selected or if `mode` is none. Throws
+    // PageCountOver if pages and selected pages together reach `page_limit`, also for a cut. The Book has not
+    // changed when it returns false or throws.
+    bool paste_selected(std::size_t index, ClipMode mode);
     // Erases the page at `position` and keeps the position inside. An emptied Book gets one empty page in
     // these colours. False when there is no page there.
     bool remove_page_at(std::uint64_t position, const PageColors& colors);

@@ -20,6 +20,9 @@ struct PageColors {
 
 enum class PageSelection : std::uint32_t { none = 0, selected = 1, pasted = 2 };
 
+// What the page editor will do with the selected pages when they are pasted.
+enum class ClipMode : std::int32_t { none = 0, copy = 1, cut = 2 };
+
 // A record, copied by value. Text is UTF-16 with CR LF between lines and never contains U+0003, which
 // separates the fields in a file.
 struct Page {
