@@ -1,0 +1,162 @@
+#include "book/result_rows.hpp"
+#include "book/page.hpp"
+#include <algorithm>
+#include <cwchar>
+#include <locale>
+#include <sstream>
+#include <utility>
+
+namespace book {
+
+namespace {
+
+constexpr std::wstring_view box_word = L"Box";
+constexpr std::wstring_view file_word = L"File";
+
+// The box of a hit; nullopt for one in the file list.
+std::optional<std::size_t> box_of(const SearchHit& hit)
+{
+    if (hit.place < box_place || hit.place >= box_place + box_count)
+        return std::nullopt;
+    return static_cast<std::size_t>(hit.place - box_place);
+}
+
+std::wstring place_text(const SearchHit& hit)
+{
+    if (const auto box = box_of(hit))
+        return std::wstring(box_word) + L' ' + std::to_wstring(*box + 1);
+    return std::wstring(file_word) + L' ' + std::to_wstring(hit.place - file_place + 1);
+}
+
+// The lines of the hits in one box. A control looks for the line of a position among all of its lines, so for
+// many hits it is cheaper to take all line starts once.
+class LinesOfBox {
+public:
+    LinesOfBox(const std::vector<SearchHit>& hits, std::size_t box, const BoxLines& lines)
+        : box_(box)
+        , lines_(lines)
+    {
+        const auto count =
+            static_cast<std::size_t>(std::ranges::count(hits, box_place + box, &SearchHit::place));
+        if (count == 0)
+            return;
+        const std::size_t line_count = lines.line_count(box);
+        if (count <= line_count)
+            return;
+        starts_.reserve(line_count);
+        for (std::size_t line = 0; line < line_count; ++line)
+            starts_.push_back(lines.line_start(box, line));
+    }
+
+    std::size_t line_of(std::uint64_t position) const
+    {
+        if (starts_.empty())
+            return lines_.line_of(box_, position);
+        const auto after = std::ranges::upper_bound(starts_, position);
+        return after == starts_.begin() ? 0 : static_cast<std::size_t>(after - starts_.begin()) - 1;
+    }
+
+private:
+    std::size_t box_;
+    const BoxLines& lines_;
+    std::vector<std::uint64_t> starts_; // empty: the control is asked for each hit
+};
+
+// Two numbers with a hyphen between them. Each is read as far as it goes, in the base that its prefix says.
+bool read_range(std::wstring_view text, SearchHit& hit)
+{
+    if (std::ranges::count(text, L'-') != 1)
+        return false;
+    const std::size_t hyphen = text.find(L'-');
+    const auto number = [](std::wstring_view digits) {
+        return static_cast<std::uint64_t>(std::wcstol(std::wstring(digits).c_str(), nullptr, 0));
+    };
+    hit.start = number(text.substr(0, hyphen));
+    hit.end = number(text.substr(hyphen + 1));
+    return true;
+}
+
+} // namespace
+
+int last_result_width(int room)
+{
+    constexpr int least = 100;
+    for (const ResultColumn& column : result_columns)
+        room -= column.width;
+    return std::max(room, least);
+}
+
+std::wstring results_title(std::uint64_t position, std::size_t row_count)
+{
+    std::wstring title = L"p." + std::to_wstring(position + 1) + L" の検索結果";
+    if (row_count != 0)
+        title += L"  [" + std::to_wstring(row_count) + L"件]";
+    return title;
+}
+
+ResultRows::ResultRows(std::vector<SearchHit> hits, const BoxLines& lines)
+    : hits_(std::move(hits))
+    , lines_(hits_.size())
+{
+    const std::array boxes{ LinesOfBox(hits_, 0, lines), LinesOfBox(hits_, 1, lines),
+        LinesOfBox(hits_, 2, lines) };
+    static_assert(boxes.size() == box_count);
+    for (std::size_t row = 0; row < hits_.size(); ++row)
+        if (const auto box = box_of(hits_[row]))
+            lines_[row] = boxes[*box].line_of(hits_[row].start);
+}
+
+std::wstring ResultRows::cell(int row, int column) const
+{
+    if (row < 0 || static_cast<std::size_t>(row) >= hits_.size())
+        return {};
+    const SearchHit& hit = hits_[static_cast<std::size_t>(row)];
+    if (column == term_cell)
+        return hit.term;
+    if (column == place_cell)
+        return place_text(hit);
+    if (!box_of(hit))
+        return {};
+    if (column == line_cell)
+        return std::to_wstring(lines_[static_cast<std::size_t>(row)] + 1);
+    if (column == range_cell)
+        return std::to_wstring(hit.start) + L'-' + std::to_wstring(hit.end);
+    return {};
+}
+
+std::optional<SearchHit> ResultRows::parse_row(int row) const
+{
+    return parse_result(cell(row, place_cell), cell(row, range_cell));
+}
+
+std::optional<SearchHit> parse_result(std::wstring_view place, std::wstring_view range)
+{
+    std::wistringstream stream{ std::wstring(place) };
+    stream.imbue(std::locale::classic());
+    std::wstring word;
+    std::int64_t number = 0;
+    if (!(stream >> word >> number) || number < 1)
+        return std::nullopt;
+    SearchHit hit;
+    const auto ordinal = static_cast<std::uint64_t>(number) - 1;
+    if (word == file_word) {
+        hit.place = file_place + ordinal;
+        return hit;
+    }
+    if (word != box_word || ordinal >= box_count || !read_range(range, hit))
+        return std::nullopt;
+    hit.place = box_place + ordinal;
+    return hit;
+}
+
+RefillPlan refill_plan(
+    const std::vector<SearchHit>& old_hits, const std::vector<SearchHit>& new_hits, int select_row)
+{
+    if (new_hits.empty())
+        return { .clears_boxes = true };
+    if (select_row >= 0)
+        return { .row = static_cast<std::size_t>(select_row) < new_hits.size() ? select_row : -1 };
+    return { .keeps_view = old_hits == new_hits };
+}
+
+} // namespace book

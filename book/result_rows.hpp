@@ -1,0 +1,96 @@
+// The rows of the search results: the hits of one page, one a row, as texts.
+#pragma once
+#include "book/search.hpp"
+#include "platform/geometry.hpp"
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace book {
+
+inline constexpr platform::Size results_client_size{ 300, 300 };
+
+struct ResultColumn {
+    const wchar_t* title = L"";
+    int width = 0;
+};
+// The last column has no width of its own.
+inline constexpr std::array result_columns{ ResultColumn{ L"語句", 80 }, ResultColumn{ L"場所", 60 },
+    ResultColumn{ L"行", 60 }, ResultColumn{ L"範囲" } };
+enum ResultCell : int { term_cell, place_cell, line_cell, range_cell };
+
+// The width of the last column where the rows are `room` wide, without a scroll bar.
+int last_result_width(int room);
+
+// "p.1 の検索結果", with the number of rows if there are any.
+std::wstring results_title(std::uint64_t position, std::size_t row_count);
+
+// Knows on which line of a box a text position is. All lines and positions count from 0.
+class BoxLines {
+public:
+    virtual ~BoxLines() = default;
+
+    virtual std::size_t line_of(std::size_t box, std::uint64_t position) const = 0;
+    virtual std::size_t line_count(std::size_t box) const = 0;
+    // Where a line starts.
+    virtual std::uint64_t line_start(std::size_t box, std::size_t line) const = 0;
+};
+
+// A copy of hits, so that rows stay what they were when the list was filled. Cells are made when they are
+// asked for: any number of rows costs no more than the copy and their line numbers.
+class ResultRows {
+public:
+    ResultRows() = default;
+    // `lines` is used for the time of the call.
+    ResultRows(std::vector<SearchHit> hits, const BoxLines& lines);
+
+    std::size_t count() const { return hits_.size(); }
+    const std::vector<SearchHit>& hits() const { return hits_; }
+    // Empty for a row or column that does not exist.
+    std::wstring cell(int row, int column) const;
+    // What the cells of a row say. nullopt for a row that does not exist.
+    std::optional<SearchHit> parse_row(int row) const;
+
+private:
+    std::vector<SearchHit> hits_;
+    std::vector<std::size_t> lines_; // of each hit; 0 for hits in the file list
+};
+
+// Reads a row back from its cells: place and range, without the term. Text that a row never has is refused:
+// nullopt.
+std::optional<SearchHit> parse_result(std::wstring_view place, std::wstring_view range);
+
+// Why the rows are filled anew.
+enum class RefillCause {
+    page_shown, // the page was shown, also again
+    query_changed, // the search text or one of its switches
+    window_opened,
+    file_list_changed,
+    wrapping_changed,
+    page_saved,
+};
+// The row to select then, -1 for none: only what the user searched for or turned to may move the selection in
+// the boxes and the selected file.
+constexpr int row_to_select(RefillCause cause)
+{
+    const bool selects = cause == RefillCause::page_shown || cause == RefillCause::query_changed
+        || cause == RefillCause::window_opened;
+    return selects ? 0 : -1;
+}
+
+// What a refill does with the selection.
+struct RefillPlan {
+    bool keeps_view = false; // selected row and scroll position stay
+    int row = -1; // the row to select, -1 for none
+    bool clears_boxes = false; // there is no hit: the selections in the boxes go
+
+    friend bool operator==(const RefillPlan&, const RefillPlan&) = default;
+};
+RefillPlan refill_plan(
+    const std::vector<SearchHit>& old_hits, const std::vector<SearchHit>& new_hits, int select_row);
+
+} // namespace book
