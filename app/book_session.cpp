@@ -1,9 +1,11 @@
 // Showing, committing, saving and leaving the page on the desk, and the updates after each command.
 #include "app/book_session.hpp"
+#include "book/file_list_text.hpp"
 #include "book/page_text.hpp"
 #include "core/data_root.hpp"
 #include "core/titles.hpp"
 #include "platform/file.hpp"
+#include "platform/process_log.hpp"
 #include <utility>
 
 namespace app {
@@ -65,9 +67,18 @@ void BookSession::commit_edits()
         return;
     std::wstring stamp = page->stamp;
     renew_stamp(stamp, book::current_time_text());
+    std::optional<std::wstring> list = desk().file_list_edit();
+    std::vector<std::wstring> files;
+    if (list)
+        files = book::file_list_entries(*std::move(list));
     app::commit_edits(desk().edits(), *page);
     page->stamp = std::move(stamp);
     note_content_change();
+    if (!list)
+        return;
+    book::set_file_list(*page, std::move(files));
+    ovlib::WinApp::process_log() << L"save_book() → FileListEditor::apply()\r\n";
+    talk().file_list_committed(std::vector<std::wstring>(page->files));
 }
 
 bool BookSession::write_book()

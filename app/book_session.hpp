@@ -17,6 +17,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace app {
 
@@ -28,6 +29,10 @@ public:
     virtual bool has_edits() const = 0;
     // The texts of the edited boxes; nullopt for a box without edits.
     virtual BoxEdits edits() const = 0;
+    // The text in the editor of the file list if it was edited. It belongs to the page in the boxes.
+    virtual std::optional<std::wstring> file_list_edit() const { return std::nullopt; }
+    // Marks only that editor unedited; the next refresh fills it from the page.
+    virtual void drop_file_list_edit() { }
     // Puts a page into the boxes and marks them unedited. If `is_shown_already`, the selection is kept.
     virtual void show(const book::Page& page, bool is_shown_already) = 0;
     // Stores the scroll positions of the boxes in `page`.
@@ -44,6 +49,8 @@ public:
     virtual book::SearchQuery query() const = 0;
 };
 
+enum class Answer { yes, no, cancel };
+
 // Boxes, dialogs and notifications. Each call that shows something dispatches messages: afterwards the page
 // and the Book may be others, and the window may be destroyed.
 class Talk {
@@ -58,6 +65,7 @@ public:
     virtual void tell(const std::wstring& text, BoxStyle style) = 0;
     // True if the user chose yes.
     virtual bool ask(const std::wstring& text, BoxStyle style) = 0;
+    virtual Answer ask_or_cancel(const std::wstring& /*text*/) { return Answer::cancel; }
     // Shows the system's message for an error code.
     virtual void tell_system_error(std::uint32_t code) = 0;
     // Shows that a search found nothing; an empty text hides the banner.
@@ -71,6 +79,8 @@ public:
     virtual void history_changed() = 0;
     // A Book was loaded completely.
     virtual void book_loaded() = 0;
+    // A save committed the edited file list of a page.
+    virtual void file_list_committed(const std::vector<std::wstring>& /*files*/) { }
     // For a failure that the program cannot survive.
     virtual void close_program() = 0;
 };

@@ -1,5 +1,6 @@
 #include "app/file_actions.hpp"
 #include "app/file_texts.hpp"
+#include "book/file_list_text.hpp"
 #include "book/linguistic_sort.hpp"
 #include "core/command_ids.hpp"
 #include "core/data_root.hpp"
@@ -15,6 +16,7 @@ namespace command = core::command;
 namespace {
 
 using core::Outcome;
+using core::outcome_of;
 
 // Changes the current page's list and drops the hits, which refer to its entries.
 template <class Change> Outcome change_list(BookSession& session, Change change)
@@ -132,6 +134,25 @@ bool sort_files(book::Page& page, FileOrder order)
     return true;
 }
 
+bool may_change_list(BookSession& session)
+{
+    if (!session.desk().file_list_edit())
+        return true;
+    const book::Page* const asked = session.shown_page();
+    const std::uint64_t revision = session.book().revision;
+    const Answer answer = session.talk().ask_or_cancel(book::apply_file_list_question);
+    const bool is_same =
+        !session.talk().is_gone() && session.book().revision == revision && session.shown_page() == asked;
+    if (answer == Answer::cancel || !is_same)
+        return false;
+    if (std::optional<std::wstring> text = session.desk().file_list_edit(); text && answer == Answer::yes)
+        apply_file_list(session, *std::move(text));
+    session.desk().drop_file_list_edit();
+    session.renew_edited_mark();
+    session.merge(core::refresh::file_list);
+    return true;
+}
+
 Outcome select_file_by(BookSession& session, int command)
 {
     return change_list(session, [command](book::Page& page) { return select_file_by(page, command); });
@@ -145,11 +166,15 @@ Outcome select_file(BookSession& session, std::int64_t row)
 
 Outcome move_file(BookSession& session, int command)
 {
+    if (!may_change_list(session))
+        return Outcome::failed;
     return change_list(session, [command](book::Page& page) { return move_file(page, command); });
 }
 
 Outcome sort_files(BookSession& session, int command)
 {
+    if (!may_change_list(session))
+        return Outcome::failed;
     const FileOrder order =
         command == command::sort_files_ascending ? FileOrder::ascending : FileOrder::descending;
     return change_list(session, [order](book::Page& page) { return sort_files(page, order); });
@@ -157,6 +182,8 @@ Outcome sort_files(BookSession& session, int command)
 
 Outcome remove_file(BookSession& session)
 {
+    if (!may_change_list(session))
+        return Outcome::failed;
     const std::optional<EntryNote> asked = note_entry(session.book());
     if (!asked || !session.ask_about_entry(L"リストからこのファイルを削除しますか？\r\n" + asked->text))
         return Outcome::failed;
@@ -165,6 +192,8 @@ Outcome remove_file(BookSession& session)
 
 Outcome remove_all_files(BookSession& session)
 {
+    if (!may_change_list(session))
+        return Outcome::failed;
     const book::Page* current = session.book().current_page();
     if (!current)
         return Outcome::failed;
@@ -177,6 +206,8 @@ Outcome remove_all_files(BookSession& session)
 
 std::vector<std::wstring> add_files(BookSession& session, const ChoosePaths& choose)
 {
+    if (!may_change_list(session))
+        return {};
     const std::optional<PageNote> asked = note_page(session.book());
     if (!asked)
         return {};
@@ -205,6 +236,27 @@ Outcome duplicate_file(BookSession& session, const ChooseCopy& choose)
     }
     session.talk().tell(duplicated_text(source, copy), BoxStyle::plain);
     return Outcome::done;
+}
+
+Outcome apply_file_list(BookSession& session, std::wstring text)
+{
+    book::Page* page = session.shown_page();
+    if (!page)
+        return Outcome::failed;
+    book::set_file_list(*page, book::file_list_entries(std::move(text)));
+    session.note_content_change();
+    session.merge(core::refresh::applied_file_list);
+    return Outcome::done;
+}
+
+// The hits stay: they do not depend on the selected entry.
+Outcome select_file_of_hit(BookSession& session, const book::SearchHit& hit)
+{
+    book::Page* page = session.book().current_page();
+    if (!page || hit.place < book::file_place)
+        return Outcome::failed;
+    const std::uint64_t place = hit.place - book::file_place;
+    return outcome_of(place != page->current_file && select_file(*page, place));
 }
 
 Outcome choose_folder(BookSession& session, const ChoosePaths& choose)

@@ -35,6 +35,11 @@ bool sort_files(book::Page& page, FileOrder order);
 using ChoosePaths = std::function<std::vector<std::wstring>()>;
 using ChooseCopy = std::function<std::wstring(const std::wstring& source)>;
 
+// Before a command changes the list while its editor holds edits, which the next apply would put in the place
+// of that change: asks whether to apply them. Yes applies, no drops them; false for cancel, and if another
+// page is there after the question. The commands below that change the list begin with it.
+bool may_change_list(BookSession& session);
+
 core::Outcome select_file_by(BookSession& session, int command);
 core::Outcome select_file(BookSession& session, std::int64_t row); // a negative row selects nothing
 core::Outcome move_file(BookSession& session, int command);
@@ -45,6 +50,13 @@ core::Outcome remove_all_files(BookSession& session);
 std::vector<std::wstring> add_files(BookSession& session, const ChoosePaths& choose);
 // Copies the file of the selected entry to a path that the user chooses, and reports it.
 core::Outcome duplicate_file(BookSession& session, const ChooseCopy& choose);
+
+// Makes a list of the text of the list's editor, for the page in the boxes. Neither saves nor changes the
+// stamp; the editor's box counts as unedited only after the caller says so.
+core::Outcome apply_file_list(BookSession& session, std::wstring text);
+// The entry of a search hit becomes the selected one. Fails for a hit in a box, an entry that is gone and the
+// one that is selected already.
+core::Outcome select_file_of_hit(BookSession& session, const book::SearchHit& hit);
 
 core::Outcome choose_folder(BookSession& session, const ChoosePaths& choose);
 core::Outcome clear_folder(BookSession& session);

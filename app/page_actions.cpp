@@ -12,11 +12,6 @@ using core::outcome_of;
 
 namespace {
 
-book::PageColors new_page_colors()
-{
-    return look::page_colors(look::palette());
-}
-
 // A mode that cannot be applied is undone. If it were saved, the Book could never be opened again.
 void apply_order(book::Book& book, int id)
 {
@@ -36,15 +31,6 @@ void apply_order(book::Book& book, int id)
     }
 }
 
-// To be called after pages were inserted, removed or moved. Until the current page is shown again, the boxes
-// contain the text of no page.
-void follow_pages(BookSession& session)
-{
-    session.forget_shown_page();
-    session.book().refresh_counts();
-    session.note_content_change();
-}
-
 std::uint64_t position_of(const book::Book& book, std::size_t index)
 {
     std::uint64_t position = 0;
@@ -54,6 +40,19 @@ std::uint64_t position_of(const book::Book& book, std::size_t index)
 }
 
 } // namespace
+
+book::PageColors new_page_colors()
+{
+    return look::page_colors(look::palette());
+}
+
+// Until the current page is shown the boxes hold the text of none.
+void follow_pages(BookSession& session)
+{
+    session.forget_shown_page();
+    session.book().refresh_counts();
+    session.note_content_change();
+}
 
 bool toggle_mark(book::Book& book)
 {

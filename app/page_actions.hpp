@@ -28,6 +28,12 @@ bool swap_with_neighbour(book::Book& book, int direction);
 // Gives every page the colours of a new page.
 void color_all_pages(book::Book& book, const look::ThemePalette& palette);
 
+// The colours of the current theme.
+book::PageColors new_page_colors();
+// To be called after pages were inserted, removed or moved. Until the current page is shown again, the boxes
+// contain the text of no page.
+void follow_pages(BookSession& session);
+
 // Each leaves the page on the desk first, and fails if the user or an error prevents that.
 core::Outcome turn_page(BookSession& session, int direction); // 1 or -1; with the banner
 core::Outcome go_to_first_page(BookSession& session);

@@ -37,6 +37,7 @@ inline constexpr RefreshMask controls_and_enable = 0xF440; // an editing window 
 inline constexpr RefreshMask tabs = 0x8410; // a tab was added or removed
 inline constexpr RefreshMask file_list = 0xE;
 inline constexpr RefreshMask file_choice = 0xA;
+inline constexpr RefreshMask applied_file_list = 0x8006; // the list's editor keeps its text
 inline constexpr RefreshMask file_choice_from_results = 0x6;
 inline constexpr RefreshMask folder_button = 0x2000;
 

@@ -11,6 +11,7 @@
 #include <array>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -37,10 +38,17 @@ public:
     std::function<void()> while_showing; // called between two boxes
     std::function<void()> while_applying; // called while a Book's theme is applied
 
+    std::optional<std::wstring> list_edit; // the text of the file list's editor, if edited
+
     // Types as a user would.
     void type(std::size_t box, std::wstring text) { boxes[box] = { std::move(text), true }; }
 
-    bool has_edits() const override { return std::ranges::any_of(boxes, &Box::is_edited); }
+    bool has_edits() const override
+    {
+        return list_edit.has_value() || std::ranges::any_of(boxes, &Box::is_edited);
+    }
+    std::optional<std::wstring> file_list_edit() const override { return list_edit; }
+    void drop_file_list_edit() override { list_edit.reset(); }
     app::BoxEdits edits() const override
     {
         app::BoxEdits texts;
@@ -70,6 +78,7 @@ public:
     {
         for (Box& box : boxes)
             box.is_edited = false;
+        list_edit.reset();
     }
     void show_title(const std::wstring& text, bool is_edited) override
     {
@@ -95,6 +104,8 @@ class FakeTalk final : public app::Talk {
 public:
     std::vector<std::wstring> said;
     std::deque<bool> answers; // when empty: no
+    std::deque<app::Answer> choices; // when empty: yes
+    std::vector<std::vector<std::wstring>> committed_lists;
     std::deque<std::wstring> paths; // chosen in dialogs; when empty: cancelled
     std::function<void()> while_open; // called once, while the next box or dialog is open
     std::function<void()> on_close;
@@ -108,6 +119,16 @@ public:
     {
         open(L"ask", text, style);
         return next(answers);
+    }
+    app::Answer ask_or_cancel(const std::wstring& text) override
+    {
+        say(L"ask or cancel: " + text);
+        call();
+        return next(choices);
+    }
+    void file_list_committed(const std::vector<std::wstring>& files) override
+    {
+        committed_lists.push_back(files);
     }
     void tell_system_error(std::uint32_t code) override
     {

@@ -1,0 +1,46 @@
+// What the replace window and the page editor do to the Book. Each function is one operation of the session:
+// it may be called from any window's message, nothing that it throws gets out, and when it ends the page is
+// shown anew, with its hits and all views.
+//
+// An operation that lacks memory changes nothing and reports that it failed; the program goes on.
+#pragma once
+#include "app/book_session.hpp"
+#include "book/page_editor.hpp"
+#include "book/replace.hpp"
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+namespace app {
+
+// Before one of these windows opens: brings memory and file into agreement, because the file is what a
+// restore returns to. The user is asked about edits; edits that are not wanted are dropped. Writes the Book
+// once. False if it could not be written, which was reported, or if there is no page: the window must stay
+// closed then.
+bool prepare_editing(BookSession& session);
+
+// Loads the Book's file again. False if that was not done: memory still has the changes.
+bool restore_pages(BookSession& session);
+// The same for the page editor, which is reset then.
+bool restore_pages(BookSession& session, book::PageEditor& editor);
+
+enum class EditEnd { unchanged, save, restore };
+// After the window was closed. False if the changes should be dropped and could not be: the window must be
+// shown again, unless the program ends.
+bool end_editing(BookSession& session, EditEnd end);
+
+// The number of replacements; nullopt if nothing was done.
+std::optional<std::size_t> replace_in_all_pages(BookSession& session, const book::ReplaceRequest& request);
+// In the page at the current position.
+std::optional<std::size_t> replace_in_current_page(BookSession& session, const book::ReplaceRequest& request);
+
+// After the user said yes to the request.
+book::EditResult paste_pages(
+    BookSession& session, book::PageEditor& editor, const book::PasteRequest& request);
+book::EditResult delete_pages(
+    BookSession& session, book::PageEditor& editor, const book::DeleteRequest& request);
+
+// Shows the page at a position that a button or the strip of the editor leads to; nullopt leads nowhere.
+void show_position(BookSession& session, std::optional<std::uint64_t> position);
+
+} // namespace app
