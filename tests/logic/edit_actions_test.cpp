@@ -69,7 +69,10 @@ TEST_F(PrepareEditing, FailsWhenTheFileCannotBeWritten)
 TEST_F(PrepareEditing, NeedsAPageAndNoOtherEditor)
 {
     talk.busy = true;
+    desk.type(0, L"edited");
     EXPECT_FALSE(app::prepare_editing(session));
+    EXPECT_TRUE(desk.has_edits());
+    EXPECT_EQ(talk.said, Said{});
     talk.busy = false;
     book.header.position = 9;
     EXPECT_FALSE(app::prepare_editing(session));

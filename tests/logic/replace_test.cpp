@@ -125,12 +125,9 @@ TEST(Replace, NeverSplitsASurrogatePair)
 // The search goes on after the old occurrence, where the low half is a unit by itself.
 TEST(Replace, FindsTheLowHalfThatFollowsAnOccurrence)
 {
-    const std::wstring high{ wchar_t{ 0xD83D } };
-    const std::wstring low{ wchar_t{ 0xDE00 } };
-    std::wstring expected = high + low;
-    const ReplaceRequest request = request_for(high, low);
-    naive::replace(expected, request, low);
-    EXPECT_EQ(replaced(high + low, request), expected);
+    const std::wstring crossed{ wchar_t{ 0xDE00 }, wchar_t{ 0xD83D } };
+    EXPECT_EQ(replaced(crossed + crossed, request_for(crossed, L"x")), L"xx");
+    EXPECT_EQ(replaced(L"a" + crossed + crossed, request_for(crossed, L"")), L"a");
 }
 
 TEST(Replace, KeepsLineBreaksOutOfSingleLines)
