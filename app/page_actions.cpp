@@ -46,7 +46,6 @@ book::PageColors new_page_colors()
     return look::page_colors(look::palette());
 }
 
-// Until the current page is shown the boxes hold the text of none.
 void follow_pages(BookSession& session)
 {
     session.forget_shown_page();
