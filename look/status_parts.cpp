@@ -20,12 +20,6 @@ StatusRun label(std::wstring text)
     return { std::move(text), StatusTone::label };
 }
 
-const book::Page* current_page(const book::Book& book)
-{
-    const std::size_t index = book.position_to_index(book.header.position);
-    return index < book.pages.size() ? &book.pages[index] : nullptr;
-}
-
 std::uint64_t text_bytes(const book::Page& page)
 {
     constexpr std::uint64_t unit = 2;
@@ -39,7 +33,7 @@ std::uint64_t text_bytes(const book::Page& page)
 
 StatusPart page_number(const book::Book& book)
 {
-    if (current_page(book) == nullptr)
+    if (book.current_page() == nullptr)
         return {};
     return { 5,
         { { std::to_wstring(book.header.position + 1), StatusTone::value, SharedFont::ui_11_bold, 0 },
@@ -62,7 +56,7 @@ StatusPart marks_and_tabs(const book::Book& book)
 StatusPart sizes(const book::Book& book)
 {
     StatusPart part;
-    if (const book::Page* page = current_page(book)) {
+    if (const book::Page* page = book.current_page()) {
         part.runs = { value(core::format_byte_size(text_bytes(*page))),
             label(L"/" + core::format_byte_size(book.file_size)) };
     }
@@ -72,7 +66,7 @@ StatusPart sizes(const book::Book& book)
 StatusPart dates(const book::Book& book)
 {
     StatusPart part;
-    const book::Page* page = current_page(book);
+    const book::Page* page = book.current_page();
     // A stamp read from a file may be shorter than two times.
     if (page != nullptr && page->stamp.size() >= 2 * book::time_length) {
         part.runs = { label(L"created "), value(date_text(page->stamp.substr(0, book::time_length))),
