@@ -67,16 +67,15 @@ void BookSession::commit_edits()
         return;
     std::wstring stamp = page->stamp;
     renew_stamp(stamp, book::current_time_text());
-    std::optional<std::wstring> list = desk().file_list_edit();
-    std::vector<std::wstring> files;
-    if (list)
+    std::optional<std::vector<std::wstring>> files;
+    if (std::optional<std::wstring> list = desk().file_list_edit())
         files = book::file_list_entries(*std::move(list));
     app::commit_edits(desk().edits(), *page);
     page->stamp = std::move(stamp);
     note_content_change();
-    if (!list)
+    if (!files)
         return;
-    book::set_file_list(*page, std::move(files));
+    book::set_file_list(*page, *std::move(files));
     ovlib::WinApp::process_log() << L"save_book() → FileListEditor::apply()\r\n";
     talk().file_list_committed(std::vector<std::wstring>(page->files));
 }
