@@ -1,5 +1,4 @@
 #include "ovlib/gui/back_buffer.hpp"
-
 #include <algorithm>
 #include <cstring>
 

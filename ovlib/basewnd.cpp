@@ -1,9 +1,7 @@
 #include "ovlib/gui/basewnd.hpp"
-
-#include <algorithm>
-
 #include "ovlib/win_app.hpp"
 #include "wnd_proc.hpp"
+#include <algorithm>
 
 namespace ovlib {
 

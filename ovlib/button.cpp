@@ -1,5 +1,4 @@
 #include "ovlib/gui/button.hpp"
-
 #include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 

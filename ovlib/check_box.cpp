@@ -1,11 +1,9 @@
 #include "ovlib/gui/check_box.hpp"
-
-#include <algorithm>
-
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "platform/screen.hpp"
+#include <algorithm>
 
 namespace ovlib {
 

@@ -1,8 +1,6 @@
 #include "ovlib/gui/classic_dialog.hpp"
-
-#include <algorithm>
-
 #include "ovlib/gui/wnd.hpp"
+#include <algorithm>
 
 namespace ovlib::classic {
 

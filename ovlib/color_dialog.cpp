@@ -1,5 +1,4 @@
 #include "ovlib/gui/color_dialog.hpp"
-
 #include "ovlib/gui/wnd.hpp"
 
 namespace ovlib {

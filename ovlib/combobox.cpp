@@ -1,5 +1,4 @@
 #include "ovlib/gui/combobox.hpp"
-
 #include <commctrl.h>
 
 namespace ovlib {

@@ -1,5 +1,4 @@
 #include "ovlib/gui/dc.hpp"
-
 #include "ovlib/gui/wnd.hpp"
 
 namespace ovlib {

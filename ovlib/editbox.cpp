@@ -1,14 +1,12 @@
 #include "ovlib/gui/editbox.hpp"
-
+#include "ovlib/handles.hpp"
+#include "read_all.hpp"
 #include <algorithm>
 #include <cstring>
 #include <limits>
 #include <new>
 #include <span>
 #include <stdexcept>
-
-#include "ovlib/handles.hpp"
-#include "read_all.hpp"
 
 namespace ovlib {
 

@@ -1,5 +1,4 @@
 #include "ovlib/gui/font_dialog.hpp"
-
 #include "ovlib/gui/wnd.hpp"
 
 namespace ovlib {

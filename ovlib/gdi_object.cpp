@@ -1,5 +1,4 @@
 #include "ovlib/gui/gdi_object.hpp"
-
 #include "ovlib/gui/back_buffer.hpp"
 
 namespace ovlib::GDI {

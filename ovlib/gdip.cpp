@@ -1,5 +1,4 @@
 #include "ovlib/gui/gdip.hpp"
-
 #include <cstddef>
 
 namespace ovlib {

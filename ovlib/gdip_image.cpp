@@ -1,8 +1,6 @@
 #include "ovlib/gui/gdip_image.hpp"
-
-#include <cstring>
-
 #include "read_all.hpp"
+#include <cstring>
 
 namespace ovlib {
 

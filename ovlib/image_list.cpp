@@ -1,9 +1,7 @@
 #include "ovlib/gui/image_list.hpp"
-
-#include <algorithm>
-
 #include "controls/alpha.hpp"
 #include "ovlib/gui/gdi_object.hpp"
+#include <algorithm>
 
 namespace ovlib {
 

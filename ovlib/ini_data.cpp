@@ -1,7 +1,6 @@
 #include "ovlib/ini_data.hpp"
-
-#include <utility>
 #include <windows.h>
+#include <utility>
 
 namespace ovlib {
 

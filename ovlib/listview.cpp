@@ -1,8 +1,6 @@
 #include "ovlib/gui/listview.hpp"
-
-#include <array>
-
 #include "ovlib/gui/system_geometry.hpp"
+#include <array>
 
 namespace ovlib {
 

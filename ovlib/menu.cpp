@@ -1,5 +1,4 @@
 #include "ovlib/gui/menu.hpp"
-
 #include "ovlib/gui/menu_pictures.hpp"
 #include "ovlib/gui/wnd.hpp"
 

@@ -1,10 +1,8 @@
 #include "ovlib/gui/menu_pictures.hpp"
-
-#include <utility>
-
 #include "controls/menu_rows.hpp"
 #include "ovlib/gui/dc.hpp"
 #include "ovlib/win_app.hpp"
+#include <utility>
 
 namespace ovlib {
 

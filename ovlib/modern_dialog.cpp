@@ -1,10 +1,8 @@
 #include "ovlib/gui/modern_dialog.hpp"
-
-#include <utility>
-
 #include "ovlib/gui/wnd.hpp"
 #include "ovlib/handles.hpp"
 #include "platform/process_log.hpp"
+#include <utility>
 
 namespace ovlib::modern {
 

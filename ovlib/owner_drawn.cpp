@@ -1,5 +1,4 @@
 #include "ovlib/gui/owner_drawn.hpp"
-
 #include "ovlib/gui/wnd.hpp"
 
 namespace ovlib {

@@ -1,9 +1,8 @@
 // Reads until the target is full or the file ends.
 #pragma once
+#include "platform/file.hpp"
 #include <cstddef>
 #include <span>
-
-#include "platform/file.hpp"
 
 namespace ovlib {
 

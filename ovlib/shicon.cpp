@@ -1,5 +1,4 @@
 #include "ovlib/gui/shicon.hpp"
-
 #include <commctrl.h>
 #include <commoncontrols.h>
 #include <shellapi.h>

@@ -1,9 +1,8 @@
 #include "ovlib/sleep_for.hpp"
-
+#include <windows.h>
 #include <algorithm>
 #include <chrono>
 #include <limits>
-#include <windows.h>
 
 namespace ovlib {
 

@@ -1,5 +1,4 @@
 #include "ovlib/gui/slider.hpp"
-
 #include "ovlib/gui/strokes.hpp"
 #include "ovlib/gui/system_geometry.hpp"
 

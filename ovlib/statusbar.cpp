@@ -1,5 +1,4 @@
 #include "ovlib/gui/statusbar.hpp"
-
 #include <commctrl.h>
 
 namespace ovlib {

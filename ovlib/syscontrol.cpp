@@ -1,8 +1,6 @@
 #include "ovlib/gui/syscontrol.hpp"
-
-#include <commctrl.h>
-
 #include "wnd_proc.hpp"
+#include <commctrl.h>
 
 namespace ovlib {
 

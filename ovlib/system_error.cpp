@@ -1,8 +1,6 @@
 #include "ovlib/system_error.hpp"
-
-#include <windows.h>
-
 #include "ovlib/handles.hpp"
+#include <windows.h>
 
 namespace ovlib {
 

@@ -1,12 +1,10 @@
 #include "ovlib/thread.hpp"
-
+#include "ovlib/handles.hpp"
+#include <windows.h>
 #include <exception>
 #include <limits>
 #include <process.h>
 #include <system_error>
-#include <windows.h>
-
-#include "ovlib/handles.hpp"
 
 namespace ovlib {
 

@@ -1,7 +1,5 @@
 #include "ovlib/timer.hpp"
-
 #include "ovlib/system_time.hpp"
-
 #include <mmsystem.h>
 
 namespace ovlib {

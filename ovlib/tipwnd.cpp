@@ -1,5 +1,4 @@
 #include "ovlib/gui/tipwnd.hpp"
-
 #include "controls/tip_layout.hpp"
 #include "ovlib/gui/text_stream.hpp"
 

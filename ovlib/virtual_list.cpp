@@ -1,9 +1,7 @@
 #include "ovlib/gui/virtual_list.hpp"
-
+#include "controls/row_search.hpp"
 #include <algorithm>
 #include <utility>
-
-#include "controls/row_search.hpp"
 
 namespace ovlib {
 

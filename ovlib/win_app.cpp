@@ -1,9 +1,7 @@
 #include "ovlib/win_app.hpp"
-
-#include <shellapi.h>
-
 #include "ovlib/handles.hpp"
 #include "platform/path_text.hpp"
+#include <shellapi.h>
 
 namespace ovlib::WinApp {
 

@@ -1,8 +1,6 @@
 #include "ovlib/gui/wnd.hpp"
-
-#include <vector>
-
 #include "ovlib/system_error.hpp"
+#include <vector>
 
 namespace ovlib {
 

@@ -1,6 +1,5 @@
 // The message loops of a window. The modal loop is in subwnd.cpp.
 #include "ovlib/gui/wnd.hpp"
-
 #include <optional>
 
 namespace ovlib {

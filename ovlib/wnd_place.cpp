@@ -1,8 +1,7 @@
 // Position, size and visibility of a window.
-#include "ovlib/gui/wnd.hpp"
-
 #include "controls/window_place.hpp"
 #include "ovlib/gui/system_geometry.hpp"
+#include "ovlib/gui/wnd.hpp"
 
 namespace ovlib {
 

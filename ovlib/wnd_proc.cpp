@@ -1,9 +1,7 @@
 #include "wnd_proc.hpp"
-
+#include "ovlib/gui/syscontrol.hpp"
 #include <commctrl.h>
 #include <exception>
-
-#include "ovlib/gui/syscontrol.hpp"
 
 namespace ovlib {
 

@@ -1,7 +1,7 @@
 // The small pictures of menu items, by command.
 #pragma once
-#include <cstdint>
 #include <windows.h>
+#include <cstdint>
 
 namespace app {
 

@@ -1,8 +1,8 @@
 #include "app/wnd/shell_folders.hpp"
 #include "ovlib/handles.hpp"
+#include <windows.h>
 #include <array>
 #include <shlobj.h>
-#include <windows.h>
 
 namespace app {
 

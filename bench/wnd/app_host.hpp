@@ -5,11 +5,11 @@
 #include "book/book.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "tests/support/temp_folder.hpp"
+#include <windows.h>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <windows.h>
 
 namespace bench {
 

@@ -1,8 +1,8 @@
 // The yardstick for the main window's text boxes: the system's edit controls in a plain window.
 #pragma once
+#include <windows.h>
 #include <string>
 #include <vector>
-#include <windows.h>
 
 namespace bench {
 

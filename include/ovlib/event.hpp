@@ -1,9 +1,8 @@
 // An event object of the system.
 #pragma once
-#include <cstdint>
-#include <windows.h>
-
 #include "ovlib/handles.hpp"
+#include <windows.h>
+#include <cstdint>
 
 namespace ovlib {
 

@@ -1,12 +1,10 @@
 // One owner type for each way of releasing a handle. Those for GDI+ are with its header. GDI::Object owns or
 // borrows pens, brushes, fonts and bitmaps.
 #pragma once
+#include "platform/unique_handle.hpp"
 #include <windows.h>
-
 #include <commctrl.h>
 #include <objbase.h>
-
-#include "platform/unique_handle.hpp"
 
 namespace ovlib {
 

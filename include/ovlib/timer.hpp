@@ -1,7 +1,7 @@
 // A timer of a window, killed with the object. A timer that cannot start is not active; nothing is reported.
 #pragma once
-#include <cstdint>
 #include <windows.h>
+#include <cstdint>
 
 namespace ovlib {
 

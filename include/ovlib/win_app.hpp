@@ -1,9 +1,9 @@
 // Facts about the start of the process. Set once at the entry point, read everywhere.
 #pragma once
+#include <windows.h>
 #include <string>
 #include <string_view>
 #include <vector>
-#include <windows.h>
 
 namespace ovlib::WinApp {
 

@@ -2,9 +2,9 @@
 #pragma once
 #include "media/shortcut_queue.hpp"
 #include "ovlib/thread.hpp"
+#include <windows.h>
 #include <string>
 #include <vector>
-#include <windows.h>
 
 namespace book {
 class Book;

@@ -1,11 +1,10 @@
 // Shell links, one file each.
 #pragma once
 #include "media/file_links.hpp"
-#include <array>
-#include <string>
 #include <windows.h>
-
+#include <array>
 #include <shobjidl.h>
+#include <string>
 #include <wrl/client.h>
 
 namespace media {

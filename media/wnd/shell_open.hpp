@@ -1,7 +1,7 @@
 // Opens files and folders through the shell. Needs COM on the thread.
 #pragma once
-#include <string>
 #include <windows.h>
+#include <string>
 
 namespace media {
 

@@ -1,10 +1,10 @@
 // The shell's properties of one file.
 #pragma once
 #include "media/file_facts.hpp"
+#include <windows.h>
 #include <propsys.h>
 #include <shobjidl.h>
 #include <string>
-#include <windows.h>
 #include <wrl/client.h>
 
 namespace media {

@@ -3,9 +3,9 @@
 #include "ovlib/gui/gdi_object.hpp"
 #include "ovlib/gui/shicon.hpp"
 #include "platform/color.hpp"
+#include <windows.h>
 #include <memory>
 #include <string>
-#include <windows.h>
 
 namespace media {
 

@@ -1,9 +1,9 @@
 #include "platform/collation.hpp"
 #include "platform/collation_prefix.hpp"
+#include <windows.h>
 #include <algorithm>
 #include <limits>
 #include <vector>
-#include <windows.h>
 
 namespace platform {
 

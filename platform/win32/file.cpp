@@ -2,8 +2,8 @@
 #include "platform/path_answer.hpp"
 #include "platform/path_attributes.hpp"
 #include "platform/path_text.hpp"
-#include <algorithm>
 #include <windows.h>
+#include <algorithm>
 
 namespace platform {
 

@@ -1,8 +1,7 @@
 #include "platform/hash_provider.hpp"
-#include <limits>
 #include <windows.h>
-
 #include <bcrypt.h>
+#include <limits>
 
 namespace platform {
 

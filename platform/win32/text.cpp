@@ -1,7 +1,7 @@
 #include "platform/text.hpp"
+#include <windows.h>
 #include <array>
 #include <vector>
-#include <windows.h>
 
 namespace platform {
 

@@ -1,11 +1,11 @@
 // The folder that a program under test runs in, and the files that a test puts there and checks afterwards.
 #pragma once
 #include "book/book.hpp"
+#include <windows.h>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
-#include <windows.h>
 
 namespace e2e {
 

@@ -1,8 +1,8 @@
 // User input: keys, mouse and wheel, delivered by the system to the window that has the focus.
 #pragma once
+#include <windows.h>
 #include <initializer_list>
 #include <string_view>
-#include <windows.h>
 
 namespace e2e {
 

@@ -1,10 +1,10 @@
 // A window of another process.
 #pragma once
+#include <windows.h>
 #include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
-#include <windows.h>
 
 namespace e2e {
 

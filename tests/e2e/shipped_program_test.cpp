@@ -1,10 +1,10 @@
 // The shipped executable: its headers and its manifest.
 #include "driver_data_root.hpp"
 #include "tests/support/built_files.hpp"
+#include <windows.h>
 #include <cstring>
 #include <gmock/gmock.h>
 #include <string>
-#include <windows.h>
 
 namespace {
 

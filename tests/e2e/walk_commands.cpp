@@ -3,8 +3,8 @@
 #include "look/tab_strip.hpp"
 #include "look/theme.hpp"
 #include "walk_model.hpp"
-#include <algorithm>
 #include <windows.h>
+#include <algorithm>
 
 namespace walk {
 

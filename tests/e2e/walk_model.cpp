@@ -6,10 +6,10 @@
 #include "platform/text.hpp"
 #include "tests/support/memory_stream.hpp"
 #include "tests/support/naive_search.hpp"
+#include <windows.h>
 #include <algorithm>
 #include <numeric>
 #include <random>
-#include <windows.h>
 
 namespace walk {
 

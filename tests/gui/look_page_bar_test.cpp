@@ -1,6 +1,4 @@
 // The strip that shows all pages of a Book.
-#include <gtest/gtest.h>
-
 #include "core/folders.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/page_bar.hpp"
@@ -8,6 +6,7 @@
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_picture.hpp"
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,12 +1,11 @@
 // The slider that moves through the pages, as a real window.
-#include <gtest/gtest.h>
-
 #include "look/theme.hpp"
 #include "look/wnd/myslider.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_slider.hpp"
+#include <gtest/gtest.h>
 
 namespace {
 

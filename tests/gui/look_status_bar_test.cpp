@@ -1,11 +1,4 @@
 // The main window's status bar: its parts, their texts on the screen, and unusual input.
-#include <gtest/gtest.h>
-#include <vector>
-
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "look/wnd/mystatusbar.hpp"
@@ -14,6 +7,10 @@
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <windows.h>
+#include <commctrl.h>
+#include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 

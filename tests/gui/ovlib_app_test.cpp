@@ -1,10 +1,9 @@
 // The arguments of the process, and ini files.
-#include <gtest/gtest.h>
-
 #include "ovlib/ini_data.hpp"
 #include "ovlib/win_app.hpp"
 #include "platform/path_text.hpp"
 #include "tests/support/gui_folder.hpp"
+#include <gtest/gtest.h>
 
 namespace {
 

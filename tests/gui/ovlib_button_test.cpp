@@ -1,12 +1,11 @@
 // Drawn push buttons: their painting, and their reactions to mouse and keyboard.
-#include <gtest/gtest.h>
-#include <optional>
-
 #include "tests/support/gui_button.hpp"
 #include "tests/support/gui_copies.hpp"
 #include "tests/support/gui_input.hpp"
 #include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_pump.hpp"
+#include <gtest/gtest.h>
+#include <optional>
 
 namespace {
 

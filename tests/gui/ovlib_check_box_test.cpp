@@ -1,13 +1,11 @@
 // Drawn check boxes: their painting and colours, and what changes them.
-#include <gtest/gtest.h>
-
 #include "ovlib/gui/check_box.hpp"
+#include "ovlib/gui/gdip.hpp"
 #include "tests/support/gui_button.hpp"
 #include "tests/support/gui_copies.hpp"
 #include "tests/support/gui_input.hpp"
 #include "tests/support/gui_pump.hpp"
-
-#include "ovlib/gui/gdip.hpp"
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,13 +1,12 @@
 // The colour and font dialogs, answered as a user does.
-#include <algorithm>
-#include <array>
-#include <gtest/gtest.h>
-#include <string>
-
 #include "ovlib/gui/color_dialog.hpp"
 #include "ovlib/gui/font_dialog.hpp"
 #include "tests/support/gui_file_dialog.hpp"
 #include "tests/support/gui_window.hpp"
+#include <algorithm>
+#include <array>
+#include <gtest/gtest.h>
+#include <string>
 
 namespace {
 

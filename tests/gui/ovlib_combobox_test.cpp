@@ -1,10 +1,9 @@
 // The combo box: every operation on the system's own control.
-#include <gtest/gtest.h>
-#include <map>
-
 #include "ovlib/gui/combobox.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <map>
 
 namespace {
 

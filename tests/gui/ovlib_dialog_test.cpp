@@ -1,11 +1,10 @@
 // The classic file dialogs, answered as a user does.
-#include <gtest/gtest.h>
-
 #include "ovlib/gui/classic_dialog.hpp"
 #include "tests/support/gui_file_dialog.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_log.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
 
 namespace {
 

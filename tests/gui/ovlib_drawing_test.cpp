@@ -1,11 +1,10 @@
 // Handles, device contexts, back buffers and text.
-#include <climits>
-#include <gtest/gtest.h>
-
 #include "ovlib/gui/text_stream.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <climits>
+#include <gtest/gtest.h>
 
 namespace {
 

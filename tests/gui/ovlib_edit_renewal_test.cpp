@@ -1,15 +1,12 @@
 // A text that an edit control takes over together with its memory must not differ from one that was set.
-#include <cstddef>
-#include <gtest/gtest.h>
-#include <string>
-
-#include <windows.h>
-
-#include <psapi.h>
-
 #include "ovlib/gui/back_buffer.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <windows.h>
+#include <cstddef>
+#include <gtest/gtest.h>
+#include <psapi.h>
+#include <string>
 
 namespace {
 

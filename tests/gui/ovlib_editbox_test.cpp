@@ -1,10 +1,9 @@
 // The wrapper of the edit control.
-#include <gtest/gtest.h>
-#include <sstream>
-
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <sstream>
 
 namespace {
 

@@ -1,8 +1,7 @@
 // Tab movement and subclassing.
-#include <gtest/gtest.h>
-
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,12 +1,11 @@
 // Drawing and decoding with GDI+.
-#include <algorithm>
-#include <array>
-#include <gtest/gtest.h>
-
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/gui/gdip_image.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_picture.hpp"
+#include <algorithm>
+#include <array>
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,9 +1,8 @@
 // Each owner of a system handle releases it with the right function.
-#include <gtest/gtest.h>
-#include <windows.h>
-
 #include "ovlib/handles.hpp"
 #include "tests/support/gui_window.hpp"
+#include <windows.h>
+#include <gtest/gtest.h>
 
 namespace {
 

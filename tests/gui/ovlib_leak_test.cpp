@@ -1,12 +1,11 @@
 // Drawing and rebuilding must not leak handles.
-#include <gtest/gtest.h>
-#include <windows.h>
-
 #include "ovlib/gui/gdip.hpp"
 #include "ovlib/gui/text_stream.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_pump.hpp"
+#include <windows.h>
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,9 +1,8 @@
 // The system's list view: rows, cells, columns and selection.
-#include <gtest/gtest.h>
-
 #include "ovlib/gui/listview.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
 
 namespace {
 

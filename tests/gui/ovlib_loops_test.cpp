@@ -1,12 +1,11 @@
 // The three message loops.
-#include <gtest/gtest.h>
-#include <thread>
-
 #include "ovlib/event.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <thread>
 
 // The address of the import, which the linker names after the function.
 extern "C" void* __imp_MsgWaitForMultipleObjects; // NOLINT(bugprone-reserved-identifier)

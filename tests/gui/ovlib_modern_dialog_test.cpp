@@ -1,15 +1,14 @@
 // The shell's file dialogs, answered as a user does; a fake replaces them for results that a user cannot
 // cause.
-#include <gtest/gtest.h>
-#include <objbase.h>
-#include <thread>
-
 #include "ovlib/gui/modern_dialog.hpp"
 #include "tests/support/fake_file_dialog.hpp"
 #include "tests/support/gui_file_dialog.hpp"
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_log.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <objbase.h>
+#include <thread>
 
 namespace {
 

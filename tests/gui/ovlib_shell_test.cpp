@@ -1,10 +1,4 @@
 // Facts from the shell and the system about files and scroll bars.
-#include <gtest/gtest.h>
-#include <objbase.h>
-
-#include <commctrl.h>
-#include <shellapi.h>
-
 #include "media/wnd/shell_thumbnail.hpp"
 #include "ovlib/gui/scrollbar.hpp"
 #include "ovlib/gui/shicon.hpp"
@@ -12,6 +6,10 @@
 #include "tests/support/gui_folder.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_window.hpp"
+#include <commctrl.h>
+#include <gtest/gtest.h>
+#include <objbase.h>
+#include <shellapi.h>
 
 namespace {
 

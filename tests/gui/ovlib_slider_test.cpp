@@ -1,7 +1,4 @@
 // The custom-drawn slider: its painting, and its notifications when it is moved.
-#include <gtest/gtest.h>
-#include <memory>
-
 #include "look/theme.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_driver.hpp"
@@ -9,6 +6,8 @@
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_screen_copies.hpp"
 #include "tests/support/gui_slider.hpp"
+#include <gtest/gtest.h>
+#include <memory>
 
 namespace {
 

@@ -1,9 +1,5 @@
 // The order of the virtual functions is fixed. With ABIs whose pointers to virtual members contain the index
 // in the class's table, the order can be read from them.
-#include <cstring>
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "look/wnd/mybox.hpp"
 #include "ovlib/gui/check_box.hpp"
 #include "ovlib/gui/classic_dialog.hpp"
@@ -16,6 +12,9 @@
 #include "ovlib/gui/statusbar.hpp"
 #include "ovlib/gui/subwnd.hpp"
 #include "ovlib/thread.hpp"
+#include <cstring>
+#include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 

@@ -1,9 +1,4 @@
 // Threads, events, timers, sleeping.
-#include <chrono>
-#include <gtest/gtest.h>
-#include <limits>
-#include <system_error>
-
 #include "ovlib/event.hpp"
 #include "ovlib/sleep_for.hpp"
 #include "ovlib/system_time.hpp"
@@ -12,6 +7,10 @@
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <chrono>
+#include <gtest/gtest.h>
+#include <limits>
+#include <system_error>
 
 // The address of the import, which the linker names after the function.
 extern "C" void* __imp_WaitForSingleObject; // NOLINT(bugprone-reserved-identifier)

@@ -1,13 +1,12 @@
 // The list that queries its rows.
-#include <gtest/gtest.h>
-#include <memory>
-#include <set>
-
 #include "ovlib/gui/virtual_list.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <memory>
+#include <set>
 
 namespace {
 

@@ -1,12 +1,11 @@
 // The operations of a window.
-#include <gtest/gtest.h>
-#include <string>
-
 #include "ovlib/system_error.hpp"
 #include "tests/support/gui_calls.hpp"
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <string>
 
 extern "C" void* __imp_SetLayeredWindowAttributes;
 

@@ -1,11 +1,10 @@
 // The life of windows: creation, lookup, closing, destruction.
-#include <gtest/gtest.h>
-#include <memory>
-#include <stdexcept>
-
 #include "ovlib/win_app.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/gui_window.hpp"
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
 
 namespace {
 

@@ -1,5 +1,4 @@
 #include "platform/color.hpp"
-
 #include <climits>
 #include <gtest/gtest.h>
 

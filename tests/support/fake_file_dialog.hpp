@@ -1,13 +1,12 @@
 // A fake of the shell's file dialog, for results that the real one cannot be made to return.
 #pragma once
+#include <windows.h>
 #include <array>
 #include <cwchar>
+#include <shobjidl.h>
 #include <string>
 #include <utility>
 #include <vector>
-#include <windows.h>
-
-#include <shobjidl.h>
 #include <wrl/client.h>
 
 namespace gui {

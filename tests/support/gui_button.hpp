@@ -1,12 +1,11 @@
 // Drawn buttons: a parent that routes their painting, and draw items made by a test.
 #pragma once
-#include <algorithm>
-#include <vector>
-
 #include "ovlib/gui/button.hpp"
 #include "ovlib/gui/owner_drawn.hpp"
 #include "tests/support/gui_picture.hpp"
 #include "tests/support/gui_window.hpp"
+#include <algorithm>
+#include <vector>
 
 namespace gui {
 

@@ -1,7 +1,7 @@
 // Watches calls of imported functions and messages to windows in this process.
 #pragma once
-#include <map>
 #include <windows.h>
+#include <map>
 
 namespace gui {
 

@@ -1,10 +1,9 @@
 // Records a drawn control's calls on a device context with a metafile, which keeps them in order.
 #pragma once
+#include "ovlib/gui/button.hpp"
+#include <windows.h>
 #include <algorithm>
 #include <string>
-#include <windows.h>
-
-#include "ovlib/gui/button.hpp"
 
 namespace gui {
 

@@ -3,12 +3,11 @@
 #pragma once
 #include "ovlib/gui/dc.hpp"
 #include "tests/support/gui_window.hpp"
+#include <windows.h>
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <vector>
-#include <windows.h>
-
 #include <psapi.h>
+#include <vector>
 
 namespace gui {
 

@@ -1,11 +1,10 @@
 // Answers a modal box or dialog of this process from a second thread, as a user would.
 #pragma once
+#include "tests/support/gui_pump.hpp"
+#include <windows.h>
 #include <functional>
 #include <string>
 #include <thread>
-#include <windows.h>
-
-#include "tests/support/gui_pump.hpp"
 
 namespace gui {
 

@@ -4,12 +4,11 @@
 #include "tests/support/gui_driver.hpp"
 #include <algorithm>
 #include <array>
+#include <commdlg.h>
 #include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
-
-#include <commdlg.h>
 
 // The import addresses, which the linker names after the functions.
 extern "C" void* __imp_GetOpenFileNameW; // NOLINT(bugprone-reserved-identifier)

@@ -1,9 +1,9 @@
 // A temporary folder, removed with its contents.
 #pragma once
+#include <windows.h>
 #include <filesystem>
 #include <string>
 #include <vector>
-#include <windows.h>
 
 namespace gui {
 

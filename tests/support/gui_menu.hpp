@@ -3,11 +3,11 @@
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_input.hpp"
 #include "tests/support/gui_pump.hpp"
+#include <windows.h>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
-#include <windows.h>
 
 namespace gui {
 

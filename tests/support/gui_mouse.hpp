@@ -1,9 +1,9 @@
 // Moves and presses the real pointer as a user would. The window under it must belong to this process.
 #pragma once
 #include "tests/support/gui_pump.hpp"
+#include <windows.h>
 #include <initializer_list>
 #include <vector>
-#include <windows.h>
 
 namespace gui {
 

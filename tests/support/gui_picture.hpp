@@ -1,11 +1,10 @@
 // Small generated pictures, and checks of drawn ones.
 #pragma once
+#include "ovlib/gui/back_buffer.hpp"
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
-
-#include "ovlib/gui/back_buffer.hpp"
 
 namespace gui {
 

@@ -1,7 +1,7 @@
 // Message pumping for tests that own their windows: poll for a state with a deadline, never sleep for luck.
 #pragma once
-#include <chrono>
 #include <windows.h>
+#include <chrono>
 
 namespace gui {
 

@@ -1,8 +1,8 @@
 // Counts how often windows copy a picture to the screen.
 #pragma once
 #include "tests/support/gui_calls.hpp"
-#include <map>
 #include <windows.h>
+#include <map>
 
 extern "C" void* __imp_SetDIBitsToDevice;
 

@@ -1,11 +1,10 @@
 // Records what is passed to the shell to be opened, and opens nothing.
 #pragma once
 #include "tests/support/gui_calls.hpp"
+#include <windows.h>
+#include <shellapi.h>
 #include <string>
 #include <vector>
-#include <windows.h>
-
-#include <shellapi.h>
 
 // The import address, which the linker names after the function.
 extern "C" void* __imp_ShellExecuteW; // NOLINT(bugprone-reserved-identifier)

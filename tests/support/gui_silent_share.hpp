@@ -2,14 +2,12 @@
 #pragma once
 #include "ovlib/event.hpp"
 #include "tests/support/gui_calls.hpp"
+#include <windows.h>
 #include <atomic>
 #include <optional>
-#include <string>
-#include <windows.h>
-
-#include <shobjidl.h>
-
 #include <shellapi.h>
+#include <shobjidl.h>
+#include <string>
 
 // The import addresses, which the linker names after the functions.
 extern "C" void* __imp_CreateFileW; // NOLINT(bugprone-reserved-identifier)

@@ -4,9 +4,9 @@
 #include "tests/support/gui_menu.hpp"
 #include "tests/support/gui_mouse.hpp"
 #include "tests/support/gui_pump.hpp"
+#include <windows.h>
 #include <string_view>
 #include <vector>
-#include <windows.h>
 
 namespace gui {
 

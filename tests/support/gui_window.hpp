@@ -1,13 +1,12 @@
 // Windows whose messages a test can record and handle.
 #pragma once
+#include "ovlib/gui/editbox.hpp"
+#include "ovlib/gui/subwnd.hpp"
 #include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "ovlib/gui/editbox.hpp"
-#include "ovlib/gui/subwnd.hpp"
 
 namespace gui {
 

@@ -1,10 +1,10 @@
 #include "tests/support/screen_check.hpp"
+#include <windows.h>
 #include <chrono>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
-#include <windows.h>
 
 namespace test_support {
 

@@ -2,10 +2,10 @@
 #pragma once
 #include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/gdiplus.hpp"
+#include <windows.h>
 #include <cstdint>
 #include <string>
 #include <vector>
-#include <windows.h>
 
 namespace test_support {
 

@@ -5,8 +5,8 @@
 #endif
 #include <gtest/gtest.h>
 #if defined(_WIN32)
-#include <cstdio>
 #include <windows.h>
+#include <cstdio>
 
 namespace {
 

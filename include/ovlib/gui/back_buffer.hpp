@@ -1,12 +1,11 @@
 // Images in memory, and the buffer from which every custom-drawn window paints.
 #pragma once
+#include "ovlib/gui/dc.hpp"
+#include "platform/color.hpp"
+#include <windows.h>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <windows.h>
-
-#include "ovlib/gui/dc.hpp"
-#include "platform/color.hpp"
 
 namespace ovlib {
 

@@ -1,13 +1,11 @@
 // The system's older file dialogs. They may change the current directory of the process.
 #pragma once
+#include "controls/file_dialog_text.hpp"
+#include <windows.h>
 #include <array>
+#include <commdlg.h>
 #include <string>
 #include <vector>
-#include <windows.h>
-
-#include <commdlg.h>
-
-#include "controls/file_dialog_text.hpp"
 
 namespace ovlib {
 

@@ -1,11 +1,9 @@
 // The system's colour dialog.
 #pragma once
-#include <array>
-#include <windows.h>
-
-#include <commdlg.h>
-
 #include "platform/color.hpp"
+#include <windows.h>
+#include <array>
+#include <commdlg.h>
 
 namespace ovlib {
 

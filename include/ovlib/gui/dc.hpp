@@ -1,9 +1,8 @@
 // Device contexts and selections into them, each released by its scope.
 #pragma once
-#include <windows.h>
-
 #include "ovlib/gui/gdi_object.hpp"
 #include "ovlib/handles.hpp"
+#include <windows.h>
 
 namespace ovlib {
 

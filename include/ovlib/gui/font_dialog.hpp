@@ -1,7 +1,6 @@
 // The system's font dialog.
 #pragma once
 #include <windows.h>
-
 #include <commdlg.h>
 
 namespace ovlib {

@@ -1,11 +1,10 @@
 // Handles of GDI objects and their ownership.
 #pragma once
-#include <cstdint>
-#include <string>
-#include <windows.h>
-
 #include "ovlib/handles.hpp"
 #include "platform/color.hpp"
+#include <windows.h>
+#include <cstdint>
+#include <string>
 
 namespace ovlib::GDI {
 

@@ -1,10 +1,9 @@
 // Drawing with GDI+. A failure is stored as the last status and otherwise ignored: nothing is drawn then.
 #pragma once
-#include <string>
-#include <vector>
-
 #include "ovlib/gui/gdiplus.hpp"
 #include "platform/color.hpp"
+#include <string>
+#include <vector>
 
 namespace ovlib {
 

@@ -1,15 +1,13 @@
 // Pictures decoded by GDI+.
 #pragma once
+#include "ovlib/gui/gdiplus.hpp"
+#include <windows.h>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
-#include <windows.h>
-
 #include <wrl/client.h>
-
-#include "ovlib/gui/gdiplus.hpp"
 
 namespace ovlib {
 

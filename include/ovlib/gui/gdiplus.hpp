@@ -1,9 +1,8 @@
 // The only include of the system's GDI+ header, which needs min and max but finds none under NOMINMAX. Also
 // the owners of GDI+ objects.
 #pragma once
-#include <algorithm>
 #include <windows.h>
-
+#include <algorithm>
 #include <objidl.h>
 
 namespace Gdiplus {

@@ -1,10 +1,8 @@
 // Pictures of one size, for list views.
 #pragma once
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include "ovlib/handles.hpp"
+#include <windows.h>
+#include <commctrl.h>
 
 namespace ovlib {
 

@@ -1,15 +1,13 @@
 // The system's list view. Rows and columns count from 0.
 #pragma once
-#include <climits>
-#include <cstdint>
-#include <vector>
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/syscontrol.hpp"
 #include "platform/geometry.hpp"
+#include <windows.h>
+#include <climits>
+#include <commctrl.h>
+#include <cstdint>
+#include <vector>
 
 namespace ovlib {
 

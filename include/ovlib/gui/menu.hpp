@@ -1,12 +1,11 @@
 // Popup menus, built item by item or from rows.
 #pragma once
+#include "controls/menu_rows.hpp"
+#include "ovlib/handles.hpp"
+#include <windows.h>
 #include <cstdint>
 #include <span>
 #include <string>
-#include <windows.h>
-
-#include "controls/menu_rows.hpp"
-#include "ovlib/handles.hpp"
 
 namespace ovlib {
 

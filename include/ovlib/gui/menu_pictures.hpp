@@ -4,11 +4,10 @@
 // part of it. Wine draws such a bitmap on black. There the owner draws, and passes WM_MEASUREITEM and
 // WM_DRAWITEM here.
 #pragma once
+#include "ovlib/gui/wnd_message.hpp"
+#include <windows.h>
 #include <cstdint>
 #include <functional>
-#include <windows.h>
-
-#include "ovlib/gui/wnd_message.hpp"
 
 namespace ovlib {
 

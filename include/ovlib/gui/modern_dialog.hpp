@@ -2,14 +2,12 @@
 //
 // Failures are logged in the process's log; the user sees nothing.
 #pragma once
+#include "controls/file_dialog_text.hpp"
+#include <windows.h>
+#include <shobjidl.h>
 #include <string>
 #include <vector>
-#include <windows.h>
-
-#include <shobjidl.h>
 #include <wrl/client.h>
-
-#include "controls/file_dialog_text.hpp"
 
 namespace ovlib {
 

@@ -1,8 +1,7 @@
 // Controls that paint when their parent gets WM_DRAWITEM.
 #pragma once
-#include <windows.h>
-
 #include "ovlib/gui/wnd_message.hpp"
+#include <windows.h>
 
 namespace ovlib {
 

@@ -1,9 +1,8 @@
 // The shell's icon for a type of file.
 #pragma once
-#include <string>
-#include <windows.h>
-
 #include "ovlib/handles.hpp"
+#include <windows.h>
+#include <string>
 
 namespace ovlib {
 

@@ -1,8 +1,7 @@
 // The system's status bar.
 #pragma once
-#include <vector>
-
 #include "ovlib/gui/syscontrol.hpp"
+#include <vector>
 
 namespace ovlib {
 

@@ -1,9 +1,8 @@
 // Draws strokes that portable code computed.
 #pragma once
-#include <span>
-
 #include "controls/stroke.hpp"
 #include "ovlib/gui/dc.hpp"
+#include <span>
 
 namespace ovlib {
 

@@ -1,8 +1,7 @@
 // A secondary top-level window, owned by its parent's window. Its control id exists only in the object.
 #pragma once
-#include <atomic>
-
 #include "ovlib/gui/childwnd.hpp"
+#include <atomic>
 
 namespace ovlib {
 

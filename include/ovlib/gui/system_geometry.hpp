@@ -1,12 +1,10 @@
 // Conversions of points, rectangles and wheel turns between the system and the portable code.
 #pragma once
-#include <windows.h>
-
-#include <windowsx.h>
-
 #include "controls/wheel_steps.hpp"
 #include "ovlib/gui/wnd_message.hpp"
 #include "platform/geometry.hpp"
+#include <windows.h>
+#include <windowsx.h>
 
 namespace ovlib {
 

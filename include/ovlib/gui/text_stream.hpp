@@ -1,9 +1,8 @@
 // A cursor that draws runs of text one after another.
 #pragma once
+#include "ovlib/gui/dc.hpp"
 #include <string>
 #include <vector>
-
-#include "ovlib/gui/dc.hpp"
 
 namespace ovlib::GDI {
 

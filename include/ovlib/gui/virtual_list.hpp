@@ -1,11 +1,10 @@
 // A list in columns that stores no rows: it queries the rows that it shows.
 #pragma once
+#include "ovlib/gui/listview.hpp"
 #include <functional>
 #include <span>
 #include <string>
 #include <vector>
-
-#include "ovlib/gui/listview.hpp"
 
 namespace ovlib {
 

@@ -4,12 +4,11 @@
 // created (with handle) and destroyed (without handle again, still in the list). Handlers return true if they
 // handled the message. A handler may delete its own object.
 #pragma once
+#include "ovlib/gui/wnd_message.hpp"
+#include <windows.h>
 #include <concepts>
 #include <cstdint>
 #include <string>
-#include <windows.h>
-
-#include "ovlib/gui/wnd_message.hpp"
 
 namespace ovlib {
 

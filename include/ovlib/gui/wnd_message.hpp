@@ -1,7 +1,7 @@
 // One message for a window's object.
 #pragma once
-#include <cstdint>
 #include <windows.h>
+#include <cstdint>
 
 namespace ovlib {
 

@@ -1,6 +1,6 @@
 // A stand-in for a program of the user: records its command line in a file beside itself.
-#include <string>
 #include <windows.h>
+#include <string>
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int)
 {

@@ -1,9 +1,9 @@
 #include "tools/bok/console.hpp"
+#include <windows.h>
 #include <cstdio>
 #include <fcntl.h>
 #include <initializer_list>
 #include <io.h>
-#include <windows.h>
 
 namespace bok {
 
