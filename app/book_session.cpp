@@ -43,7 +43,7 @@ bool BookSession::save(SaveCode code)
         return false;
     if (changed)
         commit_edits();
-    return write_book();
+    return write_to_file();
 }
 
 // The user's answer is about the page that was on the desk when the question was shown. If another page
@@ -80,7 +80,7 @@ void BookSession::commit_edits()
     talk().file_list_committed(std::vector<std::wstring>(page->files));
 }
 
-bool BookSession::write_book()
+bool BookSession::write_to_file()
 {
     note_content_change(); // writing trims the texts of all pages
     if (!book_.save_to(core::path_from_data_root(book_.path))) {

@@ -177,7 +177,7 @@ private:
     };
 
     SaveStep ask_to_save();
-    bool write_book();
+    bool write_to_file();
     void tell_save_failure();
     bool start_new_book(const std::wstring& path);
     bool read_book(const std::wstring& path, std::wstring& error);

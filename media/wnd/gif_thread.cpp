@@ -141,7 +141,7 @@ void GifThread::turn()
     if (!select_current())
         return;
     std::uint32_t time = paused_wait;
-    if (std::unique_lock hold{ core::drawing_lock() }; !is_paused || drawn_ != look(is_paused)) {
+    if (std::unique_lock hold{ core::drawing_lock() }; !is_paused || drawn_ != current_look(is_paused)) {
         time = draw(is_paused);
         hold.unlock();
         InvalidateRect(canvas_->owner().hwnd(), nullptr, TRUE);
@@ -188,13 +188,13 @@ void GifThread::select_next(std::uint32_t wanted)
 
 std::uint32_t GifThread::draw(bool is_paused)
 {
-    drawn_ = look(is_paused);
+    drawn_ = current_look(is_paused);
     const std::uint32_t delay = is_selected_ ? loader_->delays()[*active_] : 0;
     return canvas_->draw_animation_step(
         { run_, drawn_->frame, delay, drawn_->is_paused, drawn_->has_overlay });
 }
 
-FrameLook GifThread::look(bool is_paused) const
+FrameLook GifThread::current_look(bool is_paused) const
 {
     return { *active_, is_paused, is_cursor_over(*canvas_), look::palette().current_theme };
 }

@@ -47,7 +47,7 @@ private:
     bool select_current();
     void select_next(std::uint32_t wanted);
     std::uint32_t draw(bool is_paused);
-    FrameLook look(bool is_paused) const;
+    FrameLook current_look(bool is_paused) const;
 
     ovlib::Event wake_{ ovlib::Event::Reset::manual };
     ImageCanvas* canvas_ = nullptr;
