@@ -1,21 +1,9 @@
 #include "book/history_list.hpp"
 #include "book/line_reader.hpp"
-#include "book/line_writer.hpp"
 #include "book/page_text.hpp"
 #include <utility>
 
 namespace book {
-
-namespace {
-
-void write_entries(const std::vector<std::wstring>& entries, LineWriter& writer)
-{
-    for (const std::wstring& entry : entries)
-        writer.append_line(entry);
-    writer.flush();
-}
-
-} // namespace
 
 std::vector<std::wstring> read_history(ByteSource& source)
 {
@@ -32,10 +20,11 @@ std::vector<std::wstring> read_history(ByteSource& source)
     return entries;
 }
 
-void write_history(const std::vector<std::wstring>& entries, ByteSink& sink)
+void write_history(const std::vector<std::wstring>& entries, LineWriter& writer)
 {
-    LineWriter writer(sink);
-    write_entries(entries, writer);
+    for (const std::wstring& entry : entries)
+        writer.append_line(entry);
+    writer.flush();
 }
 
 HistoryList::HistoryList(std::wstring file)
@@ -61,7 +50,7 @@ void HistoryList::save() const
     LineWriter writer(sink);
     file = platform::File::create(path);
     if (file.is_open())
-        write_entries(entries_, writer);
+        write_history(entries_, writer);
 }
 
 void HistoryList::add(std::wstring entry)

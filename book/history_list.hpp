@@ -1,6 +1,6 @@
 // The Books that were opened or saved, newest first, kept in a file with one path per line.
 #pragma once
-#include "book/byte_stream.hpp"
+#include "book/line_writer.hpp"
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -11,7 +11,7 @@ inline constexpr std::size_t history_limit = 1000;
 
 // The paths in a history file, trimmed. Lines of only white space are skipped.
 std::vector<std::wstring> read_history(ByteSource& source);
-void write_history(const std::vector<std::wstring>& entries, ByteSink& sink);
+void write_history(const std::vector<std::wstring>& entries, LineWriter& writer);
 
 // File errors are not reported: the list keeps the entries it has. Paths are compared ignoring case.
 // Operations take their path by value because it may be one of the entries.

@@ -11,7 +11,8 @@ using Entries = std::vector<std::wstring>;
 Entries read_back(const Entries& entries)
 {
     test_support::MemorySink sink;
-    book::write_history(entries, sink);
+    book::LineWriter writer(sink);
+    book::write_history(entries, writer);
     test_support::MemorySource source(sink.bytes);
     return book::read_history(source);
 }
