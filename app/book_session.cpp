@@ -66,7 +66,7 @@ void BookSession::commit_edits()
     if (!page)
         return;
     std::wstring stamp = page->stamp;
-    renew_stamp(stamp, book::current_time_text());
+    book::renew_stamp(stamp, book::current_time_text());
     std::optional<std::vector<std::wstring>> files;
     if (std::optional<std::wstring> list = desk().file_list_edit())
         files = book::file_list_entries(*std::move(list));

@@ -138,6 +138,16 @@ public:
 
     // The page whose text is in the boxes; null if it no longer exists.
     book::Page* shown_page();
+    // Identifies the page on the desk.
+    struct Shown {
+        std::size_t index = book::npos;
+        std::uint64_t revision = 0;
+
+        friend bool operator==(const Shown&, const Shown&) = default;
+    };
+    // Identifies the subject of a question about the edits. It also differs if the Book's pages changed
+    // meanwhile.
+    Shown on_desk() const;
     // For the view of the boxes: puts the current page into the boxes, unless they contain edits.
     void show_current_page();
     // To be called after pages were inserted, removed or moved. Discards the edits in the boxes.
@@ -161,13 +171,6 @@ public:
     bool ask_about_entry(const std::wstring& question);
 
 private:
-    // Identifies the page on the desk.
-    struct Shown {
-        std::size_t index = book::npos;
-        std::uint64_t revision = 0;
-
-        friend bool operator==(const Shown&, const Shown&) = default;
-    };
     // The page and the query for which the Book's hits were found.
     struct HitsOf {
         Shown page;
@@ -195,9 +198,6 @@ private:
     HitsOf wanted_hits() const;
     Shown current_place() const;
     Shown shown_place() const;
-    // Identifies the subject of a question about the edits. It also differs if the Book's pages changed
-    // meanwhile.
-    Shown on_desk() const;
 
     Seams seams_;
     book::Book book_;

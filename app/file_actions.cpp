@@ -138,12 +138,9 @@ bool may_change_list(BookSession& session)
 {
     if (!session.desk().file_list_edit())
         return true;
-    const book::Page* const asked = session.shown_page();
-    const std::uint64_t revision = session.book().revision;
+    const BookSession::Shown asked = session.on_desk();
     const Answer answer = session.talk().ask_or_cancel(book::apply_file_list_question);
-    const bool is_same =
-        !session.talk().is_gone() && session.book().revision == revision && session.shown_page() == asked;
-    if (answer == Answer::cancel || !is_same)
+    if (answer == Answer::cancel || session.talk().is_gone() || session.on_desk() != asked)
         return false;
     if (std::optional<std::wstring> text = session.desk().file_list_edit(); text && answer == Answer::yes)
         apply_file_list(session, *std::move(text));

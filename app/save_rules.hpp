@@ -1,7 +1,6 @@
 // When a Book is written, how the edits are committed before, and the message about a failure.
 #pragma once
 #include "book/page.hpp"
-#include "book/page_text.hpp"
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -54,8 +53,6 @@ using BoxEdits = std::array<std::optional<std::wstring>, book::box_count>;
 
 // Trims box 2 at both ends and removes U+0003 from all texts.
 void commit_edits(BoxEdits edits, book::Page& page);
-
-using book::renew_stamp;
 
 inline constexpr wchar_t save_question[] = L"ページの内容が変更されています．\r\nファイルに保存しますか？";
 

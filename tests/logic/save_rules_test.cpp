@@ -1,5 +1,6 @@
 // When a Book is written, committing the boxes, and the message of a failure.
 #include "app/save_rules.hpp"
+#include "book/page_text.hpp"
 #include <gtest/gtest.h>
 
 namespace {
@@ -86,17 +87,17 @@ TEST(TakeBack, TrimsBeforeItRemovesSeparators)
 TEST(RenewStamp, KeepsTheCreationTimeAndReplacesTheRest)
 {
     std::wstring stamp = L"2020010203040520210102030405";
-    app::renew_stamp(stamp, L"20240506070809");
+    book::renew_stamp(stamp, L"20240506070809");
     EXPECT_EQ(stamp, L"2020010203040520240506070809");
 }
 
 TEST(RenewStamp, OfAShortStampKeepsItsText)
 {
     std::wstring stamp = L"2020";
-    app::renew_stamp(stamp, L"20240506070809");
+    book::renew_stamp(stamp, L"20240506070809");
     EXPECT_EQ(stamp, L"202020240506070809");
     stamp.clear();
-    app::renew_stamp(stamp, L"20240506070809");
+    book::renew_stamp(stamp, L"20240506070809");
     EXPECT_EQ(stamp, L"20240506070809");
 }
 
