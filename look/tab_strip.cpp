@@ -129,6 +129,15 @@ Color chosen_tab_color(int id)
     return tab_color(static_cast<std::size_t>(index));
 }
 
+bool ChosenTabColor::choose(int id, book::Page& page)
+{
+    if (!is_tab_color_command(id))
+        return false;
+    color_ = chosen_tab_color(id);
+    page.tab_color = color_.value;
+    return true;
+}
+
 ovlib::MenuRows tab_menu()
 {
     ovlib::MenuRows rows;

@@ -54,6 +54,17 @@ bool is_tab_color_command(int id);
 // The colour that the command chooses.
 Color chosen_tab_color(int id);
 
+// The colour of the next tab: the one that the user chose last for any tab.
+class ChosenTabColor {
+public:
+    Color color() const { return color_; }
+    // Gives the page's tab the colour of a menu command. False, without effect, for other commands.
+    bool choose(int id, book::Page& page);
+
+private:
+    Color color_ = tab_color(0);
+};
+
 // The context menu of a tab.
 ovlib::MenuRows tab_menu();
 

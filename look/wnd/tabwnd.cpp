@@ -226,13 +226,10 @@ bool TabWnd::on_command(int id)
         parent()->send_command(core::command::remove_tab, 0, reinterpret_cast<std::intptr_t>(page));
         return false;
     }
-    if (!is_tab_color_command(id))
+    if (!chosen_.choose(id, *page))
         return false;
-    const Color color = chosen_tab_color(id);
-    page->tab_color = color.value;
-    chosen_color_ = color;
     if (menu_tab_ <= items_.size())
-        items_[static_cast<std::size_t>(menu_tab_ - 1)].color = color;
+        items_[static_cast<std::size_t>(menu_tab_ - 1)].color = chosen_.color();
     menu_tab_ = 0;
     repaint();
     return true;

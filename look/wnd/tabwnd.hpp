@@ -27,7 +27,7 @@ public:
     std::uint64_t current_tab() const { return current_tab_; }
     std::uint64_t hover_tab() const { return hover_tab_; }
     // The colour that was last chosen for a tab; new tabs get it.
-    Color chosen_color() const { return chosen_color_; }
+    Color chosen_color() const { return chosen_.color(); }
     const ovlib::BackBuffer& buffer() const { return buffer_; }
     const ovlib::TipWnd& tip() const { return tip_; }
     const ovlib::Menu& menu() const { return menu_; }
@@ -57,7 +57,7 @@ private:
     std::uint64_t current_tab_ = 0; // tab numbers; 0 for none
     std::uint64_t hover_tab_ = 0;
     std::uint64_t menu_tab_ = 0;
-    Color chosen_color_ = tab_color(0);
+    ChosenTabColor chosen_;
     Swatches swatches_;
 };
 

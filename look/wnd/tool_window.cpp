@@ -1,5 +1,6 @@
 #include "look/wnd/tool_window.hpp"
 #include "core/command_ids.hpp"
+#include "core/titles.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "look/wnd/input_form.hpp"
@@ -11,6 +12,7 @@
 #include "ovlib/gui/virtual_list.hpp"
 #include <commctrl.h>
 #include <exception>
+#include <windowsx.h>
 
 namespace look {
 
@@ -57,6 +59,11 @@ bool keeps_key(HWND control, std::uint64_t key)
     return is_dropped(control) || (key == VK_RETURN && keeps_enter(control));
 }
 
+bool is_field(HWND control)
+{
+    return dynamic_cast<ovlib::EditBox*>(ovlib::Wnd::from_handle(control)) != nullptr;
+}
+
 bool can_take_focus(const ovlib::Wnd& wnd)
 {
     return wnd.hwnd() && wnd.is_visible() && wnd.is_enabled();
@@ -95,7 +102,7 @@ bool ToolWindow::on_message(ovlib::WndMessage& message)
         message.result = on_create() ? 0 : -1;
         return true;
     case WM_DESTROY:
-        is_open_ = false;
+        state_.close();
         end_run();
         return false;
     case WM_CLOSE:
@@ -166,7 +173,7 @@ ovlib::Color ToolWindow::ground() const
 
 std::wstring ToolWindow::box_caption() const
 {
-    return text();
+    return std::wstring(core::program_name) + L" - " + text();
 }
 
 bool ToolWindow::on_erase(ovlib::WndMessage& message) const
@@ -186,11 +193,11 @@ void ToolWindow::show(bool visible)
     }
     if (!is_window() && !create(L""))
         return;
-    if (!is_open_) {
+    if (!is_open()) {
         last_focus_ = nullptr;
         on_opening();
         bring_into_view(false);
-        is_open_ = true;
+        state_.open();
         SubWnd::show(true);
     }
     SetForegroundWindow(hwnd());
@@ -200,7 +207,7 @@ void ToolWindow::show(bool visible)
 // parent. So the parent is activated first.
 void ToolWindow::hide()
 {
-    is_open_ = false;
+    state_.close();
     if (hwnd() && GetActiveWindow() == hwnd() && parent())
         SetForegroundWindow(parent()->hwnd());
     SubWnd::show(false);
@@ -219,7 +226,7 @@ bool ToolWindow::on_close()
 // meanwhile.
 bool ToolWindow::on_show_by_owner(const ovlib::WndMessage& message) const
 {
-    return message.lparam == SW_PARENTOPENING && !is_open_;
+    return message.lparam == SW_PARENTOPENING && !state_.may_return_with_owner();
 }
 
 void ToolWindow::place_at_cursor(platform::Point offset)
@@ -251,6 +258,22 @@ bool ToolWindow::focus_control()
         }
     }
     return false;
+}
+
+std::optional<POINT> ToolWindow::menu_point(const ovlib::WndMessage& message) const
+{
+    const auto lparam = static_cast<LPARAM>(message.lparam);
+    POINT at{ GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam) };
+    if (at.x == -1 && at.y == -1) {
+        HWND const focused = GetFocus();
+        RECT place{};
+        GetWindowRect(IsChild(hwnd(), focused) ? focused : hwnd(), &place);
+        return POINT{ place.left, place.bottom };
+    }
+    POINT inside = at;
+    ScreenToClient(hwnd(), &inside);
+    const RECT client = client_rect();
+    return PtInRect(&client, inside) ? std::optional{ at } : std::nullopt;
 }
 
 int ToolWindow::show_message(const std::wstring& text, std::uint32_t flags)
@@ -310,6 +333,8 @@ void ToolWindow::on_control_enabled(HWND control, bool enabled)
 bool ToolWindow::on_key(HWND control, const ovlib::WndMessage& message)
 {
     const std::uint64_t key = message.wparam;
+    if (message.message == WM_KEYDOWN && key != VK_ESCAPE && key != VK_RETURN)
+        return !is_field(control) && on_shortcut(key);
     if ((key != VK_ESCAPE && key != VK_RETURN) || keeps_key(control, key))
         return false;
     if (message.message == WM_CHAR || (message.lparam & was_down) != 0)

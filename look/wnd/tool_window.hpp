@@ -1,9 +1,11 @@
 // The base of every window other than the main one.
 #pragma once
+#include "controls/window_place.hpp"
 #include "ovlib/gui/subwnd.hpp"
 #include "platform/color.hpp"
 #include "platform/geometry.hpp"
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,7 +53,7 @@ public:
     // parent becomes active.
     void show(bool visible) override;
     // Opened and not closed since. The system hides a window while its owner is minimised; it counts as open.
-    bool is_open() const { return is_open_; }
+    bool is_open() const { return state_.is_open(); }
 
 protected:
     ToolWindow(ovlib::Wnd* parent, int control_id, const ToolFrame& frame);
@@ -64,9 +66,12 @@ protected:
     virtual void on_opening() { }
     // The default action. False if there is none; the key then goes to the control.
     virtual bool on_enter() { return false; }
+    // Called for a pressed key, with its VK_ number, before the focused control gets it. Fields in which text
+    // is typed keep their keys. True if the key was handled.
+    virtual bool on_shortcut(std::uint64_t /*key*/) { return false; }
     // The colour of the background.
     virtual ovlib::Color ground() const;
-    // The caption of its message boxes; by default its title.
+    // The caption of its message boxes; by default the program's name and the title.
     virtual std::wstring box_caption() const;
 
     // Creates the controls with the interface's font, at their rectangles, in Tab order. A control that
@@ -74,6 +79,9 @@ protected:
     bool add_controls(std::initializer_list<ToolControl> controls);
     // Moves the upper left corner to the cursor position plus `offset`.
     void place_at_cursor(platform::Point offset);
+    // Where a context menu is shown for this WM_CONTEXTMENU: at the mouse, or below the focused control if
+    // the menu was requested by a key. nullopt for a point outside the client area.
+    std::optional<POINT> menu_point(const ovlib::WndMessage& message) const;
     // Shows a message box with MB_ `flags` and returns the chosen button. Messages are dispatched meanwhile:
     // the window may be closed or destroyed afterwards, and everything must be looked up again.
     int show_message(const std::wstring& text, std::uint32_t flags);
@@ -97,7 +105,7 @@ private:
     ToolFrame frame_;
     std::vector<ovlib::Wnd*> fields_; // in Tab order
     HWND last_focus_ = nullptr;
-    bool is_open_ = false;
+    ovlib::OpenState state_;
 };
 
 // Holds the main window's input gate while this window shows a dialog: the main window turns no page and runs

@@ -212,7 +212,7 @@ TEST_F(ToolWindows, ABoxHasItsCaptionAndHoldsTheInputOfTheParent)
     } };
     EXPECT_EQ(desk->show_message(L"保存しますか？", MB_YESNO | MB_ICONQUESTION), IDNO);
     EXPECT_TRUE(user.finish());
-    EXPECT_EQ(caption, L"ページの編集");
+    EXPECT_EQ(caption, L"Pagewick - ページの編集");
     EXPECT_EQ(text, L"保存しますか？");
     EXPECT_FALSE(is_owner_enabled);
     constexpr int hold = command::set_accepting_input;

@@ -302,4 +302,17 @@ TEST(TabSwatch, HasItsMarkFourPixelsInside)
     EXPECT_EQ(look::swatch_frame(Color{ 0xB3574A }), Color{ 0xB3574A }.shade(-80));
 }
 
+TEST(ChosenTabColor, IsThatOfTheNextTab)
+{
+    look::ChosenTabColor chosen;
+    EXPECT_EQ(chosen.color(), look::tab_color(0));
+    book::Page page;
+    EXPECT_TRUE(chosen.choose(2303, page));
+    EXPECT_EQ(page.tab_color, look::chosen_tab_color(2303).value);
+    EXPECT_EQ(chosen.color(), look::chosen_tab_color(2303));
+    EXPECT_FALSE(chosen.choose(2316, page));
+    EXPECT_EQ(page.tab_color, look::chosen_tab_color(2303).value);
+    EXPECT_EQ(chosen.color(), look::chosen_tab_color(2303));
+}
+
 } // namespace

@@ -1,4 +1,4 @@
-// Initial positions of top-level windows.
+// Initial positions of top-level windows, and whether one is open.
 #include "controls/window_place.hpp"
 #include <gtest/gtest.h>
 
@@ -47,6 +47,20 @@ TEST(WindowPlace, LargerThanTheWorkAreaStartsAtItsUpperLeftCorner)
 TEST(WindowPlace, TooLowOnlyIsStillMovedSideways)
 {
     EXPECT_EQ(brought_into_view({ 1200, -67, 1300, 787 }, bar_on_top), (Rect{ 1180, 30, 1280, 884 }));
+}
+
+// Hiding by the system is not reported to the state, so a minimised owner changes nothing.
+TEST(OpenState, LastsFromOpeningToClosing)
+{
+    ovlib::OpenState state;
+    EXPECT_FALSE(state.is_open());
+    EXPECT_FALSE(state.may_return_with_owner());
+    state.open();
+    EXPECT_TRUE(state.is_open());
+    EXPECT_TRUE(state.may_return_with_owner());
+    state.close();
+    EXPECT_FALSE(state.is_open());
+    EXPECT_FALSE(state.may_return_with_owner()) << "closed while its owner was minimised";
 }
 
 } // namespace
