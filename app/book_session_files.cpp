@@ -118,7 +118,7 @@ void BookSession::save_book_as()
     book_.path = path;
     if (save(SaveCode::always))
         remember_book();
-    else
+    else if (book_.path == path) // another Book may have been opened while the failure was shown
         book_.path = old_path;
 }
 

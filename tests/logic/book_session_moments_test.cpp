@@ -293,4 +293,63 @@ TEST_F(WhileAQuestionIsOpen, DialogsAreAboutThePageThatWasCurrent)
     EXPECT_FALSE(platform::exists(copy));
 }
 
+// A failure box dispatches messages like a question: another page or Book may arrive while it is open.
+class WhileAFailureIsShown : public test_support::SessionTest {
+protected:
+    // Loads another Book while the box after the next one, or the next one, is open.
+    void arrive_in_second_box()
+    {
+        talk.while_open = [this] { arrive_in_next_box(); };
+    }
+    void arrive_in_next_box()
+    {
+        talk.while_open = [this] { session.run([&] { session.load_book(other); }); };
+    }
+    std::wstring unwritable() const
+    {
+        std::wstring file = root.file(L"閉.bok");
+        block(file);
+        return file;
+    }
+    void expect_the_other_book_untouched()
+    {
+        EXPECT_EQ(book.path, other);
+        EXPECT_EQ(save(app::SaveCode::always), true);
+        EXPECT_EQ(texts_in(other), (test_support::Said{ L"A", L"B" }));
+        EXPECT_EQ(texts_in(path), (test_support::Said{ L"one", L"two", L"three" }));
+    }
+
+    const std::wstring other = make_book(L"他.bok", { L"A", L"B" });
+};
+
+TEST_F(WhileAFailureIsShown, LeavingAPageEndsIfAnotherBookArrives)
+{
+    desk.type(0, L"edit");
+    book.path = unwritable();
+    talk.answers = { true };
+    arrive_in_second_box();
+    EXPECT_EQ(run([&] { return app::go_to_last_page(session); }), core::Outcome::failed);
+    EXPECT_EQ(book.header.position, 0u);
+    expect_the_other_book_untouched();
+}
+
+TEST_F(WhileAFailureIsShown, SavingAsLeavesThePathOfAnotherBookAlone)
+{
+    talk.paths = { unwritable() };
+    arrive_in_second_box();
+    session.run([&] { session.save_book_as(); });
+    expect_the_other_book_untouched();
+}
+
+TEST_F(WhileAFailureIsShown, TheEditsOfThePageGoIntoNoOtherBook)
+{
+    desk.type(0, L"edit");
+    book.path = unwritable();
+    arrive_in_next_box();
+    EXPECT_FALSE(save(app::SaveCode::if_changed));
+    EXPECT_EQ(desk.boxes[0].text.substr(0, 1), L"A");
+    EXPECT_FALSE(desk.has_edits());
+    expect_the_other_book_untouched();
+}
+
 } // namespace
