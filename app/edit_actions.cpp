@@ -139,4 +139,44 @@ void show_position(BookSession& session, std::optional<std::uint64_t> position)
         session.run([&] { go_to_position(session, *position); });
 }
 
+std::optional<std::size_t> EditSession::replace_in_all_pages(const book::ReplaceRequest& request)
+{
+    return app::replace_in_all_pages(session_, request);
+}
+
+std::optional<std::size_t> EditSession::replace_in_current_page(const book::ReplaceRequest& request)
+{
+    return app::replace_in_current_page(session_, request);
+}
+
+EditResult EditSession::paste_pages(book::PageEditor& editor, const book::PasteRequest& request)
+{
+    return app::paste_pages(session_, editor, request);
+}
+
+EditResult EditSession::delete_pages(book::PageEditor& editor, const book::DeleteRequest& request)
+{
+    return app::delete_pages(session_, editor, request);
+}
+
+void EditSession::show_position(std::optional<std::uint64_t> position)
+{
+    app::show_position(session_, position);
+}
+
+bool EditSession::restore_pages()
+{
+    return app::restore_pages(session_);
+}
+
+bool EditSession::restore_pages(book::PageEditor& editor)
+{
+    return app::restore_pages(session_, editor);
+}
+
+bool EditSession::end_editing(EditEnd end)
+{
+    return app::end_editing(session_, end);
+}
+
 } // namespace app

@@ -5,8 +5,7 @@
 // An operation that lacks memory changes nothing and reports that it failed; the program goes on.
 #pragma once
 #include "app/book_session.hpp"
-#include "book/page_editor.hpp"
-#include "book/replace.hpp"
+#include "book/edit_host.hpp"
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -24,7 +23,7 @@ bool restore_pages(BookSession& session);
 // The same for the page editor, which is reset then.
 bool restore_pages(BookSession& session, book::PageEditor& editor);
 
-enum class EditEnd { unchanged, save, restore };
+using book::EditEnd;
 // After the window was closed. False if the changes should be dropped and could not be: the window must be
 // shown again, unless the program ends.
 bool end_editing(BookSession& session, EditEnd end);
@@ -42,5 +41,27 @@ book::EditResult delete_pages(
 
 // Shows the page at a position that a button or the strip of the editor leads to; nullopt leads nowhere.
 void show_position(BookSession& session, std::optional<std::uint64_t> position);
+
+// These operations for the windows.
+class EditSession : public book::EditHost {
+public:
+    // `session` must outlive it.
+    explicit EditSession(BookSession& session)
+        : session_(session)
+    {
+    }
+
+    std::optional<std::size_t> replace_in_all_pages(const book::ReplaceRequest& request) override;
+    std::optional<std::size_t> replace_in_current_page(const book::ReplaceRequest& request) override;
+    book::EditResult paste_pages(book::PageEditor& editor, const book::PasteRequest& request) override;
+    book::EditResult delete_pages(book::PageEditor& editor, const book::DeleteRequest& request) override;
+    void show_position(std::optional<std::uint64_t> position) override;
+    bool restore_pages() override;
+    bool restore_pages(book::PageEditor& editor) override;
+    bool end_editing(EditEnd end) override;
+
+private:
+    BookSession& session_;
+};
 
 } // namespace app

@@ -53,4 +53,33 @@ ovlib::MenuRows page_editor_menu(const PageMenuState& state)
     return rows;
 }
 
+namespace {
+
+struct PageKeyRow {
+    PageKey key;
+    bool needs_ctrl;
+    int command;
+};
+constexpr std::array page_keys{
+    PageKeyRow{ PageKey::left, false, core::command::previous_page },
+    PageKeyRow{ PageKey::right, false, core::command::next_page },
+    PageKeyRow{ PageKey::home, false, core::command::first_page },
+    PageKeyRow{ PageKey::end, false, core::command::last_page },
+    PageKeyRow{ PageKey::space, false, core::command::select_page },
+    PageKeyRow{ PageKey::del, false, core::command::delete_pages },
+    PageKeyRow{ PageKey::c, true, core::command::copy_pages },
+    PageKeyRow{ PageKey::v, true, core::command::paste_pages },
+    PageKeyRow{ PageKey::x, true, core::command::cut_pages },
+};
+
+} // namespace
+
+int page_key_command(PageKey key, bool is_ctrl_down)
+{
+    for (const PageKeyRow& row : page_keys)
+        if (row.key == key)
+            return row.needs_ctrl == is_ctrl_down ? row.command : 0;
+    return 0;
+}
+
 } // namespace book

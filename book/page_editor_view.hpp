@@ -3,6 +3,7 @@
 #include "book/page_editor.hpp"
 #include "controls/menu_rows.hpp"
 #include "core/command_ids.hpp"
+#include "platform/geometry.hpp"
 #include <array>
 #include <cstddef>
 #include <string>
@@ -105,6 +106,41 @@ constexpr bool may_run_page_command(int command, const PageMenuState& state)
     return false;
 }
 
+constexpr bool is_in_page_menu(int command)
+{
+    for (const PageMenuRow& row : page_menu_rows)
+        if (row.command == command)
+            return true;
+    return false;
+}
+
 ovlib::MenuRows page_editor_menu(const PageMenuState& state);
+
+// The layout of the window, in client coordinates. The check box of the current page is wide enough for the
+// last page of the largest Book, so that it keeps its size while pages are turned.
+inline constexpr platform::Size page_editor_client_size{ 400, 180 };
+
+namespace page_editor_place {
+
+using platform::Rect;
+
+inline constexpr Rect select_page{ 15, 14, 114, 32 };
+inline constexpr Rect first_page{ 283, 12, 307, 34 };
+inline constexpr Rect previous_page{ 309, 12, 333, 34 };
+inline constexpr Rect next_page{ 335, 12, 359, 34 };
+inline constexpr Rect last_page{ 361, 12, 385, 34 };
+inline constexpr Rect select_range{ 15, 48, 95, 66 };
+inline constexpr Rect reset_range{ 285, 46, 385, 68 };
+inline constexpr Rect range_start{ 15, 84, 85, 106 };
+inline constexpr Rect range_end{ 315, 84, 385, 106 };
+inline constexpr Rect strip{ 15, 114, 385, 130 };
+inline constexpr Rect trace_selection{ 15, 146, 155, 164 };
+
+} // namespace page_editor_place
+
+// The keys that work wherever the focus is in the window.
+enum class PageKey { left, right, home, end, space, del, c, v, x };
+// The command of a key; 0 for none. `is_ctrl_down` is needed for the letters and excludes the others.
+int page_key_command(PageKey key, bool is_ctrl_down);
 
 } // namespace book

@@ -41,4 +41,10 @@ ovlib::MenuRows replace_menu(bool changed)
         menu_item(command::close_window, L"終了") };
 }
 
+bool takes_selection(std::wstring_view search_text, std::wstring_view selection)
+{
+    return search_text.empty() && !selection.empty()
+        && selection.find_first_of(L"\r\n") == std::wstring_view::npos;
+}
+
 } // namespace book

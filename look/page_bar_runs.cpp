@@ -82,6 +82,18 @@ Point indicator_place(std::size_t current, std::size_t page_count, int width)
         indicator_top };
 }
 
+Color page_label_color(const ThemePalette& palette, PageSelection selected)
+{
+    switch (selected) {
+    case PageSelection::selected:
+        return palette.selected_bar;
+    case PageSelection::pasted:
+        return palette.pasted_bar;
+    default:
+        return palette.editor_label;
+    }
+}
+
 std::array<Stroke, 2> page_bar_frame(ovlib::Color panel)
 {
     const int right = page_bar_size.width - 1;

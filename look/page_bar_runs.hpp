@@ -2,6 +2,7 @@
 #pragma once
 #include "book/page.hpp"
 #include "controls/stroke.hpp"
+#include "look/theme.hpp"
 #include "platform/color.hpp"
 #include "platform/geometry.hpp"
 #include <array>
@@ -32,6 +33,9 @@ std::uint8_t blend_span(std::uint8_t old, std::uint8_t channel);
 
 // The top left corner of an indicator of this width for the page at stored index `current`.
 platform::Point indicator_place(std::size_t current, std::size_t page_count, int width);
+
+// The colour of a page's number in the page editor.
+Color page_label_color(const ThemePalette& palette, book::PageSelection selected);
 
 // The sunken frame, to be drawn with a pen one pixel wide.
 std::array<ovlib::Stroke, 2> page_bar_frame(ovlib::Color panel);

@@ -55,7 +55,7 @@ constexpr std::array rows{
     Row{ command::set_box_font },
     Row{ command::toggle_tab, commands::toggle_tab },
     Row{ command::remove_tab, commands::remove_tab },
-    Row{ { command::show_book_editor, command::show_replace } },
+    Row{ { command::show_book_editor, command::show_replace }, commands::show_editing_window },
     Row{ command::show_palette },
     Row{ command::show_file_menu, commands::show_file_menu },
     Row{ command::show_file_list_editor },

@@ -59,6 +59,8 @@ core::Outcome search_selection(MainParts&, const CommandInput&);
 core::Outcome toggle_search_check(MainParts&, const CommandInput&);
 core::Outcome clear_search(MainParts&, const CommandInput&);
 
+core::Outcome show_editing_window(MainParts&, const CommandInput&);
+
 core::Outcome show_file_menu(MainParts&, const CommandInput&);
 core::Outcome choose_file_in_combo(MainParts&, const CommandInput&);
 core::Outcome select_file(MainParts&, const CommandInput&);

@@ -67,7 +67,8 @@ constexpr std::array view_rows{
     ViewRow{ View::file_combo, show_file_combo },
     ViewRow{ View::file_list_editor, show_nothing },
     ViewRow{ View::tabs, [](MainParts& parts) { parts.controls.tabs().rebuild(); } },
-    ViewRow{ View::book_editor, show_nothing },
+    ViewRow{ View::book_editor,
+        [](MainParts& parts) { parts.book_editor.update(book::BookEditor::KeepRange::no); } },
     ViewRow{ View::history_enabled, [](MainParts& parts) { parts.talk.enable_history(); } },
     ViewRow{ View::box_state, show_box_state },
     ViewRow{ View::page_buttons,
@@ -92,13 +93,18 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
     , session({ desk, talk, [this](View view) { serve(view); }, [this] { path_answers.forget(); } },
           core::history_file(core::folders()))
     , controls(&window, &session.book())
-    , desk(&window, controls)
+    , desk(&window, controls, [this] { return book_editor.traces_selection(); })
     , talk(window, session.book().path, session.history(), [this] { links.start_shortcut_creation_async(); })
     , links(window, talk, session.book())
     , file_view(&window, &session.book(), path_answers)
     , background(window, desk, [this](int y) { session.book().header.divider = y; })
     , menu_pictures(app_bitmap)
+    , edit_session(session)
+    , replace_window(&window, 0, session.book(), edit_session)
+    , book_editor(&window, 0, session.book(), edit_session, menu_pictures)
 {
+    talk.add_page_editor(replace_editor_);
+    talk.add_page_editor(page_editor_);
 }
 
 bool MainParts::create()

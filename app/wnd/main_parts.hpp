@@ -1,16 +1,34 @@
 // The parts of the main window, for its commands and views.
 #pragma once
 #include "app/book_session.hpp"
+#include "app/edit_actions.hpp"
 #include "app/wnd/background.hpp"
 #include "app/wnd/file_view.hpp"
 #include "app/wnd/link_maker.hpp"
 #include "app/wnd/main_controls.hpp"
 #include "app/wnd/main_talk.hpp"
 #include "app/wnd/page_desk.hpp"
+#include "book/wnd/bookeditor.hpp"
+#include "book/wnd/replacewnd.hpp"
 #include "media/path_answers.hpp"
 #include "ovlib/gui/menu_pictures.hpp"
 
 namespace app {
+
+// A window that edits pages, for the dialogue with the user.
+class EditorOf : public PageEditor {
+public:
+    // `window` must outlive it.
+    explicit EditorOf(look::ToolWindow& window)
+        : window_(window)
+    {
+    }
+    bool is_open() const override { return window_.is_open(); }
+    void close() override { window_.show(false); }
+
+private:
+    look::ToolWindow& window_;
+};
 
 // Lives as long as its window. The parts refer to each other.
 struct MainParts {
@@ -35,7 +53,14 @@ struct MainParts {
     FileView file_view;
     Background background;
     ovlib::MenuPictures menu_pictures;
+    EditSession edit_session;
+    book::ReplaceWnd replace_window;
+    book::BookEditor book_editor;
     MainLayout layout;
+
+private:
+    EditorOf replace_editor_{ replace_window };
+    EditorOf page_editor_{ book_editor };
 };
 
 } // namespace app

@@ -6,6 +6,7 @@
 #include "ovlib/gui/system_geometry.hpp"
 #include "platform/process_log.hpp"
 #include <algorithm>
+#include <utility>
 
 namespace app {
 
@@ -38,9 +39,10 @@ void renew_text(look::MyBox& box, const std::wstring& text, bool keeps_selection
 
 } // namespace
 
-BoxDesk::BoxDesk(ovlib::Wnd* parent, MainControls& controls)
+BoxDesk::BoxDesk(ovlib::Wnd* parent, MainControls& controls, std::function<bool()> searches_selection)
     : parent_(parent)
     , controls_(controls)
+    , searches_selection_(std::move(searches_selection))
     , q_box_(parent, command::box_1)
     , a_box_(parent, command::box_2)
     , d_box_(parent, command::box_3)
@@ -227,7 +229,9 @@ void BoxDesk::apply_divider_and_fonts(book::BookHeader& header)
 
 book::SearchQuery BoxDesk::query() const
 {
-    return controls_.query();
+    book::SearchQuery query = controls_.query();
+    query.selected_only = searches_selection_();
+    return query;
 }
 
 bool answer_colors(ovlib::WndMessage& message, look::BoxColors colors, ovlib::GDI::Brush& brush)

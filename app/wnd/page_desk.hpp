@@ -9,6 +9,7 @@
 #include "ovlib/gui/gdi_object.hpp"
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,8 +17,9 @@ namespace app {
 
 class BoxDesk : public PageDesk {
 public:
-    // Both must outlive the desk. `controls` provides the search query.
-    BoxDesk(ovlib::Wnd* parent, MainControls& controls);
+    // Both must outlive the desk. `controls` provides the search query; `searches_selection` returns whether
+    // only the pages selected in the page editor match it.
+    BoxDesk(ovlib::Wnd* parent, MainControls& controls, std::function<bool()> searches_selection);
 
     bool create();
     // Also puts the divider where `boxes` has it.
@@ -57,6 +59,7 @@ private:
 
     ovlib::Wnd* parent_;
     MainControls& controls_;
+    std::function<bool()> searches_selection_;
     PageBoxes layout_;
     look::QBox q_box_;
     look::ABox a_box_;

@@ -116,4 +116,12 @@ TEST(PageBarFrame, IsSunken)
     }
 }
 
+TEST(PageBarLabel, HasTheColourOfThePage)
+{
+    const look::ThemePalette colors = look::theme_colors(look::theme_dark);
+    EXPECT_EQ(look::page_label_color(colors, book::PageSelection::selected), colors.selected_bar);
+    EXPECT_EQ(look::page_label_color(colors, book::PageSelection::pasted), colors.pasted_bar);
+    EXPECT_EQ(look::page_label_color(colors, book::PageSelection::none), colors.editor_label);
+}
+
 } // namespace

@@ -419,4 +419,41 @@ TEST(PageEditorMenu, GreysByEveryState)
             }
 }
 
+TEST(PageKeys, RunTheirCommands)
+{
+    using book::PageKey;
+    const std::vector<std::pair<PageKey, int>> plain{ { PageKey::left, 1011 }, { PageKey::right, 1010 },
+        { PageKey::home, 1012 }, { PageKey::end, 1013 }, { PageKey::space, 1036 }, { PageKey::del, 1063 } };
+    const std::vector<std::pair<PageKey, int>> with_ctrl{ { PageKey::c, 1059 }, { PageKey::x, 1060 },
+        { PageKey::v, 1062 } };
+    for (const auto& [key, id] : plain) {
+        EXPECT_EQ(book::page_key_command(key, false), id);
+        EXPECT_EQ(book::page_key_command(key, true), 0);
+    }
+    for (const auto& [key, id] : with_ctrl) {
+        EXPECT_EQ(book::page_key_command(key, true), id);
+        EXPECT_EQ(book::page_key_command(key, false), 0);
+    }
+}
+
+TEST(PageEditorPlaces, AreInsideTheWindowAndApart)
+{
+    namespace place = book::page_editor_place;
+    const std::vector<platform::Rect> places{ place::select_page, place::first_page, place::previous_page,
+        place::next_page, place::last_page, place::select_range, place::reset_range, place::range_start,
+        place::range_end, place::strip, place::trace_selection };
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        EXPECT_GE(places[i].left, 15);
+        EXPECT_LE(places[i].right, book::page_editor_client_size.width - 15);
+        EXPECT_LE(places[i].bottom, book::page_editor_client_size.height);
+        for (std::size_t j = i + 1; j < places.size(); ++j)
+            EXPECT_TRUE(places[i].right <= places[j].left || places[j].right <= places[i].left
+                || places[i].bottom <= places[j].top || places[j].bottom <= places[i].top)
+                << i << " and " << j;
+    }
+    EXPECT_EQ(place::strip.top, book::page_editor_client_size.height / 2 + 24);
+    EXPECT_EQ(place::strip.width(), 370);
+    EXPECT_EQ(place::strip.height(), 16);
+}
+
 } // namespace

@@ -266,4 +266,13 @@ TEST(ReplaceMenu, GreysTheRestoreUntilSomethingChanged)
     }
 }
 
+TEST(ReplaceSelection, IsTakenIntoAnEmptyFieldIfItIsOneLine)
+{
+    EXPECT_TRUE(book::takes_selection(L"", L"一行"));
+    EXPECT_FALSE(book::takes_selection(L"犬", L"一行"));
+    EXPECT_FALSE(book::takes_selection(L"", L""));
+    EXPECT_FALSE(book::takes_selection(L"", L"一行\r\n二行"));
+    EXPECT_FALSE(book::takes_selection(L"", L"一\n"));
+}
+
 } // namespace

@@ -1,0 +1,598 @@
+// The page editor: selecting, the range, the strip, copying, moving, deleting, restoring and closing.
+#include "tests/support/gui_editing.hpp"
+
+namespace {
+
+namespace command = core::command;
+namespace place = book::page_editor_place;
+
+class PageEditing : public gui::EditingWindows {
+protected:
+    static constexpr auto caption = L"Pagewick - ブックエディタ";
+
+    void open_letters(std::wstring_view letters)
+    {
+        open(lettered(letters));
+        open_editor();
+    }
+    void go_to(std::uint64_t position)
+    {
+        command(command::first_page);
+        for (std::uint64_t i = 0; i < position; ++i)
+            command(command::next_page);
+        ASSERT_EQ(book().header.position, position);
+    }
+    void select(std::initializer_list<std::uint64_t> positions)
+    {
+        for (const std::uint64_t position : positions) {
+            go_to(position);
+            set_check(editor(), command::select_page, true);
+        }
+    }
+    void order(int id) { editor().send_command(id, 0, 0); }
+    gui::MetBox order(int id, int answer)
+    {
+        return answered(answer, [&] { order(id); });
+    }
+    std::wstring label(int id) const { return gui::text_of(item(editor(), id)); }
+    bool is_shown(int id) const { return IsWindowVisible(item(editor(), id)) != FALSE; }
+    std::wstring range() const
+    {
+        std::wstring text = label(command::go_to_range_start);
+        if (is_shown(command::go_to_range_end))
+            text += L"-" + label(command::go_to_range_end);
+        return text;
+    }
+    void turn_with_shift(int id)
+    {
+        const gui::HeldKey shift{ VK_SHIFT };
+        command(id);
+    }
+    // Mouse messages at this x of the strip.
+    void strip(UINT message, int x)
+    {
+        editor().send(message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON,
+            MAKELPARAM(place::strip.left + x, place::strip.top + 8));
+    }
+    void press_key_in(int id, WPARAM key) { SendMessageW(item(editor(), id), WM_KEYDOWN, key, 1); }
+    // A message box changes the state of the keys, so each press holds Ctrl anew.
+    void press_ctrl_and(WPARAM key)
+    {
+        const gui::HeldKey ctrl{ VK_CONTROL };
+        ASSERT_TRUE(gui::pump_until([] { return GetKeyState(VK_CONTROL) < 0; }));
+        press_key_in(command::select_page, key);
+    }
+    COLORREF strip_pixel(int x, int y = 8) const
+    {
+        UpdateWindow(editor().hwnd());
+        const ovlib::ClientDC dc{ editor() };
+        return GetPixel(dc.handle(), place::strip.left + x, place::strip.top + y);
+    }
+    void open_changed()
+    {
+        open_letters(L"あいう");
+        select({ 1 });
+        order(command::delete_pages, IDYES);
+        ASSERT_TRUE(editor().has_changed());
+    }
+    gui::MetBox close_by(int button)
+    {
+        return answered(button, [&] { editor().send(WM_CLOSE, 0, 0); });
+    }
+};
+
+TEST_F(PageEditing, ShowsTheCurrentPageAndFollowsItsTurns)
+{
+    open_letters(L"あいう");
+    EXPECT_EQ(editor().text(), L"ブックエディタ");
+    EXPECT_EQ(label(command::select_page), L"1 を選択");
+    EXPECT_EQ(range(), L"1");
+    order(command::next_page);
+    EXPECT_EQ(first_line(), L"い");
+    EXPECT_EQ(label(command::select_page), L"2 を選択");
+    order(command::last_page);
+    EXPECT_EQ(range(), L"3");
+    order(command::previous_page);
+    EXPECT_EQ(range(), L"2");
+    order(command::first_page);
+    EXPECT_EQ(range(), L"1");
+}
+
+TEST_F(PageEditing, SelectsTheCurrentPageAndShowsTheNumberInItsTitle)
+{
+    open_letters(L"あいう");
+    click_in(editor(), command::select_page);
+    EXPECT_EQ(editor().text(), L"ブックエディタ  [ 1ページ選択中 ]");
+    order(command::next_page);
+    EXPECT_FALSE(check_in(editor(), command::select_page).is_checked());
+    click_in(editor(), command::select_page);
+    EXPECT_EQ(editor().text(), L"ブックエディタ  [ 2ページ選択中 ]");
+    EXPECT_EQ(selection(), L"110");
+    click_in(editor(), command::select_page);
+    EXPECT_EQ(selection(), L"100");
+    order(command::clear_selection);
+    EXPECT_EQ(selection(), L"000");
+    EXPECT_EQ(editor().text(), L"ブックエディタ");
+}
+
+TEST_F(PageEditing, TurningWithShiftExtendsTheRangeAndTurningAloneEndsIt)
+{
+    open_letters(L"あいうえお");
+    command(command::next_page);
+    turn_with_shift(command::next_page);
+    turn_with_shift(command::next_page);
+    EXPECT_EQ(range(), L"2-4");
+    click_in(editor(), command::select_range);
+    EXPECT_TRUE(check_in(editor(), command::select_range).is_checked());
+    EXPECT_EQ(selection(), L"01110");
+    EXPECT_EQ(range(), L"2-4") << "selecting keeps the range";
+    turn_with_shift(command::previous_page);
+    EXPECT_EQ(range(), L"2-3");
+    command(command::next_page);
+    EXPECT_EQ(range(), L"4");
+    EXPECT_FALSE(check_in(editor(), command::select_range).is_checked());
+    EXPECT_EQ(selection(), L"01110");
+}
+
+TEST_F(PageEditing, DeselectsTheRange)
+{
+    open_letters(L"あいう");
+    turn_with_shift(command::last_page);
+    click_in(editor(), command::select_range);
+    ASSERT_EQ(selection(), L"111");
+    click_in(editor(), command::select_range);
+    EXPECT_EQ(selection(), L"000");
+    EXPECT_EQ(range(), L"1-3");
+}
+
+TEST_F(PageEditing, ResetsTheRangeToTheCurrentPage)
+{
+    open_letters(L"あいう");
+    turn_with_shift(command::last_page);
+    ASSERT_EQ(range(), L"1-3");
+    click_in(editor(), command::reset_range);
+    EXPECT_EQ(range(), L"3");
+}
+
+TEST_F(PageEditing, JumpsToBothEndsOfTheRangeAndKeepsIt)
+{
+    open_letters(L"あいうえお");
+    command(command::next_page);
+    turn_with_shift(command::last_page);
+    ASSERT_EQ(range(), L"2-5");
+    click_in(editor(), command::go_to_range_start);
+    EXPECT_EQ(book().header.position, 1u);
+    EXPECT_EQ(range(), L"2-5");
+    click_in(editor(), command::go_to_range_end);
+    EXPECT_EQ(book().header.position, 4u);
+    EXPECT_EQ(range(), L"2-5");
+    EXPECT_EQ(first_line(), L"お");
+}
+
+TEST_F(PageEditing, TheFocusLeavesAnEndThatIsHidden)
+{
+    open_letters(L"あい");
+    turn_with_shift(command::next_page);
+    ASSERT_TRUE(gui::bring_to_front(editor()));
+    SetFocus(item(editor(), command::go_to_range_end));
+    command(command::previous_page);
+    EXPECT_FALSE(is_shown(command::go_to_range_end));
+    EXPECT_EQ(GetFocus(), item(editor(), command::go_to_range_start));
+}
+
+TEST_F(PageEditing, ADragOverTheStripTurnsPagesAndMakesARange)
+{
+    open_letters(L"あいうえお");
+    strip(WM_LBUTTONDOWN, 100); // the second of five
+    EXPECT_EQ(GetCapture(), editor().hwnd());
+    EXPECT_EQ(book().header.position, 1u);
+    strip(WM_MOUSEMOVE, 300);
+    EXPECT_EQ(book().header.position, 4u);
+    EXPECT_EQ(range(), L"1-5");
+    strip(WM_MOUSEMOVE, 160);
+    EXPECT_EQ(range(), L"1-3");
+    strip(WM_MOUSEMOVE, -50);
+    EXPECT_EQ(book().header.position, 0u);
+    strip(WM_MOUSEMOVE, 900);
+    EXPECT_EQ(book().header.position, 4u);
+    strip(WM_LBUTTONUP, 900);
+    EXPECT_EQ(GetCapture(), nullptr);
+    strip(WM_MOUSEMOVE, 0);
+    EXPECT_EQ(book().header.position, 4u) << "not dragged any more";
+    EXPECT_EQ(range(), L"1-5");
+}
+
+TEST_F(PageEditing, ALostCaptureEndsTheDrag)
+{
+    open_letters(L"あいうえお");
+    strip(WM_LBUTTONDOWN, 100);
+    ReleaseCapture();
+    strip(WM_MOUSEMOVE, 300);
+    EXPECT_EQ(book().header.position, 1u);
+}
+
+TEST_F(PageEditing, AHiddenWindowReleasesTheMouse)
+{
+    open_letters(L"あいうえお");
+    strip(WM_LBUTTONDOWN, 100);
+    editor().send(WM_CLOSE, 0, 0);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(PageEditing, APressBesideTheStripDoesNothing)
+{
+    open_letters(L"あいうえお");
+    editor().send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(place::strip.left + 200, place::strip.bottom + 1));
+    EXPECT_EQ(book().header.position, 0u);
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(PageEditing, PaintsTheSelectedPagesOnTheStrip)
+{
+    open_letters(L"あいうえお");
+    select({ 2 });
+    command(command::first_page);
+    EXPECT_EQ(strip_pixel(180), look::palette().selected_bar.value);
+    EXPECT_EQ(strip_pixel(260), look::palette().bar_back.value);
+    order(command::clear_selection);
+    EXPECT_EQ(strip_pixel(180), look::palette().bar_back.value);
+}
+
+TEST_F(PageEditing, PaintsTheStripInTheColoursOfANewTheme)
+{
+    open_letters(L"あいうえお");
+    for (const int theme : { look::theme_dark, look::theme_blue, look::theme_standard }) {
+        command(theme);
+        EXPECT_EQ(strip_pixel(260), look::palette().bar_back.value) << theme;
+    }
+}
+
+TEST_F(PageEditing, CopiesSelectedPagesToTheEnd)
+{
+    open_letters(L"あいう");
+    select({ 1 });
+    order(command::copy_pages);
+    const auto met = order(command::paste_pages_at_end, IDYES);
+    EXPECT_EQ(met.text, L"コピーした 1 枚のページを位置 [4] に貼付けますか？");
+    EXPECT_EQ(met.caption, std::wstring(caption) + L"  [ 1ページ選択中 ]");
+    EXPECT_EQ(met.icon, LoadIconW(nullptr, IDI_QUESTION));
+    EXPECT_EQ(first_texts(), L"あいうい");
+    EXPECT_EQ(selection(), L"0102");
+    EXPECT_EQ(book().header.position, 3u);
+    EXPECT_EQ(first_line(), L"い");
+    EXPECT_TRUE(editor().has_changed());
+}
+
+TEST_F(PageEditing, MovesSelectedPagesToTheCurrentPosition)
+{
+    open_letters(L"あいうえお");
+    select({ 0, 1 });
+    order(command::cut_pages);
+    go_to(4);
+    const auto met = order(command::paste_pages, IDYES);
+    EXPECT_EQ(met.text, L"カットした 2 枚のページを位置 [5] に貼付けますか？");
+    EXPECT_EQ(first_texts(), L"うえあいお");
+    EXPECT_EQ(selection(), L"00110");
+    EXPECT_EQ(first_line(), L"い");
+}
+
+TEST_F(PageEditing, DoesNothingIfTheQuestionIsAnsweredNo)
+{
+    open_letters(L"あいう");
+    select({ 1 });
+    order(command::copy_pages);
+    order(command::paste_pages_at_end, IDNO);
+    order(command::delete_pages, IDNO);
+    EXPECT_EQ(first_texts(), L"あいう");
+    EXPECT_FALSE(editor().has_changed());
+}
+
+TEST_F(PageEditing, DoesNothingWithoutASelectionOrAPendingCopy)
+{
+    open_letters(L"あいう");
+    for (const int id : { command::copy_pages, command::cut_pages, command::paste_pages,
+             command::paste_pages_at_end, command::delete_pages })
+        order(id); // a question would never end
+    select({ 0 });
+    order(command::paste_pages);
+    order(command::copy_pages);
+    set_check(editor(), command::select_page, false);
+    set_check(editor(), command::select_page, true);
+    order(command::paste_pages); // selecting gave the copy up
+    EXPECT_EQ(first_texts(), L"あいう");
+}
+
+TEST_F(PageEditing, DeletesSelectedPages)
+{
+    open_letters(L"あいう");
+    select({ 0, 2 });
+    const auto met = order(command::delete_pages, IDYES);
+    EXPECT_EQ(met.text, L"選択した 2 枚のページを削除しますか？");
+    EXPECT_EQ(first_texts(), L"い");
+    EXPECT_EQ(first_line(), L"い");
+    EXPECT_EQ(editor().text(), L"ブックエディタ");
+    EXPECT_EQ(saved().pages.size(), 3u) << "the file is as it was";
+}
+
+TEST_F(PageEditing, LeavesAnEmptyPageWhenAllAreDeleted)
+{
+    open_letters(L"あいう");
+    turn_with_shift(command::last_page);
+    click_in(editor(), command::select_range);
+    order(command::delete_pages, IDYES);
+    ASSERT_EQ(book().pages.size(), 1u);
+    EXPECT_EQ(book().header.position, 0u);
+    EXPECT_EQ(first_line(), L"");
+    EXPECT_EQ(range(), L"1");
+}
+
+// Whatever was asked about must still be there when the answer comes.
+TEST_F(PageEditing, DoesNothingIfTheSelectionChangedWhileTheQuestionWasOpen)
+{
+    open_letters(L"あいう");
+    select({ 0 });
+    answered(IDYES, [&] { order(command::delete_pages); },
+        [&] { const_cast<book::Book&>(book()).pages[1].selected = book::PageSelection::selected; });
+    EXPECT_EQ(first_texts(), L"あいう");
+    EXPECT_FALSE(editor().has_changed());
+}
+
+TEST_F(PageEditing, DoesNothingIfItWasClosedWhileTheQuestionWasOpen)
+{
+    open_letters(L"あいう");
+    select({ 0 });
+    answered(IDYES, [&] { order(command::delete_pages); },
+        [&] { PostMessageW(editor().hwnd(), WM_CLOSE, 0, 0); });
+    gui::pump();
+    EXPECT_EQ(first_texts(), L"あいう");
+}
+
+TEST_F(PageEditing, ReportsABookThatIsTooLargeAndGoesOn)
+{
+    book::Book large;
+    large.pages.resize(99'999, page(L"\r\n"));
+    open(std::move(large));
+    open_editor();
+    set_check(editor(), command::select_page, true);
+    order(command::cut_pages);
+    const auto met = answered_all({ IDYES, IDOK }, [&] { order(command::paste_pages_at_end); });
+    ASSERT_EQ(met.size(), 2u);
+    EXPECT_EQ(met[1].icon, LoadIconW(nullptr, IDI_WARNING));
+    EXPECT_EQ(book().pages.size(), 99'999u);
+    EXPECT_FALSE(editor().has_changed());
+    EXPECT_TRUE(editor().is_open());
+}
+
+TEST_F(PageEditing, ATracedSelectionIsAllThatASearchFinds)
+{
+    open_letters(L"あいうえお");
+    select({ 1, 3 });
+    command(command::first_page);
+    click_in(editor(), command::trace_selection);
+    EXPECT_TRUE(editor().traces_selection());
+    order(command::next_page);
+    EXPECT_EQ(first_line(), L"い");
+    order(command::next_page);
+    EXPECT_EQ(first_line(), L"え");
+    order(command::previous_page);
+    EXPECT_EQ(first_line(), L"い");
+    editor().send(WM_CLOSE, 0, 0);
+    EXPECT_FALSE(editor().traces_selection());
+    command(command::next_page);
+    EXPECT_EQ(first_line(), L"う");
+}
+
+TEST_F(PageEditing, TracingKeepsTheRange)
+{
+    open_letters(L"あいう");
+    turn_with_shift(command::last_page);
+    click_in(editor(), command::trace_selection);
+    EXPECT_EQ(range(), L"1-3");
+}
+
+TEST_F(PageEditing, KeepsTheSelectionForItsNextOpening)
+{
+    open_letters(L"あいう");
+    select({ 1, 2 });
+    turn_with_shift(command::first_page);
+    editor().send(WM_CLOSE, 0, 0);
+    open_editor();
+    EXPECT_EQ(selection(), L"011");
+    EXPECT_EQ(editor().text(), L"ブックエディタ  [ 2ページ選択中 ]");
+    EXPECT_EQ(range(), L"1");
+}
+
+TEST_F(PageEditing, RestoresTheFileAndForgetsAPendingCut)
+{
+    open_letters(L"あいう");
+    select({ 0 });
+    order(command::delete_pages, IDYES);
+    set_check(editor(), command::select_page, true);
+    order(command::cut_pages);
+    const auto met = order(command::restore_book, IDYES);
+    EXPECT_EQ(met.text, L"編集を取消して最初の状態に戻しますか？");
+    EXPECT_EQ(first_texts(), L"あいう");
+    EXPECT_FALSE(editor().has_changed());
+    EXPECT_TRUE(editor().is_open());
+    EXPECT_EQ(editor().text(), L"ブックエディタ");
+    set_check(editor(), command::select_page, true);
+    order(command::paste_pages); // a question would never end
+}
+
+TEST_F(PageEditing, ARestoreWithoutAFileKeepsTheChanges)
+{
+    open_changed();
+    DeleteFileW(file(L"手帖.bok").c_str());
+    answered_all({ IDYES, IDOK }, [&] { order(command::restore_book); });
+    EXPECT_TRUE(editor().has_changed());
+    EXPECT_EQ(first_texts(), L"あう");
+    close_by(IDYES);
+}
+
+TEST_F(PageEditing, ClosesWithoutAQuestionIfNothingChanged)
+{
+    open_letters(L"あい");
+    select({ 0 });
+    editor().send(WM_CLOSE, 0, 0);
+    EXPECT_FALSE(editor().is_open());
+    EXPECT_FALSE(GetWindowLongW(box(command::box_1), GWL_STYLE) & ES_READONLY);
+}
+
+TEST_F(PageEditing, ClosesWithYesAndSaves)
+{
+    open_changed();
+    const auto met = close_by(IDYES);
+    EXPECT_EQ(met.text,
+        L"変更内容をファイルに保存しますか？\r\n\r\n[はい] を押すと変更内容をファイルに保存して終了します．\r\n"
+        L"[いいえ] を押すと編集前の状態に戻して終了します．");
+    EXPECT_EQ(met.caption, caption);
+    EXPECT_FALSE(editor().is_open());
+    EXPECT_EQ(saved().pages.size(), 2u);
+}
+
+TEST_F(PageEditing, ClosesWithNoAndRestoresTheFile)
+{
+    open_letters(L"あいう");
+    const std::string before = bytes_of();
+    select({ 1 });
+    order(command::delete_pages, IDYES);
+    close_by(IDNO);
+    EXPECT_FALSE(editor().is_open());
+    EXPECT_EQ(first_texts(), L"あいう");
+    EXPECT_EQ(bytes_of(), before);
+}
+
+TEST_F(PageEditing, StaysOpenIfTheQuestionIsCancelled)
+{
+    open_changed();
+    close_by(IDCANCEL);
+    EXPECT_TRUE(editor().is_open());
+    EXPECT_TRUE(editor().has_changed());
+}
+
+TEST_F(PageEditing, OpensAgainIfTheFileToRestoreIsMissing)
+{
+    open_changed();
+    DeleteFileW(file(L"手帖.bok").c_str());
+    answered_all({ IDNO, IDOK }, [&] { editor().send(WM_CLOSE, 0, 0); });
+    EXPECT_TRUE(editor().is_open());
+    EXPECT_TRUE(editor().has_changed());
+    EXPECT_EQ(first_texts(), L"あう");
+    close_by(IDYES);
+}
+
+TEST_F(PageEditing, ItsKeysRunItsCommandsUnderTheSameRules)
+{
+    open_letters(L"あいう");
+    press_key_in(command::next_page, VK_RIGHT);
+    EXPECT_EQ(book().header.position, 1u);
+    press_key_in(command::next_page, VK_SPACE);
+    EXPECT_EQ(selection(), L"010");
+    press_key_in(command::next_page, VK_HOME);
+    EXPECT_EQ(book().header.position, 0u);
+    press_key_in(command::select_page, VK_END);
+    EXPECT_EQ(book().header.position, 2u);
+    press_key_in(command::select_page, VK_LEFT);
+    EXPECT_EQ(book().header.position, 1u);
+    answered(IDNO, [&] { press_key_in(command::select_page, VK_DELETE); });
+    press_ctrl_and('V'); // nothing to paste: a question would never end
+    press_ctrl_and('C');
+    EXPECT_NE(answered(IDNO, [&] { press_ctrl_and('V'); }).text.find(L"コピーした"), std::wstring::npos);
+    press_ctrl_and('X');
+    EXPECT_NE(answered(IDNO, [&] { press_ctrl_and('V'); }).text.find(L"カットした"), std::wstring::npos);
+    EXPECT_EQ(first_texts(), L"あいう");
+}
+
+TEST_F(PageEditing, ACheckBoxWithTheFocusKeepsTheSpaceBar)
+{
+    open_letters(L"あいう");
+    ASSERT_TRUE(gui::bring_to_front(editor()));
+    SetFocus(item(editor(), command::select_range));
+    press_key_in(command::select_range, VK_SPACE);
+    SendMessageW(item(editor(), command::select_range), WM_KEYUP, VK_SPACE, 1);
+    EXPECT_EQ(selection(), L"100");
+    EXPECT_TRUE(check_in(editor(), command::select_range).is_checked());
+}
+
+TEST_F(PageEditing, TheWheelTurnsPages)
+{
+    open_letters(L"あいう");
+    SendMessageW(item(editor(), command::select_page), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+    EXPECT_EQ(book().header.position, 1u);
+    editor().send(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    EXPECT_EQ(book().header.position, 0u);
+}
+
+TEST_F(PageEditing, OpensInAnyOrderByItsNumberAndSelectsStoredPages)
+{
+    book::Book sorted = lettered(L"うあい");
+    sorted.header.order_mode = 2701;
+    open(std::move(sorted));
+    command(command::first_page);
+    open_editor();
+    EXPECT_EQ(first_line(), L"あ");
+    turn_with_shift(command::next_page);
+    click_in(editor(), command::select_range);
+    EXPECT_EQ(selection(), L"110") << "positions are stored indices here";
+}
+
+TEST_F(PageEditing, ShowsAMenuWithThePicturesOfItsCommands)
+{
+    open_letters(L"あい");
+    std::vector<std::wstring> texts;
+    std::vector<bool> grey;
+    gui::MenuDriver user{ [&](const gui::ShownMenu& menu) {
+        for (int i = 0; i < GetMenuItemCount(menu.menu()); ++i) {
+            texts.push_back(menu.text(i));
+            grey.push_back(menu.is_grey(i));
+        }
+    } };
+    editor().send(WM_CONTEXTMENU, 0, MAKELPARAM(-1, -1));
+    EXPECT_TRUE(user.finish());
+    EXPECT_EQ(texts,
+        (std::vector<std::wstring>{ L"コピー", L"切取り", L"削除", L"", L"貼付け (末尾)", L"貼付け (現在の位置)",
+            L"", L"選択の取消し", L"編集の取消し(復元)", L"", L"終了" }));
+    for (std::size_t i = 0; i < grey.size(); ++i)
+        EXPECT_TRUE(grey[i] || texts[i].empty()) << i;
+}
+
+TEST_F(PageEditing, HasRoomForAllItsTexts)
+{
+    open_letters(L"あい");
+    EXPECT_EQ(editor().client_size().cx, 400);
+    EXPECT_EQ(editor().client_size().cy, 180);
+    constexpr int box_and_gap = 18;
+    set_field(editor(), command::select_page, L"100000 を選択");
+    for (const int id : { command::select_page, command::select_range, command::trace_selection }) {
+        RECT client{};
+        GetClientRect(item(editor(), id), &client);
+        EXPECT_LE(text_width(item(editor(), id)) + box_and_gap, client.right) << id;
+    }
+    EXPECT_EQ(label(command::select_range), L"範囲を選択");
+    EXPECT_EQ(label(command::reset_range), L"範囲のリセット");
+    EXPECT_EQ(label(command::trace_selection), L"選択したページを追跡");
+}
+
+TEST_F(PageEditing, RefusesTheReplaceWindowAndTheEndOfTheProgram)
+{
+    open_letters(L"あい");
+    command(command::show_replace);
+    EXPECT_FALSE(replace().is_open());
+    window().send(WM_CLOSE, 0, 0);
+    EXPECT_TRUE(window().is_window());
+}
+
+TEST_F(PageEditing, OpeningItCostsNoHandles)
+{
+    open_letters(L"あい");
+    editor().send(WM_CLOSE, 0, 0);
+    const gui::GdiCrowd crowd{ 300 };
+    window().show(false);
+    for (int i = 0; i < 1000; ++i) {
+        editor().open();
+        editor().show(false);
+    }
+    gui::expect_handles_to_spare(40);
+}
+
+} // namespace

@@ -1,0 +1,108 @@
+// The windows that edit the Book's pages, opened by the main window's commands.
+#pragma once
+#include "book/page_editor_view.hpp"
+#include "book/replace_view.hpp"
+#include "book/wnd/bookeditor.hpp"
+#include "book/wnd/replacewnd.hpp"
+#include "tests/support/gui_app_controls.hpp"
+#include "tests/support/gui_crowd.hpp"
+#include "tests/support/gui_menu.hpp"
+#include "tests/support/gui_typing.hpp"
+#include <fstream>
+#include <iterator>
+
+namespace gui {
+
+namespace command = core::command;
+
+class EditingWindows : public AppControls {
+protected:
+    static constexpr auto replace_caption = L"Pagewick - 文字列の置換";
+
+    book::ReplaceWnd& replace() const { return window_of<book::ReplaceWnd>(); }
+    book::BookEditor& editor() const { return window_of<book::BookEditor>(); }
+
+    // A control of a window beside the main one.
+    static HWND item(const ovlib::Wnd& window, int id) { return GetDlgItem(window.hwnd(), id); }
+    static look::MyCheckBox& check_in(const ovlib::Wnd& window, int id)
+    {
+        return dynamic_cast<look::MyCheckBox&>(*ovlib::Wnd::from_handle(item(window, id)));
+    }
+    static void click_in(const ovlib::Wnd& window, int id)
+    {
+        SendMessageW(item(window, id), BM_CLICK, 0, 0);
+    }
+    static void set_check(const ovlib::Wnd& window, int id, bool on)
+    {
+        if (check_in(window, id).is_checked() != on)
+            click_in(window, id);
+    }
+    static void set_field(const ovlib::Wnd& window, int id, const std::wstring& text)
+    {
+        SetWindowTextW(item(window, id), text.c_str());
+    }
+
+    void open_replace()
+    {
+        command(command::show_replace);
+        ASSERT_TRUE(replace().is_open());
+    }
+    void open_editor()
+    {
+        command(command::show_book_editor);
+        ASSERT_TRUE(editor().is_open());
+    }
+    // Fills the window and replaces, with the message that follows.
+    MetBox replaced(const std::wstring& search, const std::wstring& replacement, int order)
+    {
+        set_field(replace(), command::replace_search_text, search);
+        set_field(replace(), command::replace_new_text, replacement);
+        return answered(IDOK, [&] { replace().send_command(order, 0, 0); });
+    }
+
+    std::string bytes_of(const std::wstring& name = L"手帖.bok") const
+    {
+        std::ifstream in{ std::filesystem::path(file(name)), std::ios::binary };
+        return { std::istreambuf_iterator<char>(in), {} };
+    }
+    // The text of box 1. Saving removes the line break at its end.
+    std::wstring first_line() const
+    {
+        const std::wstring text = box_text(command::box_1);
+        return text.substr(0, text.find(L'\r'));
+    }
+    // The first texts of all pages, without their line breaks.
+    std::wstring first_texts() const
+    {
+        std::wstring all;
+        for (const book::Page& one : book().pages)
+            all += one.text[0].substr(0, one.text[0].find(L'\r'));
+        return all;
+    }
+    static book::Book lettered(std::wstring_view letters)
+    {
+        book::Book made;
+        for (const wchar_t letter : letters)
+            made.pages.push_back(page((std::wstring(1, letter) + L"\r\n").c_str()));
+        return made;
+    }
+    // The selection of all pages, one digit a page.
+    std::wstring selection() const
+    {
+        std::wstring digits;
+        for (const book::Page& one : book().pages)
+            digits += std::to_wstring(static_cast<unsigned>(one.selected));
+        return digits;
+    }
+
+private:
+    template <class Window> static Window& window_of()
+    {
+        for (ovlib::Wnd* wnd = ovlib::Wnd::first(); wnd; wnd = wnd->next())
+            if (auto* const found = dynamic_cast<Window*>(wnd))
+                return *found;
+        throw std::runtime_error("no such window");
+    }
+};
+
+} // namespace gui
