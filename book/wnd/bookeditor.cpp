@@ -35,8 +35,8 @@ void BookEditor::FlatButton::draw_text()
     draw_label(look::page_label_color(look::palette(), selected_), look::palette().panel_back);
 }
 
-BookEditor::BookEditor(ovlib::Wnd* parent, int control_id, Book& book, EditHost& host,
-    const ovlib::MenuPictures& menu_pictures)
+BookEditor::BookEditor(
+    ovlib::Wnd* parent, int control_id, Book& book, EditHost& host, const ovlib::MenuPictures& menu_pictures)
     : EditingWindow(parent, control_id, page_editor_client_size, host)
     , book_(book)
     , editor_(book)
@@ -135,8 +135,8 @@ void BookEditor::show_range_end(const RangeButton& button)
         range_end_.show(button.is_visible);
 }
 
-// The selected pages are drawn only if they changed: a Book has up to 100,000 pages, and a drag draws the strip
-// at each step.
+// The selected pages are drawn only if they changed: a Book has up to 100,000 pages, and a drag draws the
+// strip at each step.
 void BookEditor::draw_strip()
 {
     if (drawn_revision_ != book_.revision)

@@ -92,7 +92,8 @@ private:
     FlatButton range_start_, range_end_;
     look::MyCheckBox trace_;
     std::optional<look::PageBar> strip_; // created with the window
-    std::optional<std::uint64_t> drawn_revision_; // of the Book, when the selected pages were drawn; nullopt: to be drawn again
+    std::optional<std::uint64_t>
+        drawn_revision_; // of the Book, when the selected pages were drawn; nullopt: to be drawn again
     ovlib::WheelSteps wheel_;
 };
 

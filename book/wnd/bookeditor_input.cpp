@@ -150,8 +150,7 @@ void BookEditor::selection_changed()
 void BookEditor::toggle_tracing()
 {
     trace_.toggle();
-    parent()->send_command(
-        command::request_refresh, 0, static_cast<std::int64_t>(core::View::page));
+    parent()->send_command(command::request_refresh, 0, static_cast<std::int64_t>(core::View::page));
 }
 
 void BookEditor::jump(RangeSide side)

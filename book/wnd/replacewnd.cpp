@@ -2,8 +2,8 @@
 #include "book/replace_view.hpp"
 #include "core/command_ids.hpp"
 #include "look/theme.hpp"
-#include "look/wnd/group_frame.hpp"
 #include "look/wnd/fonts.hpp"
+#include "look/wnd/group_frame.hpp"
 #include "ovlib/gui/menu.hpp"
 #include "ovlib/gui/text_stream.hpp"
 

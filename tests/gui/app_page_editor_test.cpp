@@ -331,7 +331,8 @@ TEST_F(PageEditing, DoesNothingIfTheSelectionChangedWhileTheQuestionWasOpen)
 {
     open_letters(L"あいう");
     select({ 0 });
-    answered(IDYES, [&] { order(command::delete_pages); },
+    answered(
+        IDYES, [&] { order(command::delete_pages); },
         [&] { const_cast<book::Book&>(book()).pages[1].selected = book::PageSelection::selected; });
     EXPECT_EQ(first_texts(), L"あいう");
     EXPECT_FALSE(editor().has_changed());
@@ -341,8 +342,8 @@ TEST_F(PageEditing, DoesNothingIfItWasClosedWhileTheQuestionWasOpen)
 {
     open_letters(L"あいう");
     select({ 0 });
-    answered(IDYES, [&] { order(command::delete_pages); },
-        [&] { PostMessageW(editor().hwnd(), WM_CLOSE, 0, 0); });
+    answered(
+        IDYES, [&] { order(command::delete_pages); }, [&] { PostMessageW(editor().hwnd(), WM_CLOSE, 0, 0); });
     gui::pump();
     EXPECT_EQ(first_texts(), L"あいう");
 }
@@ -443,7 +444,8 @@ TEST_F(PageEditing, ClosesWithYesAndSaves)
     open_changed();
     const auto met = close_by(IDYES);
     EXPECT_EQ(met.text,
-        L"変更内容をファイルに保存しますか？\r\n\r\n[はい] を押すと変更内容をファイルに保存して終了します．\r\n"
+        L"変更内容をファイルに保存しますか？\r\n\r\n[はい] "
+        L"を押すと変更内容をファイルに保存して終了します．\r\n"
         L"[いいえ] を押すと編集前の状態に戻して終了します．");
     EXPECT_EQ(met.caption, caption);
     EXPECT_FALSE(editor().is_open());
@@ -550,8 +552,8 @@ TEST_F(PageEditing, ShowsAMenuWithThePicturesOfItsCommands)
     editor().send(WM_CONTEXTMENU, 0, MAKELPARAM(-1, -1));
     EXPECT_TRUE(user.finish());
     EXPECT_EQ(texts,
-        (std::vector<std::wstring>{ L"コピー", L"切取り", L"削除", L"", L"貼付け (末尾)", L"貼付け (現在の位置)",
-            L"", L"選択の取消し", L"編集の取消し(復元)", L"", L"終了" }));
+        (std::vector<std::wstring>{ L"コピー", L"切取り", L"削除", L"", L"貼付け (末尾)",
+            L"貼付け (現在の位置)", L"", L"選択の取消し", L"編集の取消し(復元)", L"", L"終了" }));
     for (std::size_t i = 0; i < grey.size(); ++i)
         EXPECT_TRUE(grey[i] || texts[i].empty()) << i;
 }

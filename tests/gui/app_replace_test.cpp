@@ -126,12 +126,12 @@ TEST_F(Replacing, AsksForATarget)
 TEST_F(Replacing, ReportsItsNumberForAllPagesAndForTheCurrentOne)
 {
     open_three();
-    EXPECT_EQ(replaced(L"象", L"", command::replace_all_pages).text,
-        L"0件 置換しました\r\n[対象ページ: 全て]");
+    EXPECT_EQ(
+        replaced(L"象", L"", command::replace_all_pages).text, L"0件 置換しました\r\n[対象ページ: 全て]");
     EXPECT_FALSE(replace().has_changed());
     command(command::next_page);
-    EXPECT_EQ(replaced(L"猫", L"兎", command::replace_current_page).text,
-        L"2件 置換しました\r\n[対象ページ: 2]");
+    EXPECT_EQ(
+        replaced(L"猫", L"兎", command::replace_current_page).text, L"2件 置換しました\r\n[対象ページ: 2]");
     EXPECT_EQ(first_texts(), L"猫と犬兎兎鳥");
     EXPECT_TRUE(replace().has_changed());
     const auto met = replaced(L"猫", L"兎", command::replace_all_pages);

@@ -28,10 +28,7 @@ protected:
     {
         return dynamic_cast<look::MyCheckBox&>(*ovlib::Wnd::from_handle(item(window, id)));
     }
-    static void click_in(const ovlib::Wnd& window, int id)
-    {
-        SendMessageW(item(window, id), BM_CLICK, 0, 0);
-    }
+    static void click_in(const ovlib::Wnd& window, int id) { SendMessageW(item(window, id), BM_CLICK, 0, 0); }
     static void set_check(const ovlib::Wnd& window, int id, bool on)
     {
         if (check_in(window, id).is_checked() != on)

@@ -69,6 +69,10 @@ protected:
             const RECT more = window.rect();
             UnionRect(&area, &area, &more);
         }
+        save(name, area);
+    }
+    static void save(const std::string& name, const RECT& area)
+    {
         const char* folder = std::getenv("PAGEWICK_SCREENS");
         const fs::path place = folder ? test_support::system_path(folder) : test_support::artifacts_path();
         fs::create_directories(place);
@@ -77,7 +81,21 @@ protected:
     }
 };
 
-class ScreensOfThemes : public Screens, public testing::WithParamInterface<int> { };
+class ScreensOfThemes : public Screens, public testing::WithParamInterface<int> {
+protected:
+    Window opened(const wchar_t* class_name)
+    {
+        require("the window shows", [&] { return program().is_active(side_window(class_name)); });
+        program().await_input();
+        return side_window(class_name);
+    }
+    void save_window(const std::string& name, Window window)
+    {
+        move_mouse(background());
+        window.send(WM_NULL);
+        save(name + "-" + std::to_string(GetParam()), window.rect());
+    }
+};
 
 INSTANTIATE_TEST_SUITE_P(
     Each, ScreensOfThemes, testing::Range(look::theme_standard, look::theme_blue_plain_links));
@@ -88,6 +106,36 @@ TEST_P(ScreensOfThemes, Theme)
 {
     open_sample(GetParam());
     take("theme-" + std::to_string(GetParam()));
+}
+
+// The windows beside the main one, each alone.
+TEST_P(ScreensOfThemes, Replace)
+{
+    open_sample(GetParam());
+    main_menu().choose(command::show_replace, Hand::keys);
+    const Window window = opened(L"ovlib_replacewnd[112]");
+    program().click_into(window.child(command::replace_search_text));
+    type_text(L"手帖");
+    click(window.child(command::replace_in_boxes).center());
+    save_window("replace", window);
+}
+
+TEST_P(ScreensOfThemes, PageEditor)
+{
+    open_sample(GetParam());
+    main_menu().choose(command::show_book_editor, Hand::keys);
+    const Window window = opened(L"ovlib_bookeditor[344]");
+    click(window.child(command::select_page).center());
+    click(window.child(command::next_page).center());
+    require("the next page shows", [&] { return window.child(command::select_page).text() == L"2 を選択"; });
+    {
+        const HeldKey shift{ VK_SHIFT };
+        e2e::press(VK_RIGHT);
+        e2e::press(VK_RIGHT);
+        wait_until([&] { return window.child(command::go_to_range_end).is_visible(); });
+    }
+    click(window.child(command::trace_selection).center());
+    save_window("page-editor", window);
 }
 
 TEST_F(Screens, Writing)
