@@ -12,9 +12,9 @@ namespace place = book::page_editor_place;
 
 class PageEditing : public MainWindowTest {
 protected:
-    static constexpr auto close_question =
-        L"変更内容をファイルに保存しますか？\r\n\r\n[はい] を押すと変更内容をファイルに保存して終了します．\r\n"
-        L"[いいえ] を押すと編集前の状態に戻して終了します．";
+    static constexpr auto close_question = L"変更内容をファイルに保存しますか？\r\n\r\n[はい] "
+                                           L"を押すと変更内容をファイルに保存して終了します．\r\n"
+                                           L"[いいえ] を押すと編集前の状態に戻して終了します．";
 
     Window editor() const { return side_window(L"ovlib_bookeditor[344]"); }
     void show_editor(Hand hand)
@@ -38,7 +38,8 @@ protected:
     }
     void expect_title(const std::wstring& title, const Where& where = Where::current())
     {
-        expect_soon(title, [&] { return editor().text(); }, where);
+        expect_soon(
+            title, [&] { return editor().text(); }, where);
     }
     // The texts of the file's pages, without line breaks.
     static std::wstring stored_texts(const fs::path& file)

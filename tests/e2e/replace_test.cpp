@@ -17,8 +17,8 @@ protected:
 
     fs::path open_three_pages()
     {
-        fs::path file =
-            root().add_book(L"手帖.bok", { make_page(L"猫と犬"), make_page(L"鳥"), make_page(L"黒猫，白猫") });
+        fs::path file = root().add_book(
+            L"手帖.bok", { make_page(L"猫と犬"), make_page(L"鳥"), make_page(L"黒猫，白猫") });
         open_settled(file);
         return file;
     }
@@ -34,8 +34,9 @@ protected:
     PopupMenu replace_menu(bool changed)
     {
         const RECT place = replace_window().rect();
-        return { program(), book::replace_menu(changed),
-            [this, place] { right_click({ place.right - 30, place.bottom - 12 }); } };
+        return { program(), book::replace_menu(changed), [this, place] {
+                    right_click({ place.right - 30, place.bottom - 12 });
+                } };
     }
     void fill(const std::wstring& search, const std::wstring& replacement)
     {

@@ -1,6 +1,7 @@
 // A model of what a user may expect of the session: simple rules on simple records. Each page has a permanent
 // identity, and nothing is stored that can be derived.
 #pragma once
+#include "book/replace.hpp"
 #include "book/search.hpp"
 #include "model_file.hpp"
 #include <array>
@@ -106,6 +107,11 @@ public:
     void set_folder(const std::wstring& chosen);
     void clear_folder();
 
+    void prepare_editing();
+    void replace(const book::ReplaceRequest& request, bool in_all);
+    void paste(bool at_end, bool cut);
+    void remove_selected();
+
     // Changes stored pages without notifying the session.
     void insert_under(std::size_t index, book::Page page);
     void remove_under(std::uint64_t position);
@@ -142,6 +148,8 @@ private:
     void clean();
     void forget_shown();
     void follow();
+    void erase_selected();
+    void pages_moved();
     void show();
     void show_title();
     std::uint32_t settle();

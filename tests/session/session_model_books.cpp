@@ -274,7 +274,7 @@ void Model::save_as()
     path = chosen;
     if (save(Code::always))
         remember();
-    else
+    else if (path == chosen)
         path = old_path;
 }
 

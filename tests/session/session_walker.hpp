@@ -65,6 +65,12 @@ private:
     Action folder_action();
     Action book_action();
     Action under_the_desk();
+    Action select_pages();
+    Action replace_action();
+    Action paste_action();
+    Action delete_selected();
+    Action edit_window();
+    Action page_editing();
     void change_world();
     void block(const std::wstring& path);
     void unblock(const std::wstring& path);

@@ -260,11 +260,11 @@ Walker::Action Walker::under_the_desk()
 
 Walker::Action Walker::any_action()
 {
-    static constexpr std::array<Maker, 17> makers{ &Walker::save, &Walker::edit, &Walker::edit, &Walker::edit,
+    static constexpr std::array<Maker, 19> makers{ &Walker::save, &Walker::edit, &Walker::edit, &Walker::edit,
         &Walker::edit, &Walker::page_action, &Walker::page_action, &Walker::page_action,
         &Walker::order_action, &Walker::add_or_remove, &Walker::mark_or_tab, &Walker::file_action,
         &Walker::file_action, &Walker::folder_action, &Walker::book_action, &Walker::book_action,
-        &Walker::under_the_desk };
+        &Walker::under_the_desk, &Walker::page_editing, &Walker::page_editing };
     return (this->*makers[below(makers.size())])();
 }
 

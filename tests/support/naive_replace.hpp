@@ -18,7 +18,16 @@ inline std::size_t replace(std::wstring& text, const book::ReplaceRequest& reque
     return count;
 }
 
-// For texts without line breaks.
+// A text of one line: no replacement may leave a line break in it.
+inline std::size_t replace_in_line(
+    std::wstring& text, const book::ReplaceRequest& request, const std::wstring& by)
+{
+    const std::size_t count = replace(text, request, by);
+    if (count != 0 && text.find(L"\r\n") != std::wstring::npos)
+        std::erase_if(text, [](wchar_t unit) { return unit == L'\r' || unit == L'\n'; });
+    return count;
+}
+
 inline std::size_t replace_in_page(book::Page& page, const book::ReplaceRequest& request)
 {
     std::wstring line = request.replacement;
@@ -27,7 +36,7 @@ inline std::size_t replace_in_page(book::Page& page, const book::ReplaceRequest&
     std::size_t count = 0;
     if (request.targets & 1) {
         count += replace(page.text[0], request, request.replacement);
-        if (const std::size_t second = replace(page.text[1], request, line)) {
+        if (const std::size_t second = replace_in_line(page.text[1], request, line)) {
             count += second;
             book::trim_text(page.text[1], book::TrimMode::both);
         }
@@ -35,9 +44,9 @@ inline std::size_t replace_in_page(book::Page& page, const book::ReplaceRequest&
     }
     if (request.targets & 2)
         for (std::wstring& entry : page.files)
-            count += replace(entry, request, line);
+            count += replace_in_line(entry, request, line);
     if (request.targets & 4)
-        count += replace(page.reference_folder, request, line);
+        count += replace_in_line(page.reference_folder, request, line);
     return count;
 }
 
