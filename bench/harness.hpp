@@ -77,6 +77,7 @@ void run_load_save(Bench& bench);
 void run_search(Bench& bench);
 void run_order(Bench& bench);
 void run_tabs(Bench& bench);
+void run_edits(Bench& bench);
 #if defined(_WIN32)
 void run_paint(Bench& bench);
 void run_start(Bench& bench);

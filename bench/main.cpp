@@ -14,6 +14,7 @@ constexpr bench::Suite suites[] = {
     { "search", bench::run_search },
     { "order", bench::run_order },
     { "tabs", bench::run_tabs },
+    { "edits", bench::run_edits },
 #if defined(_WIN32)
     { "paint", bench::run_paint },
     { "start", bench::run_start },

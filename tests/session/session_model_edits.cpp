@@ -67,8 +67,7 @@ void Model::paste(bool at_end, bool cut)
         return;
     if (cut)
         erase_selected();
-    book.pages.insert(
-        book.pages.begin() + static_cast<std::ptrdiff_t>(place), taken.begin(), taken.end());
+    book.pages.insert(book.pages.begin() + static_cast<std::ptrdiff_t>(place), taken.begin(), taken.end());
     ids.insert(ids.begin() + static_cast<std::ptrdiff_t>(place), taken_ids.begin(), taken_ids.end());
     book.header.position = place + taken.size() - 1;
     pages_moved();

@@ -76,9 +76,7 @@ Walker::Action Walker::edit_window()
             [this] { model_.run([this] { model_.save(Code::always); }, core::refresh::full); } };
     case 2:
         return { "end editing and restore", [this] { app::end_editing(session(), app::EditEnd::restore); },
-            [this] {
-                model_.run([this] { model_.load(std::wstring(model_.path)); }, core::refresh::full);
-            } };
+            [this] { model_.run([this] { model_.load(std::wstring(model_.path)); }, core::refresh::full); } };
     default:
         return { "end editing", [this] { app::end_editing(session(), app::EditEnd::unchanged); },
             [this] { model_.run([] {}, core::refresh::full); } };
