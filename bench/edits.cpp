@@ -56,25 +56,26 @@ void run_replace(Bench& bench, book::Book& book)
         .target_ms = 400 });
     book::Page page;
     bench.run({ .name = "replace 250,000 hits in one box",
-        .subject = [&page] {
-            expect(book::replace_in_page(page, request_for(L"a", L"bc")) == hits_in_one_box);
-        },
+        .subject =
+            [&page] { expect(book::replace_in_page(page, request_for(L"a", L"bc")) == hits_in_one_box); },
         .target_ms = 20,
-        .prepare = [&page] {
-            page.text[0].clear();
-            for (std::size_t i = 0; i < hits_in_one_box; ++i)
-                page.text[0] += L"ab";
-        } });
+        .prepare =
+            [&page] {
+                page.text[0].clear();
+                for (std::size_t i = 0; i < hits_in_one_box; ++i)
+                    page.text[0] += L"ab";
+            } });
 }
 
 void run_selection(Bench& bench, book::Book& book)
 {
     bench.run({ .name = "select all pages, count them, runs",
-        .subject = [&book] {
-            book::select_pages(book.pages, 0, book.pages.size() - 1, true);
-            expect(book::count_selected(book.pages) == book.pages.size());
-            keep(look::page_runs(book.pages));
-        },
+        .subject =
+            [&book] {
+                book::select_pages(book.pages, 0, book.pages.size() - 1, true);
+                expect(book::count_selected(book.pages) == book.pages.size());
+                keep(look::page_runs(book.pages));
+            },
         .target_ms = 5,
         .prepare = [&book] { book::clear_selection(book.pages); } });
 }

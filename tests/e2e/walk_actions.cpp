@@ -339,6 +339,16 @@ void hold_input(Walker& walker)
     walker.send(command::set_accepting_input, walker.model.accepts_input);
 }
 
+void replace_everywhere(Walker& walker)
+{
+    walker.replace_everywhere();
+}
+
+void edit_pages(Walker& walker)
+{
+    walker.edit_pages();
+}
+
 void restart(Walker& walker)
 {
     walker.restart();
@@ -397,9 +407,8 @@ void drag_boundary(Walker& walker)
 void send_idle(Walker& walker)
 {
     constexpr std::array commands{ 1, 999, 1017, 1032, 1037, 1043, 1045, 1046, 1047, 1048, 1051, 1052, 1053,
-        1057, 1058, 1026, 1065, 2503, 2505, 2506, 2508, 2509, 2510, 2511, 2519, 2522, 2524, 2529, 2544, 2545,
-        2546, 3000, 5000, 5003, 5005, 5006, 5500, 6007, 6500, 7000, 9999, 15000, 33000, 33999, 34000, 34049,
-        34050, 65535 };
+        1058, 1065, 2503, 2505, 2506, 2508, 2511, 2524, 2529, 2544, 2545, 2546, 3000, 5000, 5003, 5005, 5006,
+        5500, 6007, 6500, 9999, 15000, 33000, 33999, 34000, 34049, 34050, 65535 };
     walker.send(commands[walker.below(commands.size())]);
 }
 
@@ -477,6 +486,8 @@ constexpr std::array actions{
     Action{ "Book menu", 3, always, choose_in_book_menu },
     Action{ "menu left", 3, always, look_at_menu },
     Action{ "show history", 3, always, show_history },
+    Action{ "replace", 8, always, replace_everywhere },
+    Action{ "page editor", 12, always, edit_pages },
     Action{ "boundary", 4, always, drag_boundary },
     Action{ "idle command", 30, always, send_idle },
     Action{ "code that is not taken", 10, always, send_code },

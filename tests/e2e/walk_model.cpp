@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::size_t history_limit = 1000;
 constexpr auto save_question = L"ページの内容が変更されています．\r\nファイルに保存しますか？";
-constexpr std::size_t half_stamp = 14;
 
 bool is_white(wchar_t unit)
 {

@@ -15,6 +15,8 @@ namespace walk {
 // Placeholder in a stamp for a time that is known only from the written file. Compares later than every time.
 inline constexpr wchar_t unknown_time[] = L"??????????????";
 
+inline constexpr std::size_t half_stamp = 14;
+
 inline constexpr unsigned no_page = 0;
 
 struct Page {
@@ -140,6 +142,13 @@ public:
     void restore();
     void backup();
     void about(const std::wstring& text);
+    // The windows that edit pages. Both begin with `open_editing` and end with `close_editing`; the page
+    // editor has the current page selected.
+    void open_editing();
+    void replace_all(const std::wstring& old, const std::wstring& by);
+    void delete_selected();
+    void paste_selected(bool cut);
+    void close_editing(const std::wstring& question);
     // The program starts with the first Book of its history.
     void start();
     void close() { save_always(); }
@@ -168,12 +177,14 @@ private:
     void remember(const std::wstring& file);
     void insert_page(std::size_t index);
     bool find(int direction);
+    void pages_moved();
     Page* page_with(unsigned id);
 
     std::vector<std::uint64_t> order_;
     unsigned shown_ = no_page;
     unsigned next_id_ = 1;
     bool was_reordered_ = false; // in this step
+    bool has_changed_ = false; // since a window that edits pages was opened
 };
 
 } // namespace walk

@@ -105,6 +105,7 @@ void Walker::start()
     program_.reset();
     program_ = std::make_unique<e2e::Program>(root_.program(), L"");
     steps_of_process_ = 0;
+    replaces_boxes_ = false;
     program_->wait_for_window();
     model.start();
     check();
@@ -131,6 +132,11 @@ template <class Act> void Walker::perform(Act act)
     if (done.wait_for(e2e::patience) != std::future_status::ready)
         check_no_dialog();
     done.get();
+}
+
+void Walker::perform_served(const std::function<void()>& act)
+{
+    perform(act);
 }
 
 void Walker::serve_talks()

@@ -7,6 +7,7 @@
 #include "walk_model.hpp"
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <random>
 #include <set>
@@ -57,6 +58,8 @@ public:
     void select(std::size_t box, std::size_t start, std::size_t end);
     void set_search(const std::wstring& text);
     void choose_file(std::size_t row);
+    void replace_everywhere();
+    void edit_pages();
     void restart();
     void remove_unopened_file();
 
@@ -74,6 +77,11 @@ private:
     void start();
     void read_scroll();
     template <class Act> void perform(Act act);
+    void perform_served(const std::function<void()>& act);
+    e2e::Window side_window(const std::wstring& class_name) const;
+    e2e::Window open_side_window(int id, const std::wstring& class_name);
+    void send_to(e2e::Window window, int id);
+    void close_side_window(e2e::Window window, const std::wstring& question);
     void serve_talks();
     void serve(const Talk& talk);
     void fence();
@@ -92,6 +100,7 @@ private:
     e2e::Holdings first_holdings_;
     e2e::Holdings last_holdings_;
     std::wstring step_began_;
+    bool replaces_boxes_ = false; // the state of a check in the replace window
     std::map<std::wstring, std::string> bytes_; // of every file when last compared
     std::string noted_;
     std::deque<std::string> last_actions_;
