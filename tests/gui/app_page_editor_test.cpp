@@ -597,4 +597,17 @@ TEST_F(PageEditing, OpeningItCostsNoHandles)
     gui::expect_handles_to_spare(40);
 }
 
+TEST_F(PageEditing, OutlivesTheEndOfTheProgramUnderItsBoxes)
+{
+    open_letters(L"あいう");
+    select({ 0 });
+    end_under_box([&] { order(command::delete_pages); });
+    EXPECT_FALSE(editor().is_open());
+    EXPECT_EQ(first_texts(), L"あいう");
+    close();
+    open_changed();
+    end_under_box([&] { order(command::restore_book); });
+    EXPECT_EQ(first_texts(), L"あう");
+}
+
 } // namespace

@@ -445,4 +445,21 @@ TEST_F(Replacing, OpeningItCostsNoHandles)
     gui::expect_handles_to_spare(40);
 }
 
+TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsBoxes)
+{
+    open_changed();
+    const std::string before = bytes_of();
+    end_under_box([&] { replace().send(WM_CLOSE, 0, 0); });
+    EXPECT_FALSE(replace().is_open());
+    EXPECT_EQ(bytes_of(), before);
+}
+
+TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsReport)
+{
+    open_three();
+    set_field(replace(), command::replace_search_text, L"猫");
+    end_under_box([&] { replace().send_command(command::replace_all_pages, 0, 0); });
+    EXPECT_FALSE(replace().is_open());
+}
+
 } // namespace

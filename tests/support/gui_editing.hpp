@@ -92,6 +92,23 @@ protected:
         return digits;
     }
 
+    // Runs an action that shows a box. While the box is open the main window is destroyed, with everything it
+    // owns.
+    void end_under_box(const std::function<void()>& action)
+    {
+        static HWND main;
+        main = window().hwnd();
+        constexpr UINT often = 10;
+        const UINT_PTR timer = SetTimer(nullptr, 0, often, [](HWND, UINT, UINT_PTR, DWORD) {
+            if (dialog_of(GetCurrentThreadId()))
+                DestroyWindow(main);
+        });
+        action();
+        KillTimer(nullptr, timer);
+        EXPECT_FALSE(IsWindow(main));
+        take_quit();
+    }
+
 private:
     template <class Window> static Window& window_of()
     {
