@@ -130,7 +130,7 @@ bool BookEditor::run_menu_command(int id)
         selection_changed();
         return true;
     case command::restore_book:
-        restore();
+        ask_to_restore();
         return true;
     case command::close_window:
         send(WM_CLOSE, 0, 0);

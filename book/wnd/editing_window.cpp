@@ -50,7 +50,7 @@ bool EditingWindow::ask(const std::wstring& question)
     return show_message(question, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
-void EditingWindow::restore()
+void EditingWindow::ask_to_restore()
 {
     if (ask(restore_question) && is_still_open() && load_again())
         clear_changed();

@@ -33,7 +33,7 @@ protected:
     bool is_still_open() const { return is_open() && is_window(); }
     // True for yes.
     bool ask(const std::wstring& question);
-    void restore();
+    void ask_to_restore();
 
 private:
     bool on_close();

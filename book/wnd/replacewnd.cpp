@@ -102,7 +102,7 @@ bool ReplaceWnd::on_command(int id, int code)
         run(id);
         return true;
     case command::restore_book:
-        restore();
+        ask_to_restore();
         return true;
     case command::close_window:
         send(WM_CLOSE, 0, 0);
