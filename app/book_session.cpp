@@ -121,6 +121,8 @@ bool BookSession::may_leave_page()
 // gets as far as writing.
 void BookSession::save_at_close()
 {
+    if (keeps_file_)
+        return;
     for (int round = 0; round < 2; ++round) {
         try {
             save(SaveCode::always);
@@ -260,8 +262,10 @@ void BookSession::report(const std::exception_ptr& failure)
 {
     const FailureNotice notice = failure_notice(failure, FailedAt::command);
     talk().tell(notice.text, notice.style);
-    if (notice.ends_program)
-        talk().close_program();
+    if (!notice.ends_program)
+        return;
+    keeps_file_ = keeps_file_ || talk().is_busy();
+    talk().close_program();
 }
 
 BookSession::HitsOf BookSession::wanted_hits() const

@@ -123,7 +123,8 @@ public:
     // Lets the user save or discard the edits of the page on the desk before something else is shown. False
     // if the caller must cancel its action.
     bool may_leave_page();
-    // For the end of the program.
+    // For the end of the program. Writes nothing if a failure ends it while another window edits the pages:
+    // the file is the only way back from changes that the user has not confirmed.
     void save_at_close();
 
     // Each returns true if a Book is open afterwards. They throw MyException if the program cannot go on.
@@ -208,6 +209,7 @@ private:
     bool edited_mark_ = false; // the title shows the edited mark
     bool is_unusable_ = false; // the Book's settings could not be applied, so it must not enter the history
     bool is_loading_ = false;
+    bool keeps_file_ = false; // nothing is written when the program ends
 };
 
 } // namespace app

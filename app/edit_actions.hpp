@@ -8,7 +8,9 @@
 #include "book/edit_host.hpp"
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace app {
 
@@ -45,12 +47,14 @@ void show_position(BookSession& session, std::optional<std::uint64_t> position);
 // These operations for the windows.
 class EditSession : public book::EditHost {
 public:
-    // `session` must outlive it.
-    explicit EditSession(BookSession& session)
+    // `session` must outlive it. `accepts_input`: see EditHost.
+    EditSession(BookSession& session, std::function<bool()> accepts_input)
         : session_(session)
+        , accepts_input_(std::move(accepts_input))
     {
     }
 
+    bool accepts_input() const override { return accepts_input_(); }
     std::optional<std::size_t> replace_in_all_pages(const book::ReplaceRequest& request) override;
     std::optional<std::size_t> replace_in_current_page(const book::ReplaceRequest& request) override;
     book::EditResult paste_pages(book::PageEditor& editor, const book::PasteRequest& request) override;
@@ -62,6 +66,7 @@ public:
 
 private:
     BookSession& session_;
+    std::function<bool()> accepts_input_;
 };
 
 } // namespace app

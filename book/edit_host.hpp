@@ -16,6 +16,10 @@ class EditHost {
 public:
     virtual ~EditHost() = default;
 
+    // False while the main window shows a box or a dialog: whatever changed now, its command would go on with
+    // something else than it asked about.
+    virtual bool accepts_input() const = 0;
+
     // The number of replacements; nullopt if nothing was done.
     virtual std::optional<std::size_t> replace_in_all_pages(const ReplaceRequest& request) = 0;
     virtual std::optional<std::size_t> replace_in_current_page(const ReplaceRequest& request) = 0;
@@ -26,9 +30,9 @@ public:
     // Goes to a position in display order; nullopt stays.
     virtual void show_position(std::optional<std::uint64_t> position) = 0;
 
-    // Load the Book's file again. False if that was not done: memory still has the changes. The page editor
-    // is reset.
+    // Loads the Book's file again. False if that was not done: memory still has the changes.
     virtual bool restore_pages() = 0;
+    // The same, and resets the page editor.
     virtual bool restore_pages(PageEditor& editor) = 0;
     // After the window was closed. False if the changes should be discarded and could not be: the window must
     // be shown again, unless the program ends.

@@ -97,21 +97,13 @@ inline constexpr std::array page_menu_rows{
     PageMenuRow{ core::command::close_window, L"終了", page_menu_rule::change },
 };
 
-// Whether a command of the menu may be run, from the menu or by its key. False for other commands.
+// Whether a command may be run, from the menu or by its key. Commands that are not in the menu always may.
 constexpr bool may_run_page_command(int command, const PageMenuState& state)
 {
     for (const PageMenuRow& row : page_menu_rows)
         if (row.command == command)
             return row.is_enabled(state);
-    return false;
-}
-
-constexpr bool is_in_page_menu(int command)
-{
-    for (const PageMenuRow& row : page_menu_rows)
-        if (row.command == command)
-            return true;
-    return false;
+    return true;
 }
 
 ovlib::MenuRows page_editor_menu(const PageMenuState& state);

@@ -35,8 +35,8 @@ public:
     const book::Book& book() const { return parts_.session.book(); }
     // See LinkMaker.
     bool end_background_work() { return parts_.links.end_background_work(); }
-    // `editor` must live as long as this window.
-    void add_page_editor(PageEditor& editor) { parts_.talk.add_page_editor(editor); }
+    // `busy` must live as long as this window.
+    void add_busy_window(BusyWindow& busy) { parts_.talk.add_busy_window(busy); }
 
 private:
     // Creation, closing and the frame.

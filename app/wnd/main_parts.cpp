@@ -99,12 +99,12 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
     , file_view(&window, &session.book(), path_answers)
     , background(window, desk, [this](int y) { session.book().header.divider = y; })
     , menu_pictures(app_bitmap)
-    , edit_session(session)
+    , edit_session(session, [this] { return talk.is_accepting_input(); })
     , replace_window(&window, 0, session.book(), edit_session)
     , book_editor(&window, 0, session.book(), edit_session, menu_pictures)
 {
-    talk.add_page_editor(replace_editor_);
-    talk.add_page_editor(page_editor_);
+    talk.add_busy_window(busy_replacing_);
+    talk.add_busy_window(busy_editing_);
 }
 
 bool MainParts::create()

@@ -16,10 +16,10 @@
 namespace app {
 
 // A window that edits pages, for the dialogue with the user.
-class EditorOf : public PageEditor {
+class BusyToolWindow : public BusyWindow {
 public:
     // `window` must outlive it.
-    explicit EditorOf(look::ToolWindow& window)
+    explicit BusyToolWindow(look::ToolWindow& window)
         : window_(window)
     {
     }
@@ -59,8 +59,8 @@ struct MainParts {
     MainLayout layout;
 
 private:
-    EditorOf replace_editor_{ replace_window };
-    EditorOf page_editor_{ book_editor };
+    BusyToolWindow busy_replacing_{ replace_window };
+    BusyToolWindow busy_editing_{ book_editor };
 };
 
 } // namespace app

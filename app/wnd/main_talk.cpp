@@ -64,7 +64,7 @@ bool MainTalk::ask(const std::wstring& text, BoxStyle style)
 
 bool MainTalk::is_busy() const
 {
-    return std::ranges::any_of(editors_, [](const PageEditor* editor) { return editor->is_open(); });
+    return std::ranges::any_of(busy_windows_, [](const BusyWindow* window) { return window->is_open(); });
 }
 
 void MainTalk::tell_system_error(std::uint32_t code)
@@ -131,8 +131,8 @@ std::wstring MainTalk::choose_copy(const std::wstring& source)
 // Book. So the editors are closed first.
 void MainTalk::close_program()
 {
-    for (PageEditor* editor : editors_)
-        editor->close();
+    for (BusyWindow* window : busy_windows_)
+        window->close();
     parent_.send(WM_CLOSE, 0, 0);
 }
 

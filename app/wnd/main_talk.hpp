@@ -15,9 +15,9 @@ namespace app {
 
 // A window that edits the Book's pages itself. While it is open the main window edits none. Open is not the
 // same as visible: the system hides the windows of a minimised owner.
-class PageEditor {
+class BusyWindow {
 public:
-    virtual ~PageEditor() = default;
+    virtual ~BusyWindow() = default;
     virtual bool is_open() const = 0;
     // Closes without a question.
     virtual void close() = 0;
@@ -35,7 +35,7 @@ public:
     book::HistoryWnd& history_window() { return history_window_; }
     InputGate& input() { return input_; }
     bool is_accepting_input() const { return input_.is_open(); }
-    void add_page_editor(PageEditor& editor) { editors_.push_back(&editor); }
+    void add_busy_window(BusyWindow& window) { busy_windows_.push_back(&window); }
     // Disables the history window while pages are edited or a box is open. A click in it would load another
     // Book over the edited one, or under the box.
     void enable_history();
@@ -63,7 +63,7 @@ private:
     ovlib::BaseWnd& parent_;
     const std::wstring& book_path_;
     std::function<void()> book_loaded_;
-    std::vector<PageEditor*> editors_;
+    std::vector<BusyWindow*> busy_windows_;
     InputGate input_{ [this] { enable_history(); } };
     book::HistoryWnd history_window_;
     look::WarningWnd banner_;

@@ -99,8 +99,12 @@ void BookEditor::open()
     editor_.reset();
     drawn_revision_.reset(); // pages may have been selected or loaded since the last time
     show(true);
-    if (is_still_open())
-        show_state();
+}
+
+void BookEditor::on_opening()
+{
+    EditingWindow::on_opening();
+    show_state();
 }
 
 void BookEditor::update(KeepRange keep)
@@ -131,8 +135,7 @@ void BookEditor::show_range_end(const RangeButton& button)
     range_end_.set_page(button);
     if (!button.is_visible && GetFocus() == range_end_.hwnd())
         range_start_.set_focus();
-    if (range_end_.is_visible() != button.is_visible)
-        range_end_.show(button.is_visible);
+    range_end_.show(button.is_visible);
 }
 
 // The selected pages are drawn only if they changed: a Book has up to 100,000 pages, and a drag draws the

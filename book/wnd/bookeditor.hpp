@@ -41,10 +41,11 @@ protected:
     bool make_controls() override;
     void clear_changed() override { editor_.reset(); }
     const wchar_t* close_question() const override { return close_page_editor_question; }
-    bool load_again() override { return host().restore_pages(editor_); }
+    void load_again() override { host().restore_pages(editor_); }
+    void on_opening() override;
     void show_menu(POINT at) override;
     bool on_command(int id, int code) override;
-    bool on_shortcut(std::uint64_t key) override;
+    bool on_shortcut(std::uint64_t key, bool is_repeated) override;
 
 private:
     // Shows the number of a page in the colour of its selection.
@@ -60,7 +61,6 @@ private:
         PageSelection selected_ = PageSelection::none;
     };
 
-    bool load_pictures();
     bool on_paint();
     bool on_draw_item(ovlib::WndMessage& message) const;
     bool on_wheel(const ovlib::WndMessage& message);
@@ -92,8 +92,8 @@ private:
     FlatButton range_start_, range_end_;
     look::MyCheckBox trace_;
     std::optional<look::PageBar> strip_; // created with the window
-    std::optional<std::uint64_t>
-        drawn_revision_; // of the Book, when the selected pages were drawn; nullopt: to be drawn again
+    // The Book's revision when the selected pages were drawn; nullopt if they must be drawn again.
+    std::optional<std::uint64_t> drawn_revision_;
     ovlib::WheelSteps wheel_;
 };
 

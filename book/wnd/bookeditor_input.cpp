@@ -162,14 +162,14 @@ void BookEditor::paste(PastePlace place)
 {
     const std::optional<PasteRequest> request = editor_.paste_request(place);
     if (request && ask(paste_question(*request)) && is_still_open())
-        finish(host().paste_pages(editor_, *request));
+        finish(run_in_host([&](EditHost& session) { return session.paste_pages(editor_, *request); }));
 }
 
 void BookEditor::delete_selected()
 {
     const std::optional<DeleteRequest> request = editor_.delete_request();
     if (request && ask(delete_question(*request)) && is_still_open())
-        finish(host().delete_pages(editor_, *request));
+        finish(run_in_host([&](EditHost& session) { return session.delete_pages(editor_, *request); }));
 }
 
 void BookEditor::finish(EditResult result)
@@ -186,7 +186,8 @@ bool BookEditor::keeps_space() const
     return focused == range_check_.hwnd() || focused == trace_.hwnd();
 }
 
-bool BookEditor::on_shortcut(std::uint64_t key)
+// A held key turns pages but does nothing else.
+bool BookEditor::on_shortcut(std::uint64_t key, bool is_repeated)
 {
     const std::optional<PageKey> known = page_key(key);
     if (!known || (known == PageKey::space && keeps_space()))
@@ -194,7 +195,8 @@ bool BookEditor::on_shortcut(std::uint64_t key)
     const int id = page_key_command(*known, GetKeyState(VK_CONTROL) < 0);
     if (id == 0)
         return false;
-    if (!is_in_page_menu(id) || may_run_page_command(id, page_menu_state(editor_)))
+    const bool turns = id == command::next_page || id == command::previous_page;
+    if (accepts_input() && (turns || !is_repeated) && may_run_page_command(id, page_menu_state(editor_)))
         run_command(id);
     return true;
 }
@@ -202,7 +204,7 @@ bool BookEditor::on_shortcut(std::uint64_t key)
 bool BookEditor::on_wheel(const ovlib::WndMessage& message)
 {
     const int step = ovlib::wheel_step(wheel_, message);
-    if (step != 0)
+    if (step != 0 && accepts_input())
         parent()->send_command(step < 0 ? command::next_page : command::previous_page, 0, 0);
     return true;
 }
@@ -210,7 +212,7 @@ bool BookEditor::on_wheel(const ovlib::WndMessage& message)
 bool BookEditor::on_press(const ovlib::WndMessage& message)
 {
     const platform::Point at = ovlib::mouse_point(message);
-    if (!place::strip.contains(at))
+    if (!place::strip.contains(at) || !accepts_input())
         return false;
     SetCapture(hwnd());
     host().show_position(editor_.begin_drag(at.x - place::strip.left, place::strip.width()));

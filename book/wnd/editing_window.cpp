@@ -26,16 +26,20 @@ bool EditingWindow::on_message(ovlib::WndMessage& message)
     case WM_CLOSE:
         return on_close();
     case WM_COMMAND:
-        return on_command(LOWORD(message.wparam), HIWORD(message.wparam));
+        return !accepts_input() || on_command(LOWORD(message.wparam), HIWORD(message.wparam));
     case WM_CONTEXTMENU:
-        if (const auto at = menu_point(message)) {
-            show_menu(*at);
-            return true;
-        }
-        return false;
+        return on_context_menu(message);
     default:
         return ToolWindow::on_message(message);
     }
+}
+
+bool EditingWindow::on_context_menu(const ovlib::WndMessage& message)
+{
+    const std::optional<POINT> at = menu_point(message);
+    if (at)
+        show_menu(*at);
+    return at.has_value();
 }
 
 void EditingWindow::on_opening()
@@ -52,13 +56,13 @@ bool EditingWindow::ask(const std::wstring& question)
 
 void EditingWindow::ask_to_restore()
 {
-    if (ask(restore_question) && is_still_open() && load_again())
-        clear_changed();
+    if (ask(restore_question) && is_still_open())
+        load_again();
 }
 
 bool EditingWindow::on_close()
 {
-    if (!is_open())
+    if (!is_open() || !accepts_input())
         return true;
     if (!has_changed()) {
         close(EditEnd::unchanged);

@@ -2,6 +2,7 @@
 // the Book's file: the program saves the Book before one of them opens.
 #pragma once
 #include "book/edit_host.hpp"
+#include "core/scoped_flag.hpp"
 #include "look/wnd/tool_window.hpp"
 
 namespace book {
@@ -20,14 +21,22 @@ protected:
 
     virtual void clear_changed() = 0;
     virtual const wchar_t* close_question() const = 0;
-    // Loads the Book's file again; see EditHost.
-    virtual bool load_again() = 0;
+    // Loads the Book's file again and then clears what has_changed returns.
+    virtual void load_again() = 0;
     virtual void show_menu(POINT at) = 0;
     virtual bool on_command(int id, int code) = 0;
 
     // Opens over the middle of the parent at first, and later where the user left it.
     void on_opening() override;
 
+    // Runs an operation of the host. Boxes that it shows dispatch messages; a wish to close is ignored
+    // meanwhile, because the window does not know yet whether it has changed something.
+    template <class Operation> auto run_in_host(Operation operation)
+    {
+        const core::ScopedFlag running{ is_running_in_host_ };
+        return operation(host_);
+    }
+    bool accepts_input() const { return host_.accepts_input() && !is_running_in_host_; }
     EditHost& host() const { return host_; }
     // Open and not destroyed, after a call that may have changed that.
     bool is_still_open() const { return is_open() && is_window(); }
@@ -37,10 +46,12 @@ protected:
 
 private:
     bool on_close();
+    bool on_context_menu(const ovlib::WndMessage& message);
     void close(EditEnd end);
 
     EditHost& host_;
     bool was_placed_ = false;
+    bool is_running_in_host_ = false;
 };
 
 } // namespace book

@@ -71,6 +71,7 @@ bool ReplaceWnd::on_paint() const
 
 void ReplaceWnd::open(const std::wstring& selection)
 {
+    changed_ = false;
     show(true);
     if (is_still_open() && takes_selection(search_.text(), selection))
         search_.set_text(selection);
@@ -87,7 +88,7 @@ look::MyCheckBox* ReplaceWnd::check_of(int id)
 bool ReplaceWnd::on_command(int id, int code)
 {
     if (code == command::input_form_enter) {
-        show_menu_below(id == search_.control_id() ? search_ : replacement_);
+        show_menu_below(id == search_.control_id() ? search_.hwnd() : replacement_.hwnd());
         return true;
     }
     if (code != 0)
@@ -119,11 +120,25 @@ void ReplaceWnd::show_menu(POINT at)
     menu.show_at(*this, 0, at);
 }
 
-void ReplaceWnd::show_menu_below(const ovlib::Wnd& field)
+void ReplaceWnd::show_menu_below(HWND control)
 {
     RECT place{};
-    GetWindowRect(field.hwnd(), &place);
+    GetWindowRect(control, &place);
     show_menu({ place.left, place.bottom });
+}
+
+// A field without a text sends no command for Enter, and the check boxes never do.
+bool ReplaceWnd::on_enter()
+{
+    if (accepts_input())
+        show_menu_below(GetFocus());
+    return true;
+}
+
+void ReplaceWnd::load_again()
+{
+    if (host().restore_pages())
+        changed_ = false;
 }
 
 ReplaceRequest ReplaceWnd::request() const
@@ -168,8 +183,9 @@ void ReplaceWnd::run(int command)
     clean_fields(wanted);
     const bool in_all = command == command::replace_all_pages;
     const std::uint64_t position = book_.header.position;
-    const std::optional<std::size_t> count =
-        in_all ? host().replace_in_all_pages(wanted) : host().replace_in_current_page(wanted);
+    const std::optional<std::size_t> count = run_in_host([&](EditHost& session) {
+        return in_all ? session.replace_in_all_pages(wanted) : session.replace_in_current_page(wanted);
+    });
     if (!count)
         return;
     changed_ = changed_ || *count != 0;

@@ -29,14 +29,15 @@ protected:
     bool make_controls() override;
     void clear_changed() override { changed_ = false; }
     const wchar_t* close_question() const override;
-    bool load_again() override { return host().restore_pages(); }
+    void load_again() override;
+    bool on_enter() override;
     void show_menu(POINT at) override;
     bool on_command(int id, int code) override;
 
 private:
     bool on_paint() const;
     look::MyCheckBox* check_of(int id);
-    void show_menu_below(const ovlib::Wnd& field);
+    void show_menu_below(HWND control);
     ReplaceRequest request() const;
     void clean_fields(ReplaceRequest& request);
 

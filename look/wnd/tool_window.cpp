@@ -49,8 +49,8 @@ bool is_dropped(HWND control)
 bool keeps_enter(HWND control)
 {
     ovlib::Wnd* const wnd = ovlib::Wnd::from_handle(control);
-    if (dynamic_cast<EnterField*>(wnd))
-        return true;
+    if (const auto* field = dynamic_cast<EnterField*>(wnd))
+        return field->text_length() != 0; // an empty one has no use for it
     return dynamic_cast<ovlib::EditBox*>(wnd) && (GetWindowLongW(control, GWL_STYLE) & ES_MULTILINE) != 0;
 }
 
@@ -59,7 +59,7 @@ bool keeps_key(HWND control, std::uint64_t key)
     return is_dropped(control) || (key == VK_RETURN && keeps_enter(control));
 }
 
-bool is_field(HWND control)
+bool is_text_field(HWND control)
 {
     return dynamic_cast<ovlib::EditBox*>(ovlib::Wnd::from_handle(control)) != nullptr;
 }
@@ -333,11 +333,12 @@ void ToolWindow::on_control_enabled(HWND control, bool enabled)
 bool ToolWindow::on_key(HWND control, const ovlib::WndMessage& message)
 {
     const std::uint64_t key = message.wparam;
+    const bool is_repeated = (message.lparam & was_down) != 0;
     if (message.message == WM_KEYDOWN && key != VK_ESCAPE && key != VK_RETURN)
-        return !is_field(control) && on_shortcut(key);
+        return !is_text_field(control) && on_shortcut(key, is_repeated);
     if ((key != VK_ESCAPE && key != VK_RETURN) || keeps_key(control, key))
         return false;
-    if (message.message == WM_CHAR || (message.lparam & was_down) != 0)
+    if (message.message == WM_CHAR || is_repeated)
         return true;
     if (key == VK_ESCAPE) {
         send(WM_CLOSE, 0, 0);

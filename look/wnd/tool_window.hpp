@@ -36,7 +36,8 @@ struct ToolControl {
 // - Esc, which sends WM_CLOSE, as the close button does.
 // - Enter, which presses the focused push button, and otherwise calls on_enter.
 // - WM_CLOSE, which hides the window. A window in a modal run is destroyed, which ends the run.
-// A dropped list keeps Esc and Enter; a multi-line box and an EnterField keep Enter. Accelerators go to the
+// A dropped list keeps Esc and Enter; a multi-line box and an EnterField with a
+// text keep Enter. Accelerators go to the
 // parent, as with every SubWnd.
 class ToolWindow : public ovlib::SubWnd {
 public:
@@ -67,8 +68,8 @@ protected:
     // The default action. False if there is none; the key then goes to the control.
     virtual bool on_enter() { return false; }
     // Called for a pressed key, with its VK_ number, before the focused control gets it. Fields in which text
-    // is typed keep their keys. True if the key was handled.
-    virtual bool on_shortcut(std::uint64_t /*key*/) { return false; }
+    // is typed keep their keys. `is_repeated`: the key is held down. True if the key was handled.
+    virtual bool on_shortcut(std::uint64_t /*key*/, bool /*is_repeated*/) { return false; }
     // The colour of the background.
     virtual ovlib::Color ground() const;
     // The caption of its message boxes; by default the program's name and the title.

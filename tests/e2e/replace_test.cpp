@@ -121,7 +121,7 @@ TEST_F(Replacing, RestoresInTheMiddle)
     close();
 }
 
-TEST_F(Replacing, AClosedProgramIsNotPossibleWhileItIsMinimised)
+TEST_F(Replacing, TheProgramCannotBeClosedWhileItIsMinimised)
 {
     const fs::path file = open_three_pages();
     show_replace(Hand::mouse);

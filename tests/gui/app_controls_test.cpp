@@ -145,7 +145,7 @@ TEST_F(Controls, OfThePageAndTheOrderAreDisabledWhileAnotherWindowOwnsTheBook)
     open({ page(L"1\r\n") });
     gui::EditingWindow editor{ &window() };
     ASSERT_TRUE(editor.create(L""));
-    window().add_page_editor(editor);
+    window().add_busy_window(editor);
     const std::array ids{ int{ command::toggle_mark }, int{ command::toggle_mark_tracking },
         int{ command::toggle_tab }, int{ command::toggle_tab_tracking }, int{ command::toggle_sorted_order },
         int{ command::toggle_random_order }, int{ command::reverse_order }, int{ command::show_book_menu } };

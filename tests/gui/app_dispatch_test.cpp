@@ -16,7 +16,7 @@ protected:
     {
         editor_ = std::make_unique<gui::EditingWindow>(&owner);
         ASSERT_TRUE(editor_->create(L"editor"));
-        owner.add_page_editor(*editor_);
+        owner.add_busy_window(*editor_);
         editor_->show(true);
         ASSERT_TRUE(owner.is_busy());
     }

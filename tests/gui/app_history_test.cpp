@@ -113,7 +113,7 @@ TEST_F(AppHistory, AcceptsNoClicksWhileAnEditingWindowOwnsTheBook)
     open_with_two_books();
     gui::EditingWindow editor{ &window() };
     ASSERT_TRUE(editor.create(L"editor"));
-    window().add_page_editor(editor);
+    window().add_busy_window(editor);
     editor.show(true);
     command(command::request_refresh, 0x40);
     EXPECT_FALSE(IsWindowEnabled(history_window()));

@@ -62,12 +62,13 @@ protected:
         ASSERT_TRUE(gui::pump_until([] { return GetKeyState(VK_CONTROL) < 0; }));
         press_key_in(command::select_page, key);
     }
-    COLORREF strip_pixel(int x, int y = 8) const
+    COLORREF window_pixel(int x, int y) const
     {
-        UpdateWindow(editor().hwnd());
+        RedrawWindow(editor().hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW);
         const ovlib::ClientDC dc{ editor() };
-        return GetPixel(dc.handle(), place::strip.left + x, place::strip.top + y);
+        return GetPixel(dc.handle(), x, y);
     }
+    COLORREF strip_pixel(int x) const { return window_pixel(place::strip.left + x, place::strip.top + 8); }
     void open_changed()
     {
         open_letters(L"あいう");
@@ -241,10 +242,18 @@ TEST_F(PageEditing, PaintsTheSelectedPagesOnTheStrip)
 TEST_F(PageEditing, PaintsTheStripInTheColoursOfANewTheme)
 {
     open_letters(L"あいうえお");
-    for (const int theme : { look::theme_dark, look::theme_blue, look::theme_standard }) {
+    const auto& trace = check_in(editor(), command::trace_selection);
+    for (int theme = look::theme_standard; theme < look::theme_blue_plain_links; ++theme) {
         command(theme);
         EXPECT_EQ(strip_pixel(260), look::palette().bar_back.value) << theme;
+        EXPECT_EQ(window_pixel(200, 150), look::palette().panel_back.value) << theme;
+        EXPECT_EQ(trace.colors().back, look::palette().check_back) << theme;
     }
+    editor().send(WM_CLOSE, 0, 0);
+    command(look::theme_dark);
+    open_editor();
+    EXPECT_EQ(strip_pixel(260), look::palette().bar_back.value) << "changed while it was closed";
+    EXPECT_EQ(trace.colors().back, look::palette().check_back);
 }
 
 TEST_F(PageEditing, CopiesSelectedPagesToTheEnd)
@@ -338,14 +347,91 @@ TEST_F(PageEditing, DoesNothingIfTheSelectionChangedWhileTheQuestionWasOpen)
     EXPECT_FALSE(editor().has_changed());
 }
 
-TEST_F(PageEditing, DoesNothingIfItWasClosedWhileTheQuestionWasOpen)
+TEST_F(PageEditing, IgnoresAWishToCloseWhileItsQuestionIsOpen)
 {
     open_letters(L"あいう");
     select({ 0 });
     answered(
-        IDYES, [&] { order(command::delete_pages); }, [&] { PostMessageW(editor().hwnd(), WM_CLOSE, 0, 0); });
-    gui::pump();
-    EXPECT_EQ(first_texts(), L"あいう");
+        IDYES, [&] { order(command::delete_pages); }, [&] { SendMessageW(editor().hwnd(), WM_CLOSE, 0, 0); });
+    EXPECT_TRUE(editor().is_open());
+    EXPECT_TRUE(editor().has_changed());
+    EXPECT_EQ(first_texts(), L"いう");
+}
+
+// The command of the main window would go on with another page than it asked about.
+TEST_F(PageEditing, DoesNothingWhileTheMainWindowShowsABox)
+{
+    open_letters(L"あいうえお");
+    select({ 1 });
+    command(command::set_accepting_input, 0);
+    for (const int id : { command::next_page, command::select_page, command::go_to_range_start,
+             command::delete_pages, command::restore_book, command::close_window })
+        order(id); // a question would never end
+    strip(WM_LBUTTONDOWN, 300);
+    press_key_in(command::select_page, VK_DELETE);
+    editor().send(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+    EXPECT_TRUE(editor().is_open());
+    EXPECT_EQ(book().header.position, 1u);
+    EXPECT_EQ(selection(), L"01000");
+    command(command::set_accepting_input, 1);
+    order(command::next_page);
+    EXPECT_EQ(book().header.position, 2u);
+}
+
+TEST_F(PageEditing, AHeldKeyTurnsPagesButSelectsOnlyOnce)
+{
+    open_letters(L"あいうえお");
+    constexpr LPARAM repeated = (1 << 30) | 1;
+    press_key_in(command::select_page, VK_SPACE);
+    for (int i = 0; i < 3; ++i)
+        SendMessageW(item(editor(), command::select_page), WM_KEYDOWN, VK_SPACE, repeated);
+    EXPECT_EQ(selection(), L"10000");
+    for (int i = 0; i < 3; ++i)
+        SendMessageW(item(editor(), command::select_page), WM_KEYDOWN, VK_RIGHT, repeated);
+    EXPECT_EQ(book().header.position, 3u);
+}
+
+TEST_F(PageEditing, FollowsTheSliderTheTabsAndTheWheelOfTheMainWindow)
+{
+    book::Book tabbed = lettered(L"あいうえお");
+    tabbed.pages[4].tab_number = 1;
+    open(std::move(tabbed));
+    open_editor();
+    slide(SB_THUMBTRACK, 2);
+    EXPECT_EQ(range(), L"3");
+    command(command::go_to_tab, 1);
+    EXPECT_EQ(range(), L"5");
+    window().send(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    EXPECT_EQ(range(), L"4");
+    {
+        const gui::HeldKey shift{ VK_SHIFT };
+        editor().send(WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, WHEEL_DELTA), 0);
+    }
+    EXPECT_EQ(range(), L"3-4");
+}
+
+TEST_F(PageEditing, StaysOpenWhileItsOwnerIsMinimised)
+{
+    open_changed();
+    window().minimize();
+    ASSERT_TRUE(gui::pump_until([&] { return !IsWindowVisible(editor().hwnd()); }));
+    const std::string before = bytes_of();
+    window().send(WM_CLOSE, 0, 0);
+    EXPECT_TRUE(window().is_window());
+    EXPECT_EQ(bytes_of(), before);
+    window().restore();
+    EXPECT_TRUE(editor().is_open());
+}
+
+TEST_F(PageEditing, TabGoesThroughItsControlsInReadingOrder)
+{
+    open_letters(L"あい");
+    turn_with_shift(command::next_page);
+    const std::vector<int> expected{ command::select_page, command::first_page, command::previous_page,
+        command::next_page, command::last_page, command::select_range, command::reset_range,
+        command::go_to_range_start, command::go_to_range_end, command::trace_selection,
+        command::select_page };
+    EXPECT_EQ(tabbed_controls(editor(), expected.size()), expected);
 }
 
 TEST_F(PageEditing, ReportsABookThatIsTooLargeAndGoesOn)
@@ -449,7 +535,8 @@ TEST_F(PageEditing, ClosesWithYesAndSaves)
         L"[いいえ] を押すと編集前の状態に戻して終了します．");
     EXPECT_EQ(met.caption, caption);
     EXPECT_FALSE(editor().is_open());
-    EXPECT_EQ(saved().pages.size(), 2u);
+    ASSERT_EQ(saved().pages.size(), 2u);
+    EXPECT_EQ(saved().pages[1].text[0], L"う\r\n");
 }
 
 TEST_F(PageEditing, ClosesWithNoAndRestoresTheFile)
@@ -538,19 +625,27 @@ TEST_F(PageEditing, OpensInAnyOrderByItsNumberAndSelectsStoredPages)
     EXPECT_EQ(selection(), L"110") << "positions are stored indices here";
 }
 
-TEST_F(PageEditing, ShowsAMenuWithThePicturesOfItsCommands)
+TEST_F(PageEditing, ShowsItsMenuAtTheFocusedControlForAKey)
 {
     open_letters(L"あい");
     std::vector<std::wstring> texts;
     std::vector<bool> grey;
+    RECT menu_place{};
     gui::MenuDriver user{ [&](const gui::ShownMenu& menu) {
         for (int i = 0; i < GetMenuItemCount(menu.menu()); ++i) {
             texts.push_back(menu.text(i));
             grey.push_back(menu.is_grey(i));
         }
+        GetWindowRect(menu.hwnd(), &menu_place);
     } };
+    ASSERT_TRUE(gui::bring_to_front(editor()));
+    SetFocus(item(editor(), command::reset_range));
     editor().send(WM_CONTEXTMENU, 0, MAKELPARAM(-1, -1));
     EXPECT_TRUE(user.finish());
+    RECT button_place{};
+    GetWindowRect(item(editor(), command::reset_range), &button_place);
+    EXPECT_EQ(menu_place.left, button_place.left);
+    EXPECT_EQ(menu_place.top, button_place.bottom);
     EXPECT_EQ(texts,
         (std::vector<std::wstring>{ L"コピー", L"切取り", L"削除", L"", L"貼付け (末尾)",
             L"貼付け (現在の位置)", L"", L"選択の取消し", L"編集の取消し(復元)", L"", L"終了" }));
@@ -565,6 +660,12 @@ TEST_F(PageEditing, HasRoomForAllItsTexts)
     EXPECT_EQ(editor().client_size().cy, 180);
     constexpr int box_and_gap = 18;
     set_field(editor(), command::select_page, L"100000 を選択");
+    set_field(editor(), command::go_to_range_end, L"100000");
+    for (const int id : { command::reset_range, command::go_to_range_end }) {
+        RECT client{};
+        GetClientRect(item(editor(), id), &client);
+        EXPECT_LE(text_width(item(editor(), id)) + 8, client.right) << id;
+    }
     for (const int id : { command::select_page, command::select_range, command::trace_selection }) {
         RECT client{};
         GetClientRect(item(editor(), id), &client);

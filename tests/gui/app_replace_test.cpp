@@ -232,7 +232,7 @@ TEST_F(Replacing, RefusesTheEndOfTheProgramWhileItsOwnerIsMinimised)
 {
     open_changed();
     window().minimize();
-    gui::pump();
+    ASSERT_TRUE(gui::pump_until([&] { return !IsWindowVisible(replace().hwnd()); }));
     const std::string before = bytes_of();
     window().send(WM_CLOSE, 0, 0);
     EXPECT_TRUE(window().is_window());
@@ -381,6 +381,55 @@ TEST_F(Replacing, EnterInAFieldShowsTheMenuBelowIt)
     EXPECT_EQ(menu_place.top, field_place.bottom);
 }
 
+// Enter is the way to the menu by keyboard, also when the new text is empty and from the checks.
+TEST_F(Replacing, EnterShowsTheMenuBelowEveryOtherControlToo)
+{
+    open_three();
+    ASSERT_TRUE(gui::bring_to_front(replace()));
+    for (const int id : { command::replace_new_text, command::replace_in_folder }) {
+        SetFocus(item(replace(), id));
+        gui::MenuDriver user{ [](const gui::ShownMenu&) {} };
+        SendMessageW(item(replace(), id), WM_KEYDOWN, VK_RETURN, 1);
+        EXPECT_TRUE(user.finish()) << id;
+    }
+}
+
+TEST_F(Replacing, IgnoresAWishToCloseWhileItsReportIsOpen)
+{
+    open_three();
+    set_field(replace(), command::replace_search_text, L"猫");
+    answered(
+        IDOK, [&] { replace().send_command(command::replace_all_pages, 0, 0); },
+        [&] { SendMessageW(replace().hwnd(), WM_CLOSE, 0, 0); });
+    EXPECT_TRUE(replace().is_open());
+    EXPECT_TRUE(replace().has_changed());
+}
+
+TEST_F(Replacing, DoesNothingWhileTheMainWindowShowsABox)
+{
+    open_three();
+    set_field(replace(), command::replace_search_text, L"猫");
+    command(command::set_accepting_input, 0);
+    for (const int id : { command::replace_all_pages, command::replace_current_page, command::close_window })
+        replace().send_command(id, 0, 0); // a message would never end
+    EXPECT_EQ(first_texts(), L"猫と犬猫猫鳥");
+    EXPECT_TRUE(replace().is_open());
+    command(command::set_accepting_input, 1);
+}
+
+TEST_F(Replacing, HasTheColoursOfEveryTheme)
+{
+    open_three();
+    const auto& check = check_in(replace(), command::replace_in_folder);
+    for (int theme = look::theme_standard; theme < look::theme_blue_plain_links; ++theme) {
+        command(theme);
+        RedrawWindow(replace().hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW);
+        const ovlib::ClientDC dc{ replace() };
+        EXPECT_EQ(GetPixel(dc.handle(), 4, 4), look::palette().panel_back.value) << theme;
+        EXPECT_EQ(check.colors().back, look::palette().check_back) << theme;
+    }
+}
+
 TEST_F(Replacing, OpensOverTheMiddleOfTheMainWindowAndLaterWhereItWasLeft)
 {
     open_three();
@@ -398,7 +447,7 @@ TEST_F(Replacing, OpensOverTheMiddleOfTheMainWindowAndLaterWhereItWasLeft)
     EXPECT_EQ(place.top, 50);
 }
 
-TEST_F(Replacing, HasRoomForAllItsTextsInEveryTheme)
+TEST_F(Replacing, HasRoomForAllItsTexts)
 {
     open_three();
     EXPECT_EQ(replace().text(), L"文字列の置換");
@@ -413,16 +462,10 @@ TEST_F(Replacing, HasRoomForAllItsTextsInEveryTheme)
 TEST_F(Replacing, TabGoesFromTheFieldsToTheChecks)
 {
     open_three();
-    std::vector<int> seen;
-    HWND focus = item(replace(), command::replace_search_text);
-    SetFocus(focus);
-    for (int i = 0; i < 6; ++i) {
-        seen.push_back(GetDlgCtrlID(GetFocus()));
-        ovlib::Wnd::from_handle(GetFocus())->focus_next();
-    }
-    EXPECT_EQ(seen,
-        (std::vector<int>{ command::replace_search_text, command::replace_new_text, command::replace_in_boxes,
-            command::replace_in_file_list, command::replace_in_folder, command::toggle_ignore_case }));
+    const std::vector<int> expected{ command::replace_search_text, command::replace_new_text,
+        command::replace_in_boxes, command::replace_in_file_list, command::replace_in_folder,
+        command::toggle_ignore_case, command::replace_search_text };
+    EXPECT_EQ(tabbed_controls(replace(), expected.size()), expected);
 }
 
 TEST_F(Replacing, EscClosesIt)

@@ -223,7 +223,7 @@ TEST_F(ToolWindows, ADisabledControlPassesTheFocusOn)
     EXPECT_EQ(GetFocus(), desk->line.hwnd());
     focus(desk->lines);
     desk->list.enable(false);
-    EXPECT_EQ(GetFocus(), desk->lines.hwnd()) << "another one's end matters not";
+    EXPECT_EQ(GetFocus(), desk->lines.hwnd()) << "the focus does not leave it when another control ends";
 }
 
 TEST_F(ToolWindows, AKeyAfterTheObjectWasDeletedDoesNoHarm)

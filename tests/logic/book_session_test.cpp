@@ -145,6 +145,31 @@ TEST_F(Closing, SavesEvenIfTheOrderCannotBeRebuilt)
     EXPECT_EQ(texts_in(path).front(), L"last");
 }
 
+// The file is the only way back from changes that nobody has confirmed yet.
+TEST_F(Closing, KeepsTheFileIfAFailureEndsTheProgramWhileAnotherWindowEditsThePages)
+{
+    talk.busy = true;
+    session.run([&] {
+        book.pages[0].text[0] = L"half done";
+        talk.busy = true;
+        throw std::runtime_error("failure");
+    });
+    EXPECT_TRUE(talk.gone);
+    EXPECT_EQ(texts_in(path), (Said{ L"one", L"two", L"three" }));
+    talk.busy = talk.gone = false;
+    session.save_at_close();
+    EXPECT_EQ(texts_in(path), (Said{ L"one", L"two", L"three" }));
+}
+
+TEST_F(Closing, SavesAfterAFailureIfNoOtherWindowEditsThePages)
+{
+    session.run([&] {
+        book.pages[0].text[0] = L"done";
+        throw std::runtime_error("failure");
+    });
+    EXPECT_EQ(texts_in(path), (Said{ L"done", L"two", L"three" }));
+}
+
 class LeavingAPage : public SessionTest {
 protected:
     bool leave()

@@ -62,7 +62,7 @@ private:
 };
 
 // Edits the Book's pages itself from when it is shown until it is hidden.
-class EditingWindow : public ovlib::SubWnd, public app::PageEditor {
+class EditingWindow : public ovlib::SubWnd, public app::BusyWindow {
 public:
     explicit EditingWindow(ovlib::Wnd* parent)
         : SubWnd(parent, 0)

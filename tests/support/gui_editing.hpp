@@ -57,6 +57,20 @@ protected:
         return answered(IDOK, [&] { replace().send_command(order, 0, 0); });
     }
 
+    // The controls that get the focus, from the first one on, by the Tab key.
+    static std::vector<int> tabbed_controls(ovlib::Wnd& window, std::size_t count)
+    {
+        std::vector<int> seen;
+        if (!bring_to_front(window))
+            return seen;
+        window.set_focus();
+        while (seen.size() < count) {
+            seen.push_back(GetDlgCtrlID(GetFocus()));
+            SendMessageW(GetFocus(), WM_CHAR, VK_TAB, 1);
+        }
+        return seen;
+    }
+
     std::string bytes_of(const std::wstring& name = L"手帖.bok") const
     {
         std::ifstream in{ std::filesystem::path(file(name)), std::ios::binary };
