@@ -97,6 +97,8 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
     , links(window, talk, session.book())
     , file_view(&window, &session.book(), path_answers)
     , background(window, desk, [this](int y) { session.book().header.divider = y; })
+    , palette(&window, &session.book())
+    , settings(&window)
     , menu_pictures(app_bitmap)
 {
 }

@@ -7,6 +7,8 @@
 #include "app/wnd/main_controls.hpp"
 #include "app/wnd/main_talk.hpp"
 #include "app/wnd/page_desk.hpp"
+#include "look/wnd/palettewnd.hpp"
+#include "look/wnd/settingwnd.hpp"
 #include "media/path_answers.hpp"
 #include "ovlib/gui/menu_pictures.hpp"
 
@@ -34,6 +36,9 @@ struct MainParts {
     media::PathAnswers path_answers; // shared by all views during one refresh
     FileView file_view;
     Background background;
+    // Created when they are first shown.
+    look::PaletteWnd palette;
+    look::SettingWnd settings;
     ovlib::MenuPictures menu_pictures;
     MainLayout layout;
 };
