@@ -11,6 +11,7 @@ namespace {
 
 constexpr int corner = 8;
 constexpr int caption_offset = 12;
+constexpr int caption_lift = 2; // above the middle of the line, away from the controls below
 
 void draw_text(const ovlib::DC& dc, HFONT font, platform::Point place, const wchar_t* text, int back_mode)
 {
@@ -36,7 +37,8 @@ void draw_group(const ovlib::DC& dc, const platform::Rect& frame, const wchar_t*
     }
     HFONT const font = shared_font(SharedFont::ui_8);
     const int height = text_size(dc, font, caption).height;
-    draw_text(dc, font, { frame.left + caption_offset, frame.top - height / 2 }, caption, OPAQUE);
+    const int top = frame.top - height / 2 - caption_lift;
+    draw_text(dc, font, { frame.left + caption_offset, top }, caption, OPAQUE);
 }
 
 void draw_label(const ovlib::DC& dc, HFONT font, platform::Point place, const wchar_t* text)

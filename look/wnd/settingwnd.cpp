@@ -33,7 +33,7 @@ void fill_combo(ovlib::ComboBox& combo, std::span<const SettingItem> items, std:
 std::int32_t chosen_value(
     const ovlib::ComboBox& combo, std::span<const SettingItem> items, std::int32_t without_choice)
 {
-    const int selected = combo.selected();
+    const int selected = combo.hwnd() ? combo.selected() : CB_ERR;
     return selected < 0 ? without_choice : clamped_value(items, combo.item_data(selected));
 }
 
@@ -115,6 +115,7 @@ bool SettingWnd::make_controls()
         { &tab_combo_, L"", at.tab_combo },
         { &ok_button_, L"OK", at.ok_button },
     });
+    ok_button_.set_rounded(false); // the corners would show the colour of the panel on the strip
     fill();
     place_link();
     return true;

@@ -90,6 +90,24 @@ TEST_P(ScreensOfThemes, Theme)
     take("theme-" + std::to_string(GetParam()));
 }
 
+TEST_P(ScreensOfThemes, Palette)
+{
+    open_sample(GetParam());
+    move_mouse(on_screen(500, 300));
+    main_window().send_command(command::show_palette);
+    require("the palette shows", [&] { return program().is_active(palette_window()); });
+    take("palette-" + std::to_string(GetParam()));
+}
+
+TEST_P(ScreensOfThemes, Settings)
+{
+    write_bytes(root().folder() / L"dat" / L"mail_address.txt", "someone@example.com");
+    open_sample(GetParam());
+    main_window().post_command(command::show_settings);
+    require("the settings show", [&] { return program().is_active(settings_window()); });
+    take("settings-" + std::to_string(GetParam()));
+}
+
 TEST_F(Screens, Writing)
 {
     open_sample();
