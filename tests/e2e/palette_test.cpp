@@ -112,7 +112,6 @@ TEST_F(Palettes, IsGreyInTheMenuWhileItIsOpen)
 {
     open_colored();
     show_palette(Hand::keys);
-    palette_window();
     program().click_on(box(command::box_1));
     main_menu({ .is_palette_open = true }).choose_in_vain(command::show_palette, Hand::mouse);
     press(VK_TAB);
@@ -221,7 +220,9 @@ TEST_F(Palettes, CustomColoursAreWrittenOnlyAtTheEnd)
     close_palette();
     EXPECT_EQ(file_bytes(custom_colors()).size(), 10u);
     close();
-    EXPECT_EQ(file_bytes(custom_colors()), std::string(10, '\x41') + std::string(54, '\0'));
+    std::string filled_up(64, '\0');
+    filled_up.replace(0, 10, 10, '\x41');
+    EXPECT_EQ(file_bytes(custom_colors()), filled_up);
 }
 
 TEST_F(Palettes, TheProgramEndsWhileItsDialogIsOpen)

@@ -99,6 +99,7 @@ TEST_F(AppPalette, ReadOnlyBoxesShowTheirColoursWhileItIsOpen)
     EXPECT_TRUE(are_all(is_dimmed));
     EXPECT_TRUE(are_all(must_paint));
     editor.show(false);
+    close();
 }
 
 TEST_F(AppPalette, AFontIsSetOnItsBoxOnly)

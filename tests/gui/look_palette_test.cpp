@@ -558,6 +558,7 @@ TEST_F(Palette, HasTheColoursOfEveryThemeOpenAndHidden)
             open();
         const look::ThemePalette& colors = look::palette();
         HWND const hwnd = palette_.hwnd();
+        SetFocus(control(theme_button)); // the focused combo box has the colours of a selection
         EXPECT_EQ(gui::pixel_of(hwnd, 3, 3), colors.panel_back.value) << theme;
         EXPECT_EQ(gui::pixel_of(hwnd, 8, 60), colors.panel_line.value) << theme;
         EXPECT_TRUE(gui::has_color(hwnd, { 14, 26, 82, 42 }, colors.list_text.value)) << theme << " label";
