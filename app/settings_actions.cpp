@@ -28,20 +28,6 @@ bool sort_by(book::Book& book, std::int32_t key)
     }
 }
 
-// The position stays, so another page may be shown there afterwards.
-void change_order(BookSession& session, std::int32_t key)
-{
-    book::Book& book = session.book();
-    const std::size_t before = book.current_index();
-    if (!sort_by(book, key)) {
-        session.talk().tell(sort_failure, BoxStyle::warning);
-        return;
-    }
-    session.note_content_change();
-    if (book.current_index() != before)
-        session.merge(core::refresh::full);
-}
-
 void store(book::BookHeader& header, const look::SettingsChoice& choice)
 {
     header.tab_label_box = look::clamped_value(look::tab_items(), choice.tab_label_box);
@@ -80,7 +66,9 @@ Outcome apply_settings(
     store(settings, choice);
     store(book.header, choice);
     if (is_new_order && may_sort) {
-        change_order(session, key);
+        // The position stays, so another page may be shown there afterwards. The session follows it.
+        if (!sort_by(book, key))
+            session.talk().tell(sort_failure, BoxStyle::warning);
     } else if (is_new_key && !is_new_order) {
         book.header.sort_key = key;
         book.needs_update = true;

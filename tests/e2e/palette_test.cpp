@@ -38,12 +38,20 @@ protected:
         require("the palette has closed", [&] { return !palette_window().exists(); });
     }
     int selected() const { return static_cast<int>(palette_window().child(box_combo).send(CB_GETCURSEL)); }
+    // By Tab and the arrow key.
     void select(int number)
     {
         const Window combo = palette_window().child(box_combo);
-        program().click_on(palette_window().child(theme_button));
-        press(VK_ESCAPE); // the theme menu
-        combo.send(CB_SETCURSEL, static_cast<WPARAM>(number));
+        while (program().focus() != combo) {
+            const Window before = program().focus();
+            press(VK_TAB);
+            require("the focus moves", [&] { return program().focus() != before; });
+        }
+        while (selected() < number) {
+            const int before = selected();
+            press(VK_DOWN);
+            require("the next box is selected", [&] { return selected() > before; });
+        }
     }
     // A dialog of the system with this control.
     Window system_dialog(int control)
@@ -183,7 +191,9 @@ TEST_F(Palettes, AThemeChangesNoPageUnlessTheCheckIsOnAndTheUserAgrees)
     const fs::path file = open_colored();
     show_palette();
     choose_theme(look::theme_dark, Hand::mouse);
-    const auto panel = [&](int theme) { expect_color(look::theme_colors(theme).panel_back, background()); };
+    const auto panel = [&](int theme) {
+        expect_color(look::theme_colors(theme).panel_back, on_screen(4, 4));
+    };
     panel(look::theme_dark);
     press_button(command::apply_theme_to_pages);
     choose_theme(6003, Hand::mouse);
@@ -249,7 +259,7 @@ TEST_F(Palettes, IsBackAfterTheMainWindowWasMinimised)
     EXPECT_EQ(program().exit_code(), 0u);
 }
 
-TEST_F(Palettes, AThousandOpeningsCostNothing)
+TEST_F(Palettes, OpeningsCostNothing)
 {
     open_colored();
     const auto open_and_close = [&](int count) {
@@ -261,6 +271,6 @@ TEST_F(Palettes, AThousandOpeningsCostNothing)
     };
     open_and_close(20);
     const Holdings before = holdings_of(program());
-    open_and_close(1'000);
+    open_and_close(250);
     require_no_growth(before, holdings_of(program()));
 }

@@ -265,6 +265,6 @@ TEST_F(SettingsOfUser, OpeningsCostNothing)
     };
     open_and_close(10);
     const Holdings before = holdings_of(program());
-    open_and_close(300);
+    open_and_close(60);
     require_no_growth(before, holdings_of(program()));
 }
