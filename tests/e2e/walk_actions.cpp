@@ -297,6 +297,17 @@ void apply_theme(Walker& walker)
     walker.send(theme);
 }
 
+// The time of an edited page is unknown until it is read from the file, so such a page is not sorted by it.
+void choose_settings(Walker& walker)
+{
+    const int keys = walker.model.is_edited() ? 4 : 6;
+    const int row = static_cast<int>(walker.below(static_cast<std::size_t>(keys)));
+    const bool toggles_gifs = walker.chance(50);
+    walker.note("key " + std::to_string(3000 + row));
+    walker.model.choose_settings(3000 + row, (walker.model.book.header.gif_autoplay != 0) != toggles_gifs);
+    walker.choose_settings(row, toggles_gifs);
+}
+
 std::wstring chosen_path(Walker& walker, bool may_be_new)
 {
     return walker.chance(25) ? std::wstring{} : walker.some_path(may_be_new);
@@ -397,9 +408,9 @@ void drag_boundary(Walker& walker)
 void send_idle(Walker& walker)
 {
     constexpr std::array commands{ 1, 999, 1017, 1032, 1037, 1043, 1045, 1046, 1047, 1048, 1051, 1052, 1053,
-        1057, 1058, 1026, 1065, 2503, 2505, 2506, 2508, 2509, 2510, 2511, 2519, 2522, 2524, 2529, 2544, 2545,
-        2546, 3000, 5000, 5003, 5005, 5006, 5500, 6007, 6500, 7000, 9999, 15000, 33000, 33999, 34000, 34049,
-        34050, 65535 };
+        1057, 1058, 1026, 1065, 2503, 2505, 2506, 2508, 2509, 2510, 2511, 2522, 2524, 2529, 2544, 2545, 2546,
+        3000, 5000, 5003, 5005, 5006, 5500, 6007, 6500, 9999, 15000, 33000, 33999, 34000, 34049, 34050,
+        65535 };
     walker.send(commands[walker.below(commands.size())]);
 }
 
@@ -461,6 +472,7 @@ constexpr std::array actions{
     Action{ "search check", 20, always, toggle_check },
     Action{ "refresh", 20, always, refresh },
     Action{ "theme", 10, always, apply_theme },
+    Action{ "settings", 8, accepts_input, choose_settings },
     Action{ "colour all pages", 5, always, send<&Model::color_all_pages, command::apply_theme_to_pages> },
     Action{ "new Book", 3, always, new_book },
     Action{ "open Book", 5, always, open_book },

@@ -69,6 +69,14 @@ protected:
             const RECT more = window.rect();
             UnionRect(&area, &area, &more);
         }
+        save(name, area);
+    }
+    // Takes a screenshot of one window.
+    void take_only(const std::string& name, Window window) const { save(name, window.rect()); }
+
+private:
+    static void save(const std::string& name, const RECT& area)
+    {
         const char* folder = std::getenv("PAGEWICK_SCREENS");
         const fs::path place = folder ? test_support::system_path(folder) : test_support::artifacts_path();
         fs::create_directories(place);
@@ -96,7 +104,8 @@ TEST_P(ScreensOfThemes, Palette)
     move_mouse(on_screen(500, 300));
     main_window().send_command(command::show_palette);
     require("the palette shows", [&] { return program().is_active(palette_window()); });
-    take("palette-" + std::to_string(GetParam()));
+    program().await_input();
+    take_only("palette-" + std::to_string(GetParam()), palette_window());
 }
 
 TEST_P(ScreensOfThemes, Settings)
@@ -105,7 +114,8 @@ TEST_P(ScreensOfThemes, Settings)
     open_sample(GetParam());
     main_window().post_command(command::show_settings);
     require("the settings show", [&] { return program().is_active(settings_window()); });
-    take("settings-" + std::to_string(GetParam()));
+    program().await_input();
+    take_only("settings-" + std::to_string(GetParam()), settings_window());
 }
 
 TEST_F(Screens, Writing)
