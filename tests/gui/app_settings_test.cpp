@@ -221,6 +221,28 @@ TEST_F(AppSettings, TheProgramEndsWithItOpen)
     EXPECT_TRUE(gui::take_quit()) << "the program's loop ends too";
 }
 
+TEST_F(AppSettings, TheProgramEndsWithABoxOverItOpen)
+{
+    write_address("someone@example.com");
+    open({ page(L"a") });
+    const gui::ShellCalls shell{ 31 };
+    HWND const main = window().hwnd();
+    SettingsUser user{ [&](HWND shown) {
+        const DWORD thread = GetWindowThreadProcessId(shown, nullptr);
+        std::thread closing{ [&] {
+            gui::poll_until([&] { return gui::dialog_of(thread) != nullptr; });
+            PostMessageW(main, WM_CLOSE, 0, 0);
+        } };
+        click_link(shown);
+        closing.join();
+        gui::poll_until([&] { return !IsWindow(main); });
+    } };
+    command(command::show_settings);
+    EXPECT_TRUE(user.finish());
+    EXPECT_FALSE(IsWindow(main));
+    EXPECT_TRUE(gui::take_quit());
+}
+
 TEST_F(AppSettings, IsRefusedWhileABoxIsOpen)
 {
     open({ page(L"a"), page(L"b") });

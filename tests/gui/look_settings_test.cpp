@@ -234,7 +234,7 @@ TEST_F(SettingsWindow, TabGoesThroughTheControlsByReadingDirection)
 {
     std::vector<int> order;
     ask([&](HWND window) {
-        gui::poll_until([&] { return focus_of(window) != nullptr; });
+        gui::poll_until([&] { return GetParent(focus_of(window)) == window; });
         for (int i = 0; i < 10; ++i) {
             HWND const focused = focus_of(window);
             order.push_back(GetDlgCtrlID(focused));
@@ -247,6 +247,7 @@ TEST_F(SettingsWindow, TabGoesThroughTheControlsByReadingDirection)
 TEST_F(SettingsWindow, SpaceTogglesTheFocusedCheck)
 {
     const auto choice = ask([&](HWND window) {
+        gui::poll_until([&] { return GetParent(focus_of(window)) == window; });
         auto* const check =
             dynamic_cast<look::MyCheckBox*>(ovlib::Wnd::from_handle(GetDlgItem(window, 2550)));
         type_key(window, VK_SPACE, [&] { return check->is_checked(); });
