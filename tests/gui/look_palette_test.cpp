@@ -6,7 +6,7 @@
 #include "look/theme.hpp"
 #include "look/wnd/palettewnd.hpp"
 #include "look/wnd/themed.hpp"
-#include "tests/support/gui_calls.hpp"
+#include "tests/support/gui_choices.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_driver.hpp"
 #include "tests/support/gui_folder.hpp"
@@ -18,11 +18,7 @@
 #include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
 #include <bit>
-#include <commdlg.h>
 #include <optional>
-
-extern "C" void* __imp_ChooseColorW;
-extern "C" void* __imp_ChooseFontW;
 
 namespace {
 
@@ -34,60 +30,8 @@ constexpr int box_combo = 2520;
 constexpr int theme_button = 6500;
 constexpr int question_text = 65535;
 
-// Answers the colour dialog.
-class ColorAnswer {
-public:
-    explicit ColorAnswer(
-        std::optional<COLORREF> answer, std::function<void()> meanwhile = [] {})
-    {
-        chosen = answer;
-        action = std::move(meanwhile);
-        shown.clear();
-    }
-
-    static inline std::vector<CHOOSECOLORW> shown;
-
-private:
-    static BOOL WINAPI note(CHOOSECOLORW* record)
-    {
-        shown.push_back(*record);
-        action();
-        record->rgbResult = chosen.value_or(0x777777);
-        return chosen.has_value();
-    }
-    static inline std::optional<COLORREF> chosen;
-    static inline std::function<void()> action;
-    gui::ReplacedImport<decltype(ChooseColorW)> import_{ &__imp_ChooseColorW, &note };
-};
-
-// Answers the font dialog.
-class FontAnswer {
-public:
-    explicit FontAnswer(
-        std::optional<LONG> height, std::function<void()> meanwhile = [] {})
-    {
-        chosen = height;
-        action = std::move(meanwhile);
-        shown.clear();
-        fonts.clear();
-    }
-
-    static inline std::vector<CHOOSEFONTW> shown;
-    static inline std::vector<LOGFONTW> fonts;
-
-private:
-    static BOOL WINAPI note(CHOOSEFONTW* record)
-    {
-        shown.push_back(*record);
-        fonts.push_back(*record->lpLogFont);
-        action();
-        record->lpLogFont->lfHeight = chosen.value_or(-99);
-        return chosen.has_value();
-    }
-    static inline std::optional<LONG> chosen;
-    static inline std::function<void()> action;
-    gui::ReplacedImport<decltype(ChooseFontW)> import_{ &__imp_ChooseFontW, &note };
-};
+using gui::ColorAnswer;
+using gui::FontAnswer;
 
 struct Sent {
     int id = 0;
