@@ -179,6 +179,7 @@ bool AppWnd::on_close()
     end_background_work();
     parts_.session.save_at_close();
     store_settings();
+    parts_.palette.store_custom_colors();
     destroy_children();
     look::free_shared_fonts();
     return false;

@@ -58,7 +58,9 @@ bool AppWnd::on_list_color(ovlib::WndMessage& message)
 // A read-only edit control sends this message instead of WM_CTLCOLOREDIT.
 bool AppWnd::on_static_color(ovlib::WndMessage& message)
 {
-    return parts_.desk.on_color(message, book().current_page(), look::BoxUse::read_only);
+    const bool chooses_colors = parts_.palette.is_open();
+    return parts_.desk.on_color(message, book().current_page(),
+        chooses_colors ? look::BoxUse::read_only_with_palette : look::BoxUse::read_only);
 }
 
 // The controls are tried first, because not every control sets CtlType.

@@ -5,13 +5,13 @@
 #include "app/wnd/popup_menu.hpp"
 #include "core/command_ids.hpp"
 #include "look/page_slider.hpp"
-#include "look/theme.hpp"
 
 namespace app {
 
 void show_main_menu(MainParts& parts)
 {
     const MainMenuState state{ .is_busy = parts.talk.is_busy(),
+        .is_palette_open = parts.palette.is_open(),
         .order_mode = parts.session.book().header.order_mode };
     show_menu(parts, main_menu(state), menu_flags::main, mouse_on_screen());
 }
@@ -115,28 +115,6 @@ Outcome note_box_change(MainParts& parts, const CommandInput&)
 Outcome renew_edited_mark(MainParts& parts, const CommandInput&)
 {
     parts.session.renew_edited_mark();
-    return Outcome::done;
-}
-
-Outcome repaint_box(MainParts& parts, const CommandInput& input)
-{
-    const look::MyBox* box = parts.desk.boxes()[static_cast<std::size_t>(input.code)];
-    InvalidateRect(box->hwnd(), nullptr, TRUE);
-    return Outcome::done;
-}
-
-Outcome choose_theme(MainParts& parts, const CommandInput& input)
-{
-    book::BookHeader& header = parts.session.book().header;
-    header.theme = input.id;
-    parts.desk.apply_theme(header);
-    return Outcome::done;
-}
-
-Outcome apply_theme_to_pages(MainParts& parts, const CommandInput&)
-{
-    color_all_pages(parts.session.book(), look::palette());
-    parts.desk.repaint();
     return Outcome::done;
 }
 

@@ -52,9 +52,6 @@ core::Outcome add_page(MainParts&, const CommandInput&);
 core::Outcome delete_page(MainParts&, const CommandInput&);
 core::Outcome note_box_change(MainParts&, const CommandInput&);
 core::Outcome renew_edited_mark(MainParts&, const CommandInput&);
-core::Outcome repaint_box(MainParts&, const CommandInput&);
-core::Outcome choose_theme(MainParts&, const CommandInput&);
-core::Outcome apply_theme_to_pages(MainParts&, const CommandInput&);
 core::Outcome search_selection(MainParts&, const CommandInput&);
 core::Outcome toggle_search_check(MainParts&, const CommandInput&);
 core::Outcome clear_search(MainParts&, const CommandInput&);
@@ -81,6 +78,14 @@ core::Outcome choose_folder(MainParts&, const CommandInput&);
 core::Outcome clear_folder(MainParts&, const CommandInput&);
 
 core::Outcome show_web_menu(MainParts&, const CommandInput&);
+core::Outcome write_mail(MainParts&, const CommandInput&);
+
+core::Outcome show_palette(MainParts&, const CommandInput&);
+core::Outcome repaint_box(MainParts&, const CommandInput&);
+core::Outcome set_box_font(MainParts&, const CommandInput&);
+core::Outcome choose_theme(MainParts&, const CommandInput&);
+core::Outcome apply_theme_to_pages(MainParts&, const CommandInput&);
+core::Outcome show_settings(MainParts&, const CommandInput&);
 
 } // namespace commands
 

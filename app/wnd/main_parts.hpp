@@ -10,6 +10,8 @@
 #include "app/wnd/page_desk.hpp"
 #include "book/wnd/bookeditor.hpp"
 #include "book/wnd/replacewnd.hpp"
+#include "look/wnd/palettewnd.hpp"
+#include "look/wnd/settingwnd.hpp"
 #include "media/path_answers.hpp"
 #include "ovlib/gui/menu_pictures.hpp"
 
@@ -52,6 +54,9 @@ struct MainParts {
     media::PathAnswers path_answers; // shared by all views during one refresh
     FileView file_view;
     Background background;
+    // Created when they are first shown.
+    look::PaletteWnd palette;
+    look::SettingWnd settings;
     ovlib::MenuPictures menu_pictures;
     EditSession edit_session;
     book::ReplaceWnd replace_window;

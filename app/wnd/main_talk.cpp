@@ -54,7 +54,8 @@ int MainTalk::show_message(const std::wstring& text, BoxStyle style)
     if (is_gone())
         return 0;
     const InputGate::Hold hold{ input_ };
-    return parent_.message_box(text, core::message_caption(book_path_), static_cast<std::uint32_t>(style));
+    ovlib::Wnd& owner = box_owner_ && box_owner_->is_window() ? *box_owner_ : parent_;
+    return owner.message_box(text, core::message_caption(book_path_), static_cast<std::uint32_t>(style));
 }
 
 bool MainTalk::ask(const std::wstring& text, BoxStyle style)

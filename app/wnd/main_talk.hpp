@@ -36,6 +36,9 @@ public:
     InputGate& input() { return input_; }
     bool is_accepting_input() const { return input_.is_open(); }
     void add_busy_window(BusyWindow& window) { busy_windows_.push_back(&window); }
+    // Message boxes belong to this window from here on: a modal window, which must not accept input under
+    // them. Null for the main window.
+    void set_box_owner(ovlib::Wnd* owner) { box_owner_ = owner; }
     // Disables the history window while pages are edited or a box is open. A click in it would load another
     // Book over the edited one, or under the box.
     void enable_history();
@@ -61,6 +64,7 @@ public:
 
 private:
     ovlib::BaseWnd& parent_;
+    ovlib::Wnd* box_owner_ = nullptr;
     const std::wstring& book_path_;
     std::function<void()> book_loaded_;
     std::vector<BusyWindow*> busy_windows_;

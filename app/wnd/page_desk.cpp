@@ -218,13 +218,16 @@ void BoxDesk::apply_divider_and_fonts(book::BookHeader& header)
     if (header.divider == 0)
         header.divider = first_divider(layout_);
     header.divider = set_divider(header.divider);
-    for (std::size_t box = 0; box < book::box_count; ++box) {
-        HFONT const font = look::make_box_font(header.fonts[box]);
-        boxes()[box]->take_font(font);
-        if (!font)
-            ovlib::WinApp::process_log()
-                << L"ログフォントの設定に失敗: Box" << std::to_wstring(box) << L"\r\n";
-    }
+    for (std::size_t box = 0; box < book::box_count; ++box)
+        set_font(box, header.fonts[box]);
+}
+
+void BoxDesk::set_font(std::size_t box, const book::LogFont& record)
+{
+    HFONT const font = look::make_box_font(record);
+    boxes()[box]->take_font(font);
+    if (!font)
+        ovlib::WinApp::process_log() << L"ログフォントの設定に失敗: Box" << std::to_wstring(box) << L"\r\n";
 }
 
 book::SearchQuery BoxDesk::query() const

@@ -36,6 +36,8 @@ public:
     // controls then.
     bool set_state(bool read_only, bool wrap, const book::Page* page);
     void repaint();
+    // A font that cannot be used leaves the box without one and is recorded in the process log.
+    void set_font(std::size_t box, const book::LogFont& record);
 
     // The index of the box that sends a colour message; nullopt for other controls.
     std::optional<std::size_t> box_of(const ovlib::WndMessage& message) const;

@@ -1,11 +1,10 @@
 #include "book/wnd/replacewnd.hpp"
 #include "book/replace_view.hpp"
 #include "core/command_ids.hpp"
-#include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "look/wnd/group_frame.hpp"
+#include "ovlib/gui/dc.hpp"
 #include "ovlib/gui/menu.hpp"
-#include "ovlib/gui/text_stream.hpp"
 
 namespace book {
 
@@ -56,16 +55,10 @@ bool ReplaceWnd::make_controls()
 bool ReplaceWnd::on_paint() const
 {
     const ovlib::PaintDC dc{ *this };
-    ovlib::GDI::TextStream text{ dc };
-    text.font = look::shared_font(look::SharedFont::ui_9);
-    text.color = look::palette().list_text;
-    text.back_mode = TRANSPARENT;
-    for (const ReplaceField& field : replace_fields) {
-        text.x = field.title_at.x;
-        text.y = field.title_at.y;
-        text << field.title;
-    }
-    look::draw_group_frame(dc, replace_targets_frame, replace_targets_title);
+    HFONT const font = look::shared_font(look::SharedFont::ui_9);
+    for (const ReplaceField& field : replace_fields)
+        look::draw_label(dc, font, field.title_at, field.title);
+    look::draw_group(dc, replace_targets_frame, replace_targets_title);
     return true;
 }
 

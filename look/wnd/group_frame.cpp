@@ -1,29 +1,58 @@
 #include "look/wnd/group_frame.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/gui/text_stream.hpp"
+#include <string_view>
 
 namespace look {
 
-void draw_group_frame(const ovlib::DC& dc, const platform::Rect& frame, const std::wstring& title)
+namespace {
+
+constexpr int corner = 8;
+constexpr int caption_offset = 12;
+constexpr int caption_lift = 2; // above the middle of the line, away from the controls below
+
+void draw_text(const ovlib::DC& dc, HFONT font, platform::Point place, const wchar_t* text, int back_mode)
 {
-    constexpr int corner = 8;
-    constexpr int title_indent = 10;
-    constexpr int half_title_height = 7;
+    ovlib::GDI::TextStream stream{ dc };
+    stream.font = font;
+    stream.color = palette().list_text;
+    stream.back_color = palette().panel_back;
+    stream.back_mode = back_mode;
+    stream.x = place.x;
+    stream.y = place.y;
+    stream << text;
+}
+
+} // namespace
+
+void draw_group(const ovlib::DC& dc, const platform::Rect& frame, const wchar_t* caption)
+{
     {
-        const ovlib::GDI::Pen pen{ ovlib::GDI::solid_pen(1, palette().panel_line) };
-        const ovlib::ObjectSelection with_pen{ dc, pen };
-        const ovlib::ObjectSelection without_brush{ dc, GetStockObject(NULL_BRUSH) };
+        const ovlib::GDI::Pen line{ ovlib::GDI::solid_pen(1, palette().panel_line) };
+        const ovlib::ObjectSelection pen{ dc, line };
+        const ovlib::ObjectSelection hollow{ dc, GetStockObject(HOLLOW_BRUSH) };
         RoundRect(dc.handle(), frame.left, frame.top, frame.right, frame.bottom, corner, corner);
     }
-    ovlib::GDI::TextStream text{ dc };
-    text.font = shared_font(SharedFont::ui_9);
-    text.color = palette().list_text;
-    text.back_color = palette().panel_back;
-    text.back_mode = OPAQUE;
-    text.x = frame.left + title_indent;
-    text.y = frame.top - half_title_height;
-    text << title;
+    HFONT const font = shared_font(SharedFont::ui_8);
+    const int height = text_size(dc, font, caption).height;
+    const int top = frame.top - height / 2 - caption_lift;
+    draw_text(dc, font, { frame.left + caption_offset, top }, caption, OPAQUE);
+}
+
+void draw_label(const ovlib::DC& dc, HFONT font, platform::Point place, const wchar_t* text)
+{
+    draw_text(dc, font, place, text, TRANSPARENT);
+}
+
+platform::Size text_size(const ovlib::DC& dc, HFONT font, const wchar_t* text)
+{
+    const ovlib::ObjectSelection selection{ dc, font };
+    const std::wstring_view view{ text };
+    SIZE size{};
+    GetTextExtentPoint32W(dc.handle(), view.data(), static_cast<int>(view.size()), &size);
+    return ovlib::to_size(size);
 }
 
 } // namespace look

@@ -1,5 +1,4 @@
 #include "driver_main_window.hpp"
-#include "app/menus.hpp"
 #include "controls/check_box_layout.hpp"
 #include "driver_screen.hpp"
 #include "look/page_slider.hpp"
@@ -77,7 +76,12 @@ PopupMenu MainWindowTest::book_menu(bool has_edits)
 
 PopupMenu MainWindowTest::main_menu(std::int32_t order_mode)
 {
-    return { program(), app::main_menu({ .order_mode = order_mode }), [this] { right_click(background()); } };
+    return main_menu({ .order_mode = order_mode });
+}
+
+PopupMenu MainWindowTest::main_menu(const app::MainMenuState& state)
+{
+    return { program(), app::main_menu(state), [this] { right_click(background()); } };
 }
 
 PopupMenu MainWindowTest::tab_menu(std::size_t number, std::size_t count)

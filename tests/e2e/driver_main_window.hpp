@@ -1,6 +1,7 @@
 // The main window for tests that use it by mouse: its controls at their positions.
 #pragma once
 #include "app/main_layout.hpp"
+#include "app/menus.hpp"
 #include "driver_menu.hpp"
 #include "driver_test.hpp"
 #include "look/theme.hpp"
@@ -51,6 +52,7 @@ protected:
     // The Book menu, opened by a click.
     PopupMenu book_menu(bool has_edits);
     PopupMenu main_menu(std::int32_t order_mode = 2700);
+    PopupMenu main_menu(const app::MainMenuState& state);
     PopupMenu tab_menu(std::size_t number, std::size_t count);
 
     // A visible secondary window of the program; its exists() is false if there is none.
@@ -59,6 +61,8 @@ protected:
     void expect_banner(const Where& where = Where::current()) const;
     Window banner() const;
     Window history_window() const { return side_window(L"ovlib_historywnd[53]"); }
+    Window palette_window() const { return side_window(L"ovlib_palettewnd[75]"); }
+    Window settings_window() const { return side_window(L"ovlib_settingwnd[158]"); }
 
     void go_to_first(const std::wstring& box1, const Where& where = Where::current());
     // Returns the texts of box 1 of this many pages, starting with the current one, turning with the button

@@ -297,6 +297,17 @@ void apply_theme(Walker& walker)
     walker.send(theme);
 }
 
+// The time of an edited page is unknown until it is read from the file, so such a page is not sorted by it.
+void choose_settings(Walker& walker)
+{
+    const int keys = walker.model.is_edited() ? 4 : 6;
+    const int row = static_cast<int>(walker.below(static_cast<std::size_t>(keys)));
+    const bool toggles_gifs = walker.chance(50);
+    walker.note("key " + std::to_string(3000 + row));
+    walker.model.choose_settings(3000 + row, (walker.model.book.header.gif_autoplay != 0) != toggles_gifs);
+    walker.choose_settings(row, toggles_gifs);
+}
+
 std::wstring chosen_path(Walker& walker, bool may_be_new)
 {
     return walker.chance(25) ? std::wstring{} : walker.some_path(may_be_new);
@@ -470,6 +481,7 @@ constexpr std::array actions{
     Action{ "search check", 20, always, toggle_check },
     Action{ "refresh", 20, always, refresh },
     Action{ "theme", 10, always, apply_theme },
+    Action{ "settings", 8, accepts_input, choose_settings },
     Action{ "colour all pages", 5, always, send<&Model::color_all_pages, command::apply_theme_to_pages> },
     Action{ "new Book", 3, always, new_book },
     Action{ "open Book", 5, always, open_book },

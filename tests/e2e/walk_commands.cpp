@@ -313,6 +313,18 @@ std::wstring Model::in_full(const std::wstring& entry_text) const
     return counts_from_root ? data_root + L"\\" + entry_text : entry_text;
 }
 
+// Only a new order of a sorted Book concerns the page that is being edited.
+void Model::choose_settings(std::int32_t sort_key, bool plays_gifs)
+{
+    const bool is_new = sort_key != book.header.sort_key;
+    const bool has_left = is_new && std::abs(book.header.order_mode) == 2701 && leave();
+    book.header.sort_key = sort_key;
+    book.header.gif_autoplay = plays_gifs ? 1 : 0;
+    if (is_new)
+        rebuild_order();
+    finish(has_left);
+}
+
 void Model::apply_theme(std::int32_t identifier)
 {
     theme = identifier == 6006 ? 6005 : identifier;

@@ -132,6 +132,7 @@ public:
     std::wstring entry();
 
     void apply_theme(std::int32_t identifier);
+    void choose_settings(std::int32_t sort_key, bool plays_gifs);
     void color_all_pages();
 
     // An empty `chosen` cancels the dialog.

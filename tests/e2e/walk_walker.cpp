@@ -4,6 +4,7 @@
 #include "book/page_text.hpp"
 #include "core/command_ids.hpp"
 #include "driver_menu.hpp"
+#include "look/settings_view.hpp"
 #include "platform/text.hpp"
 #include "walk_report.hpp"
 #include <future>
@@ -304,6 +305,26 @@ void Walker::show_history()
 }
 
 // The program chooses the seed; it is read from the file after a save.
+void Walker::choose_settings(int row, bool toggles_gifs)
+{
+    main().post_command(command::show_settings);
+    Window window;
+    require("the settings show", [&] {
+        for (const Window shown : e2e::top_windows(program_->process_id())) {
+            if (shown.class_name() == L"ovlib_settingwnd[158]")
+                window = shown;
+        }
+        return window.exists();
+    });
+    window.child(look::setting_sort_key).send(CB_SETCURSEL, static_cast<WPARAM>(row));
+    if (toggles_gifs)
+        window.child(look::setting_gif_autoplay).send(BM_CLICK);
+    window.post_command(command::close_window);
+    require("the settings have closed", [&] { return !window.exists(); });
+    serve_talks();
+    fence();
+}
+
 void Walker::turn_random()
 {
     model.change_order(Order::random);

@@ -52,6 +52,8 @@ public:
     // Opens a menu and closes it.
     void look_at_menu(int id);
     void show_history();
+    // In the settings window: selects this row of the sort keys, toggles one check or not, and presses OK.
+    void choose_settings(int row, bool toggles_gifs);
     void turn_random();
     void scroll(std::size_t box, int lines);
     // Gives a box the focus and selects a range.

@@ -30,6 +30,15 @@ struct Failure {
 enum class Code { always, if_changed, ask };
 enum class Order { sorted, random, reversed };
 
+// The settings of a Book that the user can choose.
+struct BookSettings {
+    bool wraps = false;
+    bool plays_gifs = false;
+    bool searches_files = false;
+    std::int32_t sort_key = 0;
+    std::int32_t tab_label_box = 0;
+};
+
 class Model {
 public:
     // The user and the file system.
@@ -89,6 +98,7 @@ public:
     void slide_to(std::uint64_t position); // shows the page even if it was current
     void go_to_tab(std::uint64_t number);
     void change_order(Order kind, std::uint32_t fresh_seed);
+    void apply_settings(const BookSettings& chosen);
     void add(bool at_end);
     void swap(int direction);
     void remove();

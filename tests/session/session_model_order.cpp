@@ -109,4 +109,26 @@ void Model::change_order(Order kind, std::uint32_t fresh_seed)
     rebuild();
 }
 
+// A sorted Book gets its new order only if the edits could be saved or discarded.
+void Model::apply_settings(const BookSettings& chosen)
+{
+    const std::pair before{ path, revision_ };
+    const bool is_new = chosen.sort_key != book.header.sort_key;
+    const bool is_sorted = std::abs(book.header.order_mode) == 2701;
+    const bool takes_key = !is_new || !is_sorted || leave();
+    if (is_gone || std::pair{ path, revision_ } != before)
+        return;
+    book.header.wrap_text = chosen.wraps ? 1 : 0;
+    book.header.gif_autoplay = chosen.plays_gifs ? 1 : 0;
+    book.header.auto_file_search = chosen.searches_files ? 1 : 0;
+    book.header.tab_label_box = chosen.tab_label_box;
+    if (!is_new || !takes_key)
+        return;
+    book.header.sort_key = chosen.sort_key;
+    if (is_sorted)
+        rebuild();
+    else
+        needs_update = true;
+}
+
 } // namespace session_walk

@@ -59,6 +59,7 @@ private:
     Action edit();
     Action page_action();
     Action order_action();
+    Action settings_action();
     Action add_or_remove();
     Action mark_or_tab();
     Action file_action();

@@ -1,5 +1,6 @@
 #include "app/file_actions.hpp"
 #include "app/page_actions.hpp"
+#include "app/settings_actions.hpp"
 #include "book/page_order.hpp"
 #include "core/command_ids.hpp"
 #include "session_walker.hpp"
@@ -80,6 +81,23 @@ Walker::Action Walker::order_action()
             // The session chooses the seed.
             model_.change_order(static_cast<Order>(kind), book().header.seed);
         } };
+}
+
+Walker::Action Walker::settings_action()
+{
+    const BookSettings chosen{ one_in(2), one_in(2), one_in(2), static_cast<std::int32_t>(3000 + below(6)),
+        static_cast<std::int32_t>(4000 + below(3)) };
+    const look::SettingsChoice choice{ .gif_autoplay = chosen.plays_gifs,
+        .file_search = chosen.searches_files,
+        .wrap_text = chosen.wraps,
+        .sort_key = chosen.sort_key,
+        .tab_label_box = chosen.tab_label_box };
+    return { "settings with key " + std::to_string(chosen.sort_key),
+        [this, choice] {
+            core::Settings of_installation;
+            app::apply_settings(session(), of_installation, app::note_book(book()), choice);
+        },
+        [this, chosen] { model_.apply_settings(chosen); } };
 }
 
 Walker::Action Walker::add_or_remove()
@@ -260,11 +278,11 @@ Walker::Action Walker::under_the_desk()
 
 Walker::Action Walker::any_action()
 {
-    static constexpr std::array<Maker, 19> makers{ &Walker::save, &Walker::edit, &Walker::edit, &Walker::edit,
+    static constexpr std::array<Maker, 20> makers{ &Walker::save, &Walker::edit, &Walker::edit, &Walker::edit,
         &Walker::edit, &Walker::page_action, &Walker::page_action, &Walker::page_action,
-        &Walker::order_action, &Walker::add_or_remove, &Walker::mark_or_tab, &Walker::file_action,
-        &Walker::file_action, &Walker::folder_action, &Walker::book_action, &Walker::book_action,
-        &Walker::under_the_desk, &Walker::page_editing, &Walker::page_editing };
+        &Walker::order_action, &Walker::settings_action, &Walker::add_or_remove, &Walker::mark_or_tab,
+        &Walker::file_action, &Walker::file_action, &Walker::folder_action, &Walker::book_action,
+        &Walker::book_action, &Walker::under_the_desk, &Walker::page_editing, &Walker::page_editing };
     return (this->*makers[below(makers.size())])();
 }
 

@@ -71,6 +71,10 @@ protected:
         }
         save(name, area);
     }
+    // Takes a screenshot of one window.
+    static void take_only(const std::string& name, Window window) { save(name, window.rect()); }
+
+private:
     static void save(const std::string& name, const RECT& area)
     {
         const char* folder = std::getenv("PAGEWICK_SCREENS");
@@ -93,7 +97,7 @@ protected:
     {
         move_mouse(background());
         window.send(WM_NULL);
-        save(name + "-" + std::to_string(GetParam()), window.rect());
+        take_only(name + "-" + std::to_string(GetParam()), window);
     }
 };
 
@@ -136,6 +140,26 @@ TEST_P(ScreensOfThemes, PageEditor)
     }
     click(window.child(command::trace_selection).center());
     save_window("page-editor", window);
+}
+
+TEST_P(ScreensOfThemes, Palette)
+{
+    open_sample(GetParam());
+    move_mouse(on_screen(500, 300));
+    main_window().send_command(command::show_palette);
+    require("the palette shows", [&] { return program().is_active(palette_window()); });
+    program().await_input();
+    take_only("palette-" + std::to_string(GetParam()), palette_window());
+}
+
+TEST_P(ScreensOfThemes, Settings)
+{
+    write_bytes(root().folder() / L"dat" / L"mail_address.txt", "someone@example.com");
+    open_sample(GetParam());
+    main_window().post_command(command::show_settings);
+    require("the settings show", [&] { return program().is_active(settings_window()); });
+    program().await_input();
+    take_only("settings-" + std::to_string(GetParam()), settings_window());
 }
 
 TEST_F(Screens, Writing)
