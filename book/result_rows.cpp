@@ -78,12 +78,10 @@ bool read_range(std::wstring_view text, SearchHit& hit)
 
 } // namespace
 
-int last_result_width(int room)
+int last_result_width(int room, int others)
 {
     constexpr int least = 100;
-    for (const ResultColumn& column : result_columns)
-        room -= column.width;
-    return std::max(room, least);
+    return std::max(room - others, least);
 }
 
 std::wstring results_title(std::uint64_t position, std::size_t row_count)
@@ -147,6 +145,17 @@ std::optional<SearchHit> parse_result(std::wstring_view place, std::wstring_view
         return std::nullopt;
     hit.place = box_place + ordinal;
     return hit;
+}
+
+SearchHit chosen_hit(const SearchHit& hit)
+{
+    SearchHit chosen;
+    chosen.place = hit.place;
+    if (box_of(hit)) {
+        chosen.start = hit.start;
+        chosen.end = hit.end;
+    }
+    return chosen;
 }
 
 RefillPlan refill_plan(

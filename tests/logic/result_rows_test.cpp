@@ -165,9 +165,10 @@ TEST(ResultColumns, HaveTheirTitlesAndWidths)
     const wchar_t* const titles[] = { L"語句", L"場所", L"行", L"範囲" };
     for (std::size_t i = 0; i < 4; ++i)
         EXPECT_STREQ(book::result_columns[i].title, titles[i]);
-    EXPECT_EQ(book::last_result_width(283), 100) << "the least";
-    EXPECT_EQ(book::last_result_width(301), 101);
-    EXPECT_EQ(book::last_result_width(0), 100);
+    EXPECT_EQ(book::last_result_width(283, 200), 100) << "the least";
+    EXPECT_EQ(book::last_result_width(301, 200), 101);
+    EXPECT_EQ(book::last_result_width(301, 150), 151);
+    EXPECT_EQ(book::last_result_width(0, 200), 100);
 }
 
 TEST(RowToSelect, IsTheFirstForWhatTheUserSearchedOrTurnedTo)
@@ -175,9 +176,7 @@ TEST(RowToSelect, IsTheFirstForWhatTheUserSearchedOrTurnedTo)
     for (const RefillCause cause :
         { RefillCause::page_shown, RefillCause::query_changed, RefillCause::window_opened })
         EXPECT_EQ(row_to_select(cause), 0);
-    for (const RefillCause cause :
-        { RefillCause::file_list_changed, RefillCause::wrapping_changed, RefillCause::page_saved })
-        EXPECT_EQ(row_to_select(cause), -1);
+    EXPECT_EQ(row_to_select(RefillCause::content_changed), -1);
 }
 
 TEST(RefillPlan, SelectsKeepsOrClears)
