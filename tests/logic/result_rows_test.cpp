@@ -49,6 +49,15 @@ std::vector<std::wstring> cells(const ResultRows& rows, int row)
 
 using Cells = std::vector<std::wstring>;
 
+TEST(ResultRows, AChosenHitIsWhatItsCellsDescribe)
+{
+    const std::vector<SearchHit> hits{ { L"word", 100, 0, 4 }, { L"b", 102, 12, 16 }, { L"a", 200, 3, 4 },
+        { L"c", 10199, 0, 1 } };
+    const ResultRows rows(hits, ten_lines);
+    for (int row = 0; row < 4; ++row)
+        EXPECT_EQ(book::chosen_hit(hits[static_cast<std::size_t>(row)]), rows.parse_row(row)) << row;
+}
+
 TEST(ResultRows, ShowTermPlaceLineAndRange)
 {
     const ResultRows rows({ { L"word", 100, 0, 4 }, { L"Wörd", 101, 12, 16 }, { L"語", 102, 99, 100 },
