@@ -4,6 +4,7 @@
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/main_commands.hpp"
 #include "core/command_ids.hpp"
+#include "look/wnd/keys.hpp"
 #include "ovlib/gui/button.hpp"
 #include "ovlib/gui/system_geometry.hpp"
 
@@ -17,7 +18,7 @@ bool AppWnd::on_page_key(const MSG& message)
 {
     if (message.message != WM_KEYDOWN)
         return false;
-    const ChordKeys with{ GetKeyState(VK_SHIFT) < 0, GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_MENU) < 0 };
+    const ChordKeys with{ look::is_shift_down(), GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_MENU) < 0 };
     const std::optional<int> id = command_of_key(message.wParam, with);
     HWND const root = GetAncestor(message.hwnd, GA_ROOT);
     if (!id || !root || (root != hwnd() && root != parts_.results.hwnd()))
