@@ -44,9 +44,14 @@ protected:
         require("the editor shows", [&] { return editor().exists() && editor().is_visible(); });
         click_list();
     }
-    // Below the lines of the text, where a click puts the caret at its end.
+    // Below the lines of the text, where a click puts the caret at its end. On a screen without a window
+    // manager, Wine may have put the main window in front of those that it owns.
     void click_list() const
     {
+        require("the editor is in front", [&] {
+            SetForegroundWindow(editor().handle());
+            return program().is_active(editor());
+        });
         const RECT place = list().rect();
         click({ (place.left + place.right) / 2, place.bottom - 60 });
         require("the list has the focus", [&] { return program().focus() == list(); });
@@ -55,7 +60,7 @@ protected:
     {
         list().select(0, list().text().size());
         type_text(text);
-        expect_soon(true, [&] { return list().is_modified(); });
+        expect_list(text);
     }
     void expect_list(const std::wstring& text, const Where& where = Where::current())
     {
@@ -71,7 +76,8 @@ protected:
     {
         expect_soon(
             is_lit, [&] { return editor().child(command::apply_file_list).is_enabled(); }, where);
-        EXPECT_EQ(box(command::save_if_changed).is_enabled(), is_lit);
+        expect_soon(
+            is_lit, [&] { return box(command::save_if_changed).is_enabled(); }, where);
     }
     void click_editor(int id) const { click(editor().child(id).center()); }
     Files in_file(std::size_t page = 0) const { return load_book(book_file_).pages[page].files; }
@@ -240,6 +246,7 @@ TEST_F(ListEditor, ACommandOfTheFileMenuAsksAboutTypedLines)
     expect_list(L"http://x.invalid/b\r\nhttp://x.invalid/a\r\n");
     click_list();
     type_text(L"http://x.invalid/0");
+    expect_list(L"http://x.invalid/b\r\nhttp://x.invalid/a\r\nhttp://x.invalid/0");
     main_window().post_command(command::sort_files_ascending);
     answer_box(apply_question, Icon::question, IDYES);
     expect_list(L"http://x.invalid/0\r\nhttp://x.invalid/a\r\nhttp://x.invalid/b\r\n");
