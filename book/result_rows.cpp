@@ -28,8 +28,20 @@ std::wstring place_text(const SearchHit& hit)
     return std::wstring(file_word) + L' ' + std::to_wstring(hit.place - file_place + 1);
 }
 
-// The lines of the hits in one box. A control looks for the line of a position among all of its lines, so for
-// many hits it is cheaper to take all line starts once.
+std::vector<std::uint64_t> line_starts(const std::wstring& text)
+{
+    constexpr std::wstring_view line_end = L"\r\n";
+    std::vector<std::uint64_t> starts{ 0 };
+    for (std::size_t at = text.find(line_end); at != std::wstring::npos; at = text.find(line_end, at)) {
+        at += line_end.size();
+        starts.push_back(at);
+    }
+    return starts;
+}
+
+// The lines of the hits in one box. A control goes through its lines for each question. So for many hits all
+// line starts are taken once, and if possible from the text itself, because the control needs a time for all
+// starts that grows with the square of their number.
 class LinesOfBox {
 public:
     LinesOfBox(const std::vector<SearchHit>& hits, std::size_t box, const BoxLines& lines)
@@ -40,6 +52,13 @@ public:
             static_cast<std::size_t>(std::ranges::count(hits, box_place + box, &SearchHit::place));
         if (count == 0)
             return;
+        constexpr std::size_t many = 8;
+        if (count > many) {
+            if (const std::optional<std::wstring> text = lines.unwrapped_text(box)) {
+                starts_ = line_starts(*text);
+                return;
+            }
+        }
         const std::size_t line_count = lines.line_count(box);
         if (count <= line_count)
             return;

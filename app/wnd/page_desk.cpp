@@ -112,6 +112,12 @@ std::uint64_t BoxDesk::line_start(std::size_t box, std::size_t line) const
     return static_cast<std::uint64_t>(SendMessageW(boxes()[box]->hwnd(), EM_LINEINDEX, line, 0));
 }
 
+std::optional<std::wstring> BoxDesk::unwrapped_text(std::size_t box) const
+{
+    const look::MyBox& asked = *boxes()[box];
+    return asked.is_wrapped() ? std::nullopt : std::optional{ asked.text() };
+}
+
 void BoxDesk::repaint()
 {
     for (const look::MyBox* box : boxes())

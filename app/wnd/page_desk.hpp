@@ -60,6 +60,7 @@ public:
     std::size_t line_of(std::size_t box, std::uint64_t position) const override;
     std::size_t line_count(std::size_t box) const override;
     std::uint64_t line_start(std::size_t box, std::size_t line) const override;
+    std::optional<std::wstring> unwrapped_text(std::size_t box) const override;
 
 private:
     void place_boxes();

@@ -204,7 +204,9 @@ TEST_F(ListEditor, EachWayOfClosingAsksAboutWhatWasTyped)
     open_lists();
     const std::vector<std::function<void()>> ways{
         [&] { chord({ VK_ESCAPE }); },
-        [&] { chord({ VK_MENU, VK_F4 }); },
+        [&] {
+            chord({ VK_MENU, VK_F4 });
+        },
         [&] { click_editor(command::close_window); },
     };
     for (const auto& way : ways) {

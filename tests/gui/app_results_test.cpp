@@ -13,8 +13,8 @@ class AppResults : public gui::AppWindows {
 protected:
     ~AppResults() override { close(); }
 
-    static book::Page page_of(
-        const wchar_t* first, const wchar_t* second, const wchar_t* third, std::vector<std::wstring> files = {})
+    static book::Page page_of(const wchar_t* first, const wchar_t* second, const wchar_t* third,
+        std::vector<std::wstring> files = {})
     {
         book::Page made = page(first, second, third);
         made.files = std::move(files);
@@ -23,7 +23,8 @@ protected:
     // 猫 once in each box of the first page, and in the second of its files.
     void open_cats()
     {
-        open({ page_of(L"一\r\n二猫\r\n", L"猫", L"犬猫犬\r\n", { L"C:\\犬.txt", L"C:\\猫.txt", L"C:\\猫猫.txt" }),
+        open({ page_of(L"一\r\n二猫\r\n", L"猫", L"犬猫犬\r\n",
+                   { L"C:\\犬.txt", L"C:\\猫.txt", L"C:\\猫猫.txt" }),
             page_of(L"猫猫\r\n", L"", L""), page_of(L"鳥\r\n", L"", L"") });
         write_search(L"猫");
     }
@@ -236,6 +237,27 @@ TEST_F(AppResults, KeepTheirRowWhenThePageIsSavedUnchanged)
     command(command::save_always);
     EXPECT_EQ(row(), 2);
     EXPECT_EQ(selection_of(command::box_3), (Range{ 1, 2 }));
+}
+
+// With so many hits the lines are counted in the text instead of by the box.
+TEST_F(AppResults, CountTheLinesOfManyHitsAsTheBoxDoes)
+{
+    std::wstring text;
+    for (const wchar_t* end : { L"\r\n", L"\r", L"\n", L"\r\r\n", L"\n\r", L"\r\n\r\n", L"x" }) {
+        for (int i = 0; i < 3; ++i)
+            text += std::wstring(L"猫") + end;
+    }
+    open({ page(L"") });
+    open_book().pages[0].text[0] = text;
+    command(command::last_page);
+    write_search(L"猫");
+    show_results();
+    ASSERT_EQ(rows(), 21);
+    for (int row = 0; row < rows(); ++row) {
+        const auto line = SendMessageW(
+            box(command::box_1), EM_LINEFROMCHAR, book().hits[static_cast<std::size_t>(row)].start, 0);
+        EXPECT_EQ(cells(row)[2], std::to_wstring(line + 1)) << row;
+    }
 }
 
 TEST_F(AppResults, FollowTheWrappingOfTheBoxes)

@@ -482,8 +482,8 @@ TEST_F(FileListWindow, FollowsTheThemeWhileOpenWhileClosedAndReadOnly)
         look::apply_theme_to_windows();
         window_.set_read_only(theme % 3 == 0);
         window_.show(true);
-        RedrawWindow(window_.hwnd(), nullptr, nullptr,
-            RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+        RedrawWindow(
+            window_.hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
         const ovlib::ClientDC dc(window_);
         EXPECT_EQ(GetPixel(dc.handle(), 3, 3), look::palette().panel_back.value) << theme;
         const ovlib::ClientDC field(*ovlib::Wnd::from_handle(box()));

@@ -92,7 +92,10 @@ protected:
     gui::TopWnd top_;
     std::vector<SearchHit> gone_to_;
     book::BookSearchResultWnd window_{ &top_, 0,
-        { book_, lines_, [] { return RECT{ 400, 100, 900, 700 }; },
+        { book_, lines_,
+            [] {
+                return RECT{ 400, 100, 900, 700 };
+            },
             [this](const SearchHit& hit) { gone_to_.push_back(hit); } } };
     std::vector<SearchHit> chosen_;
     std::function<void()> reaction_; // to the next choice
@@ -368,8 +371,8 @@ TEST_F(ResultsWindow, TitlesAndCellsFitTheirColumns)
 {
     show_hits({ { L"検索する語", 10'199, 0, 0 }, { L"検索する語", 102, 100'000, 100'010 } });
     const auto fits = [&](const std::wstring& text, int column) {
-        const auto width = SendMessageW(
-            list().hwnd(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()));
+        const auto width =
+            SendMessageW(list().hwnd(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()));
         EXPECT_LE(width + 12, list().column_width(column)) << column;
     };
     for (int column = 0; column < 4; ++column)

@@ -45,7 +45,7 @@ TEST_F(HitsRenewed, AreNotReportedWhenAnotherPageIsShown)
 
 TEST_F(HitsRenewed, AreNotReportedWithoutAChange)
 {
-    EXPECT_EQ(reports([] { }), 0);
+    EXPECT_EQ(reports([] {}), 0);
     EXPECT_EQ(reports([&] { session.merge(core::refresh::full); }), 0);
 }
 
@@ -64,7 +64,7 @@ TEST_F(HitsRenewed, ANewQueryIsAppliedAtOnceAndOnlyOnce)
     EXPECT_TRUE(session.renew_hits());
     EXPECT_EQ(book.hits.size(), 1u);
     EXPECT_FALSE(session.renew_hits());
-    EXPECT_EQ(reports([] { }), 0);
+    EXPECT_EQ(reports([] {}), 0);
 }
 
 } // namespace

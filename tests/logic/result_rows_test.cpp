@@ -49,6 +49,32 @@ std::vector<std::wstring> cells(const ResultRows& rows, int row)
 
 using Cells = std::vector<std::wstring>;
 
+// Knows the text of its boxes.
+class LinesOfText final : public book::BoxLines {
+public:
+    std::size_t line_of(std::size_t, std::uint64_t) const override { return 1'000; }
+    std::size_t line_count(std::size_t) const override { return 2'000; }
+    std::uint64_t line_start(std::size_t, std::size_t) const override { return 0; }
+    std::optional<std::wstring> unwrapped_text(std::size_t) const override
+    {
+        return L"ab\r\n\r\nc\rd\ne\r\r\nf";
+    }
+};
+
+TEST(ResultRows, CountTheLinesOfManyHitsInTheText)
+{
+    std::vector<SearchHit> hits;
+    const std::uint64_t starts[] = { 0, 1, 3, 4, 6, 8, 10, 13, 14, 99 };
+    const wchar_t* const lines[] = { L"1", L"1", L"1", L"2", L"3", L"3", L"3", L"3", L"4", L"4" };
+    for (const std::uint64_t start : starts)
+        hits.push_back({ L"x", 100, start, start + 1 });
+    const ResultRows many(hits, LinesOfText{});
+    for (int row = 0; row < 10; ++row)
+        EXPECT_EQ(many.cell(row, book::line_cell), lines[row]) << row;
+    hits.resize(2);
+    EXPECT_EQ(ResultRows(hits, LinesOfText{}).cell(0, book::line_cell), L"1001") << "few hits ask the box";
+}
+
 TEST(ResultRows, AChosenHitIsWhatItsCellsDescribe)
 {
     const std::vector<SearchHit> hits{ { L"word", 100, 0, 4 }, { L"b", 102, 12, 16 }, { L"a", 200, 3, 4 },

@@ -216,7 +216,7 @@ class SessionRoom {
 public:
     explicit SessionRoom(const std::wstring& history_file)
         : session({ desk, talk, [this](core::View view) { serve(view); }, [] {}, [this] { ++renewals; } },
-              history_file)
+            history_file)
     {
         talk.on_close = [this] { session.save_at_close(); };
     }
