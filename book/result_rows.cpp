@@ -28,13 +28,15 @@ std::wstring place_text(const SearchHit& hit)
     return std::wstring(file_word) + L' ' + std::to_wstring(hit.place - file_place + 1);
 }
 
+// Where the lines of a text start that is not wrapped. Empty for a text with a line feed that follows no
+// carriage return: systems differ about it.
 std::vector<std::uint64_t> line_starts(const std::wstring& text)
 {
-    constexpr std::wstring_view line_end = L"\r\n";
     std::vector<std::uint64_t> starts{ 0 };
-    for (std::size_t at = text.find(line_end); at != std::wstring::npos; at = text.find(line_end, at)) {
-        at += line_end.size();
-        starts.push_back(at);
+    for (std::size_t at = text.find(L'\n'); at != std::wstring::npos; at = text.find(L'\n', at + 1)) {
+        if (at == 0 || text[at - 1] != L'\r')
+            return {};
+        starts.push_back(at + 1);
     }
     return starts;
 }
@@ -54,10 +56,10 @@ public:
             return;
         constexpr std::size_t many = 8;
         if (count > many) {
-            if (const std::optional<std::wstring> text = lines.unwrapped_text(box)) {
+            if (const std::optional<std::wstring> text = lines.unwrapped_text(box))
                 starts_ = line_starts(*text);
+            if (!starts_.empty())
                 return;
-            }
         }
         const std::size_t line_count = lines.line_count(box);
         if (count <= line_count)

@@ -39,7 +39,7 @@ public:
     virtual std::size_t line_count(std::size_t box) const = 0;
     // Where a line starts.
     virtual std::uint64_t line_start(std::size_t box, std::size_t line) const = 0;
-    // The text of a box in which only CR LF ends a line; nullopt if lines are wrapped.
+    // The text of a box without wrapping; nullopt if lines are wrapped.
     virtual std::optional<std::wstring> unwrapped_text(std::size_t /*box*/) const { return std::nullopt; }
 };
 

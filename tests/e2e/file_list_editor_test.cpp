@@ -52,9 +52,7 @@ protected:
             SetForegroundWindow(editor().handle());
             return program().is_active(editor());
         });
-        const RECT place = list().rect();
-        click({ (place.left + place.right) / 2, place.bottom - 60 });
-        require("the list has the focus", [&] { return program().focus() == list(); });
+        program().click_into(list());
     }
     void retype_list(const std::wstring& text)
     {

@@ -52,13 +52,17 @@ using Cells = std::vector<std::wstring>;
 // Knows the text of its boxes.
 class LinesOfText final : public book::BoxLines {
 public:
+    explicit LinesOfText(std::wstring text)
+        : text_(std::move(text))
+    {
+    }
     std::size_t line_of(std::size_t, std::uint64_t) const override { return 1'000; }
     std::size_t line_count(std::size_t) const override { return 2'000; }
     std::uint64_t line_start(std::size_t, std::size_t) const override { return 0; }
-    std::optional<std::wstring> unwrapped_text(std::size_t) const override
-    {
-        return L"ab\r\n\r\nc\rd\ne\r\r\nf";
-    }
+    std::optional<std::wstring> unwrapped_text(std::size_t) const override { return text_; }
+
+private:
+    std::wstring text_;
 };
 
 TEST(ResultRows, CountTheLinesOfManyHitsInTheText)
@@ -68,11 +72,14 @@ TEST(ResultRows, CountTheLinesOfManyHitsInTheText)
     const wchar_t* const lines[] = { L"1", L"1", L"1", L"2", L"3", L"3", L"3", L"3", L"4", L"4" };
     for (const std::uint64_t start : starts)
         hits.push_back({ L"x", 100, start, start + 1 });
-    const ResultRows many(hits, LinesOfText{});
+    const ResultRows many(hits, LinesOfText{ L"ab\r\n\r\nc\rd-e\r\r\nf" });
     for (int row = 0; row < 10; ++row)
         EXPECT_EQ(many.cell(row, book::line_cell), lines[row]) << row;
+    const ResultRows unclear(hits, LinesOfText{ L"ab\r\n\r\nc\rd\ne\r\r\nf" });
+    EXPECT_EQ(unclear.cell(0, book::line_cell), L"1001") << "a lone line feed";
     hits.resize(2);
-    EXPECT_EQ(ResultRows(hits, LinesOfText{}).cell(0, book::line_cell), L"1001") << "few hits ask the box";
+    const ResultRows few(hits, LinesOfText{ L"ab\r\n" });
+    EXPECT_EQ(few.cell(0, book::line_cell), L"1001");
 }
 
 TEST(ResultRows, AChosenHitIsWhatItsCellsDescribe)
