@@ -44,7 +44,7 @@ protected:
         require("the editor shows", [&] { return editor().exists() && editor().is_visible(); });
         click_list();
     }
-    // Below the lines of the text, where a click puts the caret at its end. On a screen without a window
+    // Puts the caret at the end of the text. On a screen without a window
     // manager, Wine may have put the main window in front of those that it owns.
     void click_list() const
     {
@@ -53,6 +53,9 @@ protected:
             return program().is_active(editor());
         });
         program().click_into(list());
+        chord({ VK_CONTROL, VK_END });
+        const auto end = static_cast<DWORD>(list().text().size());
+        require("the caret is at the end", [&] { return list().selection() == std::pair{ end, end }; });
     }
     void retype_list(const std::wstring& text)
     {
