@@ -247,15 +247,26 @@ void BookSession::refresh_views(core::RefreshMask& pending)
         pending |= overdue;
 }
 
-// The only place where the hits are brought up to date with the page, its text and files, the order and the
-// query.
+bool BookSession::renew_hits()
+{
+    if (hits_of_ == wanted_hits())
+        return false;
+    step_page(0);
+    return true;
+}
+
+// If another page is about to be shown, its hits are reported when its text is in the boxes, by the page
+// view.
 core::RefreshMask BookSession::settle()
 {
     if (talk().is_gone())
         return 0;
-    if (hits_of_ != wanted_hits())
-        step_page(0);
-    return core::overdue_views(shown_place().index, book_.current_index());
+    const bool were_dropped = !hits_of_;
+    const bool are_new = renew_hits();
+    const core::RefreshMask overdue = core::overdue_views(shown_place().index, book_.current_index());
+    if (are_new && were_dropped && overdue == 0 && seams_.hits_renewed)
+        seams_.hits_renewed();
+    return overdue;
 }
 
 void BookSession::report(const std::exception_ptr& failure)

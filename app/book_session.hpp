@@ -95,6 +95,8 @@ public:
         Talk& talk;
         std::function<void(core::View)> serve;
         std::function<void()> before_refresh;
+        // The hits were found again because the text, the files or the wrapping of the shown page changed.
+        std::function<void()> hits_renewed = {};
     };
 
     BookSession(Seams seams, std::wstring history_file);
@@ -160,6 +162,9 @@ public:
     // no other.
     book::Page* step_page(int direction);
     book::SearchQuery search_query() const;
+    // Brings the hits up to date with the current page, its text and files, the order and the query. False if
+    // they were up to date.
+    bool renew_hits();
 
     // For the title and the edited mark in it.
     void box_changed();

@@ -142,8 +142,9 @@ bool may_change_list(BookSession& session)
     const Answer answer = session.talk().ask_or_cancel(book::apply_file_list_question);
     if (answer == Answer::cancel || session.talk().is_gone() || session.on_desk() != asked)
         return false;
-    if (std::optional<std::wstring> text = session.desk().file_list_edit(); text && answer == Answer::yes)
-        apply_file_list(session, *std::move(text));
+    const bool is_wanted = answer == Answer::yes && session.desk().file_list_edit();
+    if (is_wanted && apply_typed_list(session) == Outcome::failed)
+        return false;
     session.desk().drop_file_list_edit();
     session.renew_edited_mark();
     session.merge(core::refresh::file_list);
@@ -232,6 +233,16 @@ Outcome duplicate_file(BookSession& session, const ChooseCopy& choose)
         return Outcome::failed;
     }
     session.talk().tell(duplicated_text(source, copy), BoxStyle::plain);
+    return Outcome::done;
+}
+
+Outcome apply_typed_list(BookSession& session)
+{
+    std::optional<std::wstring> text = session.desk().file_list_edit();
+    if (!text || apply_file_list(session, *std::move(text)) == Outcome::failed)
+        return Outcome::failed;
+    session.desk().drop_file_list_edit();
+    session.renew_edited_mark();
     return Outcome::done;
 }
 

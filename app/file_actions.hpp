@@ -36,8 +36,9 @@ using ChoosePaths = std::function<std::vector<std::wstring>()>;
 using ChooseCopy = std::function<std::wstring(const std::wstring& source)>;
 
 // Before a command changes the list while its editor holds edits, which the next apply would put in the place
-// of that change: asks whether to apply them. Yes applies, no drops them; false for cancel, and if another
-// page is there after the question. The commands below that change the list begin with it.
+// of that change: asks whether to apply them. Yes applies, no drops them; false for cancel, if another page
+// is there after the question, and if there is no page to apply them to. The commands below that change the
+// list begin with it, and so does closing the editor.
 bool may_change_list(BookSession& session);
 
 core::Outcome select_file_by(BookSession& session, int command);
@@ -51,6 +52,8 @@ std::vector<std::wstring> add_files(BookSession& session, const ChoosePaths& cho
 // Copies the file of the selected entry to a path that the user chooses, and reports it.
 core::Outcome duplicate_file(BookSession& session, const ChooseCopy& choose);
 
+// Applies the text of the list's editor if it was edited, and marks the editor unedited.
+core::Outcome apply_typed_list(BookSession& session);
 // Makes a list of the text of the list's editor, for the page in the boxes. Neither saves nor changes the
 // stamp; the editor's box counts as unedited only after the caller says so.
 core::Outcome apply_file_list(BookSession& session, std::wstring text);

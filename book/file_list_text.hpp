@@ -1,12 +1,14 @@
 // A page's file list as a text to edit, one entry per line.
 #pragma once
 #include "book/page.hpp"
+#include "platform/geometry.hpp"
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace book {
 
+inline constexpr platform::Size file_list_client_size{ 680, 400 };
 inline constexpr wchar_t file_list_title[] = L"リストの編集";
 inline constexpr wchar_t apply_file_list_question[] = L"内容が変更されています．\r\n適用しますか？";
 

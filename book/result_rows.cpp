@@ -28,8 +28,22 @@ std::wstring place_text(const SearchHit& hit)
     return std::wstring(file_word) + L' ' + std::to_wstring(hit.place - file_place + 1);
 }
 
-// The lines of the hits in one box. A control looks for the line of a position among all of its lines, so for
-// many hits it is cheaper to take all line starts once.
+// Where the lines of a text start that is not wrapped. Empty for a text with a line feed that follows no
+// carriage return: systems differ about it.
+std::vector<std::uint64_t> line_starts(const std::wstring& text)
+{
+    std::vector<std::uint64_t> starts{ 0 };
+    for (std::size_t at = text.find(L'\n'); at != std::wstring::npos; at = text.find(L'\n', at + 1)) {
+        if (at == 0 || text[at - 1] != L'\r')
+            return {};
+        starts.push_back(at + 1);
+    }
+    return starts;
+}
+
+// The lines of the hits in one box. A control goes through its lines for each question. So for many hits all
+// line starts are taken once, and if possible from the text itself, because the control needs a time for all
+// starts that grows with the square of their number.
 class LinesOfBox {
 public:
     LinesOfBox(const std::vector<SearchHit>& hits, std::size_t box, const BoxLines& lines)
@@ -40,6 +54,13 @@ public:
             static_cast<std::size_t>(std::ranges::count(hits, box_place + box, &SearchHit::place));
         if (count == 0)
             return;
+        constexpr std::size_t many = 8;
+        if (count > many) {
+            if (const std::optional<std::wstring> text = lines.unwrapped_text(box))
+                starts_ = line_starts(*text);
+            if (!starts_.empty())
+                return;
+        }
         const std::size_t line_count = lines.line_count(box);
         if (count <= line_count)
             return;
@@ -78,12 +99,10 @@ bool read_range(std::wstring_view text, SearchHit& hit)
 
 } // namespace
 
-int last_result_width(int room)
+int last_result_width(int room, int others)
 {
     constexpr int least = 100;
-    for (const ResultColumn& column : result_columns)
-        room -= column.width;
-    return std::max(room, least);
+    return std::max(room - others, least);
 }
 
 std::wstring results_title(std::uint64_t position, std::size_t row_count)
@@ -147,6 +166,17 @@ std::optional<SearchHit> parse_result(std::wstring_view place, std::wstring_view
         return std::nullopt;
     hit.place = box_place + ordinal;
     return hit;
+}
+
+SearchHit chosen_hit(const SearchHit& hit)
+{
+    SearchHit chosen;
+    chosen.place = hit.place;
+    if (box_of(hit)) {
+        chosen.start = hit.start;
+        chosen.end = hit.end;
+    }
+    return chosen;
 }
 
 RefillPlan refill_plan(

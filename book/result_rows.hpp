@@ -23,8 +23,9 @@ inline constexpr std::array result_columns{ ResultColumn{ L"語句", 80 }, Resul
     ResultColumn{ L"行", 60 }, ResultColumn{ L"範囲" } };
 enum ResultCell : int { term_cell, place_cell, line_cell, range_cell };
 
-// The width of the last column where the rows are `room` wide, without a scroll bar.
-int last_result_width(int room);
+// The width of the last column if the rows are `room` wide, without a scroll bar, and the other columns take
+// `others` of it.
+int last_result_width(int room, int others);
 
 // "p.1 の検索結果", with the number of rows if there are any.
 std::wstring results_title(std::uint64_t position, std::size_t row_count);
@@ -38,6 +39,8 @@ public:
     virtual std::size_t line_count(std::size_t box) const = 0;
     // Where a line starts.
     virtual std::uint64_t line_start(std::size_t box, std::size_t line) const = 0;
+    // The text of a box without wrapping; nullopt if lines are wrapped.
+    virtual std::optional<std::wstring> unwrapped_text(std::size_t /*box*/) const { return std::nullopt; }
 };
 
 // A copy of hits, so that rows stay what they were when the list was filled. Cells are made when they are
@@ -69,9 +72,7 @@ enum class RefillCause {
     page_shown, // the page was shown, also again
     query_changed, // the search text or one of its switches
     window_opened,
-    file_list_changed,
-    wrapping_changed,
-    page_saved,
+    content_changed, // the page's text when it was saved, its file list, or the wrapping of the boxes
 };
 // The row to select then, -1 for none: only what the user searched for or turned to may move the selection in
 // the boxes and the selected file.
@@ -81,6 +82,10 @@ constexpr int row_to_select(RefillCause cause)
         || cause == RefillCause::window_opened;
     return selects ? 0 : -1;
 }
+
+// The hit that choosing its row yields: as its cells describe it, so without the term, and without a range
+// for an entry of the file list.
+SearchHit chosen_hit(const SearchHit& hit);
 
 // What a refill does with the selection.
 struct RefillPlan {

@@ -96,7 +96,7 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
 void AppWnd::dispatch(MSG& message)
 {
     // The message goes to its own window, not to this one: the accelerator belongs to the focused control.
-    if (TranslateAcceleratorW(message.hwnd, accelerators_, &message))
+    if (TranslateAcceleratorW(message.hwnd, accelerators_, &message) || on_page_key(message))
         return;
     constexpr unsigned first_control = 1000;
     constexpr unsigned control_count = 64000;

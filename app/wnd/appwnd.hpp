@@ -47,6 +47,7 @@ private:
     bool on_focus();
 
     // Commands and notifications of the controls.
+    bool on_page_key(const MSG& message);
     bool on_command(const ovlib::WndMessage& message);
     void run_command(int id, int code, std::int64_t lparam);
     bool is_focused_button(std::int64_t handle) const;

@@ -1,14 +1,31 @@
 // Input to the main window: commands of its controls, the wheel, the slider and the caption.
+#include "app/key_commands.hpp"
 #include "app/page_actions.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "app/wnd/main_commands.hpp"
 #include "core/command_ids.hpp"
+#include "look/wnd/keys.hpp"
 #include "ovlib/gui/button.hpp"
 #include "ovlib/gui/system_geometry.hpp"
 
 namespace app {
 
 namespace command = core::command;
+
+// These keys act in two windows and for every control there, so they are no accelerators: an accelerator goes
+// to the focused control.
+bool AppWnd::on_page_key(const MSG& message)
+{
+    if (message.message != WM_KEYDOWN)
+        return false;
+    const ChordKeys with{ look::is_shift_down(), GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_MENU) < 0 };
+    const std::optional<int> id = command_of_key(message.wParam, with);
+    HWND const root = GetAncestor(message.hwnd, GA_ROOT);
+    if (!id || !root || (root != hwnd() && root != parts_.results.hwnd()))
+        return false;
+    send_command(*id, 0, 0);
+    return true;
+}
 
 bool AppWnd::on_command(const ovlib::WndMessage& message)
 {

@@ -69,6 +69,7 @@ Outcome show_file_menu(MainParts& parts, const CommandInput&)
         return Outcome::failed;
     FileMenuState state;
     state.entry_count = page->files.size();
+    state.is_file_list_editor_open = parts.file_list_editor.is_open();
     state.interpolation_command = core::settings().interpolation_command;
     if (const std::wstring* entry = book::selected_entry(*page)) {
         core::set_current_directory(L"");
@@ -77,6 +78,16 @@ Outcome show_file_menu(MainParts& parts, const CommandInput&)
         state.is_entry_file = platform::path_kind(*entry) == platform::PathKind::regular_file;
     }
     show_menu(parts, file_menu(state), menu_flags::file, mouse_on_screen());
+    return Outcome::done;
+}
+
+// If it is open already, it is only filled again.
+Outcome show_file_list_editor(MainParts& parts, const CommandInput&)
+{
+    if (parts.file_list_editor.is_open())
+        parts.session.merge(static_cast<core::RefreshMask>(core::View::file_list_editor));
+    else
+        parts.file_list_editor.show(true);
     return Outcome::done;
 }
 
@@ -138,6 +149,8 @@ Outcome duplicate_file(MainParts& parts, const CommandInput&)
 
 Outcome search_moved_file(MainParts& parts, const CommandInput&)
 {
+    if (!may_change_list(parts.session))
+        return Outcome::failed;
     const book::Page* page = parts.session.book().current_page();
     if (!page)
         return Outcome::failed;

@@ -1,4 +1,5 @@
 // Commands on pages, the boxes and the search.
+#include "app/file_actions.hpp"
 #include "app/menus.hpp"
 #include "app/page_actions.hpp"
 #include "app/wnd/main_commands.hpp"
@@ -12,6 +13,7 @@ void show_main_menu(MainParts& parts)
 {
     const MainMenuState state{ .is_busy = parts.talk.is_busy(),
         .is_palette_open = parts.palette.is_open(),
+        .is_file_list_editor_open = parts.file_list_editor.is_open(),
         .order_mode = parts.session.book().header.order_mode };
     show_menu(parts, main_menu(state), menu_flags::main, mouse_on_screen());
 }
@@ -131,13 +133,39 @@ Outcome search_selection(MainParts& parts, const CommandInput&)
 Outcome toggle_search_check(MainParts& parts, const CommandInput& input)
 {
     parts.controls.check(input.id)->toggle();
-    return Outcome::done;
+    return note_search_change(parts, input);
 }
 
 Outcome clear_search(MainParts& parts, const CommandInput&)
 {
     parts.controls.search_box().set_text(L"");
     return Outcome::done;
+}
+
+Outcome note_search_change(MainParts& parts, const CommandInput&)
+{
+    parts.session.renew_hits();
+    parts.results.refill(book::RefillCause::query_changed);
+    return Outcome::done;
+}
+
+// Opening the window also fills it.
+Outcome toggle_results(MainParts& parts, const CommandInput&)
+{
+    parts.session.renew_hits();
+    parts.results.show(!parts.results.is_open());
+    return Outcome::done;
+}
+
+// The message carries an address, and only that of the window's own hit is used.
+Outcome choose_result(MainParts& parts, const CommandInput& input)
+{
+    const book::SearchHit chosen = parts.results.chosen();
+    const auto own = reinterpret_cast<std::intptr_t>(&parts.results.chosen());
+    if (input.lparam != 0 && input.lparam != own)
+        return Outcome::failed;
+    parts.desk.select_hit(input.lparam != 0 ? &chosen : nullptr);
+    return input.lparam != 0 ? select_file_of_hit(parts.session, chosen) : Outcome::failed;
 }
 
 } // namespace commands

@@ -55,10 +55,14 @@ core::Outcome renew_edited_mark(MainParts&, const CommandInput&);
 core::Outcome search_selection(MainParts&, const CommandInput&);
 core::Outcome toggle_search_check(MainParts&, const CommandInput&);
 core::Outcome clear_search(MainParts&, const CommandInput&);
+core::Outcome note_search_change(MainParts&, const CommandInput&);
+core::Outcome toggle_results(MainParts&, const CommandInput&);
+core::Outcome choose_result(MainParts&, const CommandInput&);
 
 core::Outcome show_editing_window(MainParts&, const CommandInput&);
 
 core::Outcome show_file_menu(MainParts&, const CommandInput&);
+core::Outcome show_file_list_editor(MainParts&, const CommandInput&);
 core::Outcome choose_file_in_combo(MainParts&, const CommandInput&);
 core::Outcome select_file(MainParts&, const CommandInput&);
 core::Outcome move_file(MainParts&, const CommandInput&);

@@ -8,7 +8,9 @@
 #include "app/wnd/main_controls.hpp"
 #include "app/wnd/main_talk.hpp"
 #include "app/wnd/page_desk.hpp"
+#include "book/wnd/book_search_result_wnd.hpp"
 #include "book/wnd/bookeditor.hpp"
+#include "book/wnd/filelist_editor.hpp"
 #include "book/wnd/replacewnd.hpp"
 #include "look/wnd/palettewnd.hpp"
 #include "look/wnd/settingwnd.hpp"
@@ -44,11 +46,19 @@ struct MainParts {
     // Refreshes one view of the Book.
     void serve(core::View view);
     WindowState window_state() const;
+    // A rectangle of the client area in screen coordinates.
+    RECT on_screen(const Rect& place) const;
+    // Gives the focus to the box of a search hit, or for a hit in the file list to the list of entries.
+    void focus_place_of(const book::SearchHit& hit);
+    // Runs an action as a command does and returns its result; false if it did not run to its end.
+    bool run(const std::function<bool()>& action);
 
     ovlib::BaseWnd& window;
     BookSession session; // before all parts that show its Book; its constructor calls none of them
     MainControls controls;
+    book::FileListEditor file_list_editor;
     BoxDesk desk;
+    book::BookSearchResultWnd results;
     MainTalk talk;
     LinkMaker links;
     media::PathAnswers path_answers; // shared by all views during one refresh

@@ -28,10 +28,11 @@ void set_up(ovlib::classic::FileDialog& dialog, DWORD options)
 } // namespace
 
 MainTalk::MainTalk(ovlib::BaseWnd& parent, const std::wstring& book_path, const book::HistoryList& history,
-    std::function<void()> book_loaded)
+    book::FileListEditor& file_list, Hooks hooks)
     : parent_(parent)
     , book_path_(book_path)
-    , book_loaded_(std::move(book_loaded))
+    , file_list_(file_list)
+    , hooks_(std::move(hooks))
     , history_window_(&parent, 0, &history)
     , banner_(&parent)
     , book_open_dialog_(&parent)
@@ -61,6 +62,18 @@ int MainTalk::show_message(const std::wstring& text, BoxStyle style)
 bool MainTalk::ask(const std::wstring& text, BoxStyle style)
 {
     return show_message(text, style) == answer_yes;
+}
+
+Answer MainTalk::ask_or_cancel(const std::wstring& text)
+{
+    switch (file_list_.ask(text)) {
+    case IDYES:
+        return Answer::yes;
+    case IDNO:
+        return Answer::no;
+    default:
+        return Answer::cancel;
+    }
 }
 
 bool MainTalk::is_busy() const

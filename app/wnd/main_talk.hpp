@@ -2,6 +2,7 @@
 #pragma once
 #include "app/book_session.hpp"
 #include "app/input_gate.hpp"
+#include "book/wnd/filelist_editor.hpp"
 #include "book/wnd/historywnd.hpp"
 #include "look/wnd/warningwnd.hpp"
 #include "ovlib/gui/basewnd.hpp"
@@ -25,10 +26,15 @@ public:
 
 class MainTalk : public Talk {
 public:
-    // `parent` and `history` must outlive the talk. The Book's path is part of the captions. `book_loaded` is
-    // called after each complete load.
+    struct Hooks {
+        std::function<void()> book_loaded; // after each complete load
+        std::function<void(const std::vector<std::wstring>&)> file_list_committed;
+    };
+
+    // All must outlive the talk. The Book's path is part of the captions. `file_list` shows the questions
+    // about its text.
     MainTalk(ovlib::BaseWnd& parent, const std::wstring& book_path, const book::HistoryList& history,
-        std::function<void()> book_loaded);
+        book::FileListEditor& file_list, Hooks hooks);
 
     // False if the history window cannot be created.
     bool create();
@@ -54,19 +60,25 @@ public:
     bool is_busy() const override;
     void tell(const std::wstring& text, BoxStyle style) override { show_message(text, style); }
     bool ask(const std::wstring& text, BoxStyle style) override;
+    Answer ask_or_cancel(const std::wstring& text) override;
     void tell_system_error(std::uint32_t code) override;
     void show_banner(const std::wstring& text) override { banner_.show(text); }
     std::wstring choose_book_to_open() override;
     std::wstring choose_book_path(const wchar_t* title, const std::wstring& start) override;
     void history_changed() override { history_window_.refill(); }
-    void book_loaded() override { book_loaded_(); }
+    void book_loaded() override { hooks_.book_loaded(); }
+    void file_list_committed(const std::vector<std::wstring>& files) override
+    {
+        hooks_.file_list_committed(files);
+    }
     void close_program() override;
 
 private:
     ovlib::BaseWnd& parent_;
     ovlib::Wnd* box_owner_ = nullptr;
     const std::wstring& book_path_;
-    std::function<void()> book_loaded_;
+    book::FileListEditor& file_list_;
+    Hooks hooks_;
     std::vector<BusyWindow*> busy_windows_;
     InputGate input_{ [this] { enable_history(); } };
     book::HistoryWnd history_window_;

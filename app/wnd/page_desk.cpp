@@ -39,9 +39,11 @@ void renew_text(look::MyBox& box, const std::wstring& text, bool keeps_selection
 
 } // namespace
 
-BoxDesk::BoxDesk(ovlib::Wnd* parent, MainControls& controls, std::function<bool()> searches_selection)
+BoxDesk::BoxDesk(ovlib::Wnd* parent, MainControls& controls, book::FileListEditor& file_list,
+    std::function<bool()> searches_selection)
     : parent_(parent)
     , controls_(controls)
+    , file_list_(file_list)
     , searches_selection_(std::move(searches_selection))
     , q_box_(parent, command::box_1)
     , a_box_(parent, command::box_2)
@@ -83,6 +85,40 @@ int BoxDesk::set_divider(int y)
         InvalidateRect(parent_->hwnd(), &rect, FALSE);
     }
     return layout_.first.bottom;
+}
+
+void BoxDesk::select_hit(const book::SearchHit* hit)
+{
+    for (look::MyBox* box : boxes()) {
+        if (box->has_selection())
+            box->set_caret(box->caret());
+    }
+    const std::uint64_t box = hit ? hit->place - book::box_place : book::box_count;
+    if (box >= book::box_count)
+        return;
+    boxes()[box]->set_selection(static_cast<int>(hit->start), static_cast<int>(hit->end));
+    boxes()[box]->scroll_caret();
+}
+
+std::size_t BoxDesk::line_of(std::size_t box, std::uint64_t position) const
+{
+    return static_cast<std::size_t>(boxes()[box]->line_from_char(static_cast<int>(position)));
+}
+
+std::size_t BoxDesk::line_count(std::size_t box) const
+{
+    return static_cast<std::size_t>(SendMessageW(boxes()[box]->hwnd(), EM_GETLINECOUNT, 0, 0));
+}
+
+std::uint64_t BoxDesk::line_start(std::size_t box, std::size_t line) const
+{
+    return static_cast<std::uint64_t>(SendMessageW(boxes()[box]->hwnd(), EM_LINEINDEX, line, 0));
+}
+
+std::optional<std::wstring> BoxDesk::unwrapped_text(std::size_t box) const
+{
+    const look::MyBox& asked = *boxes()[box];
+    return asked.is_wrapped() ? std::nullopt : std::optional{ asked.text() };
 }
 
 void BoxDesk::repaint()
@@ -143,7 +179,13 @@ std::optional<std::size_t> BoxDesk::box_of(const ovlib::WndMessage& message) con
 
 bool BoxDesk::has_edits() const
 {
-    return std::ranges::any_of(boxes(), [](const look::MyBox* box) { return box->is_modified(); });
+    return file_list_.is_modified()
+        || std::ranges::any_of(boxes(), [](const look::MyBox* box) { return box->is_modified(); });
+}
+
+std::optional<std::wstring> BoxDesk::file_list_edit() const
+{
+    return file_list_.is_modified() ? std::optional{ file_list_.typed_text() } : std::nullopt;
 }
 
 BoxEdits BoxDesk::edits() const
@@ -196,6 +238,7 @@ void BoxDesk::mark_clean()
 {
     for (look::MyBox* box : boxes())
         box->set_modified(false);
+    file_list_.clear_modified();
 }
 
 // Each new title repaints the frame, also under programs that draw the frame instead of the system. So an

@@ -4,6 +4,8 @@
 #include "app/book_session.hpp"
 #include "app/main_layout.hpp"
 #include "app/wnd/main_controls.hpp"
+#include "book/result_rows.hpp"
+#include "book/wnd/filelist_editor.hpp"
 #include "look/box_look.hpp"
 #include "look/wnd/mybox.hpp"
 #include "ovlib/gui/gdi_object.hpp"
@@ -15,11 +17,13 @@
 
 namespace app {
 
-class BoxDesk : public PageDesk {
+class BoxDesk : public PageDesk, public book::BoxLines {
 public:
-    // Both must outlive the desk. `controls` provides the search query; `searches_selection` returns whether
-    // only the pages selected in the page editor match it.
-    BoxDesk(ovlib::Wnd* parent, MainControls& controls, std::function<bool()> searches_selection);
+    // All must outlive the desk. `controls` provides the search query. The editor of the file list counts as
+    // a fourth box. `searches_selection` returns whether only the pages selected in the page editor match a
+    // search.
+    BoxDesk(ovlib::Wnd* parent, MainControls& controls, book::FileListEditor& file_list,
+        std::function<bool()> searches_selection);
 
     bool create();
     // Also puts the divider where `boxes` has it.
@@ -38,6 +42,8 @@ public:
     void repaint();
     // A font that cannot be used leaves the box without one and is recorded in the process log.
     void set_font(std::size_t box, const book::LogFont& record);
+    // Removes the selections in the boxes. Then selects the place of `hit`, if it is in a box; null for none.
+    void select_hit(const book::SearchHit* hit);
 
     // The index of the box that sends a colour message; nullopt for other controls.
     std::optional<std::size_t> box_of(const ovlib::WndMessage& message) const;
@@ -46,6 +52,8 @@ public:
 
     bool has_edits() const override;
     BoxEdits edits() const override;
+    std::optional<std::wstring> file_list_edit() const override;
+    void drop_file_list_edit() override { file_list_.clear_modified(); }
     void show(const book::Page& page, bool is_shown_already) override;
     void store_scroll(book::Page& page) const override;
     void mark_clean() override;
@@ -54,6 +62,11 @@ public:
     void apply_divider_and_fonts(book::BookHeader& header) override;
     book::SearchQuery query() const override;
 
+    std::size_t line_of(std::size_t box, std::uint64_t position) const override;
+    std::size_t line_count(std::size_t box) const override;
+    std::uint64_t line_start(std::size_t box, std::size_t line) const override;
+    std::optional<std::wstring> unwrapped_text(std::size_t box) const override;
+
 private:
     void place_boxes();
     void restore_scroll(const book::Page& page);
@@ -61,6 +74,7 @@ private:
 
     ovlib::Wnd* parent_;
     MainControls& controls_;
+    book::FileListEditor& file_list_;
     std::function<bool()> searches_selection_;
     PageBoxes layout_;
     look::QBox q_box_;

@@ -39,6 +39,13 @@ bool color_field(ovlib::WndMessage& message)
     return true;
 }
 
+// A read-only field sends the message of static controls.
+bool is_field(const ovlib::WndMessage& message)
+{
+    HWND const control = reinterpret_cast<HWND>(static_cast<std::intptr_t>(message.lparam));
+    return dynamic_cast<ovlib::EditBox*>(ovlib::Wnd::from_handle(control)) != nullptr;
+}
+
 // In a combo box with a field, the field has the focus, so the parent is checked too.
 bool is_dropped(HWND control)
 {
@@ -107,6 +114,8 @@ bool ToolWindow::on_message(ovlib::WndMessage& message)
         return false;
     case WM_CLOSE:
         return on_close();
+    case WM_SYSCOMMAND:
+        return on_system_command(message);
     case WM_SIZE:
         lay_out(ovlib::to_size(client_size()));
         return true;
@@ -129,6 +138,8 @@ bool ToolWindow::on_message(ovlib::WndMessage& message)
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORLISTBOX:
         return color_field(message);
+    case WM_CTLCOLORSTATIC:
+        return is_field(message) && color_field(message);
     case WM_DRAWITEM:
         return ovlib::route_draw_item(message);
     case WM_NOTIFY:
@@ -193,14 +204,19 @@ void ToolWindow::show(bool visible)
     }
     if (!is_window() && !create(L""))
         return;
+    const bool activates = is_open() || frame_.opens_active;
     if (!is_open()) {
         last_focus_ = nullptr;
         on_opening();
         bring_into_view(false);
         state_.open();
-        SubWnd::show(true);
+        if (activates)
+            SubWnd::show(true);
+        else
+            show_cmd(SW_SHOWNA);
     }
-    SetForegroundWindow(hwnd());
+    if (activates)
+        SetForegroundWindow(hwnd());
 }
 
 // When the active window is hidden, the system may activate a window of another program instead of the
@@ -219,6 +235,16 @@ bool ToolWindow::on_close()
     if (is_running())
         return false;
     show(false);
+    return true;
+}
+
+// The low four bits of the number belong to the system.
+bool ToolWindow::on_system_command(const ovlib::WndMessage& message)
+{
+    constexpr std::uint64_t own_bits = 0xF;
+    if ((message.wparam & ~own_bits) != SC_CLOSE)
+        return false;
+    on_cancel();
     return true;
 }
 
@@ -341,7 +367,7 @@ bool ToolWindow::on_key(HWND control, const ovlib::WndMessage& message)
     if (message.message == WM_CHAR || is_repeated)
         return true;
     if (key == VK_ESCAPE) {
-        send(WM_CLOSE, 0, 0);
+        on_cancel();
         return true;
     }
     if (dynamic_cast<ovlib::CustomPushButton*>(from_handle(control))) {

@@ -16,6 +16,7 @@ struct ToolFrame {
     platform::Size client;
     DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
     DWORD extended_style = 0;
+    bool opens_active = true; // false: it is shown without taking the focus
 };
 
 // A control of a tool window, placed in client coordinates.
@@ -33,7 +34,7 @@ struct ToolControl {
 // - The focus. It goes to the first control at each opening, to the last focused control when the window
 //   becomes active again, and to the first control when the focused one is disabled.
 // - Tab, which goes through the controls of add_controls in their order.
-// - Esc, which sends WM_CLOSE, as the close button does.
+// - Esc and the close button, which call on_cancel.
 // - Enter, which presses the focused push button, and otherwise calls on_enter.
 // - WM_CLOSE, which hides the window. A window in a modal run is destroyed, which ends the run.
 // A dropped list keeps Esc and Enter; a multi-line box and an EnterField with a
@@ -65,6 +66,8 @@ protected:
     virtual void lay_out(platform::Size /*client*/) { }
     // Called before a closed window is shown, to fill and place it.
     virtual void on_opening() { }
+    // The user wants to close the window. By default it is closed by WM_CLOSE.
+    virtual void on_cancel() { send(WM_CLOSE, 0, 0); }
     // The default action. False if there is none; the key then goes to the control.
     virtual bool on_enter() { return false; }
     // Called for a pressed key, with its VK_ number, before the focused control gets it. Fields in which text
@@ -95,6 +98,7 @@ private:
 
     bool on_create();
     bool on_close();
+    bool on_system_command(const ovlib::WndMessage& message);
     bool on_show_by_owner(const ovlib::WndMessage& message) const;
     bool on_erase(ovlib::WndMessage& message) const;
     void hide();

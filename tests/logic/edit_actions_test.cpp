@@ -469,6 +469,28 @@ TEST_F(ListCommands, AreGivenUpWhenAnotherPageCame)
     EXPECT_EQ(desk.list_edit, L"x");
 }
 
+TEST_F(ListCommands, AreGivenUpIfThereIsNoPageToApplyTheTypedLinesTo)
+{
+    desk.list_edit = L"x";
+    book.swap_pages(0, 1); // the page in the boxes is not known any more
+    talk.choices = { Answer::yes };
+    EXPECT_FALSE(app::may_change_list(session));
+    EXPECT_EQ(desk.list_edit, L"x");
+}
+
+TEST_F(FileListInSession, TypedLinesAreAppliedOnce)
+{
+    EXPECT_EQ(app::apply_typed_list(session), Outcome::failed) << "nothing was typed";
+    EXPECT_EQ(files().size(), 3u);
+    desk.list_edit = L" x \r\n\r\ny";
+    session.run([&] { session.box_changed(); });
+    EXPECT_TRUE(desk.has_edited_mark);
+    EXPECT_EQ(app::apply_typed_list(session), Outcome::done);
+    EXPECT_EQ(files(), (Entries{ L"x", L"y" }));
+    EXPECT_FALSE(desk.has_edits());
+    EXPECT_FALSE(desk.has_edited_mark);
+}
+
 TEST_F(ListCommands, AskNothingAboutOtherBoxes)
 {
     desk.type(0, L"typed");

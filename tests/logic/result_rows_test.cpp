@@ -49,6 +49,48 @@ std::vector<std::wstring> cells(const ResultRows& rows, int row)
 
 using Cells = std::vector<std::wstring>;
 
+// Knows the text of its boxes.
+class LinesOfText final : public book::BoxLines {
+public:
+    explicit LinesOfText(std::wstring text)
+        : text_(std::move(text))
+    {
+    }
+    std::size_t line_of(std::size_t, std::uint64_t) const override { return 1'000; }
+    std::size_t line_count(std::size_t) const override { return 2'000; }
+    std::uint64_t line_start(std::size_t, std::size_t) const override { return 0; }
+    std::optional<std::wstring> unwrapped_text(std::size_t) const override { return text_; }
+
+private:
+    std::wstring text_;
+};
+
+TEST(ResultRows, CountTheLinesOfManyHitsInTheText)
+{
+    std::vector<SearchHit> hits;
+    const std::uint64_t starts[] = { 0, 1, 3, 4, 6, 8, 10, 13, 14, 99 };
+    const wchar_t* const lines[] = { L"1", L"1", L"1", L"2", L"3", L"3", L"3", L"3", L"4", L"4" };
+    for (const std::uint64_t start : starts)
+        hits.push_back({ L"x", 100, start, start + 1 });
+    const ResultRows many(hits, LinesOfText{ L"ab\r\n\r\nc\rd-e\r\r\nf" });
+    for (int row = 0; row < 10; ++row)
+        EXPECT_EQ(many.cell(row, book::line_cell), lines[row]) << row;
+    const ResultRows unclear(hits, LinesOfText{ L"ab\r\n\r\nc\rd\ne\r\r\nf" });
+    EXPECT_EQ(unclear.cell(0, book::line_cell), L"1001") << "a lone line feed";
+    hits.resize(2);
+    const ResultRows few(hits, LinesOfText{ L"ab\r\n" });
+    EXPECT_EQ(few.cell(0, book::line_cell), L"1001");
+}
+
+TEST(ResultRows, AChosenHitIsWhatItsCellsDescribe)
+{
+    const std::vector<SearchHit> hits{ { L"word", 100, 0, 4 }, { L"b", 102, 12, 16 }, { L"a", 200, 3, 4 },
+        { L"c", 10199, 0, 1 } };
+    const ResultRows rows(hits, ten_lines);
+    for (int row = 0; row < 4; ++row)
+        EXPECT_EQ(book::chosen_hit(hits[static_cast<std::size_t>(row)]), rows.parse_row(row)) << row;
+}
+
 TEST(ResultRows, ShowTermPlaceLineAndRange)
 {
     const ResultRows rows({ { L"word", 100, 0, 4 }, { L"Wörd", 101, 12, 16 }, { L"語", 102, 99, 100 },
@@ -165,9 +207,10 @@ TEST(ResultColumns, HaveTheirTitlesAndWidths)
     const wchar_t* const titles[] = { L"語句", L"場所", L"行", L"範囲" };
     for (std::size_t i = 0; i < 4; ++i)
         EXPECT_STREQ(book::result_columns[i].title, titles[i]);
-    EXPECT_EQ(book::last_result_width(283), 100) << "the least";
-    EXPECT_EQ(book::last_result_width(301), 101);
-    EXPECT_EQ(book::last_result_width(0), 100);
+    EXPECT_EQ(book::last_result_width(283, 200), 100) << "the least";
+    EXPECT_EQ(book::last_result_width(301, 200), 101);
+    EXPECT_EQ(book::last_result_width(301, 150), 151);
+    EXPECT_EQ(book::last_result_width(0, 200), 100);
 }
 
 TEST(RowToSelect, IsTheFirstForWhatTheUserSearchedOrTurnedTo)
@@ -175,9 +218,7 @@ TEST(RowToSelect, IsTheFirstForWhatTheUserSearchedOrTurnedTo)
     for (const RefillCause cause :
         { RefillCause::page_shown, RefillCause::query_changed, RefillCause::window_opened })
         EXPECT_EQ(row_to_select(cause), 0);
-    for (const RefillCause cause :
-        { RefillCause::file_list_changed, RefillCause::wrapping_changed, RefillCause::page_saved })
-        EXPECT_EQ(row_to_select(cause), -1);
+    EXPECT_EQ(row_to_select(RefillCause::content_changed), -1);
 }
 
 TEST(RefillPlan, SelectsKeepsOrClears)

@@ -215,7 +215,8 @@ private:
 class SessionRoom {
 public:
     explicit SessionRoom(const std::wstring& history_file)
-        : session({ desk, talk, [this](core::View view) { serve(view); }, [] {} }, history_file)
+        : session({ desk, talk, [this](core::View view) { serve(view); }, [] {}, [this] { ++renewals; } },
+            history_file)
     {
         talk.on_close = [this] { session.save_at_close(); };
     }
@@ -225,6 +226,7 @@ public:
     FakeDesk desk;
     FakeTalk talk;
     std::vector<core::View> served;
+    int renewals = 0; // how often the session reported new hits of the shown page
     std::function<void(core::View)> while_serving; // called before a view is served
     app::BookSession session;
 

@@ -162,6 +162,34 @@ TEST_P(ScreensOfThemes, Settings)
     take_only("settings-" + std::to_string(GetParam()), settings_window());
 }
 
+TEST_P(ScreensOfThemes, Results)
+{
+    open_sample(GetParam());
+    retype(command::search_box, L"ページ");
+    click_control(command::toggle_file_list_search);
+    click_control(command::toggle_results);
+    require("the results show", [&] { return side_window(L"ovlib_book_search_result_wnd[35]").exists(); });
+    save_window("results", side_window(L"ovlib_book_search_result_wnd[35]"));
+}
+
+TEST_P(ScreensOfThemes, FileListEditor)
+{
+    book::Book book = sample_book(GetParam());
+    book.pages[0].files = { L"C:\\本棚\\表紙の写真.png", L"C:\\本棚\\旅の記録\\京都の一日目.jpg",
+        L"https://example.jp/資料?id=1", L"音楽\\朝の曲.mp3" };
+    book.pages[0].current_file = 1;
+    open_settled(add_book(L"手帖.bok", book));
+    main_window().send_command(command::show_file_list_editor);
+    require("the editor shows", [&] { return side_window(L"ovlib_filelist_editor[192]").exists(); });
+    if (GetParam() % 2 == 0) {
+        const Window list = side_window(L"ovlib_filelist_editor[192]").child(command::file_list_box);
+        program().click_on(list);
+        list.select(0, 0);
+        type_text(L"D:\\");
+    }
+    save_window("file-list", side_window(L"ovlib_filelist_editor[192]"));
+}
+
 TEST_F(Screens, Writing)
 {
     open_sample();
