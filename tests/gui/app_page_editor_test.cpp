@@ -689,13 +689,13 @@ TEST_F(PageEditing, OpeningItCostsNoHandles)
 {
     open_letters(L"あい");
     editor().send(WM_CLOSE, 0, 0);
-    const gui::GdiCrowd crowd{ 300 };
+    const gui::GdiCrowd crowd{ 120 };
     window().show(false);
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 250; ++i) {
         editor().open();
         editor().show(false);
     }
-    gui::expect_handles_to_spare(40);
+    gui::expect_handles_to_spare(20);
 }
 
 TEST_F(PageEditing, OutlivesTheEndOfTheProgramUnderItsBoxes)

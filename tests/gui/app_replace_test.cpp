@@ -479,13 +479,13 @@ TEST_F(Replacing, OpeningItCostsNoHandles)
 {
     open_three();
     replace().send(WM_CLOSE, 0, 0);
-    const gui::GdiCrowd crowd{ 300 };
+    const gui::GdiCrowd crowd{ 120 };
     window().show(false);
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 250; ++i) {
         replace().show(true);
         replace().show(false);
     }
-    gui::expect_handles_to_spare(40);
+    gui::expect_handles_to_spare(20);
 }
 
 TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsBoxes)
