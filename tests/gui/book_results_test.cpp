@@ -344,8 +344,9 @@ TEST_F(ResultsWindow, ShowsAHundredThousandHitsWithoutStoringRows)
     EXPECT_EQ(window_.text(), L"p.1 の検索結果  [100000件]");
     EXPECT_EQ(list().cell_text(99'999, 3), L"299997-299998");
     EXPECT_EQ(list().cell_text(99'999, 2), L"30000");
-    press(VK_END);
-    EXPECT_EQ(list().selected(), 99'999);
+    // Not by a key or a click: for them Wine visits each row to deselect it.
+    const_cast<look::MyVirtualList&>(list()).select(99'999);
+    EXPECT_EQ(take_chosen().back().start, 299'997u);
 }
 
 TEST_F(ResultsWindow, FollowsTheThemeWhileOpenAndWhileClosed)

@@ -44,7 +44,7 @@ std::pair<unsigned, std::uint64_t> Model::on_desk() const
 
 bool Model::has_edits() const
 {
-    return std::ranges::any_of(boxes, &Box::is_edited);
+    return list_edit.has_value() || std::ranges::any_of(boxes, &Box::is_edited);
 }
 
 void Model::call()
@@ -85,6 +85,7 @@ void Model::show_title()
 
 void Model::clean()
 {
+    list_edit.reset();
     for (Box& box : boxes)
         box.is_edited = false;
     show_title();

@@ -9,6 +9,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -27,6 +28,7 @@ struct Failure {
     bool is_fatal = true;
 };
 
+enum class Choice { yes, no, cancel };
 enum class Code { always, if_changed, ask };
 enum class Order { sorted, random, reversed };
 
@@ -43,6 +45,7 @@ class Model {
 public:
     // The user and the file system.
     std::deque<bool> answers;
+    std::deque<Choice> choices; // to questions with a third button
     std::deque<std::wstring> paths;
     std::function<void()> while_open;
     std::vector<std::wstring> said;
@@ -62,6 +65,7 @@ public:
 
     // The desk.
     std::array<Box, 3> boxes;
+    std::optional<std::wstring> list_edit; // the text in the editor of the file list, if edited
     std::array<std::int32_t, 2> scroll{};
     std::wstring title;
     unsigned shown = 0; // the page in the boxes
@@ -106,6 +110,9 @@ public:
     void toggle_tab(std::uint32_t color);
     void remove_tab(std::size_t index, std::uint32_t color);
 
+    // False if a command that changes the list must be given up.
+    bool may_change_list();
+    void apply_list();
     void select(std::int64_t row);
     void step(std::int64_t by);
     void move(std::int64_t by);
@@ -142,6 +149,7 @@ private:
     };
 
     book::Page* page();
+    void set_list(book::Page& listed, std::wstring text);
     Note note();
     // What a question about the edits is about.
     std::pair<unsigned, std::uint64_t> on_desk() const;

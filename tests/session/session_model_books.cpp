@@ -16,6 +16,7 @@ void Model::start()
 {
     clear();
     boxes = {};
+    list_edit.reset();
     scroll = {};
     shown = 0;
     pending_ = 0;
@@ -79,6 +80,8 @@ bool Model::save(Code code)
             edited.text[box] = text;
         }
         edited.stamp = edited.stamp.substr(0, 14) + clock_text();
+        if (list_edit)
+            set_list(edited, *list_edit);
     }
     return write_book();
 }

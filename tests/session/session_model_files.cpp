@@ -4,6 +4,56 @@
 
 namespace session_walk {
 
+// Only CR LF divides lines.
+void Model::set_list(book::Page& listed, std::wstring text)
+{
+    listed.files.clear();
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(L"\r\n"), text.size());
+        std::wstring line = text.substr(0, end);
+        text.erase(0, end + 2);
+        std::erase(line, wchar_t{ 3 });
+        trim(line);
+        if (!line.empty())
+            listed.files.push_back(line);
+    }
+    const std::uint64_t last = listed.files.empty() ? 0 : listed.files.size() - 1;
+    listed.current_file = std::min(listed.current_file, last);
+}
+
+void Model::apply_list()
+{
+    const std::size_t index = shown_index();
+    if (!list_edit || index == none)
+        return;
+    set_list(book.pages[index], *list_edit);
+    list_edit.reset();
+    show_title();
+    pending_ |= 0x8006;
+}
+
+bool Model::may_change_list()
+{
+    if (!list_edit)
+        return true;
+    const auto asked_about = on_desk();
+    say(L"ask or cancel: 内容が変更されています．\r\n適用しますか？");
+    call();
+    const Choice answer = choices.empty() ? Choice::yes : choices.front();
+    if (!choices.empty())
+        choices.pop_front();
+    if (answer == Choice::cancel || is_gone || on_desk() != asked_about)
+        return false;
+    if (answer == Choice::yes && list_edit && shown_index() == none)
+        return false;
+    if (answer == Choice::yes)
+        apply_list();
+    list_edit.reset();
+    show_title();
+    pending_ |= 0xE;
+    return true;
+}
+
 void Model::select(std::int64_t row)
 {
     book::Page* listed = page();
@@ -22,6 +72,8 @@ void Model::step(std::int64_t by)
 
 void Model::move(std::int64_t by)
 {
+    if (!may_change_list())
+        return;
     book::Page* listed = page();
     if (!listed || listed->files.empty())
         return;
@@ -34,6 +86,8 @@ void Model::move(std::int64_t by)
 
 void Model::sort(bool descending)
 {
+    if (!may_change_list())
+        return;
     book::Page* listed = page();
     if (!listed)
         return;
@@ -50,6 +104,8 @@ void Model::sort(bool descending)
 
 void Model::remove_file()
 {
+    if (!may_change_list())
+        return;
     book::Page* listed = page();
     if (!listed || listed->files.empty())
         return;
@@ -68,7 +124,7 @@ void Model::remove_file()
 
 void Model::remove_all_files()
 {
-    if (!page())
+    if (!may_change_list() || !page())
         return;
     const Note asked_about = note();
     const std::vector<std::wstring> listed = page()->files;
@@ -81,7 +137,7 @@ void Model::remove_all_files()
 
 void Model::add_files(const std::vector<std::wstring>& chosen)
 {
-    if (!page())
+    if (!may_change_list() || !page())
         return;
     const Note asked_about = note();
     choose(L"files");

@@ -83,6 +83,13 @@ bool Walker::step()
         change_world();
     room_->talk.answers.clear();
     room_->talk.paths.clear();
+    room_->talk.choices.clear();
+    model_.choices.clear();
+    for (int i = 0; i < 2; ++i) {
+        const std::uint32_t choice = below(3);
+        room_->talk.choices.push_back(static_cast<app::Answer>(choice));
+        model_.choices.push_back(static_cast<Choice>(choice));
+    }
     for (int i = 0; i < 3; ++i) {
         room_->talk.answers.push_back(!one_in(3));
         room_->talk.paths.push_back(any_path());
@@ -183,6 +190,8 @@ std::string Walker::difference() const
             || desk.boxes[box].is_edited != model_.boxes[box].is_edited)
             return "box " + std::to_string(box + 1) + " shows " + visible(desk.boxes[box].text)
                 + " instead of " + visible(model_.boxes[box].text);
+    if (desk.list_edit != model_.list_edit)
+        return "the editor of the file list";
     if (desk.scroll != model_.scroll)
         return "the scroll of the boxes";
     const book::Page* shown = room_->session.shown_page();

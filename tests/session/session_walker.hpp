@@ -63,6 +63,7 @@ private:
     Action add_or_remove();
     Action mark_or_tab();
     Action file_action();
+    Action list_edit();
     Action folder_action();
     Action book_action();
     Action under_the_desk();

@@ -185,6 +185,26 @@ Walker::Action Walker::file_action()
     }
 }
 
+// Types into the editor of the list, or applies what was typed.
+Walker::Action Walker::list_edit()
+{
+    if (one_in(4))
+        return { "apply the list", [this] { session().run([this] { app::apply_typed_list(session()); }); },
+            [this] { model_.run([this] { model_.apply_list(); }, 0); } };
+    std::wstring text;
+    for (std::uint32_t lines = below(4); lines > 0; --lines)
+        text += any_text() + L"\r\n";
+    return { "type into the list " + visible(text),
+        [this, text] {
+            room_->desk.list_edit = text;
+            session().renew_edited_mark();
+        },
+        [this, text] {
+            model_.list_edit = text;
+            model_.renew_mark();
+        } };
+}
+
 Walker::Action Walker::folder_action()
 {
     const std::wstring folder = one_in(4) ? L"" : any_line();
@@ -278,11 +298,12 @@ Walker::Action Walker::under_the_desk()
 
 Walker::Action Walker::any_action()
 {
-    static constexpr std::array<Maker, 20> makers{ &Walker::save, &Walker::edit, &Walker::edit, &Walker::edit,
+    static constexpr std::array<Maker, 21> makers{ &Walker::save, &Walker::edit, &Walker::edit, &Walker::edit,
         &Walker::edit, &Walker::page_action, &Walker::page_action, &Walker::page_action,
-        &Walker::order_action, &Walker::settings_action, &Walker::add_or_remove, &Walker::mark_or_tab,
-        &Walker::file_action, &Walker::file_action, &Walker::folder_action, &Walker::book_action,
-        &Walker::book_action, &Walker::under_the_desk, &Walker::page_editing, &Walker::page_editing };
+        &Walker::order_action, &Walker::settings_action, &Walker::list_edit, &Walker::add_or_remove,
+        &Walker::mark_or_tab, &Walker::file_action, &Walker::file_action, &Walker::folder_action,
+        &Walker::book_action, &Walker::book_action, &Walker::under_the_desk, &Walker::page_editing,
+        &Walker::page_editing };
     return (this->*makers[below(makers.size())])();
 }
 
@@ -334,7 +355,14 @@ void Walker::disturb()
             session().run(
                 [this] { app::add_files(session(), [] { return std::vector<std::wstring>{ L"new" }; }); });
         };
-        *in_model = [this] { model_.run([this] { model_.append({ L"new" }); }, 0); };
+        *in_model = [this] {
+            model_.run(
+                [this] {
+                    if (model_.may_change_list())
+                        model_.append({ L"new" });
+                },
+                0);
+        };
     }
     last_steps.push_back("  with a disturbance of kind " + std::to_string(kind));
     room_->talk.while_open = [in_session] { (*in_session)(); };
