@@ -257,14 +257,14 @@ void search_selection(Walker& walker)
     if (selected.find(L'\n') != selected.npos)
         return;
     if (!selected.empty())
-        walker.model.search_selection(selected);
+        walker.model.search_for(selected);
     walker.select(box, start, end);
     walker.send(command::search_selection);
 }
 
 void clear_search(Walker& walker)
 {
-    walker.model.search.clear();
+    walker.model.search_for(L"");
     walker.give(command::clear_search);
 }
 
@@ -273,12 +273,15 @@ void toggle_check(Walker& walker)
     switch (walker.below(3)) {
     case 0:
         walker.model.all_terms = !walker.model.all_terms;
+        walker.model.choose_first_hit();
         return walker.give(command::toggle_all_terms);
     case 1:
         walker.model.ignore_case = !walker.model.ignore_case;
+        walker.model.choose_first_hit();
         return walker.give(command::toggle_ignore_case);
     default:
         walker.model.in_file_list = !walker.model.in_file_list;
+        walker.model.choose_first_hit();
         return walker.give(command::toggle_file_list_search);
     }
 }
@@ -498,8 +501,8 @@ constexpr std::array actions{
     Action{ "Book menu", 3, always, choose_in_book_menu },
     Action{ "menu left", 3, always, look_at_menu },
     Action{ "show history", 3, always, show_history },
-    Action{ "replace", 8, always, replace_everywhere },
-    Action{ "page editor", 12, always, edit_pages },
+    Action{ "replace", 8, accepts_input, replace_everywhere },
+    Action{ "page editor", 12, accepts_input, edit_pages },
     Action{ "boundary", 4, always, drag_boundary },
     Action{ "idle command", 30, always, send_idle },
     Action{ "code that is not taken", 10, always, send_code },

@@ -270,8 +270,33 @@ void Model::show()
 // The end of every command: if another page is at the position now, it is shown in any case.
 void Model::finish(bool shows_page)
 {
-    if (shows_page || book.pages[index_at(book.header.position)].id != shown_)
-        show();
+    if (!shows_page && book.pages[index_at(book.header.position)].id == shown_)
+        return;
+    show();
+    choose_first_hit();
+}
+
+// The results choose their first row whenever a page is shown or the query changes, also unseen: a hit in the
+// file list becomes the selected entry.
+void Model::choose_first_hit()
+{
+    std::vector<book::SearchHit> hits;
+    book::Page& page = current();
+    naive::match_page(page, query(), hits);
+    if (!hits.empty() && hits.front().place >= book::file_place)
+        page.current_file = hits.front().place - book::file_place;
+}
+
+book::SearchQuery Model::query() const
+{
+    book::SearchQuery query;
+    query.terms = book::query_terms(search);
+    query.all_terms = all_terms;
+    query.ignore_case = ignore_case;
+    query.in_file_list = in_file_list;
+    query.track_marks = book.header.track_marks != 0;
+    query.track_tabs = book.header.track_tabs != 0;
+    return query;
 }
 
 void Model::recount()
@@ -314,19 +339,13 @@ void Model::rebuild_order()
 // Goes to the nearest page that matches; false if there is none.
 bool Model::find(int direction)
 {
-    book::SearchQuery query;
-    query.terms = book::query_terms(search);
-    query.all_terms = all_terms;
-    query.ignore_case = ignore_case;
-    query.in_file_list = in_file_list;
-    query.track_marks = book.header.track_marks != 0;
-    query.track_tabs = book.header.track_tabs != 0;
+    const book::SearchQuery wanted = query();
     std::vector<book::SearchHit> hits;
     auto position = static_cast<std::int64_t>(book.header.position);
     const auto count = static_cast<std::int64_t>(page_count());
     for (position += direction; position >= 0 && position < count; position += direction) {
         const auto place = static_cast<std::uint64_t>(position);
-        if (naive::match_page(book.pages[index_at(place)].data, query, hits)) {
+        if (naive::match_page(book.pages[index_at(place)].data, wanted, hits)) {
             book.header.position = place;
             return true;
         }

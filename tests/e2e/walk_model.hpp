@@ -114,7 +114,13 @@ public:
     void open_missing_folder();
     void clear_folder();
     void refresh(std::uint32_t mask);
-    void search_selection(const std::wstring& selected) { search = selected; }
+    void search_for(const std::wstring& text)
+    {
+        search = text;
+        choose_first_hit();
+    }
+    // After one of the switches of the search changed.
+    void choose_first_hit();
 
     void select_file(std::size_t place);
     void step_file(int by); // clamped
@@ -178,6 +184,7 @@ private:
     void remember(const std::wstring& file);
     void insert_page(std::size_t index);
     bool find(int direction);
+    book::SearchQuery query() const;
     void pages_moved();
     Page* page_with(unsigned id);
 

@@ -354,7 +354,7 @@ void Walker::set_search(const std::wstring& text)
 {
     note(quoted(text));
     main().child(command::search_box).set_text(text);
-    model.search = text;
+    model.search_for(text);
 }
 
 void Walker::choose_file(std::size_t row)
