@@ -4,15 +4,15 @@
 
 namespace session_walk {
 
-// Only CR LF divides lines.
+// Only CR LF divides lines, also if a U+0003 was between the two.
 void Model::set_list(book::Page& listed, std::wstring text)
 {
     listed.files.clear();
+    std::erase(text, wchar_t{ 3 });
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(L"\r\n"), text.size());
         std::wstring line = text.substr(0, end);
         text.erase(0, end + 2);
-        std::erase(line, wchar_t{ 3 });
         trim(line);
         if (!line.empty())
             listed.files.push_back(line);
