@@ -139,11 +139,15 @@ bool may_change_list(BookSession& session)
     if (!session.desk().file_list_edit())
         return true;
     const BookSession::Shown asked = session.on_desk();
+    const std::optional<PageNote> current = note_page(session.book());
     const Answer answer = session.talk().ask_or_cancel(book::apply_file_list_question);
     if (answer == Answer::cancel || session.talk().is_gone() || session.on_desk() != asked)
         return false;
+    // The command would change the list of the page that is current now.
+    if (current && !is_same(*current, session.book()))
+        return false;
     const bool is_wanted = answer == Answer::yes && session.desk().file_list_edit();
-    if (is_wanted && apply_typed_list(session) == Outcome::failed)
+    if (is_wanted && apply_file_list(session, *session.desk().file_list_edit()) == Outcome::failed)
         return false;
     session.desk().drop_file_list_edit();
     session.renew_edited_mark();
@@ -151,15 +155,17 @@ bool may_change_list(BookSession& session)
     return true;
 }
 
+// The hits stay: they do not depend on the selected entry.
 Outcome select_file_by(BookSession& session, int command)
 {
-    return change_list(session, [command](book::Page& page) { return select_file_by(page, command); });
+    book::Page* page = session.book().current_page();
+    return outcome_of(page && select_file_by(*page, command));
 }
 
 Outcome select_file(BookSession& session, std::int64_t row)
 {
-    return change_list(session,
-        [row](book::Page& page) { return row >= 0 && select_file(page, static_cast<std::uint64_t>(row)); });
+    book::Page* page = session.book().current_page();
+    return outcome_of(page && row >= 0 && select_file(*page, static_cast<std::uint64_t>(row)));
 }
 
 Outcome move_file(BookSession& session, int command)

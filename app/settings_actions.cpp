@@ -8,9 +8,11 @@ namespace {
 
 using core::Outcome;
 
-constexpr std::uint8_t flag(bool is_on)
+// Any other value than 0 is on. A flag that does not change keeps its value.
+template <class Flag> void set_flag(Flag& flag, bool is_on)
 {
-    return is_on ? 1 : 0;
+    if ((flag != 0) != is_on)
+        flag = is_on ? 1 : 0;
 }
 
 // False if the pages cannot be ordered by the key. The Book is unchanged then.
@@ -31,9 +33,9 @@ bool sort_by(book::Book& book, std::int32_t key)
 void store(book::BookHeader& header, const look::SettingsChoice& choice)
 {
     header.tab_label_box = look::clamped_value(look::tab_items(), choice.tab_label_box);
-    header.gif_autoplay = flag(choice.gif_autoplay);
-    header.auto_file_search = flag(choice.file_search);
-    header.wrap_text = flag(choice.wrap_text);
+    set_flag(header.gif_autoplay, choice.gif_autoplay);
+    set_flag(header.auto_file_search, choice.file_search);
+    set_flag(header.wrap_text, choice.wrap_text);
 }
 
 void store(core::Settings& settings, const look::SettingsChoice& choice)

@@ -1,7 +1,6 @@
 #include "book/result_rows.hpp"
 #include "book/page.hpp"
 #include <algorithm>
-#include <cwchar>
 #include <locale>
 #include <sstream>
 #include <utility>
@@ -83,17 +82,31 @@ private:
     std::vector<std::uint64_t> starts_; // empty: the control is asked for each hit
 };
 
-// Two numbers with a hyphen between them. Each is read as far as it goes, in the base that its prefix says.
+// A number in plain digits; nullopt for anything else.
+std::optional<std::uint64_t> read_number(std::wstring_view digits)
+{
+    constexpr std::size_t most_digits = 18; // fit into 64 bits
+    if (digits.empty() || digits.size() > most_digits)
+        return std::nullopt;
+    std::uint64_t number = 0;
+    for (const wchar_t digit : digits) {
+        if (digit < L'0' || digit > L'9')
+            return std::nullopt;
+        number = number * 10 + static_cast<std::uint64_t>(digit - L'0');
+    }
+    return number;
+}
+
+// Two numbers with a hyphen between them.
 bool read_range(std::wstring_view text, SearchHit& hit)
 {
-    if (std::ranges::count(text, L'-') != 1)
+    const std::size_t hyphen = std::min(text.find(L'-'), text.size());
+    const auto start = read_number(text.substr(0, hyphen));
+    const auto end = read_number(text.substr(std::min(hyphen + 1, text.size())));
+    if (!start || !end)
         return false;
-    const std::size_t hyphen = text.find(L'-');
-    const auto number = [](std::wstring_view digits) {
-        return static_cast<std::uint64_t>(std::wcstol(std::wstring(digits).c_str(), nullptr, 0));
-    };
-    hit.start = number(text.substr(0, hyphen));
-    hit.end = number(text.substr(hyphen + 1));
+    hit.start = *start;
+    hit.end = *end;
     return true;
 }
 
@@ -179,11 +192,13 @@ SearchHit chosen_hit(const SearchHit& hit)
     return chosen;
 }
 
-RefillPlan refill_plan(
-    const std::vector<SearchHit>& old_hits, const std::vector<SearchHit>& new_hits, int select_row)
+RefillPlan refill_plan(const std::vector<SearchHit>& old_hits, const std::vector<SearchHit>& new_hits,
+    RefillCause cause, bool had_hits)
 {
+    const bool is_searched = cause == RefillCause::query_changed || cause == RefillCause::window_opened;
     if (new_hits.empty())
-        return { .clears_boxes = true };
+        return { .clears_boxes = had_hits || is_searched };
+    const int select_row = row_to_select(cause);
     if (select_row >= 0)
         return { .row = static_cast<std::size_t>(select_row) < new_hits.size() ? select_row : -1 };
     return { .keeps_view = old_hits == new_hits };

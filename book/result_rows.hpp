@@ -95,7 +95,10 @@ struct RefillPlan {
 
     friend bool operator==(const RefillPlan&, const RefillPlan&) = default;
 };
-RefillPlan refill_plan(
-    const std::vector<SearchHit>& old_hits, const std::vector<SearchHit>& new_hits, int select_row);
+// `had_hits`: the refill before had some, also while the window was closed. Without hits then and now, only
+// what the user searched for clears the boxes; a page that is shown again keeps the selection that the user
+// made.
+RefillPlan refill_plan(const std::vector<SearchHit>& old_hits, const std::vector<SearchHit>& new_hits,
+    RefillCause cause, bool had_hits);
 
 } // namespace book

@@ -43,7 +43,8 @@ Outcome show_palette(MainParts& parts, const CommandInput& input)
 Outcome repaint_box(MainParts& parts, const CommandInput& input)
 {
     const look::MyBox* box = parts.desk.boxes()[static_cast<std::size_t>(input.code)];
-    InvalidateRect(box->hwnd(), nullptr, TRUE);
+    if (box->hwnd()) // for null the system repaints all windows
+        InvalidateRect(box->hwnd(), nullptr, TRUE);
     return Outcome::done;
 }
 

@@ -113,7 +113,8 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
     , desk(&window, controls, file_list_editor, [this] { return book_editor.traces_selection(); })
     , results(&window, 0,
           { session.book(), desk, [this] { return on_screen(layout.file_pane); },
-              [this](const book::SearchHit& hit) { focus_place_of(hit); } })
+              [this](const book::SearchHit& hit) { focus_place_of(hit); },
+              [this](const std::function<void()>& action) { session.run(action); } })
     , talk(window, session.book().path, session.history(), file_list_editor,
           { [this] { links.start_shortcut_creation_async(); },
               [this](
@@ -121,7 +122,7 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
     , links(window, talk, session.book())
     , file_view(&window, &session.book(), path_answers)
     , background(window, desk, [this](int y) { session.book().header.divider = y; })
-    , palette(&window, &session.book())
+    , palette(&window, &session.book(), [this] { return talk.is_accepting_input() && !session.is_loading(); })
     , settings(&window)
     , menu_pictures(app_bitmap)
     , edit_session(session, [this] { return talk.is_accepting_input(); })

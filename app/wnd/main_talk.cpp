@@ -93,6 +93,13 @@ void MainTalk::enable_history()
         history_window_.enable(book::is_history_enabled(is_busy(), input_.is_open()));
 }
 
+// Lines that were typed in the list editor during a box would be unknown to the command that shows it.
+void MainTalk::show_gate()
+{
+    enable_history();
+    file_list_.set_held(!input_.is_open());
+}
+
 std::wstring MainTalk::choose_book_to_open()
 {
     const InputGate::Hold hold{ input_ };

@@ -74,13 +74,16 @@ public:
     void close_program() override;
 
 private:
+    // After the gate opened or closed.
+    void show_gate();
+
     ovlib::BaseWnd& parent_;
     ovlib::Wnd* box_owner_ = nullptr;
     const std::wstring& book_path_;
     book::FileListEditor& file_list_;
     Hooks hooks_;
     std::vector<BusyWindow*> busy_windows_;
-    InputGate input_{ [this] { enable_history(); } };
+    InputGate input_{ [this] { show_gate(); } };
     book::HistoryWnd history_window_;
     look::WarningWnd banner_;
     ovlib::classic::FileOpenDialog book_open_dialog_;

@@ -124,7 +124,8 @@ std::optional<std::wstring> BoxDesk::unwrapped_text(std::size_t box) const
 void BoxDesk::repaint()
 {
     for (const look::MyBox* box : boxes())
-        RedrawWindow(box->hwnd(), nullptr, nullptr, redraw_now | RDW_FRAME);
+        if (box->hwnd()) // for null the system repaints all windows
+            RedrawWindow(box->hwnd(), nullptr, nullptr, redraw_now | RDW_FRAME);
 }
 
 bool BoxDesk::set_state(bool read_only, bool wrap, const book::Page* page)

@@ -37,7 +37,7 @@ bool BookSearchResultWnd::on_message(ovlib::WndMessage& message)
         on_notify(*reinterpret_cast<const NMHDR*>(message.lparam));
         return ToolWindow::on_message(message);
     case refill_later:
-        refill(static_cast<RefillCause>(message.wparam));
+        program_.run([&] { refill(static_cast<RefillCause>(message.wparam)); });
         return true;
     default:
         return ToolWindow::on_message(message);
@@ -79,7 +79,7 @@ void BookSearchResultWnd::on_opening()
         const platform::Rect place = ovlib::centered(ovlib::to_size(size()), ground);
         move(place.left, place.top, false);
     }
-    fill(row_to_select(RefillCause::window_opened));
+    fill(RefillCause::window_opened);
 }
 
 void BookSearchResultWnd::refill(RefillCause cause)
@@ -88,15 +88,15 @@ void BookSearchResultWnd::refill(RefillCause cause)
     if (is_choosing_)
         post(refill_later, static_cast<std::uint64_t>(cause), 0);
     else if (is_open())
-        fill(row_to_select(cause));
+        fill(cause);
     else
-        choose_unseen(row_to_select(cause));
+        choose_unseen(cause);
 }
 
 // The rows are made before the list changes, because making them may throw.
-void BookSearchResultWnd::fill(int select_row)
+void BookSearchResultWnd::fill(RefillCause cause)
 {
-    const RefillPlan plan = refill_plan(rows_.hits(), program_.book.hits, select_row);
+    const RefillPlan plan = next_plan(rows_.hits(), cause);
     ResultRows rows{ program_.book.hits, program_.lines };
     list_.set_redraw(false);
     rows_ = std::move(rows);
@@ -115,10 +115,16 @@ void BookSearchResultWnd::fill(int select_row)
     set_text(results_title(program_.book.header.position, rows_.count()));
 }
 
-void BookSearchResultWnd::choose_unseen(int select_row)
+RefillPlan BookSearchResultWnd::next_plan(const std::vector<SearchHit>& old_hits, RefillCause cause)
 {
     const std::vector<SearchHit>& hits = program_.book.hits;
-    const RefillPlan plan = refill_plan({}, hits, select_row);
+    return refill_plan(old_hits, hits, cause, std::exchange(had_hits_, !hits.empty()));
+}
+
+void BookSearchResultWnd::choose_unseen(RefillCause cause)
+{
+    const std::vector<SearchHit>& hits = program_.book.hits;
+    const RefillPlan plan = next_plan({}, cause);
     if (plan.clears_boxes) {
         send_chosen(nullptr);
     } else if (plan.row >= 0) {
@@ -166,7 +172,8 @@ bool BookSearchResultWnd::on_enter()
 
 void BookSearchResultWnd::go_to(int row)
 {
-    if (row < 0)
+    SearchHit read;
+    if (!parse_row(row, read))
         return;
     choose(row);
     program_.go_to(chosen_);

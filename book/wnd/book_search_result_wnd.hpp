@@ -21,6 +21,8 @@ public:
         std::function<RECT()> first_ground;
         // Gives the focus to the place of a hit.
         std::function<void(const SearchHit&)> go_to;
+        // Runs an action as an operation of the program, which reports what it throws.
+        std::function<void(const std::function<void()>&)> run = [](const auto& action) { action(); };
     };
 
     BookSearchResultWnd(ovlib::Wnd* parent, int control_id, Program program);
@@ -45,8 +47,9 @@ protected:
 
 private:
     void on_notify(const NMHDR& notice);
-    void fill(int select_row);
-    void choose_unseen(int select_row);
+    RefillPlan next_plan(const std::vector<SearchHit>& old_hits, RefillCause cause);
+    void fill(RefillCause cause);
+    void choose_unseen(RefillCause cause);
     void choose(int row);
     void go_to(int row);
     void send_chosen(const SearchHit* hit);
@@ -56,6 +59,7 @@ private:
     ResultRows rows_;
     SearchHit chosen_;
     bool has_place_ = false; // it was opened before and stays where the user left it
+    bool had_hits_ = false; // at the last refill, also an unseen one
     bool is_choosing_ = false; // command 1058 is running
 };
 

@@ -98,7 +98,7 @@ bool FileListEditor::make_controls()
         }))
         return false;
     apply_button_.enable(false);
-    box_.set_read_only(is_read_only_);
+    box_.set_read_only(is_read_only_ || is_held_);
     return true;
 }
 
@@ -156,7 +156,7 @@ bool FileListEditor::on_hit_test(ovlib::WndMessage& message)
 
 void FileListEditor::on_cancel()
 {
-    if (is_asking_)
+    if (is_asking_ || is_held_)
         return;
     const ovlib::WndWatch alive(this);
     if (is_modified() && !program_.may_close())
@@ -227,6 +227,18 @@ void FileListEditor::clear_modified()
 void FileListEditor::set_read_only(bool read_only)
 {
     is_read_only_ = read_only;
+    show_read_only();
+}
+
+void FileListEditor::set_held(bool held)
+{
+    is_held_ = held;
+    show_read_only();
+}
+
+void FileListEditor::show_read_only()
+{
+    const bool read_only = is_read_only_ || is_held_;
     if (hwnd() && box_.is_read_only() != read_only)
         box_.set_read_only(read_only);
 }

@@ -41,6 +41,9 @@ public:
     void clear_modified();
     // Also for a window that is closed or was never opened.
     void set_read_only(bool read_only);
+    // Nothing can be typed while the main window shows a box: its command may be about the list, and would
+    // not know of lines that were typed meanwhile.
+    void set_held(bool held);
 
     // Asks a question about the text, with yes, no and cancel, and returns the chosen button. Afterwards the
     // window may be destroyed.
@@ -53,6 +56,7 @@ protected:
     std::wstring box_caption() const override;
 
 private:
+    void show_read_only();
     class MyEditBox : public ovlib::EditBox {
     public:
         using EditBox::EditBox;
@@ -78,6 +82,7 @@ private:
     std::optional<std::wstring> loaded_; // the text in the box; nullopt after typing
     std::uint64_t loaded_file_ = 0; // the selected entry when it was loaded
     bool is_read_only_ = false;
+    bool is_held_ = false;
     bool is_asking_ = false;
 };
 

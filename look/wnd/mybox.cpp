@@ -4,6 +4,7 @@
 #include "look/box_menu.hpp"
 #include "look/wnd/keys.hpp"
 #include "look/wnd/system_input_method.hpp"
+#include "look/wnd/tool_window.hpp"
 #include <array>
 
 namespace look {
@@ -97,13 +98,13 @@ bool MyBox::on_context_menu()
 
 BoxMenuState MyBox::menu_state() const
 {
-    const ovlib::Wnd* const palette = from_control_id(command::palette_window);
+    const auto* const palette = dynamic_cast<const ToolWindow*>(from_control_id(command::palette_window));
     return {
         .has_selection = has_selection(),
         .has_text = text_length() != 0,
         .can_undo = can_undo(),
         .can_paste = can_paste(),
-        .is_palette_visible = palette != nullptr && palette->is_visible(),
+        .is_palette_visible = palette != nullptr && palette->is_open(),
     };
 }
 

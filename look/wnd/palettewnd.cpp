@@ -13,6 +13,7 @@
 #include "ovlib/gui/system_geometry.hpp"
 #include <algorithm>
 #include <bit>
+#include <utility>
 #include <uxtheme.h>
 
 namespace look {
@@ -44,9 +45,10 @@ book::LogFont first_font(const book::Book& book, std::size_t box)
 
 } // namespace
 
-PaletteWnd::PaletteWnd(ovlib::Wnd* parent, book::Book* book)
+PaletteWnd::PaletteWnd(ovlib::Wnd* parent, book::Book* book, std::function<bool()> accepts_input)
     : ToolWindow(parent, command::palette_window, frame)
     , book_(book)
+    , accepts_input_(std::move(accepts_input))
     , box_combo_(this, 2520, CBS_DROPDOWNLIST)
     , apply_check_(this, command::apply_theme_to_pages)
     , font_button_(this, command::set_box_font)
@@ -152,6 +154,8 @@ bool PaletteWnd::on_command(int id, int code)
 {
     if (code != BN_CLICKED)
         return false;
+    if (id != command::close_window && !accepts_input_())
+        return true;
     switch (id) {
     case 2503:
         choose_color(BoxColor::text);

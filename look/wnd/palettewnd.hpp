@@ -10,6 +10,7 @@
 #include "ovlib/gui/font_dialog.hpp"
 #include "ovlib/gui/menu.hpp"
 #include <cstddef>
+#include <functional>
 #include <string>
 
 namespace look {
@@ -19,8 +20,10 @@ namespace look {
 // a core::PassedObject. A theme reaches the parent as its identifier.
 class PaletteWnd : public ToolWindow {
 public:
-    // `book` must outlive the window.
-    PaletteWnd(ovlib::Wnd* parent, book::Book* book);
+    // `book` must outlive the window. Nothing is chosen while `accepts_input` returns false: the main window
+    // shows a box, or a Book is being loaded.
+    PaletteWnd(
+        ovlib::Wnd* parent, book::Book* book, std::function<bool()> accepts_input = [] { return true; });
 
     bool on_message(ovlib::WndMessage& message) override;
     std::wstring class_info(WNDCLASSEXW& info) override;
@@ -56,6 +59,7 @@ private:
     void load_custom_colors();
 
     book::Book* book_;
+    std::function<bool()> accepts_input_;
     ovlib::ComboBox box_combo_;
     MyCheckBox apply_check_;
     ImageButton font_button_;

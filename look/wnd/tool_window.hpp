@@ -37,9 +37,8 @@ struct ToolControl {
 // - Esc and the close button, which call on_cancel.
 // - Enter, which presses the focused push button, and otherwise calls on_enter.
 // - WM_CLOSE, which hides the window. A window in a modal run is destroyed, which ends the run.
-// A dropped list keeps Esc and Enter; a multi-line box and an EnterField with a
-// text keep Enter. Accelerators go to the
-// parent, as with every SubWnd.
+// A dropped list keeps Esc and Enter; a multi-line box and an EnterField with a text keep Enter. Accelerators
+// go to the parent, as with every SubWnd.
 class ToolWindow : public ovlib::SubWnd {
 public:
     class InputHold;

@@ -2,6 +2,7 @@
 #include "book/query.hpp"
 #include "book/query_matcher.hpp"
 #include "platform/text.hpp"
+#include "tests/fuzz/parts.hpp"
 #include "tests/fuzz/stable.hpp"
 #include "tests/support/naive_search.hpp"
 #include <algorithm>
@@ -11,32 +12,7 @@
 
 namespace {
 
-constexpr wchar_t part_end = 0xFFFF;
-
-// One byte of switches, then UTF-16 units, little-endian, in parts: the query, the three boxes, the files.
-struct Input {
-    std::uint8_t switches = 0;
-    std::vector<std::wstring> parts{ 1 };
-
-    std::wstring part(std::size_t i) const { return i < parts.size() ? parts[i] : std::wstring(); }
-    bool is_on(int bit) const { return (switches >> bit & 1) != 0; }
-};
-
-Input read(std::span<const std::uint8_t> bytes)
-{
-    Input input;
-    if (bytes.empty())
-        return input;
-    input.switches = bytes[0];
-    for (std::size_t i = 1; i + 1 < bytes.size(); i += 2) {
-        const auto unit = static_cast<wchar_t>(bytes[i] | bytes[i + 1] << 8);
-        if (unit == part_end)
-            input.parts.emplace_back();
-        else
-            input.parts.back() += unit;
-    }
-    return input;
-}
+using Input = fuzz::Parts;
 
 // The splitting rules one after the other.
 std::vector<std::wstring> split_plainly(const std::wstring& text)
@@ -108,7 +84,7 @@ void check_places(const std::wstring& text, const std::wstring& term)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const Input input = read({ data, size });
+    const Input input = fuzz::read_parts({ data, size });
     const std::wstring text = input.part(0);
     book::SearchQuery query;
     book::split_terms(text, query.terms);

@@ -357,6 +357,20 @@ TEST_F(AppFileList, ARefreshKeepsTypedLines)
     EXPECT_EQ(list_text(), L"x");
 }
 
+// The command of the main window may be about the list, and would not know of lines that are typed meanwhile.
+TEST_F(AppFileList, TakesNoLinesWhileTheMainWindowShowsABox)
+{
+    open_lists();
+    const auto is_read_only = [&] { return (GetWindowLongW(list_box(), GWL_STYLE) & ES_READONLY) != 0; };
+    bool was_read_only = false;
+    answered(
+        IDYES, [&] { command(command::remove_file); }, [&] { was_read_only = is_read_only(); });
+    EXPECT_TRUE(was_read_only);
+    EXPECT_FALSE(is_read_only());
+    EXPECT_EQ(files(), (Entries{ L"a", L"c" }));
+    EXPECT_EQ(list_text(), L"a\r\nc\r\n");
+}
+
 TEST_F(AppFileList, IsReadOnlyWhileAnotherWindowEditsPages)
 {
     open_lists();

@@ -188,9 +188,26 @@ TEST_F(AppPalette, TheProgramEndsWithItsDialogsOpen)
 }
 
 // The main window stays enabled under the dialog.
+TEST_F(AppPalette, ChoosesNothingWhileTheMainWindowShowsABox)
+{
+    open({ page(L"a") });
+    command(command::show_palette);
+    command(command::set_accepting_input, 0);
+    for (const int id : { 2503, 2504, int{ command::set_box_font }, 6500 })
+        palette().send_command(id, 0, 0); // a dialog would never end
+    const std::int32_t theme = book().header.theme;
+    palette().send_command(look::theme_dark, 0, 0);
+    EXPECT_EQ(book().header.theme, theme);
+    command(command::set_accepting_input, 1);
+    palette().send_command(command::close_window, 0, 0);
+    EXPECT_FALSE(palette().is_open());
+}
+
 TEST_F(AppPalette, AColourForADeletedPageIsDropped)
 {
-    open({ page(L"a"), page(L"b") });
+    book::Page first = page(L"a");
+    first.back_color.fill(0x123456); // not the colour of the page that becomes current
+    open({ first, page(L"b") });
     command(command::show_palette);
     HWND const main = window().hwnd();
     gui::DialogDriver user{ [&](HWND dialog) {

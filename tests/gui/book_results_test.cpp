@@ -216,10 +216,14 @@ TEST_F(ResultsWindow, SendsNullWithoutHits)
     show_hits(three_);
     take_chosen();
     book_.hits.clear();
+    window_.refill(RefillCause::page_shown);
+    EXPECT_EQ(take_chosen(), Hits{ SearchHit{} });
     for (const RefillCause cause : { RefillCause::page_shown, RefillCause::content_changed }) {
         window_.refill(cause);
-        EXPECT_EQ(take_chosen(), Hits{ SearchHit{} });
+        EXPECT_TRUE(take_chosen().empty()) << "what is selected now, the user selected";
     }
+    window_.refill(RefillCause::query_changed);
+    EXPECT_EQ(take_chosen(), Hits{ SearchHit{} });
 }
 
 TEST_F(ResultsWindow, StillChoosesTheFirstHitWhileClosedButFillsNoRows)

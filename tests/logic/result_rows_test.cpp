@@ -180,9 +180,7 @@ TEST(ParseResult, ReadsWordAndNumber)
     EXPECT_EQ(parse_result(L" Box\t3 ", L"0-100000"), (SearchHit{ L"", 102, 0, 100000 }));
     EXPECT_EQ(parse_result(L"File 1", L""), (SearchHit{ L"", 200, 0, 0 }));
     EXPECT_EQ(parse_result(L"File 12", L"x"), (SearchHit{ L"", 211, 0, 0 }));
-    EXPECT_EQ(parse_result(L"Box 2", L"0x10-010"), (SearchHit{ L"", 101, 16, 8 }))
-        << "the base by the prefix";
-    EXPECT_EQ(parse_result(L"Box 2", L"x-y"), (SearchHit{ L"", 101, 0, 0 }));
+    EXPECT_EQ(parse_result(L"Box 2", L"010-0011"), (SearchHit{ L"", 101, 10, 11 }));
 }
 
 TEST(ParseResult, RefusesWhatNoRowHas)
@@ -190,7 +188,8 @@ TEST(ParseResult, RefusesWhatNoRowHas)
     for (const wchar_t* place : { L"", L"Box", L"Box x", L"Box 0", L"Box 4", L"Box -1", L"box 1", L"File",
              L"File 0", L"File -1", L"1 Box", L"Folder 1", L"File 99999999999999999999", L"Box1" })
         EXPECT_EQ(parse_result(place, L"0-1"), std::nullopt) << testing::PrintToString(place);
-    for (const wchar_t* range : { L"", L"1", L"1-2-3", L"--", L"-1-2" })
+    for (const wchar_t* range :
+        { L"", L"1", L"1-2-3", L"--", L"-1-2", L"x-y", L"0x10-11", L" 1-2", L"1-9999999999999999999" })
         EXPECT_EQ(parse_result(L"Box 1", range), std::nullopt) << testing::PrintToString(range);
 }
 
@@ -225,12 +224,16 @@ TEST(RefillPlan, SelectsKeepsOrClears)
 {
     const std::vector<SearchHit> hits{ { L"a", 100, 0, 1 }, { L"a", 100, 5, 6 } };
     const std::vector<SearchHit> others{ { L"a", 100, 1, 2 } };
-    EXPECT_EQ(book::refill_plan(hits, {}, 0), (RefillPlan{ .clears_boxes = true }));
-    EXPECT_EQ(book::refill_plan({}, {}, -1), (RefillPlan{ .clears_boxes = true }));
-    EXPECT_EQ(book::refill_plan(hits, hits, 0), (RefillPlan{ .row = 0 }));
-    EXPECT_EQ(book::refill_plan(hits, others, 1), RefillPlan{}) << "no such row";
-    EXPECT_EQ(book::refill_plan(hits, hits, -1), (RefillPlan{ .keeps_view = true }));
-    EXPECT_EQ(book::refill_plan(hits, others, -1), RefillPlan{});
+    EXPECT_EQ(
+        book::refill_plan(hits, {}, RefillCause::page_shown, true), (RefillPlan{ .clears_boxes = true }));
+    for (const RefillCause searched : { RefillCause::query_changed, RefillCause::window_opened })
+        EXPECT_EQ(book::refill_plan({}, {}, searched, false), (RefillPlan{ .clears_boxes = true }));
+    for (const RefillCause other : { RefillCause::page_shown, RefillCause::content_changed })
+        EXPECT_EQ(book::refill_plan({}, {}, other, false), RefillPlan{}) << "the user's own selection stays";
+    EXPECT_EQ(book::refill_plan(hits, hits, RefillCause::page_shown, true), (RefillPlan{ .row = 0 }));
+    EXPECT_EQ(book::refill_plan(hits, hits, RefillCause::content_changed, true),
+        (RefillPlan{ .keeps_view = true }));
+    EXPECT_EQ(book::refill_plan(hits, others, RefillCause::content_changed, true), RefillPlan{});
 }
 
 } // namespace

@@ -37,12 +37,14 @@ bool Model::may_change_list()
     if (!list_edit)
         return true;
     const auto asked_about = on_desk();
+    const Note current_page = note();
     say(L"ask or cancel: 内容が変更されています．\r\n適用しますか？");
     call();
     const Choice answer = choices.empty() ? Choice::yes : choices.front();
     if (!choices.empty())
         choices.pop_front();
-    if (answer == Choice::cancel || is_gone || on_desk() != asked_about)
+    if (answer == Choice::cancel || is_gone || on_desk() != asked_about
+        || (current_page.id != 0 && note() != current_page))
         return false;
     if (answer == Choice::yes && list_edit && shown_index() == none)
         return false;
