@@ -1,6 +1,6 @@
-// Replaces any text in any page, and makes a file list of any text, against the same done in the plainest words.
-// The parts are the search text, its replacement, the three boxes, and the files, of which the last is the
-// folder.
+// Replaces any text in any page, and makes a file list of any text, against the same done in the plainest
+// words. The parts are the search text, its replacement, the three boxes, and the files, of which the last is
+// the folder.
 #include "book/file_list_text.hpp"
 #include "book/page_text.hpp"
 #include "book/replace.hpp"
