@@ -98,13 +98,16 @@ bool MyBox::on_context_menu()
 
 BoxMenuState MyBox::menu_state() const
 {
-    const auto* const palette = dynamic_cast<const ToolWindow*>(from_control_id(command::palette_window));
+    const ovlib::Wnd* const palette = from_control_id(command::palette_window);
+    // Open is not the same as visible: the system hides the windows of a minimised owner.
+    const auto* const tool_window = dynamic_cast<const ToolWindow*>(palette);
+    const bool is_palette_open = tool_window ? tool_window->is_open() : palette && palette->is_visible();
     return {
         .has_selection = has_selection(),
         .has_text = text_length() != 0,
         .can_undo = can_undo(),
         .can_paste = can_paste(),
-        .is_palette_visible = palette != nullptr && palette->is_open(),
+        .is_palette_visible = is_palette_open,
     };
 }
 

@@ -42,10 +42,12 @@ protected:
     {
         program().click_into(field(command::replace_search_text));
         type_text(search);
+        expect_soon(search, [&] { return field(command::replace_search_text).text(); });
         press(VK_TAB);
+        require(
+            "the Tab key moves on", [&] { return program().focus() == field(command::replace_new_text); });
         type_text(replacement);
         expect_soon(replacement, [&] { return field(command::replace_new_text).text(); });
-        EXPECT_EQ(field(command::replace_search_text).text(), search);
     }
     void choose(int id, bool changed, const std::wstring& report)
     {
