@@ -1,6 +1,7 @@
 // Selecting, moving, removing and sorting the entries of a page.
 #include "app/file_actions.hpp"
 #include "core/command_ids.hpp"
+#include "tests/support/session_fixture.hpp"
 #include <gtest/gtest.h>
 
 namespace {
@@ -26,6 +27,25 @@ std::uint64_t selected_by(int command, std::uint64_t current)
     EXPECT_TRUE(app::select_file_by(page, command));
     EXPECT_EQ(page.files, (Files{ L"a", L"b", L"c", L"d" }));
     return page.current_file;
+}
+
+class FileCommandsOfSession : public test_support::SessionTest { };
+
+// They depend on the texts and the list, not on the selected entry.
+TEST_F(FileCommandsOfSession, ChoosingAnEntryKeepsTheHits)
+{
+    book.pages[0].files = { L"one.txt", L"two.txt" };
+    desk.asked.terms = { L"one" };
+    desk.asked.in_file_list = true;
+    run([] { return true; });
+    const std::vector<book::SearchHit> hits = book.hits;
+    ASSERT_EQ(hits.size(), 2u);
+    session.run([&] {
+        EXPECT_EQ(app::select_file(session, 1), core::Outcome::done);
+        EXPECT_EQ(book.hits, hits) << "not dropped";
+        EXPECT_EQ(app::select_file_by(session, core::command::first_file), core::Outcome::done);
+        EXPECT_EQ(book.hits, hits);
+    });
 }
 
 TEST(SelectFile, StepsAndJumpsAndStaysAtTheEnds)

@@ -2,6 +2,8 @@
 #include "app/settings_actions.hpp"
 #include "tests/support/session_fixture.hpp"
 #include <limits>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -44,6 +46,26 @@ protected:
 
     core::Settings settings;
 };
+
+TEST_F(SettingsActions, TheSameKeyLeavesTheOrderAlone)
+{
+    open_sorted();
+    const std::vector<std::uint64_t> order = std::exchange(book.order, { 2, 1, 0 });
+    session.run([&] {
+        EXPECT_EQ(app::apply_settings(session, settings, app::note_book(book), shown()), Outcome::done);
+        EXPECT_FALSE(book.needs_update);
+    });
+    EXPECT_EQ(book.order, (std::vector<std::uint64_t>{ 2, 1, 0 })) << "not built again";
+    EXPECT_NE(order, book.order);
+}
+
+TEST_F(SettingsActions, AFlagWithAnOddValueKeepsItIfItStaysOn)
+{
+    book.header.auto_file_search = 2;
+    const book::BookHeader before = book.header;
+    EXPECT_EQ(ok(shown()), Outcome::done);
+    EXPECT_EQ(book.header, before);
+}
 
 TEST_F(SettingsActions, UnchangedChangeNothing)
 {
