@@ -129,12 +129,6 @@ bool BookEditor::run_menu_command(int id)
         editor_.clear_selection();
         selection_changed();
         return true;
-    case command::restore_book:
-        ask_to_restore();
-        return true;
-    case command::close_window:
-        send(WM_CLOSE, 0, 0);
-        return true;
     default:
         return false;
     }

@@ -26,12 +26,23 @@ bool EditingWindow::on_message(ovlib::WndMessage& message)
     case WM_CLOSE:
         return on_close();
     case WM_COMMAND:
-        return !accepts_input() || on_command(LOWORD(message.wparam), HIWORD(message.wparam));
+        return !accepts_input() || on_any_command(LOWORD(message.wparam), HIWORD(message.wparam));
     case WM_CONTEXTMENU:
         return on_context_menu(message);
     default:
         return ToolWindow::on_message(message);
     }
+}
+
+bool EditingWindow::on_any_command(int id, int code)
+{
+    if (code != 0 || (id != core::command::restore_book && id != core::command::close_window))
+        return on_command(id, code);
+    if (id == core::command::restore_book)
+        ask_to_restore();
+    else
+        send(WM_CLOSE, 0, 0);
+    return true;
 }
 
 bool EditingWindow::on_context_menu(const ovlib::WndMessage& message)

@@ -24,6 +24,7 @@ protected:
     // Loads the Book's file again and then clears what has_changed returns.
     virtual void load_again() = 0;
     virtual void show_menu(POINT at) = 0;
+    // The commands of this window; restoring and closing are handled here.
     virtual bool on_command(int id, int code) = 0;
 
     // Opens over the middle of the parent at first, and later where the user left it.
@@ -42,10 +43,11 @@ protected:
     bool is_still_open() const { return is_open() && is_window(); }
     // True for yes.
     bool ask(const std::wstring& question);
-    void ask_to_restore();
 
 private:
     bool on_close();
+    bool on_any_command(int id, int code);
+    void ask_to_restore();
     bool on_context_menu(const ovlib::WndMessage& message);
     void close(EditEnd end);
 

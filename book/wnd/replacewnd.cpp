@@ -95,12 +95,6 @@ bool ReplaceWnd::on_command(int id, int code)
     case command::replace_current_page:
         run(id);
         return true;
-    case command::restore_book:
-        ask_to_restore();
-        return true;
-    case command::close_window:
-        send(WM_CLOSE, 0, 0);
-        return true;
     default:
         return false;
     }
