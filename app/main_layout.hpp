@@ -37,9 +37,8 @@ struct MainLayout {
 
 MainLayout main_layout(Size client);
 
-// The frame around the checks for the page and the order, and the diameter of its round corners.
+// The frame around the checks for the page and the order.
 Rect checks_frame(const MainLayout& layout);
-inline constexpr int checks_frame_corner = 8;
 // The facts about the displayed file: a line of facts, its size and its small picture. They are below the
 // counter and start further left.
 struct FileNote {

@@ -2,6 +2,7 @@
 #include "app/page_views.hpp"
 #include "app/wnd/appwnd.hpp"
 #include "look/theme.hpp"
+#include "look/wnd/group_frame.hpp"
 #include "ovlib/gui/back_buffer.hpp"
 #include "ovlib/gui/owner_drawn.hpp"
 
@@ -10,20 +11,6 @@ namespace app {
 namespace {
 
 using look::palette;
-using ovlib::ObjectSelection;
-
-void round_rect(const ovlib::DC& dc, const Rect& rect, int corner)
-{
-    RoundRect(dc.handle(), rect.left, rect.top, rect.right, rect.bottom, corner, corner);
-}
-
-void draw_checks_frame(const ovlib::DC& dc, const MainLayout& layout)
-{
-    const ovlib::GDI::Pen line{ ovlib::GDI::solid_pen(1, palette().panel_line) };
-    const ObjectSelection pen{ dc, line };
-    const ObjectSelection hollow{ dc, GetStockObject(HOLLOW_BRUSH) };
-    round_rect(dc, checks_frame(layout), checks_frame_corner);
-}
 
 look::BoxColors field_colors()
 {
@@ -89,7 +76,7 @@ bool AppWnd::on_paint()
 
 void AppWnd::draw(const ovlib::DC& dc) const
 {
-    draw_checks_frame(dc, parts_.layout);
+    look::draw_group_line(dc, checks_frame(parts_.layout));
     parts_.file_view.draw_note(dc, parts_.layout, file_counter_text(book()));
 }
 

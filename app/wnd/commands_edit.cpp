@@ -5,23 +5,10 @@
 
 namespace app::commands {
 
-namespace {
-
-// The selection in the box that has the focus.
-std::wstring selection_in_boxes(const MainParts& parts)
-{
-    for (const look::MyBox* box : parts.desk.boxes())
-        if (box->hwnd() == GetFocus() && box->has_selection())
-            return box->selected_text();
-    return {};
-}
-
-} // namespace
-
 // The selection is read first: the boxes may be filled again before the window opens.
 core::Outcome show_editing_window(MainParts& parts, const CommandInput& input)
 {
-    const std::wstring selection = selection_in_boxes(parts);
+    const std::wstring selection = parts.desk.focused_selection();
     if (!prepare_editing(parts.session) || parts.talk.is_gone())
         return core::Outcome::failed;
     if (input.id == core::command::show_replace)

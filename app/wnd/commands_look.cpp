@@ -13,17 +13,31 @@ namespace app {
 
 namespace {
 
+// Message boxes belong to this window for the length of a scope.
+class BoxOwner {
+public:
+    BoxOwner(MainTalk& talk, ovlib::Wnd& owner)
+        : talk_(talk)
+    {
+        talk_.set_box_owner(&owner);
+    }
+    BoxOwner(const BoxOwner&) = delete;
+    BoxOwner& operator=(const BoxOwner&) = delete;
+    ~BoxOwner() { talk_.set_box_owner(nullptr); }
+
+private:
+    MainTalk& talk_;
+};
+
 // The settings window is modal: while it is open the main window turns no page, loads no Book, and shows its
 // boxes over the settings window.
 std::optional<look::SettingsChoice> ask_for_settings(MainParts& parts)
 {
     const InputGate::Hold hold{ parts.talk.input() };
-    parts.talk.set_box_owner(&parts.settings);
+    const BoxOwner owner{ parts.talk, parts.settings };
     const std::wstring address = look::read_mail_address(core::folders().dat + L"\\mail_address.txt");
     const auto shown = look::current_settings(parts.session.book().header, core::settings());
-    std::optional<look::SettingsChoice> choice = parts.settings.ask(shown, address);
-    parts.talk.set_box_owner(nullptr);
-    return choice;
+    return parts.settings.ask(shown, address);
 }
 
 } // namespace

@@ -123,10 +123,9 @@ Outcome renew_edited_mark(MainParts& parts, const CommandInput&)
 // Changing the text makes the search box send its own command, which renews the hits.
 Outcome search_selection(MainParts& parts, const CommandInput&)
 {
-    for (const look::MyBox* box : parts.desk.boxes()) {
-        if (box->hwnd() == GetFocus() && box->has_selection())
-            parts.controls.search_box().set_text(box->selected_text());
-    }
+    const std::wstring selected = parts.desk.focused_selection();
+    if (!selected.empty())
+        parts.controls.search_box().set_text(selected);
     return Outcome::done;
 }
 

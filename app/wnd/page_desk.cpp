@@ -100,6 +100,14 @@ void BoxDesk::select_hit(const book::SearchHit* hit)
     boxes()[box]->scroll_caret();
 }
 
+std::wstring BoxDesk::focused_selection() const
+{
+    for (const look::MyBox* box : boxes())
+        if (box->hwnd() && box->hwnd() == GetFocus() && box->has_selection())
+            return box->selected_text();
+    return {};
+}
+
 std::size_t BoxDesk::line_of(std::size_t box, std::uint64_t position) const
 {
     return static_cast<std::size_t>(boxes()[box]->line_from_char(static_cast<int>(position)));

@@ -44,6 +44,8 @@ public:
     void set_font(std::size_t box, const book::LogFont& record);
     // Removes the selections in the boxes. Then selects the place of `hit`, if it is in a box; null for none.
     void select_hit(const book::SearchHit* hit);
+    // The selected text of the box that has the focus; empty if there is none.
+    std::wstring focused_selection() const;
 
     // The index of the box that sends a colour message; nullopt for other controls.
     std::optional<std::size_t> box_of(const ovlib::WndMessage& message) const;

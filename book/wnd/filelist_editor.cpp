@@ -3,7 +3,6 @@
 #include "core/command_ids.hpp"
 #include "core/refresh.hpp"
 #include "core/scoped_flag.hpp"
-#include "core/titles.hpp"
 #include <utility>
 
 namespace book {
@@ -82,7 +81,7 @@ bool FileListEditor::on_message(ovlib::WndMessage& message)
     case WM_CLOSE:
         return on_close(message);
     case WM_NCHITTEST:
-        return on_hit_test(message);
+        return move_by_background(message);
     default:
         return ToolWindow::on_message(message);
     }
@@ -143,15 +142,6 @@ void FileListEditor::note_typing()
         apply_button_.set_highlighted(true);
     parent()->send_command(command::file_list_box, command::edit_changed,
         static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(box_.hwnd())));
-}
-
-// Clicks on the background move the window.
-bool FileListEditor::on_hit_test(ovlib::WndMessage& message)
-{
-    message.result = default_proc(message);
-    if (message.result == HTCLIENT)
-        message.result = HTCAPTION;
-    return true;
 }
 
 void FileListEditor::on_cancel()
@@ -250,10 +240,4 @@ int FileListEditor::ask(const std::wstring& question)
     const core::ScopedFlag asking{ is_asking_ };
     return show_message(question, MB_YESNOCANCEL | MB_ICONQUESTION);
 }
-
-std::wstring FileListEditor::box_caption() const
-{
-    return std::wstring(core::program_name) + L" - " + file_list_title;
-}
-
 } // namespace book

@@ -53,7 +53,6 @@ protected:
     bool make_controls() override;
     void on_opening() override;
     void on_cancel() override;
-    std::wstring box_caption() const override;
 
 private:
     void show_read_only();
@@ -70,7 +69,6 @@ private:
 
     bool on_command(int id, int code);
     bool on_close(ovlib::WndMessage& message);
-    bool on_hit_test(ovlib::WndMessage& message);
     void note_typing();
     bool shows(const std::wstring& text) const;
     void show_text(const std::wstring& text);

@@ -27,14 +27,17 @@ void draw_text(const ovlib::DC& dc, HFONT font, platform::Point place, const wch
 
 } // namespace
 
+void draw_group_line(const ovlib::DC& dc, const platform::Rect& frame)
+{
+    const ovlib::GDI::Pen line{ ovlib::GDI::solid_pen(1, palette().panel_line) };
+    const ovlib::ObjectSelection pen{ dc, line };
+    const ovlib::ObjectSelection hollow{ dc, GetStockObject(HOLLOW_BRUSH) };
+    RoundRect(dc.handle(), frame.left, frame.top, frame.right, frame.bottom, corner, corner);
+}
+
 void draw_group(const ovlib::DC& dc, const platform::Rect& frame, const wchar_t* caption)
 {
-    {
-        const ovlib::GDI::Pen line{ ovlib::GDI::solid_pen(1, palette().panel_line) };
-        const ovlib::ObjectSelection pen{ dc, line };
-        const ovlib::ObjectSelection hollow{ dc, GetStockObject(HOLLOW_BRUSH) };
-        RoundRect(dc.handle(), frame.left, frame.top, frame.right, frame.bottom, corner, corner);
-    }
+    draw_group_line(dc, frame);
     HFONT const font = shared_font(SharedFont::ui_8);
     const int height = text_size(dc, font, caption).height;
     const int top = frame.top - height / 2 - caption_lift;

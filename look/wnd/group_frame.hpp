@@ -7,6 +7,8 @@ namespace look {
 
 inline constexpr wchar_t page_settings_caption[] = L" ページごとの設定 ";
 
+// A rounded line in the colour of the theme.
+void draw_group_line(const ovlib::DC& dc, const platform::Rect& frame);
 // A rounded frame in the colours of the theme, with its caption on the upper line.
 void draw_group(const ovlib::DC& dc, const platform::Rect& frame, const wchar_t* caption);
 

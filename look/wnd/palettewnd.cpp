@@ -3,7 +3,6 @@
 #include "core/folders.hpp"
 #include "core/passed_object.hpp"
 #include "core/refresh.hpp"
-#include "core/titles.hpp"
 #include "look/box_look.hpp"
 #include "look/custom_colors.hpp"
 #include "look/theme.hpp"
@@ -84,7 +83,7 @@ bool PaletteWnd::on_message(ovlib::WndMessage& message)
     case WM_PAINT:
         return on_paint();
     case WM_NCHITTEST:
-        return on_hit_test(message);
+        return move_by_background(message);
     default:
         return ToolWindow::on_message(message);
     }
@@ -256,15 +255,6 @@ bool PaletteWnd::confirm_theme()
     const ovlib::WndWatch alive{ this };
     const int answer = show_message(theme_question, MB_YESNO | MB_ICONQUESTION);
     return answer == IDYES && alive && has_parent() && book_->revision == revision;
-}
-
-// The whole background moves the window, as its caption does.
-bool PaletteWnd::on_hit_test(ovlib::WndMessage& message)
-{
-    message.result = default_proc(message);
-    if (message.result == HTCLIENT)
-        message.result = HTCAPTION;
-    return true;
 }
 
 platform::Rect PaletteWnd::combo_place() const

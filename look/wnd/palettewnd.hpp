@@ -47,7 +47,6 @@ private:
     bool on_command(int id, int code);
     bool on_close(ovlib::WndMessage& message);
     bool on_paint();
-    bool on_hit_test(ovlib::WndMessage& message);
     platform::Rect combo_place() const;
     std::size_t chosen_box() const;
     void choose_color(BoxColor which);

@@ -1,7 +1,6 @@
 #include "look/wnd/settingwnd.hpp"
 #include "core/command_ids.hpp"
 #include "core/passed_object.hpp"
-#include "core/titles.hpp"
 #include "look/theme.hpp"
 #include "look/wnd/fonts.hpp"
 #include "look/wnd/group_frame.hpp"

@@ -39,11 +39,15 @@ bool color_field(ovlib::WndMessage& message)
     return true;
 }
 
+bool is_text_field(HWND control)
+{
+    return dynamic_cast<ovlib::EditBox*>(ovlib::Wnd::from_handle(control)) != nullptr;
+}
+
 // A read-only field sends the message of static controls.
 bool is_field(const ovlib::WndMessage& message)
 {
-    HWND const control = reinterpret_cast<HWND>(static_cast<std::intptr_t>(message.lparam));
-    return dynamic_cast<ovlib::EditBox*>(ovlib::Wnd::from_handle(control)) != nullptr;
+    return is_text_field(reinterpret_cast<HWND>(static_cast<std::intptr_t>(message.lparam)));
 }
 
 // In a combo box with a field, the field has the focus, so the parent is checked too.
@@ -64,11 +68,6 @@ bool keeps_enter(HWND control)
 bool keeps_key(HWND control, std::uint64_t key)
 {
     return is_dropped(control) || (key == VK_RETURN && keeps_enter(control));
-}
-
-bool is_text_field(HWND control)
-{
-    return dynamic_cast<ovlib::EditBox*>(ovlib::Wnd::from_handle(control)) != nullptr;
 }
 
 bool can_take_focus(const ovlib::Wnd& wnd)
@@ -284,6 +283,14 @@ bool ToolWindow::focus_control()
         }
     }
     return false;
+}
+
+bool ToolWindow::move_by_background(ovlib::WndMessage& message)
+{
+    message.result = default_proc(message);
+    if (message.result == HTCLIENT)
+        message.result = HTCAPTION;
+    return true;
 }
 
 std::optional<POINT> ToolWindow::menu_point(const ovlib::WndMessage& message) const

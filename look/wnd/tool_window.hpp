@@ -82,6 +82,8 @@ protected:
     bool add_controls(std::initializer_list<ToolControl> controls);
     // Moves the upper left corner to the cursor position plus `offset`.
     void place_at_cursor(platform::Point offset);
+    // For WM_NCHITTEST: the background moves the window, as the caption does.
+    bool move_by_background(ovlib::WndMessage& message);
     // Where a context menu is shown for this WM_CONTEXTMENU: at the mouse, or below the focused control if
     // the menu was requested by a key. nullopt for a point outside the client area.
     std::optional<POINT> menu_point(const ovlib::WndMessage& message) const;
