@@ -106,14 +106,19 @@ book::Page make_page(std::wstring box1, std::wstring box2, std::wstring box3)
 book::Book load_book(const fs::path& file)
 {
     book::Book book;
-    std::wstring error;
-    std::wstring question;
-    const bool loaded = book.load(file.wstring(), error, [&](const std::wstring& asked) {
-        question = asked;
-        return false;
-    });
-    if (!loaded)
-        throw DriverError("unreadable Book: " + platform::to_utf8(error + question));
+    std::wstring problem;
+    const auto load = [&] {
+        std::wstring error;
+        std::wstring question;
+        const bool is_loaded = book.load(file.wstring(), error, [&](const std::wstring& asked) {
+            question = asked;
+            return false;
+        });
+        problem = error + question;
+        return is_loaded;
+    };
+    if (!wait_until(load))
+        throw DriverError("unreadable Book: " + platform::to_utf8(problem));
     return book;
 }
 

@@ -24,7 +24,8 @@ bool is_old(const std::filesystem::path& file);
 book::Page make_page(std::wstring box1, std::wstring box2 = L"", std::wstring box3 = L"");
 inline constexpr std::wstring_view old_stamp = L"2001020304050620010203040506";
 
-// Loads a Book from its file. Throws DriverError if it cannot be read without a question.
+// Loads a Book from its file, which the program may still be writing. Throws DriverError if the file cannot
+// be read without a question until the deadline.
 book::Book load_book(const std::filesystem::path& file);
 
 // Makes a file unwritable and read-only during its lifetime. The attribute alone has no effect if the tests

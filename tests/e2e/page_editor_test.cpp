@@ -55,6 +55,7 @@ protected:
         if (!question.empty())
             answer_box(question, Icon::question, answer);
         require("the page editor closes", [&] { return !editor().exists(); });
+        main_window().send(WM_NULL); // it saves after it has closed
     }
 };
 

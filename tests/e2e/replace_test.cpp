@@ -61,6 +61,7 @@ protected:
         if (!question.empty())
             answer_box(question, Icon::question, answer);
         require("the replace window closes", [&] { return !replace_window().exists(); });
+        main_window().send(WM_NULL); // it saves after it has closed
     }
 };
 
