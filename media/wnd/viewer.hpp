@@ -6,6 +6,7 @@
 #include "controls/wheel_steps.hpp"
 #include "controls/window_place.hpp"
 #include "look/wnd/themed.hpp"
+#include "media/pane_input.hpp"
 #include "media/path_answers.hpp"
 #include "media/viewer_model.hpp"
 #include "media/wnd/image_canvas.hpp"
@@ -62,6 +63,7 @@ private:
 
     bool on_mouse(ovlib::WndMessage& message);
     bool on_mouse_move(platform::Point at, bool is_button_down);
+    void on_double_click(platform::Point at);
     void begin_drag(platform::Point at);
     void end_drag();
     void show_buttons(platform::Point mouse);
@@ -89,8 +91,10 @@ private:
     ovlib::OpenState state_;
     std::wstring name_; // of the loaded file; its path is queried only once per load
     platform::Point last_mouse_;
+    DragArm press_; // where the picture was pressed
     std::int32_t zoom_ = actual_zoom;
     bool is_dragging_ = false;
+    bool was_moved_ = false; // in the last drag
     bool is_ready_ = false; // something may be painted
     bool is_stale_ = true; // the canvas must be drawn before it is painted
     bool is_laying_out_ = false; // changes of the bars send WM_SIZE

@@ -199,8 +199,7 @@ bool Viewer::on_mouse(ovlib::WndMessage& message)
         begin_drag(ovlib::mouse_point(message));
         return true;
     case WM_LBUTTONDBLCLK:
-        if (is_at_actual_size())
-            set_view(mode_fit, zoom_);
+        on_double_click(ovlib::mouse_point(message));
         return true;
     case WM_LBUTTONUP:
     case WM_CAPTURECHANGED:
@@ -222,9 +221,20 @@ bool Viewer::on_mouse_move(Point at, bool is_button_down)
         show_buttons(at);
         return true;
     }
+    was_moved_ =
+        was_moved_ || press_.is_due(at, { GetSystemMetrics(SM_CXDRAG), GetSystemMetrics(SM_CYDRAG) });
     if (bars_.drag(std::exchange(last_mouse_, at), at))
         invalidate();
     return true;
+}
+
+// The press after a short drag counts as a double click too, if it is at the same place.
+void Viewer::on_double_click(Point at)
+{
+    if (was_moved_)
+        begin_drag(at);
+    else if (is_at_actual_size())
+        set_view(mode_fit, zoom_);
 }
 
 // The mouse also leaves the window when it reaches one of the buttons.
@@ -244,6 +254,9 @@ void Viewer::begin_drag(Point at)
         return;
     SetCapture(hwnd());
     is_dragging_ = true;
+    was_moved_ = false;
+    press_.disarm();
+    press_.press(at);
     last_mouse_ = at;
     SetCursor(LoadCursorW(nullptr, IDC_HAND));
 }

@@ -14,6 +14,7 @@ void create_hidden(look::ImageButton& button, const wchar_t* label, const RECT& 
     if (!button.create(label))
         return;
     button.show(false);
+    button.set_rounded(false); // round corners would show the panel's colour over the picture
     button.set_font(look::shared_font(look::SharedFont::jp_8_bold));
     button.set_rect(place, false);
 }
