@@ -132,6 +132,8 @@ protected:
         }
         return false;
     }
+    // Enter on a greyed row closes the menu under Wine, and Esc would reach the viewer: only the mouse tries
+    // one.
     PopupMenu menu(const media::ViewerMenuState& state)
     {
         return { program(), media::viewer_menu(state), [this] { right_click(middle_of_viewer()); } };
@@ -177,7 +179,7 @@ TEST_F(ViewerOfFiles, OpensByTheMenuOfThePaneAndFitsThePicture)
     require("the viewer shows", [&] { return program().is_active(viewer()); });
     const int width = client().right;
     expect_title(L"絵.png   [ 100 x 50,  " + std::to_wstring(width) + L"% ]");
-    EXPECT_EQ(seen(20, client().bottom / 2), red);
+    expect_soon(red, [&] { return seen(20, client().bottom / 2); });
     EXPECT_EQ(seen(width - 20, client().bottom / 2), blue);
     EXPECT_EQ(seen(20, 20), viewer_back);
     EXPECT_EQ(viewer().rect().left, 700);
@@ -219,7 +221,7 @@ TEST_F(ViewerOfFiles, EachRowOfTheMenuWorksByMouseAndByKeys)
         menu(state).choose(command::last_file, hand);
         expect_middle(blue);
         state.selected = 2;
-        menu(state).choose_in_vain(command::last_file, hand);
+        menu(state).choose_in_vain(command::last_file, Hand::mouse);
         menu(state).choose(command::first_file, hand);
         expect_middle(red);
         state.selected = 0;
@@ -477,7 +479,7 @@ TEST_F(ViewerOfFiles, AnEmptyListShowsNoFileAndItsMenuOffersNone)
     bring_to_front();
     expect_middle(viewer_back);
     menu({ mode_actual_size, 0, 0, false }).choose_in_vain(command::first_file, Hand::mouse);
-    menu({ mode_actual_size, 0, 0, false }).choose_in_vain(command::last_file, Hand::keys);
+    menu({ mode_actual_size, 0, 0, false }).choose_in_vain(command::last_file, Hand::mouse);
     menu({ mode_actual_size, 0, 0, false }).choose_in_vain(command::duplicate_file, Hand::mouse);
     main_window().send_command(command::previous_page);
     expect_title(L"絵.png   [ 65 x 65,  100% ]");
