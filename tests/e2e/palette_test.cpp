@@ -195,10 +195,26 @@ TEST_F(Palettes, AThemeChangesNoPageUnlessTheCheckIsOnAndTheUserAgrees)
         expect_color(look::theme_colors(theme).panel_back, on_screen(4, 4));
     };
     panel(look::theme_dark);
+    const std::vector<book::Page> before = load_book(file).pages;
+    const auto expect_unchanged = [&] {
+        const std::wstring stamp = load_book(file).pages[0].stamp;
+        program().click_on(box(command::box_1));
+        type_text(L"x");
+        chord({ VK_CONTROL, 'S' });
+        require("the page is saved", [&] { return load_book(file).pages[0].stamp != stamp; });
+        const std::vector<book::Page> now = load_book(file).pages;
+        for (std::size_t i = 0; i < before.size(); ++i) {
+            EXPECT_EQ(now[i].text_color, before[i].text_color) << i;
+            EXPECT_EQ(now[i].back_color, before[i].back_color) << i;
+        }
+    };
+    expect_unchanged();
     press_button(command::apply_theme_to_pages);
     choose_theme(6003, Hand::mouse);
     answer_box(look::theme_question, Icon::question, IDNO);
     panel(look::theme_dark);
+    program().await_input();
+    expect_unchanged();
     choose_theme(6003, Hand::mouse);
     answer_box(look::theme_question, Icon::question, IDYES);
     panel(6003);

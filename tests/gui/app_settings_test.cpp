@@ -86,13 +86,16 @@ TEST_F(AppSettings, ShowThemselvesAgain)
 TEST_F(AppSettings, ASecondOneIsRefused)
 {
     open({ page(L"a") });
-    int count = 0;
+    bool returned = false; // a second run would last until the window closes
     settings([&](HWND window) {
-        send_to_main(command::show_settings);
-        count = gui::settings_window_of(GetWindowThreadProcessId(window, nullptr)) == window ? 1 : 2;
+        constexpr UINT limit = 3000;
+        DWORD_PTR result = 0;
+        returned = SendMessageTimeoutW(this->window().hwnd(), WM_COMMAND, command::show_settings, 0,
+                       SMTO_NORMAL, limit, &result)
+            != 0;
         press_ok(window);
     });
-    EXPECT_EQ(count, 1);
+    EXPECT_TRUE(returned);
 }
 
 TEST_F(AppSettings, TheMainWindowAcceptsNoInputMeanwhile)
@@ -185,6 +188,7 @@ TEST_F(AppSettings, AFailedMailIsReportedOverTheWindow)
     open({ page(L"a") });
     const gui::ShellCalls shell{ 31 };
     HWND owner = nullptr;
+    HICON icon = nullptr;
     std::vector<std::wstring> met;
     settings([&](HWND window) {
         const DWORD thread = GetWindowThreadProcessId(window, nullptr);
@@ -192,6 +196,7 @@ TEST_F(AppSettings, AFailedMailIsReportedOverTheWindow)
             gui::poll_until([&] { return gui::dialog_of(thread) != nullptr; });
             HWND const dialog = gui::dialog_of(thread);
             owner = GetWindow(dialog, GW_OWNER) == window ? window : nullptr;
+            icon = gui::box_icon(dialog);
             met = { gui::text_of(dialog), gui::text_of(GetDlgItem(dialog, 65535)) };
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         } };
@@ -203,6 +208,7 @@ TEST_F(AppSettings, AFailedMailIsReportedOverTheWindow)
     EXPECT_EQ(met,
         (std::vector<std::wstring>{
             core::message_caption(book().path), L"Error: 既定のメーラーを開けませんでした．" }));
+    EXPECT_EQ(icon, LoadIconW(nullptr, IDI_WARNING));
 }
 
 TEST_F(AppSettings, TheProgramEndsWithItOpen)
