@@ -53,28 +53,11 @@ protected:
             require("the next box is selected", [&] { return selected() > before; });
         }
     }
-    // A dialog of the system with this control.
-    Window system_dialog(int control)
-    {
-        Window found;
-        require("a dialog shows", [&] {
-            for (const Window window : top_windows(program().process_id())) {
-                if (window.class_name() == L"#32770" && GetDlgItem(window.handle(), control))
-                    found = window;
-            }
-            return found.exists() && program().is_active(found);
-        });
-        return found;
-    }
+    Window system_dialog(int control) { return program().wait_for_dialog_with(control); }
     void choose_color(int button, COLORREF color)
     {
         press_button(button);
-        const Window dialog = system_dialog(706);
-        for (const auto& [field, value] : { std::pair{ 706, GetRValue(color) },
-                 std::pair{ 707, GetGValue(color) }, std::pair{ 708, GetBValue(color) } })
-            dialog.child(field).set_text(std::to_wstring(value));
-        dialog.post(WM_COMMAND, IDOK);
-        require("the dialog has closed", [&] { return !dialog.exists(); });
+        program().answer_color_dialog(color);
     }
     void choose_theme(int theme, Hand hand)
     {
