@@ -364,6 +364,22 @@ TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsBoxes)
     EXPECT_EQ(bytes_of(), before);
 }
 
+TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderTheBoxesOfItsEnd)
+{
+    open_changed();
+    {
+        const gui::Unwritable unwritable{ file(L"手帖.bok") };
+        end_under_box([&] { replace().send(WM_CLOSE, 0, 0); }, { IDYES }); // the report of the failed save
+    }
+    EXPECT_EQ(replace().hwnd(), nullptr);
+    close();
+    open_changed();
+    DeleteFileW(file(L"手帖.bok").c_str());
+    end_under_box([&] { replace().send(WM_CLOSE, 0, 0); }, { IDNO }); // that of the missing file
+    EXPECT_EQ(replace().hwnd(), nullptr);
+    EXPECT_FALSE(replace().is_open());
+}
+
 TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsReport)
 {
     open_three();

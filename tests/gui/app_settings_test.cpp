@@ -3,7 +3,8 @@
 #include "book/wnd/historywnd.hpp"
 #include "core/folders.hpp"
 #include "look/settings_view.hpp"
-#include "tests/support/gui_app_controls.hpp"
+#include "look/wnd/palettewnd.hpp"
+#include "tests/support/gui_app_windows.hpp"
 #include "tests/support/gui_links.hpp"
 #include "tests/support/gui_settings.hpp"
 #include "tests/support/gui_shell_calls.hpp"
@@ -14,7 +15,7 @@ namespace {
 namespace command = core::command;
 using gui::SettingsUser;
 
-class AppSettings : public gui::AppControls {
+class AppSettings : public gui::AppWindows {
 protected:
     static void press(HWND window, int id) { SendMessageW(GetDlgItem(window, id), BM_CLICK, 0, 0); }
     static void press_ok(HWND window) { press(window, command::close_window); }
@@ -113,6 +114,34 @@ TEST_F(AppSettings, TheMainWindowAcceptsNoInputMeanwhile)
     EXPECT_EQ(book().header.position, 0u);
     EXPECT_TRUE(window().is_accepting_input());
     EXPECT_TRUE(the<book::HistoryWnd>().is_enabled());
+}
+
+TEST_F(AppSettings, WindowsThatAreOpenMeanwhileKeepTheirState)
+{
+    open({ page_with_files({ L"a", L"b" }) });
+    command(command::show_file_list_editor);
+    command(command::toggle_results);
+    command(command::show_palette);
+    retype_list(L"x");
+    bool was_read_only = false;
+    settings([&](HWND window) {
+        was_read_only = (GetWindowLongW(list_box(), GWL_STYLE) & ES_READONLY) != 0;
+        SendMessageW(list_editor().hwnd(), WM_COMMAND, command::apply_file_list, 0);
+        press(window, 2553); // wrapping creates the boxes again
+        press_ok(window);
+    });
+    EXPECT_TRUE(was_read_only);
+    EXPECT_EQ(book().header.wrap_text, 1);
+    EXPECT_EQ(book().pages[0].files.size(), 2u) << "nothing is applied under another window's questions";
+    EXPECT_TRUE(list_editor().is_open());
+    EXPECT_TRUE(list_editor().is_modified());
+    EXPECT_EQ(list_text(), L"x");
+    EXPECT_FALSE(GetWindowLongW(list_box(), GWL_STYLE) & ES_READONLY);
+    EXPECT_TRUE(results().is_open());
+    EXPECT_TRUE(beside<look::PaletteWnd>().is_open());
+    for (const int id : { command::box_1, command::box_2, command::box_3 })
+        EXPECT_TRUE(IsWindowEnabled(box(id))) << id;
+    list_editor().clear_modified();
 }
 
 TEST_F(AppSettings, OkForAnotherBookIsDropped)

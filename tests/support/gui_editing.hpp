@@ -8,6 +8,7 @@
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_menu.hpp"
 #include "tests/support/gui_typing.hpp"
+#include <deque>
 #include <fstream>
 #include <iterator>
 
@@ -115,16 +116,25 @@ protected:
         return digits;
     }
 
-    // Runs an action that shows a box. While the box is open the main window is destroyed, with everything it
-    // owns.
-    void end_under_box(const std::function<void()>& action)
+    // Runs an action that shows boxes and presses these buttons. While the box after them is open the main
+    // window is destroyed, with everything it owns.
+    void end_under_box(const std::function<void()>& action, std::deque<int> buttons = {})
     {
         static HWND main;
+        static std::deque<int> pressed;
         main = window().hwnd();
+        pressed = std::move(buttons);
         constexpr UINT often = 10;
         const UINT_PTR timer = SetTimer(nullptr, 0, often, [](HWND, UINT, UINT_PTR, DWORD) {
-            if (dialog_of(GetCurrentThreadId()))
+            HWND const dialog = dialog_of(GetCurrentThreadId());
+            if (!dialog)
+                return;
+            if (pressed.empty()) {
                 DestroyWindow(main);
+                return;
+            }
+            SendMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(pressed.front()), 0);
+            pressed.pop_front();
         });
         action();
         KillTimer(nullptr, timer);
