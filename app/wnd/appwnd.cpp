@@ -85,9 +85,10 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
     case WM_MOUSEMOVE:
         return background.on_mouse_move(ovlib::mouse_point(message));
     case WM_LBUTTONUP:
+        return background.on_release(ovlib::mouse_point(message));
     case WM_KILLFOCUS:
     case WM_CAPTURECHANGED:
-        return background.on_release();
+        return background.on_drag_end();
     default:
         return false;
     }
@@ -175,7 +176,7 @@ bool AppWnd::on_close()
     show(false);
     is_closing_ = true;
     parts_.links.close();
-    parts_.background.on_release();
+    parts_.background.on_drag_end();
     end_background_work();
     parts_.session.save_at_close();
     store_settings();
