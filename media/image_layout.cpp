@@ -85,12 +85,13 @@ struct VisibleSpan {
     double length = 0;
 };
 
-// One direction of a visible part. When a picture is reduced, more of its pixels are mixed into one.
+// One direction of a visible part. When a picture is reduced, several of its pixels are mixed into one. When
+// it is enlarged, each further one would cost a strip as wide as the enlarged pixel.
 VisibleSpan visible_span(int target_from, int target_to, int image, int canvas)
 {
     constexpr double mixed_pixels = 4;
     const double scale = (static_cast<double>(target_to) - target_from) / image;
-    const double margin = std::ceil(mixed_pixels / std::min(scale, 1.0));
+    const double margin = scale < 1 ? std::ceil(mixed_pixels / scale) : 1;
     const double first = std::floor((0.0 - target_from) / scale) - margin;
     const double last = std::ceil((static_cast<double>(canvas) - target_from) / scale) + margin;
     const auto from = static_cast<int>(std::clamp<double>(first, 0, image));

@@ -149,7 +149,7 @@ TEST(VisiblePart, HasAMarginOfPicturePixelsAroundTheCanvas)
 {
     // At 400 % the canvas shows the picture's pixels 25 to 75.
     EXPECT_EQ(media::visible_part({ -100, 0, 300, 400 }, { 100, 100 }, { 200, 200 }),
-        (media::VisiblePart{ { 21, 0, 79, 54 }, -16, 0, 232, 216 }));
+        (media::VisiblePart{ { 24, 0, 76, 51 }, -4, 0, 208, 204 }));
     // A reduced picture needs more of them: at 50 % these are 50 to 150.
     EXPECT_EQ(media::visible_part({ -25, -5, 175, 195 }, { 400, 400 }, { 50, 500 }),
         (media::VisiblePart{ { 42, 2, 158, 400 }, -4, -4, 58, 199 }));
