@@ -141,8 +141,12 @@ Outcome remove_all_files(MainParts& parts, const CommandInput&)
     return app::remove_all_files(parts.session);
 }
 
+// The viewer sends this too, and stays enabled while the main window shows a box or a dialog. A second dialog
+// would be nested in the first.
 Outcome duplicate_file(MainParts& parts, const CommandInput&)
 {
+    if (!parts.talk.is_accepting_input())
+        return Outcome::failed;
     return app::duplicate_file(
         parts.session, [&parts](const std::wstring& source) { return parts.talk.choose_copy(source); });
 }
@@ -162,6 +166,12 @@ Outcome search_moved_file(MainParts& parts, const CommandInput&)
     const std::wstring* entry = book::selected_entry(*page);
     const std::wstring searched = entry ? *entry : std::wstring{};
     return outcome_of(media::search_moved_file(searched, { link, names, paths, talk }));
+}
+
+Outcome show_viewer(MainParts& parts, const CommandInput&)
+{
+    parts.file_view.open_viewer();
+    return Outcome::done;
 }
 
 // An existing file is opened by its full path: for a bare name the shell would also search the system's
