@@ -141,12 +141,8 @@ Outcome remove_all_files(MainParts& parts, const CommandInput&)
     return app::remove_all_files(parts.session);
 }
 
-// The viewer sends this too, and stays enabled while the main window shows a box or a dialog. A second dialog
-// would be nested in the first.
 Outcome duplicate_file(MainParts& parts, const CommandInput&)
 {
-    if (!parts.talk.is_accepting_input())
-        return Outcome::failed;
     return app::duplicate_file(
         parts.session, [&parts](const std::wstring& source) { return parts.talk.choose_copy(source); });
 }
