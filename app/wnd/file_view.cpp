@@ -18,7 +18,7 @@ constexpr look::SharedFont note_font = look::SharedFont::ui_9_bold;
 
 FileView::FileView(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths)
     : paths_(paths)
-    , pane_(parent, book, { thumbnails_, properties_, paths })
+    , pane_(parent, book, { thumbnails_, properties_, paths, &drag_ })
 {
 }
 

@@ -1,0 +1,21 @@
+#include "media/wnd/shell_file_drag.hpp"
+
+namespace media {
+
+ShellFileDrag::ShellFileDrag()
+{
+    source_.Attach(new ovlib::DragFiles);
+}
+
+void ShellFileDrag::run(const std::wstring& path)
+{
+    if (GetKeyState(VK_LBUTTON) >= 0)
+        return;
+    Microsoft::WRL::ComPtr<ovlib::DragDataObject> data;
+    data.Attach(new ovlib::DragDataObject);
+    data->paths = { path };
+    DWORD effect = DROPEFFECT_NONE;
+    DoDragDrop(data.Get(), source_.Get(), DROPEFFECT_COPY, &effect);
+}
+
+} // namespace media
