@@ -21,16 +21,6 @@ constexpr bool is_allowed(DropSource source, std::uint32_t allowed_kinds)
     return (static_cast<std::uint32_t>(source) & allowed_kinds) != 0;
 }
 
-// The first usable kind; a source that offers files and text counts as files.
-constexpr DropSource first_usable(bool has_files, bool has_virtual_files, bool has_text)
-{
-    if (has_files)
-        return DropSource::files;
-    if (has_virtual_files)
-        return DropSource::virtual_files;
-    return has_text ? DropSource::text : DropSource::nothing;
-}
-
 inline constexpr std::uint32_t no_drop = 0;
 inline constexpr std::uint32_t drop_copy = 1;
 

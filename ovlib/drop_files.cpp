@@ -35,9 +35,14 @@ bool has(IDataObject& data, CLIPFORMAT format)
     return data.QueryGetData(&asked) == S_OK;
 }
 
+// The first kind that the source offers; one that offers files and text counts as files.
 DropSource kind_of(IDataObject& data)
 {
-    return first_usable(has(data, CF_HDROP), has(data, formats().descriptor), has(data, CF_UNICODETEXT));
+    if (has(data, CF_HDROP))
+        return DropSource::files;
+    if (has(data, formats().descriptor))
+        return DropSource::virtual_files;
+    return has(data, CF_UNICODETEXT) ? DropSource::text : DropSource::nothing;
 }
 
 std::wstring from_code_page(std::string_view text)

@@ -43,8 +43,9 @@ MainDrops::~MainDrops()
 
 void MainDrops::start()
 {
-    target_.Attach(new ovlib::DropFiles{ &parts_.window,
-        { [this] { return is_accepting(); }, [this](const std::wstring& text) { show_failure(text); } } });
+    target_ = ovlib::make_com<ovlib::DropFiles>(&parts_.window,
+        ovlib::DropFiles::Hooks{
+            [this] { return is_accepting(); }, [this](const std::wstring& text) { show_failure(text); } });
     target_->message = drop_notification;
     target_->allowed_kinds = ovlib::all_drop_kinds;
     if (FAILED(RegisterDragDrop(parts_.window.hwnd(), target_.Get())))

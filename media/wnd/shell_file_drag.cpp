@@ -3,16 +3,15 @@
 namespace media {
 
 ShellFileDrag::ShellFileDrag()
+    : source_(ovlib::make_com<ovlib::DragFiles>())
 {
-    source_.Attach(new ovlib::DragFiles);
 }
 
 void ShellFileDrag::run(const std::wstring& path)
 {
     if (GetKeyState(VK_LBUTTON) >= 0)
         return;
-    Microsoft::WRL::ComPtr<ovlib::DragDataObject> data;
-    data.Attach(new ovlib::DragDataObject);
+    const auto data = ovlib::make_com<ovlib::DragDataObject>();
     data->paths = { path };
     DWORD effect = DROPEFFECT_NONE;
     DoDragDrop(data.Get(), source_.Get(), DROPEFFECT_COPY, &effect);

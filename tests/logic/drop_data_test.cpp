@@ -202,16 +202,6 @@ TEST(VirtualFiles, EndAtTheStatedSizeIfItIsInsideTheBlock)
     EXPECT_EQ(ovlib::content_size({ L"a", std::nullopt }, 1ull << 33), 1ull << 33) << "not cut to 32 bits";
 }
 
-TEST(DropKinds, AreFilesBeforeAttachmentsBeforeText)
-{
-    using ovlib::first_usable;
-    EXPECT_EQ(first_usable(true, true, true), DropSource::files);
-    EXPECT_EQ(first_usable(true, false, true), DropSource::files);
-    EXPECT_EQ(first_usable(false, true, true), DropSource::virtual_files);
-    EXPECT_EQ(first_usable(false, false, true), DropSource::text);
-    EXPECT_EQ(first_usable(false, false, false), DropSource::nothing);
-}
-
 TEST(DropKinds, AreAllowedByTheirBit)
 {
     for (const DropSource kind : { DropSource::files, DropSource::virtual_files, DropSource::text }) {

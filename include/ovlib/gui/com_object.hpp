@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <objidl.h>
 #include <span>
+#include <utility>
+#include <wrl/client.h>
 
 namespace ovlib {
 
@@ -42,6 +44,15 @@ protected:
 private:
     std::atomic<ULONG> references_ = 1;
 };
+
+// A new object; the result holds its first reference. ComPtr::Attach adds one in some versions of its header.
+template <class Object, class... Arguments>
+Microsoft::WRL::ComPtr<Object> make_com(Arguments&&... arguments)
+{
+    Microsoft::WRL::ComPtr<Object> made;
+    *made.ReleaseAndGetAddressOf() = new Object{ std::forward<Arguments>(arguments)... };
+    return made;
+}
 
 // Data in global memory, as OLE passes it. `index` names one of several contents.
 FORMATETC memory_format(CLIPFORMAT format, LONG index = -1);
