@@ -10,11 +10,17 @@ namespace {
 
 using Bytes = std::span<const std::byte>;
 
+std::wstring widened(std::string_view text)
+{
+    std::wstring wide;
+    for (const char unit : text)
+        wide += static_cast<unsigned char>(unit);
+    return wide;
+}
+
 void check_paths(Bytes block)
 {
-    const auto paths = ovlib::dropped_paths(block, [](std::string_view text) {
-        return std::wstring{ text.begin(), text.end() };
-    });
+    const auto paths = ovlib::dropped_paths(block, &widened);
     fuzz::require(paths.size() <= block.size());
     for (const std::wstring& path : paths)
         fuzz::require(!path.empty() && path.size() < ovlib::drop_path_limit);
