@@ -165,7 +165,14 @@ void DragPartner::drag_to(POINT to, const std::function<void(test_support::FakeS
         return wait_until([this] { return is_dragging_.load(); }, milliseconds{ 500 });
     });
     lead_mouse(place(), to);
-    require("the program answers the drag", [this] { return feedback().has_value(); });
+    require("the program answers the drag", [this, to] { return moves_on(to) && feedback().has_value(); });
+}
+
+bool DragPartner::moves_on(POINT around)
+{
+    move_mouse({ around.x + 1, around.y });
+    move_mouse(around);
+    return true;
 }
 
 void DragPartner::release(Then then)

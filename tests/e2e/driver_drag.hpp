@@ -24,6 +24,8 @@ public:
 
     // Takes up what `fill` offers with the left button and leads it to this point. The button stays pressed.
     void drag_to(POINT to, const std::function<void(test_support::FakeSource&)>& fill);
+    // Moves the pointer a little. A drag that has just begun does not know of earlier moves.
+    static bool moves_on(POINT around);
     // Releases the button. Returns when the drag has ended, unless `is_asked`: the drop shows dialogs first.
     enum class Then { wait, answer_dialogs };
     void release(Then then = Then::wait);

@@ -386,7 +386,8 @@ protected:
         const POINT pane = middle(layout().file_pane);
         press_mouse(pane);
         lead_mouse(pane, partner_.place());
-        require("the drag enters", [this] { return partner_.entries() == 1; });
+        require("the drag enters",
+            [this] { return DragPartner::moves_on(partner_.place()) && partner_.entries() == 1; });
     }
     void drop_out()
     {
