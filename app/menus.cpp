@@ -66,7 +66,7 @@ MenuRows main_menu(const MainMenuState& state)
         menu_item(command::show_replace, editable ? L"置換" : L"ソート中は置換不可", editable),
         menu_separator(), menu_item(command::show_web_viewer, L"Chat"),
         menu_item(command::show_palette, L"色 / フォント", !state.is_palette_open),
-        menu_item(command::show_settings, L"設定", free) };
+        menu_item(command::show_settings, L"設定", free && state.accepts_input) };
 }
 
 MenuRows file_menu(const FileMenuState& state)

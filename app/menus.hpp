@@ -23,6 +23,7 @@ ovlib::MenuRows book_menu(bool has_edits);
 
 struct MainMenuState {
     bool is_busy = false; // the page editor or the replace window is open
+    bool accepts_input = true; // no box or dialog is open
     bool is_palette_open = false;
     bool is_file_list_editor_open = false;
     std::int32_t order_mode = 0; // of the Book, with its sign

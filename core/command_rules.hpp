@@ -115,7 +115,7 @@ inline constexpr std::array command_rules{
     CommandRule{ command::show_web_viewer },
     CommandRule{ { command::first_theme, command::last_theme } },
     CommandRule{ command::apply_theme_to_pages },
-    CommandRule{ command::show_settings, refresh::full_but_page, 0, Needs::free_book },
+    CommandRule{ command::show_settings, refresh::full_but_page, 0, Needs::input | Needs::free_book },
     CommandRule{ { command::first_history_entry, command::last_history_entry }, refresh::full,
         refresh::controls, Needs::free_book },
     CommandRule{ command::show_history, 0, 0, Needs::free_book },

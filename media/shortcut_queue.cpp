@@ -22,17 +22,25 @@ void make_link(const std::wstring& entry, std::size_t index, LinkStore& store, L
 
 } // namespace
 
-std::vector<std::wstring> every_entry(const book::Book& book)
+EntryList every_entry(const book::Book& book)
 {
-    constexpr std::size_t expected = 200000; // enough for any likely Book, so the vector does not grow
-    std::vector<std::wstring> entries;
-    entries.reserve(expected);
-    for (const book::Page& page : book.pages)
-        entries.insert(entries.end(), page.files.begin(), page.files.end());
+    std::size_t count = 0;
+    std::size_t units = 0;
+    for (const book::Page& page : book.pages) {
+        count += page.files.size();
+        for (const std::wstring& file : page.files)
+            units += file.size();
+    }
+    EntryList entries;
+    entries.reserve(count, units);
+    for (const book::Page& page : book.pages) {
+        for (const std::wstring& file : page.files)
+            entries.push_back(file);
+    }
     return entries;
 }
 
-QueueCounts ShortcutQueue::replace(std::vector<std::wstring> entries)
+QueueCounts ShortcutQueue::replace(EntryList entries)
 {
     const std::scoped_lock hold{ lock_ };
     entries_ = std::move(entries);
@@ -46,10 +54,9 @@ QueueCounts ShortcutQueue::merge(const std::vector<std::wstring>& paths)
     const QueueCounts counts{ paths.size(), entries_.size() - resume_index_ };
     if (counts == QueueCounts{})
         return counts;
-    std::vector<std::wstring> merged = paths;
-    merged.reserve(paths.size() + counts.pending);
+    EntryList merged{ paths };
     for (std::size_t i = resume_index_; i < entries_.size(); ++i)
-        merged.push_back(std::move(entries_[i]));
+        merged.push_back(entries_[i]);
     entries_ = std::move(merged);
     resume_index_ = 0;
     return counts;
@@ -80,7 +87,7 @@ void make_links(
             queue.interrupt_at(i);
             return;
         }
-        make_link(queue.entries()[i], i, store, names, paths, control);
+        make_link(std::wstring{ queue.entries()[i] }, i, store, names, paths, control);
     }
     queue.finish();
 }

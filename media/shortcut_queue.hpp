@@ -1,6 +1,7 @@
 // The queue of paths for which a worker makes links, and the start, run and resumption of that worker.
 #pragma once
 #include "book/book.hpp"
+#include "media/entry_list.hpp"
 #include "media/file_links.hpp"
 #include <atomic>
 #include <cstddef>
@@ -20,20 +21,20 @@ struct QueueCounts {
 };
 
 // Every entry of every page in stored order, including addresses and duplicates.
-std::vector<std::wstring> every_entry(const book::Book& book);
+EntryList every_entry(const book::Book& book);
 
 // The operations take the queue's lock, and the worker holds it for a whole run. So the worker must be
 // stopped before anything is queued.
 class ShortcutQueue {
 public:
     // Replaces all entries, including those an interrupted run left.
-    QueueCounts replace(std::vector<std::wstring> entries);
+    QueueCounts replace(EntryList entries);
     // Puts the paths before the entries that an interrupted run left.
     QueueCounts merge(const std::vector<std::wstring>& paths);
 
     std::recursive_mutex& lock() const { return lock_; }
     // Call with the lock held.
-    const std::vector<std::wstring>& entries() const { return entries_; }
+    const EntryList& entries() const { return entries_; }
     // The number of leading entries that are done.
     std::size_t resume_index() const { return resume_index_; }
 
@@ -45,7 +46,7 @@ public:
 
 private:
     mutable std::recursive_mutex lock_;
-    std::vector<std::wstring> entries_;
+    EntryList entries_;
     std::size_t resume_index_ = 0;
     std::atomic<bool> is_interrupted_ = false;
 };

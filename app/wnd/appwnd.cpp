@@ -88,9 +88,10 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
     case WM_MOUSEMOVE:
         return background.on_mouse_move(ovlib::mouse_point(message));
     case WM_LBUTTONUP:
+        return background.on_release(ovlib::mouse_point(message));
     case WM_KILLFOCUS:
     case WM_CAPTURECHANGED:
-        return background.on_release();
+        return background.on_drag_end();
     case drop_notification:
         message.result = parts_.drops.on_notification(HIWORD(message.wparam), message.lparam);
         return true;
@@ -189,7 +190,7 @@ bool AppWnd::on_close()
     is_closing_ = true;
     parts_.drops.stop();
     parts_.links.close();
-    parts_.background.on_release();
+    parts_.background.on_drag_end();
     end_background_work();
     parts_.session.save_at_close();
     store_settings();

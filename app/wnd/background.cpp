@@ -77,6 +77,12 @@ bool Background::on_caption_press(const ovlib::WndMessage& message)
 bool Background::on_mouse_move(Point point)
 {
     show_cursor(point);
+    drag_to(point);
+    return true;
+}
+
+void Background::drag_to(Point point)
+{
     if (grip_) {
         // The grip, measured on the screen, stays the same: so the window follows the mouse.
         POINT mouse{ point.x, point.y };
@@ -85,10 +91,16 @@ bool Background::on_mouse_move(Point point)
     } else if (dragged_gap_ != BoxGap::none) {
         divider_moved_(desk_.set_divider(dragged_divider(dragged_gap_, point.y)));
     }
-    return true;
 }
 
-bool Background::on_release()
+// The release counts as a last move: the system does not always send one before it.
+bool Background::on_release(Point point)
+{
+    drag_to(point);
+    return on_drag_end();
+}
+
+bool Background::on_drag_end()
 {
     dragged_gap_ = BoxGap::none;
     grip_.reset();

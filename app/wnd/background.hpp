@@ -18,9 +18,12 @@ public:
     bool on_caption_press(const ovlib::WndMessage& message);
     bool on_press(Point point);
     bool on_mouse_move(Point point);
-    bool on_release();
+    bool on_release(Point point);
+    // Ends a drag where the mouse was last.
+    bool on_drag_end();
 
 private:
+    void drag_to(Point point);
     void show_cursor(Point point) const;
     BoxGap gap_under(Point point) const { return gap_at(desk_.layout(), point); }
 

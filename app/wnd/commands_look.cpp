@@ -72,8 +72,6 @@ Outcome apply_theme_to_pages(MainParts& parts, const CommandInput&)
 
 Outcome show_settings(MainParts& parts, const CommandInput&)
 {
-    if (!parts.talk.is_accepting_input())
-        return Outcome::failed;
     const BookNote asked = note_book(parts.session.book());
     const std::optional<look::SettingsChoice> choice = ask_for_settings(parts);
     if (!choice || parts.talk.is_gone())

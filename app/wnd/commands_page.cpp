@@ -12,6 +12,7 @@ namespace app {
 void show_main_menu(MainParts& parts)
 {
     const MainMenuState state{ .is_busy = parts.talk.is_busy(),
+        .accepts_input = parts.talk.is_accepting_input(),
         .is_palette_open = parts.palette.is_open(),
         .is_file_list_editor_open = parts.file_list_editor.is_open(),
         .order_mode = parts.session.book().header.order_mode };

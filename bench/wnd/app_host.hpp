@@ -35,7 +35,9 @@ public:
     app::AppWnd& window() { return *window_; }
     const book::Book& book() const { return window_->book(); }
     HWND control(int id) const { return GetDlgItem(window_->hwnd(), id); }
-    // The only control of this class in the main window.
+    // The only control or owned window of this class; null if it was not created yet.
+    template <class Control> Control* find() const;
+    // Throws if it was not created yet.
     template <class Control> Control& the() const;
 
     // Serves messages until nothing is left to paint.
@@ -51,14 +53,23 @@ private:
     std::unique_ptr<app::AppWnd> window_;
 };
 
-template <class Control> Control& AppHost::the() const
+template <class Control> Control* AppHost::find() const
 {
     for (ovlib::Wnd* wnd = ovlib::Wnd::first(); wnd; wnd = wnd->next()) {
         auto* const found = dynamic_cast<Control*>(wnd);
-        if (found && found->hwnd() && GetParent(found->hwnd()) == window_->hwnd())
-            return *found;
+        HWND const hwnd = found ? found->hwnd() : nullptr;
+        if (hwnd && (GetParent(hwnd) == window_->hwnd() || GetWindow(hwnd, GW_OWNER) == window_->hwnd()))
+            return found;
     }
-    throw std::runtime_error("no such control");
+    return nullptr;
+}
+
+template <class Control> Control& AppHost::the() const
+{
+    auto* const found = find<Control>();
+    if (!found)
+        throw std::runtime_error("no such control");
+    return *found;
 }
 
 } // namespace bench

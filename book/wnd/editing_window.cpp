@@ -48,7 +48,7 @@ bool EditingWindow::on_any_command(int id, int code)
 bool EditingWindow::on_context_menu(const ovlib::WndMessage& message)
 {
     const std::optional<POINT> at = menu_point(message);
-    if (at)
+    if (at && accepts_input())
         show_menu(*at);
     return at.has_value();
 }

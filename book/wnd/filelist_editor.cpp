@@ -123,7 +123,7 @@ bool FileListEditor::on_command(int id, int code)
             note_typing();
         return true;
     case command::apply_file_list:
-        if (is_modified())
+        if (is_modified() && !is_held_)
             program_.apply();
         return true;
     case command::close_window:

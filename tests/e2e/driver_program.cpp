@@ -146,6 +146,32 @@ MessageDialog Program::wait_for_box() const
     return MessageDialog(wait_for_dialog("a message box", MessageDialog::is_one));
 }
 
+Window Program::wait_for_dialog_with(int control) const
+{
+    Window found;
+    require("a dialog shows", [&] {
+        for (const Window window : top_windows(process_id())) {
+            if (window.class_name() == L"#32770" && GetDlgItem(window.handle(), control))
+                found = window;
+        }
+        return found.exists() && is_active(found);
+    });
+    return found;
+}
+
+void Program::answer_color_dialog(COLORREF color) const
+{
+    constexpr int red = 706;
+    constexpr int green = 707;
+    constexpr int blue = 708;
+    const Window dialog = wait_for_dialog_with(red);
+    dialog.child(red).set_text(std::to_wstring(GetRValue(color)));
+    dialog.child(green).set_text(std::to_wstring(GetGValue(color)));
+    dialog.child(blue).set_text(std::to_wstring(GetBValue(color)));
+    dialog.post(WM_COMMAND, IDOK);
+    require("the dialog has closed", [&] { return !dialog.exists(); });
+}
+
 FileDialog Program::wait_for_file_dialog() const
 {
     return FileDialog(wait_for_dialog("a file dialog", FileDialog::is_one));

@@ -32,6 +32,10 @@ public:
     Window find_window() const;
     // Waits for a message box or dialog in front.
     MessageDialog wait_for_box() const;
+    // A dialog of the system that has this control and the keyboard.
+    Window wait_for_dialog_with(int control) const;
+    // Enters the colour in the system's dialog, which the caller has opened, and confirms it.
+    void answer_color_dialog(COLORREF color) const;
     FileDialog wait_for_file_dialog() const;
     // Whether a message box or dialog is open.
     bool has_dialog() const;

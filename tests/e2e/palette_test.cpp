@@ -53,28 +53,11 @@ protected:
             require("the next box is selected", [&] { return selected() > before; });
         }
     }
-    // A dialog of the system with this control.
-    Window system_dialog(int control)
-    {
-        Window found;
-        require("a dialog shows", [&] {
-            for (const Window window : top_windows(program().process_id())) {
-                if (window.class_name() == L"#32770" && GetDlgItem(window.handle(), control))
-                    found = window;
-            }
-            return found.exists() && program().is_active(found);
-        });
-        return found;
-    }
+    Window system_dialog(int control) { return program().wait_for_dialog_with(control); }
     void choose_color(int button, COLORREF color)
     {
         press_button(button);
-        const Window dialog = system_dialog(706);
-        for (const auto& [field, value] : { std::pair{ 706, GetRValue(color) },
-                 std::pair{ 707, GetGValue(color) }, std::pair{ 708, GetBValue(color) } })
-            dialog.child(field).set_text(std::to_wstring(value));
-        dialog.post(WM_COMMAND, IDOK);
-        require("the dialog has closed", [&] { return !dialog.exists(); });
+        program().answer_color_dialog(color);
     }
     void choose_theme(int theme, Hand hand)
     {
@@ -195,10 +178,22 @@ TEST_F(Palettes, AThemeChangesNoPageUnlessTheCheckIsOnAndTheUserAgrees)
         expect_color(look::theme_colors(theme).panel_back, on_screen(4, 4));
     };
     panel(look::theme_dark);
+    const std::vector<book::Page> before = load_book(file).pages;
+    const auto expect_unchanged = [&] {
+        main_window().send_command(command::save_always);
+        const std::vector<book::Page> now = load_book(file).pages;
+        for (std::size_t i = 0; i < before.size(); ++i) {
+            EXPECT_EQ(now[i].text_color, before[i].text_color) << i;
+            EXPECT_EQ(now[i].back_color, before[i].back_color) << i;
+        }
+    };
+    expect_unchanged();
     press_button(command::apply_theme_to_pages);
     choose_theme(6003, Hand::mouse);
     answer_box(look::theme_question, Icon::question, IDNO);
     panel(look::theme_dark);
+    program().await_input();
+    expect_unchanged();
     choose_theme(6003, Hand::mouse);
     answer_box(look::theme_question, Icon::question, IDYES);
     panel(6003);

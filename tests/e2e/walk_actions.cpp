@@ -363,6 +363,21 @@ void edit_pages(Walker& walker)
     walker.edit_pages();
 }
 
+void edit_list(Walker& walker)
+{
+    walker.edit_list();
+}
+
+void choose_results(Walker& walker)
+{
+    walker.choose_results();
+}
+
+void choose_color(Walker& walker)
+{
+    walker.choose_color();
+}
+
 void restart(Walker& walker)
 {
     walker.restart();
@@ -503,6 +518,9 @@ constexpr std::array actions{
     Action{ "show history", 3, always, show_history },
     Action{ "replace", 8, accepts_input, replace_everywhere },
     Action{ "page editor", 12, accepts_input, edit_pages },
+    Action{ "list as text", 8, accepts_input, edit_list },
+    Action{ "results", 8, accepts_input, choose_results },
+    Action{ "palette", 4, accepts_input, choose_color },
     Action{ "boundary", 4, always, drag_boundary },
     Action{ "idle command", 30, always, send_idle },
     Action{ "code that is not taken", 10, always, send_code },

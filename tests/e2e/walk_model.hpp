@@ -130,6 +130,10 @@ public:
     void sort_files(bool descending);
     void add_file(const std::wstring& chosen); // empty: the dialog is cancelled
     void leave_duplicate();
+    void apply_list(const std::vector<std::wstring>& entries);
+    // The first rows of the results are chosen one after the other.
+    void choose_hits(std::size_t count);
+    std::size_t hit_count();
     // For an entry whose file is missing.
     void search_missing_file();
     void open_missing_file();
@@ -140,6 +144,7 @@ public:
     void apply_theme(std::int32_t identifier);
     void choose_settings(std::int32_t sort_key, bool plays_gifs);
     void color_all_pages();
+    void choose_color(std::size_t box, bool is_text, std::uint32_t color);
 
     // An empty `chosen` cancels the dialog.
     void new_book(const std::wstring& chosen);

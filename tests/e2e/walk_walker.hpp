@@ -62,6 +62,9 @@ public:
     void choose_file(std::size_t row);
     void replace_everywhere();
     void edit_pages();
+    void edit_list();
+    void choose_results();
+    void choose_color();
     void restart();
     void remove_unopened_file();
 
@@ -82,6 +85,9 @@ private:
     void perform_served(const std::function<void()>& act);
     e2e::Window side_window(const std::wstring& class_name) const;
     e2e::Window open_side_window(int id, const std::wstring& class_name);
+    // For windows that leave the pages to the main window.
+    e2e::Window show_side_window(int id, const std::wstring& class_name);
+    void hide_side_window(e2e::Window window);
     void send_to(e2e::Window window, int id);
     void close_side_window(e2e::Window window, const std::wstring& question);
     void serve_talks();

@@ -49,7 +49,11 @@ protected:
     }
     bool is_lit() const
     {
-        return IsWindowEnabled(GetDlgItem(list_editor().hwnd(), command::apply_file_list)) != FALSE;
+        HWND const apply = GetDlgItem(list_editor().hwnd(), command::apply_file_list);
+        const bool is_enabled = IsWindowEnabled(apply) != FALSE;
+        const auto& button = dynamic_cast<look::ImageButton&>(*ovlib::Wnd::from_handle(apply));
+        EXPECT_EQ(button.is_highlighted(), is_enabled);
+        return is_enabled;
     }
     static void apply() { list_editor().send_command(command::apply_file_list, 0, 0); }
     static void press_x() { list_editor().send(WM_SYSCOMMAND, SC_CLOSE, 0); }
@@ -327,24 +331,94 @@ TEST_F(AppFileList, CommandsOnTheListAskAboutTypedLinesFirst)
     }
 }
 
-TEST_F(AppFileList, ACommandOverTypedLinesAppliesThemOnYes)
+// A command over typed lines: the answers to its boxes, and the list after it.
+struct OverTyped {
+    int id;
+    std::vector<int> further; // the answers to the command's own boxes
+    std::vector<std::wstring> applied; // the list after yes
+    std::vector<std::wstring> dropped; // and after no
+};
+
+const std::vector<OverTyped> over_typed{
+    { command::move_file_up, {}, { L"y", L"x" }, { L"b", L"a", L"c" } },
+    { command::move_file_down, {}, { L"x", L"y" }, { L"a", L"c", L"b" } },
+    { command::move_file_to_top, {}, { L"y", L"x" }, { L"b", L"a", L"c" } },
+    { command::move_file_to_end, {}, { L"x", L"y" }, { L"a", L"c", L"b" } },
+    { command::sort_files_ascending, {}, { L"x", L"y" }, { L"a", L"b", L"c" } },
+    { command::sort_files_descending, {}, { L"y", L"x" }, { L"c", L"b", L"a" } },
+    { command::remove_file, { IDYES }, { L"x" }, { L"a", L"c" } },
+    { command::remove_all_files, { IDYES }, {}, {} },
+};
+
+TEST_F(AppFileList, ACommandOverTypedLinesAppliesThemOnYesAndDropsThemOnNo)
+{
+    open_lists();
+    for (const OverTyped& row : over_typed) {
+        for (const bool is_applied : { true, false }) {
+            type_lines(L"a\r\nb\r\nc");
+            apply();
+            command(command::first_file);
+            command(command::next_file);
+            ASSERT_EQ(book().pages[0].current_file, 1u);
+            type_lines(L"x\r\ny");
+            std::vector<int> answers{ is_applied ? IDYES : IDNO };
+            answers.insert(answers.end(), row.further.begin(), row.further.end());
+            EXPECT_EQ(answered_all(answers, [&] { command(row.id); }).size(), answers.size()) << row.id;
+            EXPECT_EQ(files(), is_applied ? row.applied : row.dropped) << row.id;
+            std::wstring lines;
+            for (const std::wstring& entry : files())
+                lines += entry + L"\r\n";
+            EXPECT_EQ(list_text(), lines) << row.id;
+            expect_unedited();
+        }
+    }
+}
+
+TEST_F(AppFileList, TheSearchForAMovedFileConcernsTheAppliedEntryOnYesAndTheOldOneOnNo)
+{
+    const Entries entries{ L"http://x.invalid/a", L"http://x.invalid/b" };
+    open({ page_with_files({ L"http://x.invalid/a", L"http://x.invalid/b" }, 1) });
+    command(command::show_file_list_editor);
+    const auto search = [&](int answer) {
+        type_lines(L"http://x.invalid/x\r\nhttp://x.invalid/y");
+        const auto met = answered_all({ answer, IDOK }, [&] { command(command::search_moved_file); });
+        return met.size() == 2 ? met.back().text : L"";
+    };
+    EXPECT_EQ(search(IDNO), L"このファイルは探索できません: http://x.invalid/b");
+    EXPECT_EQ(files(), entries);
+    EXPECT_EQ(search(IDYES), L"このファイルは探索できません: http://x.invalid/y");
+    EXPECT_EQ(files(), (Entries{ L"http://x.invalid/x", L"http://x.invalid/y" }));
+}
+
+TEST_F(AppFileList, ShowsTheListAgainIfNoDropsTheLinesAndTheCommandDoesNothing)
 {
     open_lists();
     type_lines(L"x\r\ny");
-    answered(IDYES, [&] { command(command::sort_files_descending); });
-    EXPECT_EQ(files(), (Entries{ L"y", L"x" }));
-    EXPECT_EQ(list_text(), L"y\r\nx\r\n");
+    answered_all({ IDNO, IDNO }, [&] { command(command::remove_file); });
+    EXPECT_EQ(files(), (Entries{ L"a", L"b", L"c" }));
+    EXPECT_EQ(list_text(), L"a\r\nb\r\nc\r\n");
     expect_unedited();
 }
 
-TEST_F(AppFileList, ACommandOverTypedLinesDropsThemOnNo)
+// Its own question would come over the one of the main window.
+TEST_F(AppFileList, WaitsWhileTheMainWindowAsks)
 {
     open_lists();
-    type_lines(L"x\r\ny");
-    answered_all({ IDNO, IDYES }, [&] { command(command::remove_file); });
-    EXPECT_EQ(files(), (Entries{ L"a", L"c" }));
-    EXPECT_EQ(list_text(), L"a\r\nc\r\n");
-    expect_unedited();
+    type_lines(L"x");
+    std::size_t boxes = 0;
+    const auto met = answered_all(
+        { IDNO }, [&] { command(command::delete_page); },
+        [&] {
+            SendMessageW(list_editor().hwnd(), WM_SYSCOMMAND, SC_CLOSE, 0);
+            SendMessageW(list_editor().hwnd(), WM_COMMAND, command::apply_file_list, 0);
+            boxes = gui::dialogs_of(GetWindowThreadProcessId(list_editor().hwnd(), nullptr));
+        });
+    EXPECT_EQ(met.size(), 1u);
+    EXPECT_EQ(boxes, 1u);
+    EXPECT_TRUE(list_editor().is_open());
+    EXPECT_TRUE(list_editor().is_modified());
+    EXPECT_EQ(list_text(), L"x");
+    EXPECT_EQ(files(), (Entries{ L"a", L"b", L"c" }));
 }
 
 TEST_F(AppFileList, ARefreshKeepsTypedLines)
@@ -423,6 +497,18 @@ TEST_F(AppFileList, StaysOpenWhileTheMainWindowIsMinimised)
     window().restore();
     ASSERT_TRUE(gui::pump_until([&] { return list_editor().is_visible(); }));
     EXPECT_EQ(list_text(), L"x");
+}
+
+TEST_F(AppFileList, ClosesWhileTheMainWindowIsMinimisedAndStaysClosed)
+{
+    open_lists();
+    window().minimize();
+    ASSERT_TRUE(gui::pump_until([&] { return !IsWindowVisible(list_editor().hwnd()); }));
+    press_x();
+    EXPECT_FALSE(list_editor().is_open());
+    window().restore();
+    gui::pump();
+    EXPECT_FALSE(IsWindowVisible(list_editor().hwnd()));
 }
 
 TEST_F(AppFileList, EditsOfABoxAndOfTheListAreSavedTogether)

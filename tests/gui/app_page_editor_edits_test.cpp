@@ -220,6 +220,18 @@ TEST_F(PageEditing, ATracedSelectionIsAllThatASearchFinds)
     EXPECT_EQ(first_line(), L"う");
 }
 
+TEST_F(PageEditing, TracingRenewsTheResults)
+{
+    open_letters(L"あいあ");
+    write_search(L"あ");
+    command(command::toggle_results);
+    ASSERT_EQ(results().list().count(), 1);
+    click_in(editor(), command::trace_selection);
+    EXPECT_EQ(results().list().count(), 0) << "the page is not selected";
+    click_in(editor(), command::trace_selection);
+    EXPECT_EQ(results().list().count(), 1);
+}
+
 TEST_F(PageEditing, TracingKeepsTheRange)
 {
     open_letters(L"あいう");
@@ -321,6 +333,23 @@ TEST_F(PageEditing, OpensAgainIfTheFileToRestoreIsMissing)
     close_by(IDYES);
 }
 
+TEST_F(PageEditing, EndsWithTheProgramIfTheFileToRestoreIsDamaged)
+{
+    for (const bool closes : { true, false }) {
+        open_changed();
+        test_support::write_text(file(L"手帖.bok"), damaged_book);
+        const std::string before = bytes_of();
+        const auto met = closes ? answered_all({ IDNO, IDNO, IDOK }, [&] { editor().send(WM_CLOSE, 0, 0); })
+                                : answered_all({ IDYES, IDNO, IDOK }, [&] { order(command::restore_book); });
+        EXPECT_EQ(met.size(), 3u) << closes;
+        EXPECT_EQ(window().hwnd(), nullptr) << closes;
+        EXPECT_EQ(editor().hwnd(), nullptr) << closes;
+        EXPECT_TRUE(gui::take_quit()) << closes;
+        EXPECT_EQ(bytes_of(), before) << closes;
+        close();
+    }
+}
+
 TEST_F(PageEditing, ItsKeysRunItsCommandsUnderTheSameRules)
 {
     open_letters(L"あいう");
@@ -352,6 +381,11 @@ TEST_F(PageEditing, ACheckBoxWithTheFocusKeepsTheSpaceBar)
     SendMessageW(item(editor(), command::select_range), WM_KEYUP, VK_SPACE, 1);
     EXPECT_EQ(selection(), L"100");
     EXPECT_TRUE(check_in(editor(), command::select_range).is_checked());
+    SetFocus(item(editor(), command::trace_selection));
+    press_key_in(command::trace_selection, VK_SPACE);
+    SendMessageW(item(editor(), command::trace_selection), WM_KEYUP, VK_SPACE, 1);
+    EXPECT_EQ(selection(), L"100");
+    EXPECT_TRUE(editor().traces_selection());
 }
 
 TEST_F(PageEditing, TheWheelTurnsPages)
@@ -409,6 +443,7 @@ TEST_F(PageEditing, HasRoomForAllItsTexts)
     open_letters(L"あい");
     EXPECT_EQ(editor().client_size().cx, 400);
     EXPECT_EQ(editor().client_size().cy, 180);
+    EXPECT_EQ(frame_style(editor()), editing_frame);
     constexpr int box_and_gap = 18;
     set_field(editor(), command::select_page, L"100000 を選択");
     set_field(editor(), command::go_to_range_end, L"100000");

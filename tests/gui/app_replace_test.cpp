@@ -1,37 +1,10 @@
 // The replace window: opening, replacing, restoring and closing.
-#include "tests/support/gui_editing.hpp"
+#include "tests/support/gui_replacing.hpp"
 
 namespace {
 
 namespace command = core::command;
-
-class Replacing : public gui::EditingWindows {
-protected:
-    static constexpr auto failed_save = L"Error: Book の保存に失敗\r\n";
-
-    void open_with(std::initializer_list<book::Page> pages)
-    {
-        open(pages);
-        open_replace();
-    }
-    void open_three()
-    {
-        open_with({ page(L"猫と犬\r\n"), page(L"猫猫\r\n"), page(L"鳥\r\n") });
-        set_check(replace(), command::replace_in_boxes, true);
-    }
-    // Changes the first of three pages.
-    void open_changed()
-    {
-        open_three();
-        replaced(L"猫", L"兎", command::replace_current_page);
-        ASSERT_TRUE(replace().has_changed());
-    }
-    void close_by(int button)
-    {
-        met_ = answered(button, [&] { replace().send(WM_CLOSE, 0, 0); });
-    }
-    gui::MetBox met_;
-};
+using gui::Replacing;
 
 TEST_F(Replacing, OpensAfterTheEditsWereSaved)
 {
@@ -84,28 +57,6 @@ TEST_F(Replacing, StaysClosedWithoutAPage)
     EXPECT_FALSE(replace().is_open());
 }
 
-TEST_F(Replacing, TakesOverASelectionOfOneLineIntoAnEmptyField)
-{
-    open({ page(L"一行目\r\n二行目\r\n") });
-    HWND const box_1 = box(command::box_1);
-    window().set_focus();
-    SetFocus(box_1);
-    SendMessageW(box_1, EM_SETSEL, 0, 2);
-    open_replace();
-    EXPECT_EQ(gui::text_of(item(replace(), command::replace_search_text)), L"一行");
-    replace().send(WM_CLOSE, 0, 0);
-    SetFocus(box_1);
-    SendMessageW(box_1, EM_SETSEL, 1, 3);
-    open_replace();
-    EXPECT_EQ(gui::text_of(item(replace(), command::replace_search_text)), L"一行") << "not empty";
-    replace().send(WM_CLOSE, 0, 0);
-    set_field(replace(), command::replace_search_text, L"");
-    SetFocus(box_1);
-    SendMessageW(box_1, EM_SETSEL, 0, 6);
-    open_replace();
-    EXPECT_EQ(gui::text_of(item(replace(), command::replace_search_text)), L"") << "two lines";
-}
-
 TEST_F(Replacing, DoesNothingWithoutASearchText)
 {
     open_three();
@@ -139,6 +90,16 @@ TEST_F(Replacing, ReportsItsNumberForAllPagesAndForTheCurrentOne)
     EXPECT_EQ(met.caption, replace_caption);
     EXPECT_EQ(met.icon, nullptr);
     EXPECT_EQ(first_texts(), L"兎と犬兎兎鳥");
+}
+
+// Otherwise the first change would stay in the Book without a question.
+TEST_F(Replacing, AChangeStaysAChangeAfterAReplacementOfNothing)
+{
+    open_changed();
+    EXPECT_EQ(replaced(L"象", L"", command::replace_all_pages).text[0], L'0');
+    EXPECT_TRUE(replace().has_changed());
+    close_by(IDCANCEL);
+    EXPECT_EQ(met_.text.substr(0, 4), L"変更内容");
 }
 
 TEST_F(Replacing, LooksWhereTheChecksSay)
@@ -216,14 +177,16 @@ TEST_F(Replacing, KeepsTheBoxesReadOnlyWhileItIsOpen)
 
 TEST_F(Replacing, RefusesOtherWaysToChangeTheBookWhileItIsOpen)
 {
-    open_three();
+    open_changed();
     for (const int id : { command::new_book, command::open_book, command::save_book_as, command::show_history,
              command::first_history_entry, command::show_book_editor, command::show_replace,
              command::show_file_list_editor, command::delete_page, command::add_page_at_end,
              command::show_settings })
         command(id); // a dialog would never end
     EXPECT_FALSE(editor().is_open());
-    EXPECT_EQ(book().pages.size(), 3u);
+    EXPECT_FALSE(the<book::HistoryWnd>().is_visible());
+    EXPECT_FALSE(list_editor().is_open());
+    EXPECT_EQ(first_texts(), L"兎と犬猫猫鳥") << "no Book was loaded";
     window().send(WM_CLOSE, 0, 0);
     EXPECT_TRUE(window().is_window());
 }
@@ -312,9 +275,30 @@ TEST_F(Replacing, OpensAgainIfTheFileToRestoreIsMissing)
     EXPECT_TRUE(replace().is_open());
     EXPECT_TRUE(replace().has_changed());
     EXPECT_TRUE(GetWindowLongW(box(command::box_1), GWL_STYLE) & ES_READONLY);
+    EXPECT_FALSE(the<book::HistoryWnd>().is_enabled());
     EXPECT_EQ(first_texts(), L"兎と犬猫猫鳥");
     close_by(IDYES);
+    EXPECT_TRUE(the<book::HistoryWnd>().is_enabled());
     EXPECT_EQ(saved().pages[0].text[0], L"兎と犬\r\n");
+}
+
+// A damaged file has replaced the Book in memory in part, so the program ends, and nothing opens again.
+TEST_F(Replacing, EndsWithTheProgramIfTheFileToRestoreIsDamaged)
+{
+    for (const bool closes : { true, false }) {
+        open_changed();
+        test_support::write_text(file(L"手帖.bok"), damaged_book);
+        const std::string before = bytes_of();
+        const auto met = closes ? answered_all({ IDNO, IDNO, IDOK }, [&] { replace().send(WM_CLOSE, 0, 0); })
+                                : answered_all({ IDYES, IDNO, IDOK },
+                                    [&] { replace().send_command(command::restore_book, 0, 0); });
+        EXPECT_EQ(met.size(), 3u) << closes;
+        EXPECT_EQ(window().hwnd(), nullptr) << closes;
+        EXPECT_EQ(replace().hwnd(), nullptr) << closes;
+        EXPECT_TRUE(gui::take_quit()) << closes;
+        EXPECT_EQ(bytes_of(), before) << closes;
+        close();
+    }
 }
 
 TEST_F(Replacing, RestoresTheFileAfterItsQuestion)
@@ -344,56 +328,6 @@ TEST_F(Replacing, ARestoreWithoutAFileKeepsTheChanges)
     close_by(IDYES);
 }
 
-TEST_F(Replacing, OffersTheRestoreInItsMenuOnlyAfterAChange)
-{
-    open_three();
-    constexpr int restore_row = 3;
-    for (const bool changed : { false, true }) {
-        if (changed)
-            replaced(L"猫", L"兎", command::replace_all_pages);
-        bool is_grey = !changed;
-        std::wstring text;
-        gui::MenuDriver user{ [&](const gui::ShownMenu& menu) {
-            is_grey = menu.is_grey(restore_row);
-            text = menu.text(restore_row);
-        } };
-        RECT place{};
-        GetWindowRect(replace().hwnd(), &place);
-        replace().send(WM_CONTEXTMENU, 0, MAKELPARAM(place.left + 20, place.bottom - 8));
-        EXPECT_TRUE(user.finish());
-        EXPECT_EQ(is_grey, !changed);
-        EXPECT_EQ(text, L"置換の取消し(復元)");
-    }
-}
-
-TEST_F(Replacing, EnterInAFieldShowsTheMenuBelowIt)
-{
-    open_three();
-    set_field(replace(), command::replace_search_text, L"猫");
-    HWND const field = item(replace(), command::replace_search_text);
-    RECT field_place{};
-    GetWindowRect(field, &field_place);
-    RECT menu_place{};
-    gui::MenuDriver user{ [&](const gui::ShownMenu& menu) { GetWindowRect(menu.hwnd(), &menu_place); } };
-    SendMessageW(field, WM_CHAR, VK_RETURN, 0);
-    EXPECT_TRUE(user.finish());
-    EXPECT_EQ(menu_place.left, field_place.left);
-    EXPECT_EQ(menu_place.top, field_place.bottom);
-}
-
-// Enter is the way to the menu by keyboard, also when the new text is empty and from the checks.
-TEST_F(Replacing, EnterShowsTheMenuBelowEveryOtherControlToo)
-{
-    open_three();
-    ASSERT_TRUE(gui::bring_to_front(replace()));
-    for (const int id : { command::replace_new_text, command::replace_in_folder }) {
-        SetFocus(item(replace(), id));
-        gui::MenuDriver user{ [](const gui::ShownMenu&) {} };
-        SendMessageW(item(replace(), id), WM_KEYDOWN, VK_RETURN, 1);
-        EXPECT_TRUE(user.finish()) << id;
-    }
-}
-
 TEST_F(Replacing, IgnoresAWishToCloseWhileItsReportIsOpen)
 {
     open_three();
@@ -412,80 +346,13 @@ TEST_F(Replacing, DoesNothingWhileTheMainWindowShowsABox)
     command(command::set_accepting_input, 0);
     for (const int id : { command::replace_all_pages, command::replace_current_page, command::close_window })
         replace().send_command(id, 0, 0); // a message would never end
+    SendMessageW(item(replace(), command::replace_in_folder), WM_KEYDOWN, VK_RETURN, 1); // a menu neither
+    RECT whole{};
+    GetWindowRect(replace().hwnd(), &whole);
+    replace().send(WM_CONTEXTMENU, 0, MAKELPARAM(whole.left + 20, whole.bottom - 8));
     EXPECT_EQ(first_texts(), L"猫と犬猫猫鳥");
     EXPECT_TRUE(replace().is_open());
     command(command::set_accepting_input, 1);
-}
-
-TEST_F(Replacing, HasTheColoursOfEveryTheme)
-{
-    open_three();
-    const auto& check = check_in(replace(), command::replace_in_folder);
-    for (int theme = look::theme_standard; theme < look::theme_blue_plain_links; ++theme) {
-        command(theme);
-        RedrawWindow(replace().hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW);
-        const ovlib::ClientDC dc{ replace() };
-        EXPECT_EQ(GetPixel(dc.handle(), 4, 4), look::palette().panel_back.value) << theme;
-        EXPECT_EQ(check.colors().back, look::palette().check_back) << theme;
-    }
-}
-
-TEST_F(Replacing, OpensOverTheMiddleOfTheMainWindowAndLaterWhereItWasLeft)
-{
-    open_three();
-    RECT main{};
-    GetWindowRect(window().hwnd(), &main);
-    RECT place{};
-    GetWindowRect(replace().hwnd(), &place);
-    EXPECT_NEAR((place.left + place.right) / 2, (main.left + main.right) / 2, 1);
-    EXPECT_NEAR((place.top + place.bottom) / 2, (main.top + main.bottom) / 2, 1);
-    SetWindowPos(replace().hwnd(), nullptr, 40, 50, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    replace().send(WM_CLOSE, 0, 0);
-    open_replace();
-    GetWindowRect(replace().hwnd(), &place);
-    EXPECT_EQ(place.left, 40);
-    EXPECT_EQ(place.top, 50);
-}
-
-TEST_F(Replacing, HasRoomForAllItsTexts)
-{
-    open_three();
-    EXPECT_EQ(replace().text(), L"文字列の置換");
-    EXPECT_EQ(replace().client_size().cx, book::replace_client_size.width);
-    for (const book::ReplaceCheck& row : book::replace_checks) {
-        EXPECT_EQ(gui::text_of(item(replace(), row.id)), row.text);
-        constexpr int box_and_gap = 18;
-        EXPECT_LE(text_width(item(replace(), row.id)) + box_and_gap, row.place.width()) << row.id;
-    }
-}
-
-TEST_F(Replacing, TabGoesFromTheFieldsToTheChecks)
-{
-    open_three();
-    const std::vector<int> expected{ command::replace_search_text, command::replace_new_text,
-        command::replace_in_boxes, command::replace_in_file_list, command::replace_in_folder,
-        command::toggle_ignore_case, command::replace_search_text };
-    EXPECT_EQ(tabbed_controls(replace(), expected.size()), expected);
-}
-
-TEST_F(Replacing, EscClosesIt)
-{
-    open_three();
-    SendMessageW(item(replace(), command::replace_search_text), WM_KEYDOWN, VK_ESCAPE, 0);
-    EXPECT_FALSE(replace().is_open());
-}
-
-TEST_F(Replacing, OpeningItCostsNoHandles)
-{
-    open_three();
-    replace().send(WM_CLOSE, 0, 0);
-    const gui::GdiCrowd crowd{ 120 };
-    window().show(false);
-    for (int i = 0; i < 250; ++i) {
-        replace().show(true);
-        replace().show(false);
-    }
-    gui::expect_handles_to_spare(20);
 }
 
 TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsBoxes)
@@ -497,12 +364,30 @@ TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsBoxes)
     EXPECT_EQ(bytes_of(), before);
 }
 
+TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderTheBoxesOfItsEnd)
+{
+    open_changed();
+    {
+        const gui::Unwritable unwritable{ file(L"手帖.bok") };
+        end_under_box([&] { replace().send(WM_CLOSE, 0, 0); }, { IDYES }); // the report of the failed save
+    }
+    EXPECT_EQ(replace().hwnd(), nullptr);
+    close();
+    open_changed();
+    DeleteFileW(file(L"手帖.bok").c_str());
+    end_under_box([&] { replace().send(WM_CLOSE, 0, 0); }, { IDNO }); // that of the missing file
+    EXPECT_EQ(replace().hwnd(), nullptr);
+    EXPECT_FALSE(replace().is_open());
+}
+
 TEST_F(Replacing, OutlivesTheEndOfTheProgramUnderItsReport)
 {
     open_three();
     set_field(replace(), command::replace_search_text, L"猫");
+    const std::string before = bytes_of();
     end_under_box([&] { replace().send_command(command::replace_all_pages, 0, 0); });
-    EXPECT_FALSE(replace().is_open());
+    EXPECT_EQ(replace().hwnd(), nullptr);
+    EXPECT_EQ(bytes_of(), before);
 }
 
 } // namespace

@@ -123,6 +123,20 @@ TEST_F(AppResults, ScrollTheChosenPlaceIntoView)
     EXPECT_GT(SendMessageW(box(command::box_1), EM_GETFIRSTVISIBLELINE, 0, 0), 200);
 }
 
+TEST_F(AppResults, StayOpenWhileTheMainWindowIsMinimisedAndCloseThen)
+{
+    open_cats();
+    show_results();
+    window().minimize();
+    ASSERT_TRUE(gui::pump_until([&] { return !IsWindowVisible(results().hwnd()); }));
+    EXPECT_TRUE(results().is_open());
+    results().send(WM_CLOSE, 0, 0);
+    EXPECT_FALSE(results().is_open());
+    window().restore();
+    gui::pump();
+    EXPECT_FALSE(IsWindowVisible(results().hwnd()));
+}
+
 TEST_F(AppResults, SelectTheFileOfAHitAndShowItOnce)
 {
     open_cats();
@@ -392,6 +406,12 @@ TEST_F(AppResults, F3TurnsThePageFromTheMainWindowAndFromTheResults)
         key_to(target);
         EXPECT_EQ(book().header.position, 0u);
     }
+    {
+        const gui::HeldKey ctrl(VK_CONTROL);
+        ASSERT_TRUE(gui::pump_until([] { return GetKeyState(VK_CONTROL) < 0; }));
+        key_to(box(command::box_1));
+        EXPECT_EQ(book().header.position, 0u) << "Ctrl+F3";
+    }
     command(command::show_file_list_editor);
     key_to(list_box());
     EXPECT_EQ(book().header.position, 0u) << "in other windows the key belongs to the control";
@@ -404,9 +424,16 @@ TEST_F(AppResults, F3TurnsThePageFromTheMainWindowAndFromTheResults)
 TEST_F(AppResults, AreClosedWithTheProgram)
 {
     open_cats();
-    show_results();
     close();
-    EXPECT_EQ(saved().pages.size(), 3u);
+    const auto before = test_support::read_bytes(file(L"手帖.bok"));
+    ASSERT_TRUE(create());
+    write_search(L"猫");
+    show_results();
+    select(1);
+    HWND const shown = results().hwnd();
+    close();
+    EXPECT_FALSE(IsWindow(shown));
+    EXPECT_TRUE(test_support::read_bytes(file(L"手帖.bok")) == before) << "choosing places changes nothing";
 }
 
 } // namespace

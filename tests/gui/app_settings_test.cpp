@@ -3,7 +3,8 @@
 #include "book/wnd/historywnd.hpp"
 #include "core/folders.hpp"
 #include "look/settings_view.hpp"
-#include "tests/support/gui_app_controls.hpp"
+#include "look/wnd/palettewnd.hpp"
+#include "tests/support/gui_app_windows.hpp"
 #include "tests/support/gui_links.hpp"
 #include "tests/support/gui_settings.hpp"
 #include "tests/support/gui_shell_calls.hpp"
@@ -14,7 +15,7 @@ namespace {
 namespace command = core::command;
 using gui::SettingsUser;
 
-class AppSettings : public gui::AppControls {
+class AppSettings : public gui::AppWindows {
 protected:
     static void press(HWND window, int id) { SendMessageW(GetDlgItem(window, id), BM_CLICK, 0, 0); }
     static void press_ok(HWND window) { press(window, command::close_window); }
@@ -86,13 +87,16 @@ TEST_F(AppSettings, ShowThemselvesAgain)
 TEST_F(AppSettings, ASecondOneIsRefused)
 {
     open({ page(L"a") });
-    int count = 0;
+    bool returned = false; // a second run would last until the window closes
     settings([&](HWND window) {
-        send_to_main(command::show_settings);
-        count = gui::settings_window_of(GetWindowThreadProcessId(window, nullptr)) == window ? 1 : 2;
+        constexpr UINT limit = 3000;
+        DWORD_PTR result = 0;
+        returned = SendMessageTimeoutW(this->window().hwnd(), WM_COMMAND, command::show_settings, 0,
+                       SMTO_NORMAL, limit, &result)
+            != 0;
         press_ok(window);
     });
-    EXPECT_EQ(count, 1);
+    EXPECT_TRUE(returned);
 }
 
 TEST_F(AppSettings, TheMainWindowAcceptsNoInputMeanwhile)
@@ -110,6 +114,34 @@ TEST_F(AppSettings, TheMainWindowAcceptsNoInputMeanwhile)
     EXPECT_EQ(book().header.position, 0u);
     EXPECT_TRUE(window().is_accepting_input());
     EXPECT_TRUE(the<book::HistoryWnd>().is_enabled());
+}
+
+TEST_F(AppSettings, WindowsThatAreOpenMeanwhileKeepTheirState)
+{
+    open({ page_with_files({ L"a", L"b" }) });
+    command(command::show_file_list_editor);
+    command(command::toggle_results);
+    command(command::show_palette);
+    retype_list(L"x");
+    bool was_read_only = false;
+    settings([&](HWND window) {
+        was_read_only = (GetWindowLongW(list_box(), GWL_STYLE) & ES_READONLY) != 0;
+        SendMessageW(list_editor().hwnd(), WM_COMMAND, command::apply_file_list, 0);
+        press(window, 2553); // wrapping creates the boxes again
+        press_ok(window);
+    });
+    EXPECT_TRUE(was_read_only);
+    EXPECT_EQ(book().header.wrap_text, 1);
+    EXPECT_EQ(book().pages[0].files.size(), 2u) << "nothing is applied under another window's questions";
+    EXPECT_TRUE(list_editor().is_open());
+    EXPECT_TRUE(list_editor().is_modified());
+    EXPECT_EQ(list_text(), L"x");
+    EXPECT_FALSE(GetWindowLongW(list_box(), GWL_STYLE) & ES_READONLY);
+    EXPECT_TRUE(results().is_open());
+    EXPECT_TRUE(beside<look::PaletteWnd>().is_open());
+    for (const int id : { command::box_1, command::box_2, command::box_3 })
+        EXPECT_TRUE(IsWindowEnabled(box(id))) << id;
+    list_editor().clear_modified();
 }
 
 TEST_F(AppSettings, OkForAnotherBookIsDropped)
@@ -185,6 +217,7 @@ TEST_F(AppSettings, AFailedMailIsReportedOverTheWindow)
     open({ page(L"a") });
     const gui::ShellCalls shell{ 31 };
     HWND owner = nullptr;
+    HICON icon = nullptr;
     std::vector<std::wstring> met;
     settings([&](HWND window) {
         const DWORD thread = GetWindowThreadProcessId(window, nullptr);
@@ -192,6 +225,7 @@ TEST_F(AppSettings, AFailedMailIsReportedOverTheWindow)
             gui::poll_until([&] { return gui::dialog_of(thread) != nullptr; });
             HWND const dialog = gui::dialog_of(thread);
             owner = GetWindow(dialog, GW_OWNER) == window ? window : nullptr;
+            icon = gui::box_icon(dialog);
             met = { gui::text_of(dialog), gui::text_of(GetDlgItem(dialog, 65535)) };
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         } };
@@ -203,6 +237,7 @@ TEST_F(AppSettings, AFailedMailIsReportedOverTheWindow)
     EXPECT_EQ(met,
         (std::vector<std::wstring>{
             core::message_caption(book().path), L"Error: 既定のメーラーを開けませんでした．" }));
+    EXPECT_EQ(icon, LoadIconW(nullptr, IDI_WARNING));
 }
 
 TEST_F(AppSettings, TheProgramEndsWithItOpen)

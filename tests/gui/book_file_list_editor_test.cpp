@@ -54,7 +54,13 @@ protected:
     HWND control(int id) const { return GetDlgItem(window_.hwnd(), id); }
     HWND box() const { return control(command::file_list_box); }
     HWND apply_button() const { return control(command::apply_file_list); }
-    bool is_lit() const { return IsWindowEnabled(apply_button()) != FALSE; }
+    bool is_lit() const
+    {
+        const bool is_enabled = IsWindowEnabled(apply_button()) != FALSE;
+        const auto& button = dynamic_cast<look::ImageButton&>(*ovlib::Wnd::from_handle(apply_button()));
+        EXPECT_EQ(button.is_highlighted(), is_enabled);
+        return is_enabled;
+    }
     std::wstring text() const { return gui::text_of(box()); }
     std::pair<DWORD, DWORD> selection() const
     {
@@ -283,6 +289,34 @@ TEST_F(FileListWindow, CtrlASelectsAllAndCtrlZUndoes)
     const gui::HeldKey control(VK_CONTROL);
     press('Z');
     EXPECT_TRUE(gui::pump_until([&] { return text() == L"abc\r\ndef\r\n"; })) << text().size();
+}
+
+// The character is what the system sends for Ctrl+A. A multi-line box would drop it.
+TEST_F(FileListWindow, TheCharacterOfCtrlASelectsAllAndIsNotTyped)
+{
+    open_active({ L"abc", L"def" });
+    SendMessageW(box(), WM_CHAR, 1, 1);
+    EXPECT_EQ(selection(), (std::pair<DWORD, DWORD>{ 0, 10 }));
+    EXPECT_EQ(text(), L"abc\r\ndef\r\n");
+    EXPECT_FALSE(window_.is_modified());
+}
+
+TEST_F(FileListWindow, PaintsANewListAtOnce)
+{
+    open_active({ L"■■■", L"■■■" });
+    RedrawWindow(box(), nullptr, nullptr, RDW_UPDATENOW);
+    const auto has_text = [&] {
+        const ovlib::ClientDC dc{ *ovlib::Wnd::from_handle(box()) };
+        const COLORREF ground = GetPixel(dc.handle(), 300, 300);
+        for (int x = 4; x < 40; ++x)
+            if (GetPixel(dc.handle(), x, 9) != ground)
+                return true;
+        return false;
+    };
+    ASSERT_TRUE(has_text());
+    page_->files.clear();
+    window_.load_page();
+    EXPECT_FALSE(has_text());
 }
 
 TEST_F(FileListWindow, ClosesUnmodifiedWithoutAQuestionInEachWay)

@@ -17,6 +17,7 @@
 #include "tests/support/gui_panel.hpp"
 #include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
+#include "tests/support/gui_window_theme.hpp"
 #include <bit>
 #include <optional>
 
@@ -153,6 +154,20 @@ TEST_F(Palette, HasItsTextsToTheLetterAndShowsThemCompletely)
     }
 }
 
+// A combo box with a visual style would be light in the dark theme.
+TEST_F(Palette, ItsComboHasNoVisualStyleAndItsCheckTheTheme)
+{
+    look::load_theme(look::theme_dark);
+    const gui::UnstyledWindows unstyled;
+    open();
+    HWND const combo = GetDlgItem(palette_.hwnd(), box_combo);
+    EXPECT_TRUE(unstyled.contains(combo));
+    HWND const control = GetDlgItem(palette_.hwnd(), command::apply_theme_to_pages);
+    const auto& check = dynamic_cast<look::MyCheckBox&>(*ovlib::Wnd::from_handle(control));
+    EXPECT_EQ(check.colors().back, look::palette().check_back);
+    EXPECT_EQ(check.colors().text, look::palette().check_text);
+}
+
 TEST_F(Palette, OpensAtTheCursor)
 {
     ASSERT_TRUE(gui::point_at({ 500, 400 }));
@@ -163,15 +178,17 @@ TEST_F(Palette, OpensAtTheCursor)
 
 TEST_F(Palette, OpensOnTheScreen)
 {
-    ASSERT_TRUE(gui::point_at({ 1, 1 }));
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    ASSERT_TRUE(gui::point_at({ work.left + 1, work.top + 1 }));
     open();
-    EXPECT_GE(palette_.rect().left, 0);
-    EXPECT_GE(palette_.rect().top, 0);
+    EXPECT_EQ(palette_.rect().left, work.left);
+    EXPECT_EQ(palette_.rect().top, work.top);
     palette_.show(false);
-    ASSERT_TRUE(gui::point_at({ GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1 }));
+    ASSERT_TRUE(gui::point_at({ work.right - 1, work.bottom - 1 }));
     open();
-    EXPECT_LE(palette_.rect().right, GetSystemMetrics(SM_CXSCREEN));
-    EXPECT_LE(palette_.rect().bottom, GetSystemMetrics(SM_CYSCREEN));
+    EXPECT_EQ(palette_.rect().right, work.right);
+    EXPECT_EQ(palette_.rect().bottom, work.bottom);
 }
 
 TEST_F(Palette, OpensForABoxWithTheCheckOff)

@@ -12,6 +12,7 @@
 #include "tests/support/gui_settings.hpp"
 #include "tests/support/gui_typing.hpp"
 #include "tests/support/gui_window.hpp"
+#include "tests/support/gui_window_theme.hpp"
 #include <array>
 #include <functional>
 
@@ -123,7 +124,7 @@ TEST_F(SettingsWindow, HasItsFrameAndIsModal)
 
 TEST_F(SettingsWindow, HasItsTextsToTheLetterAndShowsThemCompletely)
 {
-    ask([&](HWND window) {
+    const auto check = [&](HWND window) {
         const auto text = [&](int id) { return gui::text_of(GetDlgItem(window, id)); };
         EXPECT_EQ(text(2550), L"GIF の自動再生");
         EXPECT_EQ(text(2549), L"ファイルの自動探索の有効化");
@@ -148,7 +149,12 @@ TEST_F(SettingsWindow, HasItsTextsToTheLetterAndShowsThemCompletely)
                 L"作成日時", L"更新日時", L"データサイズ" }));
         EXPECT_EQ(items(4004),
             (std::vector<std::wstring>{ L"テキストボックス1", L"テキストボックス2", L"テキストボックス3" }));
-    });
+    };
+    for (std::int32_t theme = look::theme_standard; theme <= look::theme_blue; ++theme) {
+        look::load_theme(theme);
+        SCOPED_TRACE(theme);
+        ask(check);
+    }
 }
 
 TEST_F(SettingsWindow, ReturnsWhatItShowsIfNothingIsChanged)
@@ -218,11 +224,18 @@ TEST_F(SettingsWindow, AnyOtherWayOfClosingReturnsNothing)
 
 TEST_F(SettingsWindow, EnterIsOkFromEveryControl)
 {
+    top_.answer = [](ovlib::WndMessage& message) {
+        if (message.message == WM_APP)
+            SetFocus(reinterpret_cast<HWND>(message.wparam));
+        return message.message == WM_APP;
+    };
     for (const int id : { 2550, 2552, 2549, 2551, 2553, 2554, 3007, 4004, 1037 }) {
         EXPECT_EQ(ask([&](HWND window) {
             gui::poll_until([&] { return GetForegroundWindow() == window; });
-            SendMessageW(window, WM_APP + 1, static_cast<WPARAM>(id), 0);
-            PostMessageW(GetDlgItem(window, id), WM_KEYDOWN, VK_RETURN, 1);
+            HWND const control = GetDlgItem(window, id);
+            SendMessageW(top_.hwnd(), WM_APP, reinterpret_cast<WPARAM>(control), 0);
+            EXPECT_EQ(focus_of(window), control);
+            PostMessageW(control, WM_KEYDOWN, VK_RETURN, 1);
             EXPECT_TRUE(gui::poll_until([&] { return !IsWindow(window); })) << id;
         }),
             nothing_set)
@@ -260,6 +273,17 @@ TEST_F(SettingsWindow, SpaceTogglesTheFocusedCheck)
 TEST_F(SettingsWindow, AClickOnTheAddressWritesAMail)
 {
     HCURSOR hand = nullptr;
+    top_.answer = [this, inner = top_.answer, &hand](ovlib::WndMessage& message) {
+        if (message.message != WM_APP)
+            return inner(message);
+        HWND const window = settings_.hwnd();
+        SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+        if (SendMessageW(
+                window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE))
+            == TRUE)
+            hand = GetCursor();
+        return true;
+    };
     ask(
         [&](HWND window) {
             const platform::Rect link = link_place(window);
@@ -271,14 +295,11 @@ TEST_F(SettingsWindow, AClickOnTheAddressWritesAMail)
             POINT at{ link.left + 2, link.top + 4 };
             ClientToScreen(window, &at);
             SetCursorPos(at.x, at.y);
-            if (SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
-                    MAKELPARAM(HTCLIENT, WM_MOUSEMOVE))
-                == TRUE)
-                hand = LoadCursorW(nullptr, IDC_HAND);
+            SendMessageW(top_.hwnd(), WM_APP, 0, 0); // the cursor belongs to the window's thread
         },
         nothing_set, L"a@example.com");
     EXPECT_EQ(mails_, std::vector<std::wstring>{ L"a@example.com" });
-    EXPECT_NE(hand, nullptr);
+    EXPECT_EQ(hand, LoadCursorW(nullptr, IDC_HAND));
 }
 
 TEST_F(SettingsWindow, WithoutAnAddressThereIsNoLink)
@@ -383,6 +404,16 @@ TEST_F(SettingsWindow, OpensCentredAndThenWhereTheUserLeftIt)
     ask([&](HWND window) { GetWindowRect(window, &second); });
     EXPECT_EQ(second.left, 40);
     EXPECT_EQ(second.top, 60);
+}
+
+// A combo box with a visual style would be light in the dark theme.
+TEST_F(SettingsWindow, ItsCombosHaveNoVisualStyle)
+{
+    const gui::UnstyledWindows unstyled;
+    ask([&](HWND window) {
+        for (const int id : { 3007, 4004 })
+            EXPECT_TRUE(unstyled.contains(GetDlgItem(window, id))) << id;
+    });
 }
 
 TEST_F(SettingsWindow, AControlThatCannotBeMadeKeepsItsValue)

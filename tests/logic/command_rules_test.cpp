@@ -93,7 +93,7 @@ const std::vector<Row> rows{
     { 5500, 5500 },
     { 6000, 6006 },
     { 6501, 6501 },
-    { 7000, 7000, full_but_page, 0, free_book },
+    { 7000, 7000, full_but_page, 0, input | free_book },
     { 10000, 14999, full, controls, free_book },
     { 15001, 15001, 0, 0, free_book },
     { 34000, 34049 },

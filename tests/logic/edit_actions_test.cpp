@@ -91,6 +91,8 @@ protected:
 TEST_F(ReplaceInSession, ShowsThePageWithItsNewTextAndHits)
 {
     desk.asked.terms = { L"X" };
+    session.run([&] { session.merge(core::refresh::full); }); // the search is known before the replacement
+    ASSERT_TRUE(book.hits.empty());
     room.served.clear();
     desk.scroll = { 7, 8 };
     EXPECT_EQ(app::replace_in_all_pages(session, request(L"e", L"X")), 3u);
@@ -352,6 +354,8 @@ TEST_F(FileListInSession, ApplyChangesTheShownPageWithoutStampAndSave)
     book.pages[0].current_file = 2;
     desk.asked.terms = { L"z" };
     desk.asked.in_file_list = true;
+    session.run([&] { session.merge(core::refresh::full); }); // the search is known before the change
+    ASSERT_TRUE(book.hits.empty());
     room.served.clear();
     session.run([&] { EXPECT_EQ(app::apply_file_list(session, L"y\r\n z \r\n\r\n"), Outcome::done); });
     EXPECT_EQ(files(), (Entries{ L"y", L"z" }));

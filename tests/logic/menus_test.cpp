@@ -110,6 +110,13 @@ TEST(MainMenu, OffersNoEditingWhileTheFileListEditorIsOpen)
     expect_rows(app::main_menu(state), { L"2509 ソート中は編集不可 grey", L"2510 ソート中は置換不可 grey" });
 }
 
+TEST(MainMenu, GreysTheSettingsWhileABoxIsOpen)
+{
+    MainMenuState state = stored_order();
+    state.accepts_input = false;
+    expect_rows(app::main_menu(state), { L"1064 このページを削除", L"7000 設定 grey" });
+}
+
 TEST(MainMenu, GreysThePaletteWhileItIsOpen)
 {
     MainMenuState state = stored_order();

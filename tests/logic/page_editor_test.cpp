@@ -77,6 +77,31 @@ TEST_F(PageEditorTest, RangeGrowsBothWaysWithShift)
     EXPECT_EQ(editor.range(), (PageRange{ 0, 0 }));
 }
 
+// The jump led to a page that is another one after the change.
+TEST_F(PageEditorTest, ARangeBeginsAnewIfPagesChangeAfterAJump)
+{
+    go_to(1);
+    go_to(3, true);
+    follow(editor.jump(RangeSide::first));
+    ASSERT_EQ(editor.range(), (PageRange{ 1, 3 }));
+    book.pages[3].selected = selected;
+    ASSERT_EQ(editor.remove(*editor.delete_request(), {}), EditResult::done);
+    refresh();
+    EXPECT_EQ(editor.range(), (PageRange{ 1, 1 }));
+}
+
+TEST_F(PageEditorTest, FailsToPasteBeyondTheEndAndChangesNothing)
+{
+    book.pages[0].selected = selected;
+    ASSERT_TRUE(editor.copy());
+    book.header.position = book.pages.size() + 1;
+    const auto request = editor.paste_request(PastePlace::here);
+    ASSERT_TRUE(request);
+    EXPECT_EQ(editor.paste(*request), EditResult::failed);
+    EXPECT_FALSE(editor.has_changed());
+    EXPECT_EQ(book.pages.size(), 5u);
+}
+
 TEST_F(PageEditorTest, DoesNothingWithoutACurrentPage)
 {
     go_to(2);

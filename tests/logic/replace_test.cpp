@@ -252,6 +252,13 @@ TEST(ReplaceReport, NamesCountAndPages)
     EXPECT_EQ(book::replaced_in_page_text(1, 41), L"1件 置換しました\r\n[対象ページ: 42]");
 }
 
+TEST(ReplaceView, HasItsTexts)
+{
+    EXPECT_STREQ(book::replace_fields[0].title, L"検索");
+    EXPECT_STREQ(book::replace_fields[1].title, L"置換");
+    EXPECT_STREQ(book::replace_targets_title, L" 検索ターゲット ");
+}
+
 TEST(ReplaceMenu, GreysTheRestoreUntilSomethingChanged)
 {
     for (const bool changed : { false, true }) {

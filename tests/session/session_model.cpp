@@ -142,6 +142,7 @@ void Model::fail(const Failure& failure)
     if (!failure.is_fatal)
         return tell(48, failure.text);
     tell(16, failure.text + L"\r\nアプリケーションを終了します．");
+    keeps_file_ = keeps_file_ || is_busy; // pages whose editing nobody has confirmed
     say(L"close");
     close();
 }

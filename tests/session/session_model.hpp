@@ -59,6 +59,7 @@ public:
     std::int32_t theme = 0;
     bool backs_up = false;
     bool is_busy = false;
+    book::ClipMode clip = book::ClipMode::none; // of the page editor
     bool is_gone = true;
     bool is_loading = false;
     book::SearchQuery asked;
@@ -128,7 +129,9 @@ public:
 
     void prepare_editing();
     void replace(const book::ReplaceRequest& request, bool in_all);
-    void paste(bool at_end, bool cut);
+    void set_clip(book::ClipMode mode);
+    void clear_selection();
+    void paste(bool at_end);
     void remove_selected();
 
     // Changes stored pages without notifying the session.
@@ -183,6 +186,7 @@ private:
     void read(const std::wstring& file);
     void fail(const Failure& failure);
 
+    bool keeps_file_ = false; // at the end of the program
     unsigned next_id_ = 1;
     std::uint64_t revision_ = 0;
     std::uint32_t pending_ = 0;

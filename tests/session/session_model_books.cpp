@@ -8,7 +8,8 @@ namespace session_walk {
 
 void Model::close()
 {
-    save(Code::always);
+    if (!keeps_file_)
+        save(Code::always);
     is_gone = true;
 }
 
@@ -22,7 +23,7 @@ void Model::start()
     pending_ = 0;
     hits.clear();
     title.clear();
-    is_gone = is_busy = is_loading = false;
+    is_gone = is_busy = is_loading = keeps_file_ = false;
     history = stored_history;
     run(
         [this] {

@@ -47,8 +47,24 @@ void Model::replace(const book::ReplaceRequest& request, bool in_all)
     }
 }
 
-void Model::paste(bool at_end, bool cut)
+void Model::set_clip(book::ClipMode mode)
 {
+    if (std::ranges::any_of(book.pages, is_selected))
+        clip = mode;
+}
+
+void Model::clear_selection()
+{
+    for (book::Page& page : book.pages)
+        page.selected = book::PageSelection::none;
+    clip = book::ClipMode::none;
+}
+
+void Model::paste(bool at_end)
+{
+    if (clip == book::ClipMode::none)
+        return;
+    const bool cut = clip == book::ClipMode::cut;
     const std::size_t index = at_end ? book.pages.size() : static_cast<std::size_t>(book.header.position);
     std::vector<book::Page> taken;
     std::vector<unsigned> taken_ids;
@@ -65,6 +81,7 @@ void Model::paste(bool at_end, bool cut)
     }
     if (taken.empty())
         return;
+    clip = book::ClipMode::none;
     if (cut)
         erase_selected();
     book.pages.insert(book.pages.begin() + static_cast<std::ptrdiff_t>(place), taken.begin(), taken.end());
@@ -77,6 +94,7 @@ void Model::remove_selected()
 {
     if (!std::ranges::any_of(book.pages, is_selected))
         return;
+    clip = book::ClipMode::none;
     erase_selected();
     if (book.pages.empty())
         insert_under(0, fresh_page());

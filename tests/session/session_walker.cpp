@@ -42,6 +42,8 @@ Walker::Walker(Choose choose)
 void Walker::start()
 {
     room_ = std::make_unique<test_support::SessionRoom>(model_.history_file);
+    editor_.emplace(book());
+    model_.clip = book::ClipMode::none;
     model_.asked = {};
     model_.answers.clear();
     room_->session.history().load();
@@ -156,7 +158,12 @@ std::string Walker::page_difference() const
         if (page.files != expected.files || page.current_file != expected.current_file)
             return name + "files";
         if (!(page == expected))
-            return name + "mark, tab, colours or folder";
+            return name + "mark " + std::to_string(page.mark) + ", tab " + std::to_string(page.tab_number)
+                + ", selection " + std::to_string(static_cast<int>(page.selected)) + ", folder "
+                + visible(page.reference_folder) + " or a colour instead of mark "
+                + std::to_string(expected.mark) + ", tab " + std::to_string(expected.tab_number)
+                + ", selection " + std::to_string(static_cast<int>(expected.selected)) + ", folder "
+                + visible(expected.reference_folder);
     }
     return {};
 }

@@ -1,6 +1,7 @@
 // Drives a session and its model by choices from a random generator or a fuzzer, and compares them after each
 // step.
 #pragma once
+#include "book/page_editor.hpp"
 #include "session_model.hpp"
 #include "tests/support/session_fakes.hpp"
 #include <cstdint>
@@ -69,6 +70,7 @@ private:
     Action under_the_desk();
     Action select_pages();
     Action replace_action();
+    Action clip_action();
     Action paste_action();
     Action delete_selected();
     Action edit_window();
@@ -90,6 +92,7 @@ private:
     test_support::DataRoot root_;
     Model model_;
     std::unique_ptr<test_support::SessionRoom> room_;
+    std::optional<book::PageEditor> editor_; // of the room's Book
     std::vector<std::wstring> paths_;
     std::size_t steps_ = 0;
 };

@@ -35,32 +35,38 @@ Walker::Action Walker::replace_action()
         [this, request, in_all] { model_.replace(request, in_all); } };
 }
 
+// The clip stays until pages are pasted or deleted, the selection is given up or the editor opens again,
+// whatever else happens meanwhile.
+Walker::Action Walker::clip_action()
+{
+    if (one_in(4))
+        return { "clear the selection", [this] { editor_->clear_selection(); },
+            [this] { model_.clear_selection(); } };
+    const bool cut = one_in(2);
+    return { cut ? "cut" : "copy", [this, cut] { cut ? editor_->cut() : editor_->copy(); },
+        [this, cut] { model_.set_clip(cut ? book::ClipMode::cut : book::ClipMode::copy); } };
+}
+
 Walker::Action Walker::paste_action()
 {
     const bool at_end = one_in(2);
-    const bool cut = one_in(2);
-    if (!cut && book().pages.size() * 2 > page_limit)
-        return select_pages();
-    return { std::string(cut ? "cut" : "copy") + (at_end ? " to the end" : " to the position"),
-        [this, at_end, cut] {
-            book::PageEditor editor{ book() };
-            editor.reset();
-            cut ? editor.cut() : editor.copy();
+    if (model_.clip == book::ClipMode::none || book().pages.size() * 2 > page_limit)
+        return clip_action();
+    return { at_end ? "paste at the end" : "paste at the position",
+        [this, at_end] {
             const auto place = at_end ? book::PastePlace::at_end : book::PastePlace::here;
-            if (const auto request = editor.paste_request(place))
-                app::paste_pages(session(), editor, *request);
+            if (const auto request = editor_->paste_request(place))
+                app::paste_pages(session(), *editor_, *request);
         },
-        [this, at_end, cut] { model_.paste(at_end, cut); } };
+        [this, at_end] { model_.paste(at_end); } };
 }
 
 Walker::Action Walker::delete_selected()
 {
     return { "delete the selected pages",
         [this] {
-            book::PageEditor editor{ book() };
-            editor.reset();
-            if (const auto request = editor.delete_request())
-                app::delete_pages(session(), editor, *request);
+            if (const auto request = editor_->delete_request())
+                app::delete_pages(session(), *editor_, *request);
         },
         [this] { model_.remove_selected(); } };
 }
@@ -69,8 +75,15 @@ Walker::Action Walker::edit_window()
 {
     switch (below(4)) {
     case 0:
-        return { "prepare editing", [this] { app::prepare_editing(session()); },
-            [this] { model_.run([this] { model_.prepare_editing(); }, 0); } };
+        return { "prepare editing",
+            [this] {
+                app::prepare_editing(session());
+                editor_->reset();
+            },
+            [this] {
+                model_.run([this] { model_.prepare_editing(); }, 0);
+                model_.clip = book::ClipMode::none;
+            } };
     case 1:
         return { "end editing and save", [this] { app::end_editing(session(), app::EditEnd::save); },
             [this] { model_.run([this] { model_.save(Code::always); }, core::refresh::full); } };
@@ -85,8 +98,9 @@ Walker::Action Walker::edit_window()
 
 Walker::Action Walker::page_editing()
 {
-    static constexpr std::array<Maker, 6> makers{ &Walker::select_pages, &Walker::select_pages,
-        &Walker::replace_action, &Walker::paste_action, &Walker::delete_selected, &Walker::edit_window };
+    static constexpr std::array<Maker, 8> makers{ &Walker::select_pages, &Walker::select_pages,
+        &Walker::replace_action, &Walker::clip_action, &Walker::paste_action, &Walker::paste_action,
+        &Walker::delete_selected, &Walker::edit_window };
     return (this->*makers[below(makers.size())])();
 }
 

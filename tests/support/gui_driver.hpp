@@ -44,6 +44,23 @@ inline HWND dialog_of(DWORD thread)
     return visible_window_of(thread, L"#32770");
 }
 
+// The number of visible dialogs of a thread.
+inline std::size_t dialogs_of(DWORD thread)
+{
+    std::size_t count = 0;
+    EnumThreadWindows(
+        thread,
+        [](HWND hwnd, LPARAM result) -> BOOL {
+            wchar_t name[16] = {};
+            GetClassNameW(hwnd, name, 16);
+            if (std::wstring(name) == L"#32770" && IsWindowVisible(hwnd))
+                ++*reinterpret_cast<std::size_t*>(result);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
 // A second thread that waits for a window shown by this one and then acts on it. Its destructor joins the
 // thread, so it must end after the call that shows the window.
 class ShownDriver {

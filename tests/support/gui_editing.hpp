@@ -4,10 +4,11 @@
 #include "book/replace_view.hpp"
 #include "book/wnd/bookeditor.hpp"
 #include "book/wnd/replacewnd.hpp"
-#include "tests/support/gui_app_controls.hpp"
+#include "tests/support/gui_app_windows.hpp"
 #include "tests/support/gui_crowd.hpp"
 #include "tests/support/gui_menu.hpp"
 #include "tests/support/gui_typing.hpp"
+#include <deque>
 #include <fstream>
 #include <iterator>
 
@@ -15,12 +16,21 @@ namespace gui {
 
 namespace command = core::command;
 
-class EditingWindows : public AppControls {
+class EditingWindows : public AppWindows {
 protected:
     static constexpr auto replace_caption = L"Pagewick - 文字列の置換";
+    static constexpr auto damaged_book = L"\x3\x3\r\nzz\r\n\x3\x3\r\n";
+    static constexpr DWORD editing_frame = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 
-    book::ReplaceWnd& replace() const { return window_of<book::ReplaceWnd>(); }
-    book::BookEditor& editor() const { return window_of<book::BookEditor>(); }
+    // Without the styles that say how the window is shown at the moment.
+    static DWORD frame_style(const ovlib::Wnd& window)
+    {
+        return static_cast<DWORD>(GetWindowLongW(window.hwnd(), GWL_STYLE))
+            & ~(WS_VISIBLE | WS_DISABLED | WS_CLIPSIBLINGS);
+    }
+
+    book::ReplaceWnd& replace() const { return beside<book::ReplaceWnd>(); }
+    book::BookEditor& editor() const { return beside<book::BookEditor>(); }
 
     // A control of a window beside the main one.
     static HWND item(const ovlib::Wnd& window, int id) { return GetDlgItem(window.hwnd(), id); }
@@ -106,30 +116,30 @@ protected:
         return digits;
     }
 
-    // Runs an action that shows a box. While the box is open the main window is destroyed, with everything it
-    // owns.
-    void end_under_box(const std::function<void()>& action)
+    // Runs an action that shows boxes and presses these buttons. While the box after them is open the main
+    // window is destroyed, with everything it owns.
+    void end_under_box(const std::function<void()>& action, std::deque<int> buttons = {})
     {
         static HWND main;
+        static std::deque<int> pressed;
         main = window().hwnd();
+        pressed = std::move(buttons);
         constexpr UINT often = 10;
         const UINT_PTR timer = SetTimer(nullptr, 0, often, [](HWND, UINT, UINT_PTR, DWORD) {
-            if (dialog_of(GetCurrentThreadId()))
+            HWND const dialog = dialog_of(GetCurrentThreadId());
+            if (!dialog)
+                return;
+            if (pressed.empty()) {
                 DestroyWindow(main);
+                return;
+            }
+            SendMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(pressed.front()), 0);
+            pressed.pop_front();
         });
         action();
         KillTimer(nullptr, timer);
         EXPECT_FALSE(IsWindow(main));
         take_quit();
-    }
-
-private:
-    template <class Window> static Window& window_of()
-    {
-        for (ovlib::Wnd* wnd = ovlib::Wnd::first(); wnd; wnd = wnd->next())
-            if (auto* const found = dynamic_cast<Window*>(wnd))
-                return *found;
-        throw std::runtime_error("no such window");
     }
 };
 
