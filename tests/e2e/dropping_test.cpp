@@ -385,6 +385,9 @@ protected:
     {
         const POINT pane = middle(layout().file_pane);
         press_mouse(pane);
+        require("the drag begins", [&] {
+            return DragPartner::moves_on({ pane.x + 40, pane.y }) && program().holds_mouse();
+        });
         lead_mouse(pane, partner_.place());
         require("the drag enters",
             [this] { return DragPartner::moves_on(partner_.place()) && partner_.entries() == 1; });

@@ -46,8 +46,7 @@ private:
 };
 
 // A new object; the result holds its first reference. ComPtr::Attach adds one in some versions of its header.
-template <class Object, class... Arguments>
-Microsoft::WRL::ComPtr<Object> make_com(Arguments&&... arguments)
+template <class Object, class... Arguments> Microsoft::WRL::ComPtr<Object> make_com(Arguments&&... arguments)
 {
     Microsoft::WRL::ComPtr<Object> made;
     *made.ReleaseAndGetAddressOf() = new Object{ std::forward<Arguments>(arguments)... };
