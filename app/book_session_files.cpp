@@ -3,11 +3,11 @@
 #include "app/last_book.hpp"
 #include "core/data_root.hpp"
 #include "core/folders.hpp"
-#include "core/scoped_flag.hpp"
 #include "core/settings.hpp"
 #include "look/theme.hpp"
 #include "platform/file.hpp"
 #include "platform/path_text.hpp"
+#include "platform/scoped_flag.hpp"
 
 namespace app {
 
@@ -88,7 +88,7 @@ bool BookSession::read_book(const std::wstring& path, std::wstring& error)
 {
     bool is_loaded = false;
     try {
-        const core::ScopedFlag loading{ is_loading_ };
+        const platform::ScopedFlag loading{ is_loading_ };
         is_loaded = book_.load(path, error, [this](const std::wstring& question) {
             return talk().ask(question, BoxStyle::warning_question);
         });

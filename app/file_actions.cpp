@@ -222,6 +222,13 @@ std::vector<std::wstring> add_files(BookSession& session, const ChoosePaths& cho
     return chosen;
 }
 
+std::vector<std::wstring> add_dropped_files(BookSession& session, std::vector<std::wstring> files)
+{
+    if (files.empty())
+        return {};
+    return add_files(session, [&files] { return std::move(files); });
+}
+
 Outcome duplicate_file(BookSession& session, const ChooseCopy& choose)
 {
     const std::optional<EntryNote> asked = note_entry(session.book());

@@ -49,6 +49,8 @@ core::Outcome remove_file(BookSession& session);
 core::Outcome remove_all_files(BookSession& session);
 // The added paths. Empty if none were added, also if the page was another one after the dialog.
 std::vector<std::wstring> add_files(BookSession& session, const ChoosePaths& choose);
+// The same with files that were dropped on the window.
+std::vector<std::wstring> add_dropped_files(BookSession& session, std::vector<std::wstring> files);
 // Copies the file of the selected entry to a path that the user chooses, and reports it.
 core::Outcome duplicate_file(BookSession& session, const ChooseCopy& choose);
 

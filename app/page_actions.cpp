@@ -2,6 +2,7 @@
 #include "book/page_order.hpp"
 #include "book/query.hpp"
 #include "core/command_ids.hpp"
+#include <algorithm>
 #include <utility>
 
 namespace app {
@@ -178,6 +179,25 @@ Outcome add_page(BookSession& session, int command)
     book.new_page(at_end ? book.pages.size() : book.header.position, new_page_colors());
     follow_pages(session);
     session.save(SaveCode::always);
+    return Outcome::done;
+}
+
+// All pages exist before the Book gets the first one, so a failure leaves it as it was.
+Outcome add_pages_of_files(BookSession& session, const std::vector<std::wstring>& files)
+{
+    if (files.empty() || !session.may_leave_page())
+        return Outcome::failed;
+    book::Book& book = session.book();
+    if (files.size() > book::page_limit - std::min(book.pages.size(), book::page_limit))
+        throw book::Book::PageCountOver{};
+    std::vector<book::Page> added(files.size(), book::empty_page(new_page_colors()));
+    for (std::size_t i = 0; i < files.size(); ++i)
+        added[i].files = { files[i] };
+    book.pages.reserve(book.pages.size() + added.size());
+    for (book::Page& page : added)
+        book.insert_page(book.pages.size(), std::move(page));
+    follow_pages(session);
+    session.merge(core::refresh::full);
     return Outcome::done;
 }
 

@@ -7,6 +7,8 @@
 #include "look/theme.hpp"
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 namespace app {
 
@@ -44,6 +46,9 @@ core::Outcome go_to_position(BookSession& session, std::uint64_t position);
 // `command`: 1018 to 1020.
 core::Outcome change_order(BookSession& session, int command);
 core::Outcome add_page(BookSession& session, int command); // 2528 or 2530
+// Adds one page at the end for each of these files. The last one becomes current; nothing is saved. Throws
+// PageCountOver before the first page if the Book has no room for all of them.
+core::Outcome add_pages_of_files(BookSession& session, const std::vector<std::wstring>& files);
 // Requests the refresh itself too, because the wheel is not a command.
 void swap_page(BookSession& session, int direction);
 

@@ -4,14 +4,24 @@
 
 namespace app {
 
+namespace {
+
+// A line break in this box would move every later line of the file.
+std::wstring one_line(std::wstring_view text)
+{
+    const std::wstring_view line = book::first_line(book::trimmed(text, book::TrimMode::both));
+    return std::wstring{ book::trimmed(line, book::TrimMode::right) };
+}
+
+} // namespace
+
 void commit_edits(BoxEdits edits, book::Page& page)
 {
-    constexpr std::size_t single_line_box = 1;
     for (std::size_t box = 0; box < edits.size(); ++box) {
         if (!edits[box])
             continue;
         if (box == single_line_box)
-            book::trim_text(*edits[box], book::TrimMode::both);
+            *edits[box] = one_line(*edits[box]);
         book::remove_separator(*edits[box]);
         page.text[box] = std::move(*edits[box]);
     }

@@ -48,10 +48,12 @@ constexpr Leave leave_decision(bool still_changed, bool has_current_page)
     return has_current_page ? Leave::stay : Leave::drop_edits_and_go_on;
 }
 
+inline constexpr std::size_t single_line_box = 1; // box 2
+
 // The text of each edited box; nullopt for a box without edits.
 using BoxEdits = std::array<std::optional<std::wstring>, book::box_count>;
 
-// Trims box 2 at both ends and removes U+0003 from all texts.
+// Trims box 2 at both ends, cuts it at its first line break, and removes U+0003 from all texts.
 void commit_edits(BoxEdits edits, book::Page& page);
 
 inline constexpr wchar_t save_question[] = L"ページの内容が変更されています．\r\nファイルに保存しますか？";

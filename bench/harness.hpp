@@ -85,6 +85,7 @@ void run_pages(Bench& bench);
 void run_typing(Bench& bench);
 void run_media(Bench& bench);
 void run_links(Bench& bench);
+void run_drops(Bench& bench);
 void run_windows(Bench& bench);
 #endif
 

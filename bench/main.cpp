@@ -22,6 +22,7 @@ constexpr bench::Suite suites[] = {
     { "typing", bench::run_typing },
     { "media", bench::run_media },
     { "links", bench::run_links },
+    { "drops", bench::run_drops },
     { "windows", bench::run_windows },
 #endif
 };

@@ -62,6 +62,11 @@ void remove_separator(std::wstring& text)
     std::erase(text, separator);
 }
 
+std::wstring_view first_line(std::wstring_view text)
+{
+    return text.substr(0, text.find_first_of(L"\r\n"));
+}
+
 std::wstring time_text(const platform::LocalTime& time)
 {
     std::wstring text;

@@ -22,6 +22,9 @@ std::u16string_view trimmed(std::u16string_view text, TrimMode mode);
 // Erases every U+0003.
 void remove_separator(std::wstring& text);
 
+// The text before the first CR or LF, which is what a box of one line accepts.
+std::wstring_view first_line(std::wstring_view text);
+
 using platform::same_text_ignoring_case;
 
 // Year, month, day, hour, minute, second as 14 digits.

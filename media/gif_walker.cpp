@@ -1,5 +1,5 @@
 #include "media/gif_walker.hpp"
-#include "media/byte_view.hpp"
+#include "platform/byte_view.hpp"
 #include <algorithm>
 
 // A GIF is a sequence of blocks whose sizes are in the file, so its frames can be counted without decoding:
@@ -11,6 +11,9 @@
 // belong to frames that every decoder finds, so they end at the first damaged block.
 
 namespace media {
+
+using platform::ByteOrder;
+using platform::ByteView;
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "media/picture_header.hpp"
-#include "media/byte_view.hpp"
 #include "media/gif_walker.hpp"
+#include "platform/byte_view.hpp"
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -15,6 +15,9 @@
 // libraries but the system's.
 
 namespace media {
+
+using platform::ByteOrder;
+using platform::ByteView;
 
 namespace {
 

@@ -46,6 +46,9 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
         return on_create(message);
     case WM_CLOSE:
         return on_close();
+    case WM_DESTROY:
+        parts_.drops.stop();
+        return false;
     case WM_ENDSESSION:
         return on_end_session(message);
     case WM_COMMAND:
@@ -89,6 +92,12 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
     case WM_KILLFOCUS:
     case WM_CAPTURECHANGED:
         return background.on_drag_end();
+    case drop_notification:
+        message.result = parts_.drops.on_notification(HIWORD(message.wparam), message.lparam);
+        return true;
+    case drop_question:
+        parts_.drops.ask_about_files();
+        return true;
     default:
         return false;
     }
@@ -141,6 +150,9 @@ bool AppWnd::on_create(ovlib::WndMessage& message)
         show_message(notice.text, notice.style);
         message.result = -1;
     }
+    // A window whose creation fails may get no WM_DESTROY.
+    if (message.result != 0)
+        parts_.drops.stop();
     return true;
 }
 
@@ -157,6 +169,7 @@ bool AppWnd::create_view()
     center(nullptr, false);
     if (!parts_.create())
         return false;
+    parts_.drops.start();
     typing_focus_.order_fields();
     if (!parts_.talk.create())
         return false;
@@ -175,6 +188,7 @@ bool AppWnd::on_close()
         return true;
     show(false);
     is_closing_ = true;
+    parts_.drops.stop();
     parts_.links.close();
     parts_.background.on_drag_end();
     end_background_work();

@@ -131,6 +131,15 @@ Outcome add_files(MainParts& parts, const CommandInput&)
     return Outcome::done;
 }
 
+Outcome add_dropped_files(MainParts& parts, const CommandInput&)
+{
+    const std::vector<std::wstring> added = app::add_dropped_files(parts.session, parts.drops.take_paths());
+    if (added.empty())
+        return Outcome::failed;
+    parts.links.start_shortcut_creation_async(added);
+    return Outcome::done;
+}
+
 Outcome remove_file(MainParts& parts, const CommandInput&)
 {
     return app::remove_file(parts.session);

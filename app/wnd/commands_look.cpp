@@ -13,22 +13,6 @@ namespace app {
 
 namespace {
 
-// Message boxes belong to this window for the length of a scope.
-class BoxOwner {
-public:
-    BoxOwner(MainTalk& talk, ovlib::Wnd& owner)
-        : talk_(talk)
-    {
-        talk_.set_box_owner(&owner);
-    }
-    BoxOwner(const BoxOwner&) = delete;
-    BoxOwner& operator=(const BoxOwner&) = delete;
-    ~BoxOwner() { talk_.set_box_owner(nullptr); }
-
-private:
-    MainTalk& talk_;
-};
-
 // The settings window is modal: while it is open the main window turns no page, loads no Book, and shows its
 // boxes over the settings window.
 std::optional<look::SettingsChoice> ask_for_settings(MainParts& parts)

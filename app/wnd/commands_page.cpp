@@ -104,6 +104,15 @@ Outcome add_page(MainParts& parts, const CommandInput& input)
     return app::add_page(parts.session, input.id);
 }
 
+Outcome add_dropped_pages(MainParts& parts, const CommandInput&)
+{
+    const std::vector<std::wstring> paths = parts.drops.take_paths();
+    const Outcome outcome = add_pages_of_files(parts.session, paths);
+    if (outcome == Outcome::done)
+        parts.links.start_shortcut_creation_async(paths);
+    return outcome;
+}
+
 Outcome delete_page(MainParts& parts, const CommandInput&)
 {
     return app::delete_page(parts.session);

@@ -23,6 +23,7 @@ FileView::FileView(
           { .thumbnails = thumbnails_,
               .properties = properties_,
               .paths = paths,
+              .drag = &drag_,
               .menu_pictures = &menu_pictures })
 {
 }

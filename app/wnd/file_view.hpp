@@ -3,6 +3,7 @@
 #include "app/main_layout.hpp"
 #include "core/latest_request.hpp"
 #include "media/wnd/filewnd.hpp"
+#include "media/wnd/shell_file_drag.hpp"
 #include "media/wnd/small_picture.hpp"
 #include <string>
 
@@ -29,6 +30,7 @@ private:
     media::PathAnswers& paths_;
     media::ShellThumbnails thumbnails_;
     media::ShellPropertyReader properties_;
+    media::ShellFileDrag drag_;
     media::FileWnd pane_;
     media::FileFacts facts_; // about the file in the pane
     media::SmallPicture small_picture_;

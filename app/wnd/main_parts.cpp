@@ -128,6 +128,7 @@ MainParts::MainParts(ovlib::BaseWnd& main_window)
     , edit_session(session, [this] { return talk.is_accepting_input(); })
     , replace_window(&window, 0, session.book(), edit_session)
     , book_editor(&window, 0, session.book(), edit_session, menu_pictures)
+    , drops(*this)
 {
     talk.add_busy_window(busy_replacing_);
     talk.add_busy_window(busy_editing_);

@@ -6,6 +6,7 @@
 #include "app/wnd/file_view.hpp"
 #include "app/wnd/link_maker.hpp"
 #include "app/wnd/main_controls.hpp"
+#include "app/wnd/main_drops.hpp"
 #include "app/wnd/main_talk.hpp"
 #include "app/wnd/page_desk.hpp"
 #include "book/wnd/book_search_result_wnd.hpp"
@@ -71,6 +72,7 @@ struct MainParts {
     EditSession edit_session;
     book::ReplaceWnd replace_window;
     book::BookEditor book_editor;
+    MainDrops drops;
     MainLayout layout;
 
 private:

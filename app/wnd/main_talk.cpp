@@ -135,17 +135,29 @@ std::vector<std::wstring> MainTalk::choose_paths(ovlib::modern::FileOpenDialog& 
     return paths;
 }
 
-std::wstring MainTalk::choose_copy(const std::wstring& source)
+// A dialog of its own for each question: the name filter and the default extension of the Book's dialog must
+// not change.
+std::wstring MainTalk::choose_path(const wchar_t* title, const std::wstring& name)
 {
     ovlib::classic::FileSaveDialog dialog{ &parent_ };
     dialog.set_options(OFN_EXPLORER | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT);
-    dialog.set_title(duplicate_title);
-    dialog.set_file_name(std::wstring{ platform::file_name(source) });
-    dialog.set_default_extension(extension_without_point(source));
+    dialog.set_title(title);
+    dialog.set_file_name(name);
+    dialog.set_default_extension(extension_without_point(name));
     const InputGate::Hold hold{ input_ };
     std::wstring chosen = dialog.show() ? dialog.result() : std::wstring{};
     core::set_current_directory(L"");
     return chosen;
+}
+
+std::wstring MainTalk::choose_copy(const std::wstring& source)
+{
+    return choose_path(duplicate_title, std::wstring{ platform::file_name(source) });
+}
+
+std::wstring MainTalk::choose_attachment_path(const std::wstring& name)
+{
+    return choose_path(attachment_title, name);
 }
 
 // While a page editor is open the main window refuses WM_CLOSE, and the program would run on with a damaged

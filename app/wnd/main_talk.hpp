@@ -55,6 +55,8 @@ public:
     std::vector<std::wstring> choose_paths(ovlib::modern::FileOpenDialog& dialog);
     // The path for a copy of `source`; empty if the user cancelled.
     std::wstring choose_copy(const std::wstring& source);
+    // The path for an attachment of this name, with the same result.
+    std::wstring choose_attachment_path(const std::wstring& name);
 
     bool is_gone() const override { return !parent_.is_window(); }
     bool is_busy() const override;
@@ -76,6 +78,7 @@ public:
 private:
     // After the gate opened or closed.
     void show_gate();
+    std::wstring choose_path(const wchar_t* title, const std::wstring& name);
 
     ovlib::BaseWnd& parent_;
     ovlib::Wnd* box_owner_ = nullptr;
@@ -88,6 +91,22 @@ private:
     look::WarningWnd banner_;
     ovlib::classic::FileOpenDialog book_open_dialog_;
     ovlib::classic::FileSaveDialog book_save_dialog_;
+};
+
+// Message boxes belong to a modal window for the length of a scope.
+class BoxOwner {
+public:
+    BoxOwner(MainTalk& talk, ovlib::Wnd& owner)
+        : talk_(talk)
+    {
+        talk_.set_box_owner(&owner);
+    }
+    BoxOwner(const BoxOwner&) = delete;
+    BoxOwner& operator=(const BoxOwner&) = delete;
+    ~BoxOwner() { talk_.set_box_owner(nullptr); }
+
+private:
+    MainTalk& talk_;
 };
 
 } // namespace app

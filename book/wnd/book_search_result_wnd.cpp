@@ -1,8 +1,8 @@
 #include "book/wnd/book_search_result_wnd.hpp"
 #include "controls/window_place.hpp"
 #include "core/command_ids.hpp"
-#include "core/scoped_flag.hpp"
 #include "ovlib/gui/system_geometry.hpp"
+#include "platform/scoped_flag.hpp"
 #include <algorithm>
 #include <utility>
 
@@ -148,7 +148,7 @@ void BookSearchResultWnd::choose(int row)
 
 void BookSearchResultWnd::send_chosen(const SearchHit* hit)
 {
-    const core::ScopedFlag choosing{ is_choosing_ };
+    const platform::ScopedFlag choosing{ is_choosing_ };
     parent()->send_command(
         core::command::choose_result, 0, static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(hit)));
 }

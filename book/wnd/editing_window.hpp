@@ -2,8 +2,8 @@
 // the Book's file: the program saves the Book before one of them opens.
 #pragma once
 #include "book/edit_host.hpp"
-#include "core/scoped_flag.hpp"
 #include "look/wnd/tool_window.hpp"
+#include "platform/scoped_flag.hpp"
 
 namespace book {
 
@@ -34,7 +34,7 @@ protected:
     // meanwhile, because the window does not know yet whether it has changed something.
     template <class Operation> auto run_in_host(Operation operation)
     {
-        const core::ScopedFlag running{ is_running_in_host_ };
+        const platform::ScopedFlag running{ is_running_in_host_ };
         return operation(host_);
     }
     bool accepts_input() const { return host_.accepts_input() && !is_running_in_host_; }

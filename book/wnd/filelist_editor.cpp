@@ -2,7 +2,7 @@
 #include "book/file_list_text.hpp"
 #include "core/command_ids.hpp"
 #include "core/refresh.hpp"
-#include "core/scoped_flag.hpp"
+#include "platform/scoped_flag.hpp"
 #include <utility>
 
 namespace book {
@@ -240,7 +240,7 @@ int FileListEditor::ask(const std::wstring& question)
 {
     if (!is_window())
         return IDCANCEL;
-    const core::ScopedFlag asking{ is_asking_ };
+    const platform::ScopedFlag asking{ is_asking_ };
     return show_message(question, MB_YESNOCANCEL | MB_ICONQUESTION);
 }
 } // namespace book

@@ -3,12 +3,13 @@
 #include "core/data_root.hpp"
 #include "core/folders.hpp"
 #include "core/locks.hpp"
-#include "core/scoped_flag.hpp"
 #include "core/settings.hpp"
 #include "core/titles.hpp"
+#include "ovlib/gui/drag_files.hpp"
 #include "ovlib/gui/system_geometry.hpp"
 #include "ovlib/handles.hpp"
 #include "platform/file.hpp"
+#include "platform/scoped_flag.hpp"
 #include <utility>
 
 namespace media {
@@ -23,9 +24,6 @@ constexpr int pane_id = 1;
 constexpr int corner = 11;
 constexpr int double_click_box = 1050; // Enter in this input box counts as a double click on the pane
 constexpr auto still_running = L"GifThread is still running.";
-
-// At most one drag runs in this process.
-bool is_dragging = false;
 
 platform::Size drag_distance()
 {
@@ -134,7 +132,7 @@ void FileWnd::show_selected_file()
 // False if there is nothing to load for, because the Book has no page.
 bool FileWnd::load_latest()
 {
-    const core::ScopedFlag loading{ is_loading_ };
+    const platform::ScopedFlag loading{ is_loading_ };
     auto served = core::LatestRequest::Request::none;
     while (!loads_.is_latest(served) && book_->current_page()) {
         served = loads_.latest();
@@ -281,10 +279,8 @@ void FileWnd::drag_file()
         return;
     const std::wstring path = core::full_path(entry);
     drag_.disarm();
-    if (is_dragging)
-        return;
-    const core::ScopedFlag running{ is_dragging };
-    file_drag_->run(path);
+    if (const ovlib::DragScope drag; drag)
+        file_drag_->run(path);
 }
 
 } // namespace media

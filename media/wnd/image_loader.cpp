@@ -1,13 +1,13 @@
 #include "media/wnd/image_loader.hpp"
 #include "core/data_root.hpp"
 #include "core/locks.hpp"
-#include "core/scoped_flag.hpp"
 #include "media/gif_play.hpp"
 #include "media/gif_walker.hpp"
 #include "media/picture_header.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "platform/file.hpp"
 #include "platform/process_log.hpp"
+#include "platform/scoped_flag.hpp"
 #include <algorithm>
 
 namespace media {
@@ -65,7 +65,7 @@ ImageLoader::~ImageLoader()
 bool ImageLoader::load(const std::wstring& entry)
 {
     const std::scoped_lock hold{ core::loader_lock() };
-    const core::ScopedFlag loading{ is_loading_ };
+    const platform::ScopedFlag loading{ is_loading_ };
     clear();
     core::set_current_directory(L"");
     LoadedEntry loaded = load_entry(entry, ovlib::image_extensions, *this, paths_);

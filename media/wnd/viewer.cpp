@@ -1,9 +1,9 @@
 #include "media/wnd/viewer.hpp"
-#include "core/scoped_flag.hpp"
 #include "core/settings.hpp"
 #include "media/display_name.hpp"
 #include "ovlib/gui/owner_drawn.hpp"
 #include "ovlib/gui/system_geometry.hpp"
+#include "platform/scoped_flag.hpp"
 #include <utility>
 #include <vector>
 
@@ -213,7 +213,7 @@ void Viewer::refresh(KeepView keep)
 // The bars take room from the client area, in which the picture is centred after that.
 void Viewer::lay_out(KeepView keep)
 {
-    const core::ScopedFlag laying_out{ is_laying_out_ };
+    const platform::ScopedFlag laying_out{ is_laying_out_ };
     if (!is_at_actual_size()) {
         bars_.hide();
         canvas_.layout(mode_fit, 0);

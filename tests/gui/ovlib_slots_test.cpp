@@ -5,6 +5,8 @@
 #include "ovlib/gui/classic_dialog.hpp"
 #include "ovlib/gui/combobox.hpp"
 #include "ovlib/gui/dc.hpp"
+#include "ovlib/gui/drag_files.hpp"
+#include "ovlib/gui/drop_files.hpp"
 #include "ovlib/gui/editbox.hpp"
 #include "ovlib/gui/gdip_image.hpp"
 #include "ovlib/gui/modern_dialog.hpp"
@@ -114,6 +116,27 @@ TEST(Slots, OfWndAreInTheirOrder)
 std::ptrdiff_t after_wnd()
 {
     return slot(&Wnd::on_wait_failed) + 1;
+}
+
+// OLE calls them by their place.
+TEST(Slots, OfTheObjectsForDragsAndDropsAreInTheirOrder)
+{
+    using S = DragFiles;
+    expect_consecutive({ slot(&S::QueryInterface), slot(&S::AddRef), slot(&S::Release),
+                           slot(&S::QueryContinueDrag), slot(&S::GiveFeedback) },
+        0);
+    using D = DragDataObject;
+    expect_consecutive(
+        { slot(&D::QueryInterface), slot(&D::AddRef), slot(&D::Release), slot(&D::GetData),
+            slot(&D::GetDataHere), slot(&D::QueryGetData), slot(&D::GetCanonicalFormatEtc), slot(&D::SetData),
+            slot(&D::EnumFormatEtc), slot(&D::DAdvise), slot(&D::DUnadvise), slot(&D::EnumDAdvise) },
+        0);
+    using T = DropFiles;
+    expect_consecutive({ slot(&T::QueryInterface), slot(&T::AddRef), slot(&T::Release), slot(&T::DragEnter),
+                           slot(&T::DragOver), slot(&T::DragLeave), slot(&T::Drop),
+                           slot(&T::take_virtual_files), slot(&T::take_files), slot(&T::take_text) },
+        0);
+    EXPECT_EQ(slot(&T::can_accept), slot(&T::take_text) + 1 + after_destructor);
 }
 
 TEST(Slots, OfTheBasesFollowThoseOfTheirBase)

@@ -145,6 +145,14 @@ void trim(std::wstring& text)
     text.erase(0, start);
 }
 
+void make_one_line(std::wstring& text)
+{
+    trim(text);
+    while (text.find(L'\r') != text.npos || text.find(L'\n') != text.npos)
+        text.pop_back();
+    trim(text);
+}
+
 std::wstring written(Record& record)
 {
     std::array<unsigned char, sizeof(book::BookHeader)> bytes{};

@@ -17,6 +17,8 @@ enum class Reading { good, no_header, older, damaged_header, bad_numbers };
 bool is_white(wchar_t unit);
 void trim_right(std::wstring& text);
 void trim(std::wstring& text);
+// As box 2 is committed: the first line of what is left after trimming.
+void make_one_line(std::wstring& text);
 
 // Of a path.
 std::wstring name_of(const std::wstring& path);

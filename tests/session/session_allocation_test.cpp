@@ -200,6 +200,12 @@ private:
                 app::add_files(
                     s, [] { return std::vector<std::wstring>{ L"an added entry with a long name" }; });
             },
+            [&s] { app::add_dropped_files(s, { L"a dropped entry with a long name" }); },
+            typing(0, L"before dropped pages"),
+            [&s] {
+                app::add_pages_of_files(
+                    s, { L"a page's entry with a long name", L"another one with a long name" });
+            },
             [&s] {
                 app::choose_folder(
                     s, [] { return std::vector<std::wstring>{ L"a folder with a long name" }; });

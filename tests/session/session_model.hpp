@@ -122,6 +122,8 @@ public:
     void remove_all_files();
     void append(const std::vector<std::wstring>& chosen);
     void add_files(const std::vector<std::wstring>& chosen);
+    void add_dropped_files(const std::vector<std::wstring>& dropped);
+    void add_pages_of_files(const std::vector<std::wstring>& dropped);
     void set_folder(const std::wstring& chosen);
     void clear_folder();
 

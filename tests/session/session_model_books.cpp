@@ -76,7 +76,7 @@ bool Model::save(Code code)
                 continue;
             std::wstring text = boxes[box].text;
             if (box == 1)
-                trim(text);
+                make_one_line(text);
             std::erase(text, wchar_t{ 3 });
             edited.text[box] = text;
         }

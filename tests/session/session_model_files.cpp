@@ -147,6 +147,25 @@ void Model::add_files(const std::vector<std::wstring>& chosen)
         append(chosen);
 }
 
+void Model::add_dropped_files(const std::vector<std::wstring>& dropped)
+{
+    if (!dropped.empty() && may_change_list())
+        append(dropped);
+}
+
+void Model::add_pages_of_files(const std::vector<std::wstring>& dropped)
+{
+    if (dropped.empty() || !leave())
+        return;
+    for (const std::wstring& file : dropped) {
+        book::Page made = fresh_page();
+        made.files = { file };
+        insert_under(book.pages.size(), made);
+    }
+    follow();
+    pending_ |= full;
+}
+
 void Model::append(const std::vector<std::wstring>& chosen)
 {
     if (!page() || chosen.empty())

@@ -149,7 +149,7 @@ Walker::Action Walker::file_action()
     const std::uint32_t which = below(4);
     const bool descending = one_in(2);
     const std::vector<std::wstring> chosen(below(3), any_line());
-    switch (below(7)) {
+    switch (below(9)) {
     case 0:
         return { "select row " + std::to_string(which),
             [this, which] { app::select_file(session(), std::int64_t{ which } - 1); },
@@ -173,6 +173,14 @@ Walker::Action Walker::file_action()
     case 5:
         return { "remove all", [this] { app::remove_all_files(session()); },
             [this] { model_.remove_all_files(); } };
+    case 6:
+        return { "drop files", [this, chosen] { app::add_dropped_files(session(), chosen); },
+            [this, chosen] { model_.add_dropped_files(chosen); } };
+    case 7:
+        if (book().pages.size() + chosen.size() > page_limit)
+            return { "no room for a drop", [] {}, [] {} };
+        return { "drop files as pages", [this, chosen] { app::add_pages_of_files(session(), chosen); },
+            [this, chosen] { model_.add_pages_of_files(chosen); } };
     default:
         return { "add files",
             [this, chosen] {

@@ -16,22 +16,32 @@ inline std::wstring text_of(HWND hwnd)
     return text;
 }
 
+// The visible top-level window of a thread with this class, or null.
+inline HWND visible_window_of(DWORD thread, const wchar_t* class_name)
+{
+    struct Search {
+        const wchar_t* class_name;
+        HWND found = nullptr;
+    } search{ class_name };
+    EnumThreadWindows(
+        thread,
+        [](HWND hwnd, LPARAM lparam) -> BOOL {
+            auto& asked = *reinterpret_cast<Search*>(lparam);
+            wchar_t name[64] = {};
+            GetClassNameW(hwnd, name, 64);
+            if (std::wstring(name) != asked.class_name || !IsWindowVisible(hwnd))
+                return TRUE;
+            asked.found = hwnd;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
 // The visible dialog of a thread, or null.
 inline HWND dialog_of(DWORD thread)
 {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        thread,
-        [](HWND hwnd, LPARAM result) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(hwnd, name, 16);
-            if (std::wstring(name) != L"#32770" || !IsWindowVisible(hwnd))
-                return TRUE;
-            *reinterpret_cast<HWND*>(result) = hwnd;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
+    return visible_window_of(thread, L"#32770");
 }
 
 // The number of visible dialogs of a thread.

@@ -11,19 +11,7 @@ namespace gui {
 // The visible settings window of a thread, or null.
 inline HWND settings_window_of(DWORD thread)
 {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        thread,
-        [](HWND hwnd, LPARAM result) -> BOOL {
-            wchar_t name[64] = {};
-            GetClassNameW(hwnd, name, 64);
-            if (std::wstring(name) != L"ovlib_settingwnd[158]" || !IsWindowVisible(hwnd))
-                return TRUE;
-            *reinterpret_cast<HWND*>(result) = hwnd;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
+    return visible_window_of(thread, L"ovlib_settingwnd[158]");
 }
 
 // Waits for the window on a second thread and acts on it there; then it closes the window unless that

@@ -4,6 +4,7 @@
 #include "look/theme.hpp"
 #include "media/viewer_model.hpp"
 #include "ovlib/gui/gdip.hpp"
+#include "tests/e2e/driver_drag.hpp"
 #include "tests/e2e/driver_main_window.hpp"
 #include "tests/support/built_files.hpp"
 #include "tests/support/picture_files.hpp"
@@ -319,6 +320,21 @@ TEST_F(ScreensOfTheViewer, ActualSize)
     require("the buttons show", [&] { return viewer().child(media::viewer_command::zoom_in).is_visible(); });
     viewer().send_command(media::viewer_command::zoom_in);
     take_only("viewer-actual-size", viewer());
+}
+
+TEST_F(Screens, DroppedFiles)
+{
+    open_sample();
+    DragPartner partner;
+    move_mouse(partner.place());
+    partner.drag_to(background(), [](test_support::FakeSource& source) {
+        source.offer_files({ L"C:\\本棚\\表紙の写真.png", L"C:\\本棚\\朝の曲.mp3" });
+    });
+    partner.release();
+    const auto question = [this] { return side_window(L"ovlib_drop_option_wnd[34]"); };
+    require("the question shows", [&] { return program().is_active(question()); });
+    program().await_input();
+    take("drop", true);
 }
 
 TEST_F(Screens, History)

@@ -2,7 +2,7 @@
 // nested.
 #pragma once
 
-namespace core {
+namespace platform {
 
 class ScopedFlag {
 public:
@@ -22,4 +22,4 @@ private:
     bool before_;
 };
 
-} // namespace core
+} // namespace platform

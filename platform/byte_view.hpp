@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-namespace media {
+namespace platform {
 
 enum class ByteOrder { little, big };
 
@@ -55,4 +55,4 @@ private:
     std::span<const std::byte> bytes_;
 };
 
-} // namespace media
+} // namespace platform
