@@ -67,6 +67,7 @@ private:
     void begin_drag(platform::Point at);
     void end_drag();
     void show_buttons(platform::Point mouse);
+    void track_leaving() const;
 
     ovlib::Wnd& main_window() const { return *parent()->parent(); }
     bool is_at_actual_size() const;

@@ -218,6 +218,7 @@ bool Viewer::on_mouse_move(Point at, bool is_button_down)
     if (!is_button_down)
         end_drag();
     if (!is_dragging_) {
+        track_leaving(); // first: the mouse may leave while the buttons are drawn
         show_buttons(at);
         return true;
     }
@@ -241,7 +242,13 @@ void Viewer::on_double_click(Point at)
 void Viewer::show_buttons(Point mouse)
 {
     buttons_.show(is_at_actual_size() && shows_zoom_buttons(mouse, ovlib::to_size(client_size())));
-    if (!buttons_.are_shown() || !is_picture_at(mouse_on_screen()))
+}
+
+// Over another window the system would report the leaving at once.
+void Viewer::track_leaving() const
+{
+    const Point mouse = mouse_on_screen();
+    if (WindowFromPoint({ mouse.x, mouse.y }) != hwnd())
         return;
     TRACKMOUSEEVENT track{ sizeof track, TME_LEAVE, hwnd(), 0 };
     TrackMouseEvent(&track);
