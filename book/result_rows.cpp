@@ -44,6 +44,8 @@ std::vector<std::uint64_t> line_starts(const std::wstring& text)
 // line starts are taken once, and if possible from the text itself, because the control needs a time for all
 // starts that grows with the square of their number.
 class LinesOfBox {
+    static constexpr std::size_t many = 8;
+
 public:
     LinesOfBox(const std::vector<SearchHit>& hits, std::size_t box, const BoxLines& lines)
         : box_(box)
@@ -53,7 +55,6 @@ public:
             static_cast<std::size_t>(std::ranges::count(hits, box_place + box, &SearchHit::place));
         if (count == 0)
             return;
-        constexpr std::size_t many = 8;
         if (count > many) {
             if (const std::optional<std::wstring> text = lines.unwrapped_text(box))
                 starts_ = line_starts(*text);
@@ -61,13 +62,16 @@ public:
                 return;
         }
         const std::size_t line_count = lines.line_count(box);
-        if (count <= line_count)
+        constexpr std::size_t many_lines = 4'096;
+        is_late_ = count > many && line_count > many_lines;
+        if (is_late_ || count <= line_count)
             return;
         starts_.reserve(line_count);
         for (std::size_t line = 0; line < line_count; ++line)
             starts_.push_back(lines.line_start(box, line));
     }
 
+    bool is_late() const { return is_late_; }
     std::size_t line_of(std::uint64_t position) const
     {
         if (starts_.empty())
@@ -80,6 +84,7 @@ private:
     std::size_t box_;
     const BoxLines& lines_;
     std::vector<std::uint64_t> starts_; // empty: the control is asked for each hit
+    bool is_late_ = false; // the control would need too long
 };
 
 // A number in plain digits; nullopt for anything else.
@@ -129,13 +134,23 @@ std::wstring results_title(std::uint64_t position, std::size_t row_count)
 ResultRows::ResultRows(std::vector<SearchHit> hits, const BoxLines& lines)
     : hits_(std::move(hits))
     , lines_(hits_.size())
+    , late_lines_(&lines)
 {
     const std::array boxes{ LinesOfBox(hits_, 0, lines), LinesOfBox(hits_, 1, lines),
         LinesOfBox(hits_, 2, lines) };
     static_assert(boxes.size() == box_count);
-    for (std::size_t row = 0; row < hits_.size(); ++row)
-        if (const auto box = box_of(hits_[row]))
+    for (std::size_t box = 0; box < boxes.size(); ++box)
+        is_late_[box] = boxes[box].is_late();
+    for (std::size_t row = 0; row < hits_.size(); ++row) {
+        const auto box = box_of(hits_[row]);
+        if (box && !is_late_[*box])
             lines_[row] = boxes[*box].line_of(hits_[row].start);
+    }
+}
+
+std::size_t ResultRows::line_of(std::size_t row, std::size_t box) const
+{
+    return is_late_[box] ? late_lines_->line_of(box, hits_[row].start) : lines_[row];
 }
 
 std::wstring ResultRows::cell(int row, int column) const
@@ -147,10 +162,11 @@ std::wstring ResultRows::cell(int row, int column) const
         return hit.term;
     if (column == place_cell)
         return place_text(hit);
-    if (!box_of(hit))
+    const std::optional<std::size_t> box = box_of(hit);
+    if (!box)
         return {};
     if (column == line_cell)
-        return std::to_wstring(lines_[static_cast<std::size_t>(row)] + 1);
+        return std::to_wstring(line_of(static_cast<std::size_t>(row), *box) + 1);
     if (column == range_cell)
         return std::to_wstring(hit.start) + L'-' + std::to_wstring(hit.end);
     return {};

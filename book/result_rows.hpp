@@ -44,11 +44,13 @@ public:
 };
 
 // A copy of hits, so that rows stay what they were when the list was filled. Cells are made when they are
-// asked for: any number of rows costs no more than the copy and their line numbers.
+// asked for: any number of rows costs no more than the copy and their line numbers. In a wrapped box with
+// thousands of lines a control takes seconds for the lines of all hits. There each line is determined when
+// its cell is asked for, in the text that the box has then.
 class ResultRows {
 public:
     ResultRows() = default;
-    // `lines` is used for the time of the call.
+    // `lines` must outlive the rows.
     ResultRows(std::vector<SearchHit> hits, const BoxLines& lines);
 
     std::size_t count() const { return hits_.size(); }
@@ -59,8 +61,12 @@ public:
     std::optional<SearchHit> parse_row(int row) const;
 
 private:
+    std::size_t line_of(std::size_t row, std::size_t box) const;
+
     std::vector<SearchHit> hits_;
     std::vector<std::size_t> lines_; // of each hit; 0 for hits in the file list
+    const BoxLines* late_lines_ = nullptr; // for the hits in the boxes below
+    std::array<bool, 3> is_late_{}; // whether the lines of a box are determined when they are asked for
 };
 
 // Reads a row back from its cells: place and range, without the term. Text that a row never has is refused:

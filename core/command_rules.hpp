@@ -101,7 +101,7 @@ inline constexpr std::array command_rules{
     CommandRule{ command::add_page_at_end, refresh::full, 0, Needs::free_book },
     CommandRule{ command::add_dropped_pages, refresh::file_list, 0, Needs::free_book },
     CommandRule{ command::add_page_here, refresh::full, 0, Needs::free_book },
-    CommandRule{ command::duplicate_file, 0, 0, Needs::page | Needs::entry },
+    CommandRule{ command::duplicate_file, 0, 0, Needs::input | Needs::page | Needs::entry },
     CommandRule{ { command::first_file, command::next_file }, refresh::file_choice, 0, Needs::page },
     CommandRule{ { command::move_file_up, command::move_file_to_end }, refresh::file_list, 0, Needs::page },
     CommandRule{ { command::sort_files_ascending, command::sort_files_descending }, refresh::file_list, 0,

@@ -78,6 +78,27 @@ double proportion(int drawn, int whole)
     return whole == 0 ? 0 : static_cast<double>(drawn) / whole;
 }
 
+struct VisibleSpan {
+    int from = 0; // in image pixels
+    int to = 0;
+    double start = 0; // on the canvas
+    double length = 0;
+};
+
+// One direction of a visible part. When a picture is reduced, several of its pixels are mixed into one. When
+// it is enlarged, each further one would cost a strip as wide as the enlarged pixel.
+VisibleSpan visible_span(int target_from, int target_to, int image, int canvas)
+{
+    constexpr double mixed_pixels = 4;
+    const double scale = (static_cast<double>(target_to) - target_from) / image;
+    const double margin = scale < 1 ? std::ceil(mixed_pixels / scale) : 1;
+    const double first = std::floor((0.0 - target_from) / scale) - margin;
+    const double last = std::ceil((static_cast<double>(canvas) - target_from) / scale) + margin;
+    const auto from = static_cast<int>(std::clamp<double>(first, 0, image));
+    const auto to = static_cast<int>(std::clamp<double>(last, 0, image));
+    return { from, to, target_from + from * scale, (to - from) * scale };
+}
+
 } // namespace
 
 ImageLayout layout_image(const LayoutRequest& request)
@@ -103,6 +124,18 @@ Rect draw_target(const ImageLayout& layout, Point offset)
     const int left = offset.x + std::max(drawn.left, 0);
     const int top = offset.y + std::max(drawn.top, 0);
     return { left, top, left + drawn.width(), top + drawn.height() };
+}
+
+std::optional<VisiblePart> visible_part(const Rect& target, Size image, Size canvas)
+{
+    const bool meets = target.left < canvas.width && target.right > 0 && target.top < canvas.height
+        && target.bottom > 0 && target.left < target.right && target.top < target.bottom;
+    if (!meets || image.width <= 0 || image.height <= 0)
+        return std::nullopt;
+    const VisibleSpan across = visible_span(target.left, target.right, image.width, canvas.width);
+    const VisibleSpan down = visible_span(target.top, target.bottom, image.height, canvas.height);
+    return VisiblePart{ { across.from, down.from, across.to, down.to }, across.start, down.start,
+        across.length, down.length };
 }
 
 Drawing drawing_of(std::int32_t mode, Content content)

@@ -3,6 +3,7 @@
 #include "platform/color.hpp"
 #include "platform/geometry.hpp"
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace media {
@@ -34,6 +35,22 @@ ImageLayout layout_image(const LayoutRequest& request);
 
 // Where to draw in a view scrolled by `offset`. Only actual size scrolls.
 platform::Rect draw_target(const ImageLayout& layout, platform::Point offset);
+
+// The part of a picture that has to be drawn to fill a canvas.
+struct VisiblePart {
+    platform::Rect source; // in image pixels
+    // Where the source is drawn, in canvas pixels.
+    double left = 0;
+    double top = 0;
+    double width = 0;
+    double height = 0;
+
+    friend bool operator==(const VisiblePart&, const VisiblePart&) = default;
+};
+// For a picture that is drawn into `target` and may be larger than the canvas. The part includes the pixels
+// around the canvas that smooth scaling mixes into those at its edge. nullopt if nothing is visible.
+std::optional<VisiblePart> visible_part(
+    const platform::Rect& target, platform::Size image, platform::Size canvas);
 
 // What a canvas draws for its mode and content. An unknown mode draws the missing text.
 enum class Drawing { picture, thumbnail, missing_text };

@@ -137,6 +137,14 @@ void GDIP::draw_image(Gdiplus::GpImage* image, const RECT& target)
         status_ = GdipDrawImageRectI(graphics_.get(), image, target.left, target.top, width, height);
 }
 
+void GDIP::draw_image(Gdiplus::GpImage* image, const RECT& source, const Gdiplus::RectF& target)
+{
+    status_ = GdipDrawImageRectRect(graphics_.get(), image, target.X, target.Y, target.Width, target.Height,
+        static_cast<float>(source.left), static_cast<float>(source.top),
+        static_cast<float>(source.right - source.left), static_cast<float>(source.bottom - source.top),
+        Gdiplus::UnitPixel, nullptr, nullptr, nullptr);
+}
+
 void GDIP::draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source)
 {
     const INT width = source.right - source.left;

@@ -173,6 +173,12 @@ Outcome search_moved_file(MainParts& parts, const CommandInput&)
     return outcome_of(media::search_moved_file(searched, { link, names, paths, talk }));
 }
 
+Outcome show_viewer(MainParts& parts, const CommandInput&)
+{
+    parts.file_view.open_viewer();
+    return Outcome::done;
+}
+
 // An existing file is opened by its full path: for a bare name the shell would also search the system's
 // programs.
 Outcome open_file(MainParts& parts, const CommandInput&)

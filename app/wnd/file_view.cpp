@@ -16,9 +16,15 @@ constexpr look::SharedFont note_font = look::SharedFont::ui_9_bold;
 
 } // namespace
 
-FileView::FileView(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths)
+FileView::FileView(
+    ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths, const ovlib::MenuPictures& menu_pictures)
     : paths_(paths)
-    , pane_(parent, book, { thumbnails_, properties_, paths, &drag_ })
+    , pane_(parent, book,
+          { .thumbnails = thumbnails_,
+              .properties = properties_,
+              .paths = paths,
+              .drag = &drag_,
+              .menu_pictures = &menu_pictures })
 {
 }
 

@@ -12,7 +12,8 @@ namespace app {
 class FileView {
 public:
     // All must outlive the pane.
-    FileView(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths);
+    FileView(ovlib::Wnd* parent, book::Book* book, media::PathAnswers& paths,
+        const ovlib::MenuPictures& menu_pictures);
 
     bool create();
     void place(const MainLayout& layout);
@@ -21,6 +22,7 @@ public:
     // dispatched meanwhile, and a later call or the running one completes the work.
     bool show_selected_file();
     void scale_anew() { pane_.scale_anew(); }
+    void open_viewer() { pane_.viewer().open(); }
     // Draws the facts next to the counter of the page's files; draws nothing if `counter` is empty.
     void draw_note(const ovlib::DC& dc, const MainLayout& layout, const std::wstring& counter) const;
 

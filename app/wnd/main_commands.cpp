@@ -72,7 +72,7 @@ constexpr std::array rows{
     Row{ { command::move_file_up, command::move_file_to_end }, commands::move_file },
     Row{ { command::sort_files_ascending, command::sort_files_descending }, commands::sort_files },
     Row{ command::search_moved_file, commands::search_moved_file },
-    Row{ command::show_viewer },
+    Row{ command::show_viewer, commands::show_viewer },
     Row{ command::open_file, commands::open_file },
     Row{ command::show_file_in_folder, commands::show_file_in_folder },
     Row{ command::accelerator_save, commands::ignore },

@@ -74,6 +74,7 @@ core::Outcome remove_file(MainParts&, const CommandInput&);
 core::Outcome remove_all_files(MainParts&, const CommandInput&);
 core::Outcome duplicate_file(MainParts&, const CommandInput&);
 core::Outcome search_moved_file(MainParts&, const CommandInput&);
+core::Outcome show_viewer(MainParts&, const CommandInput&);
 core::Outcome open_file(MainParts&, const CommandInput&);
 core::Outcome show_file_in_folder(MainParts&, const CommandInput&);
 core::Outcome choose_interpolation(MainParts&, const CommandInput&);

@@ -63,12 +63,12 @@ struct MainParts {
     MainTalk talk;
     LinkMaker links;
     media::PathAnswers path_answers; // shared by all views during one refresh
+    ovlib::MenuPictures menu_pictures;
     FileView file_view;
     Background background;
     // Created when they are first shown.
     look::PaletteWnd palette;
     look::SettingWnd settings;
-    ovlib::MenuPictures menu_pictures;
     EditSession edit_session;
     book::ReplaceWnd replace_window;
     book::BookEditor book_editor;

@@ -1,8 +1,10 @@
-// Files beside the text: a photograph loaded and drawn, an animation's pace, page turns with pictures.
+// Files beside the text: a photograph loaded, drawn and dragged in the viewer, an animation's pace, page
+// turns with pictures.
 #include "bench/harness.hpp"
 #include "bench/wnd/app_host.hpp"
 #include "core/command_ids.hpp"
 #include "core/locks.hpp"
+#include "core/settings.hpp"
 #include "media/wnd/filewnd.hpp"
 #include "tests/support/gui_pump.hpp"
 #include "tests/support/picture_files.hpp"
@@ -125,6 +127,77 @@ void run_photo(Bench& bench, const test_support::TempFolder& folder)
         { "load and draw a 12-megapixel JPEG", [&] { host.show(); }, "decoding it alone", decode, 1.5 });
     bench.run({ "draw it again in another scaling", [&] { host.pane().scale_anew(); }, "decoding it alone",
         decode, 1.0 });
+}
+
+// One GDI+ draw of the part of a picture that the viewer shows, into a bitmap of the same size.
+class VisibleDraw {
+public:
+    VisibleDraw(const media::Viewer& viewer, const media::ImageLoader& loader)
+        : viewer_(viewer)
+        , loader_(loader)
+    {
+        const platform::Size area = viewer.canvas().area();
+        must(buffer_.create(area.width, area.height), "no bitmap");
+    }
+    void operator()()
+    {
+        const media::ImageLayout& placed = viewer_.canvas().placed();
+        const double scale = placed.scale;
+        const double left = loader_.size().width / 2.0 - buffer_.width / scale / 2;
+        const double top = loader_.size().height / 2.0 - buffer_.height / scale / 2;
+        ovlib::GDIP gdip{ buffer_.dc().handle() };
+        gdip.set_interpolation(static_cast<Gdiplus::InterpolationMode>(loader_.interpolation_mode));
+        GdipDrawImageRectRect(gdip.graphics(), loader_.picture(), 0, 0, static_cast<float>(buffer_.width),
+            static_cast<float>(buffer_.height), static_cast<float>(left), static_cast<float>(top),
+            static_cast<float>(buffer_.width / scale), static_cast<float>(buffer_.height / scale),
+            Gdiplus::UnitPixel, nullptr, nullptr, nullptr);
+    }
+
+private:
+    const media::Viewer& viewer_;
+    const media::ImageLoader& loader_;
+    ovlib::BackBuffer buffer_;
+};
+
+// The photograph in the viewer, held by the mouse at several zooms, and the window resized in fit mode.
+void run_viewer(Bench& bench, const test_support::TempFolder& folder)
+{
+    const std::wstring path = folder.file(L"大写真.jpg");
+    {
+        const ovlib::GDIPSession gdip;
+        write_photo(path);
+    }
+    MediaHost host{ book_of({ path }) };
+    media::Viewer& viewer = host.pane().viewer();
+    core::settings().view_mode = media::mode_actual_size;
+    core::settings().view_rect = { 0, 0, 1600, 1000 };
+    viewer.open();
+    must(viewer.is_visible() && viewer.zoom() == media::actual_zoom, "the viewer did not open");
+    int step = 0;
+    const auto drag = [&] {
+        viewer.send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(500, 500));
+        viewer.send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(++step % 2 ? 490 : 510, 500));
+        viewer.send(WM_LBUTTONUP, 0, 0);
+        UpdateWindow(viewer.hwnd());
+    };
+    for (const int zoom : { 100, 200, 2000 }) {
+        while (viewer.zoom() < zoom)
+            viewer.send_command(media::viewer_command::zoom_in, 0, 0);
+        VisibleDraw draw{ viewer, host.pane().loader() };
+        bench.run({ "drag a 12-megapixel picture at " + std::to_string(zoom) + " %", drag,
+            "one GDI+ draw of the visible part", [&] { draw(); }, zoom == 100 ? 0 : 1.2,
+            zoom == 100 ? frame_ms : 0 });
+    }
+    viewer.send_command(media::mode_fit, 0, 0);
+    media::ImageCanvas canvas{ viewer, viewer.canvas().loader() };
+    const auto draw_fitted = [&] {
+        canvas.layout(media::mode_fit, 0);
+        canvas.draw(0, 0);
+    };
+    bench.run({ "resize the viewer in fit mode", [&] { viewer.resize(1200 + ++step % 2, 900, true); },
+        "one draw of the fitted picture", draw_fitted, 1.2 });
+    viewer.send(WM_CLOSE, 0, 0);
+    core::settings() = {};
 }
 
 // Starts and stops the thread as a page turn onto and away from an animation does.
@@ -261,6 +334,7 @@ void run_media(Bench& bench)
     {
         const test_support::TempFolder folder;
         run_photo(bench, folder);
+        run_viewer(bench, folder);
         run_starts(bench, folder);
         run_frame(bench, folder);
         run_pace(bench, folder);

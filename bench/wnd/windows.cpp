@@ -66,9 +66,10 @@ private:
     bool is_second_ = false;
 };
 
-void run_hits(Bench& bench, std::size_t hits, double beyond_ms)
+void run_hits(Bench& bench, std::size_t hits, double beyond_ms, bool wraps = false)
 {
     book::Book book = hit_book(hits);
+    book.header.wrap_text = wraps ? 1 : 0;
     AppHost host{ book };
     auto type = std::make_shared<TypedSearch>(host);
     book::SearchQuery query;
@@ -77,7 +78,7 @@ void run_hits(Bench& bench, std::size_t hits, double beyond_ms)
         std::vector<book::SearchHit> found;
         expect(book::match_page(host.book().pages.front(), query, found));
     };
-    const std::string name = std::to_string(hits) + " hits";
+    const std::string name = std::to_string(hits) + (wraps ? " hits, wrapped" : " hits");
     bench.run({ .name = "a key in the search box, " + name + ", results hidden",
         .subject = [type] { (*type)(); },
         .against = "finding them",
@@ -97,6 +98,7 @@ void run_results(Bench& bench)
 {
     run_hits(bench, 1'000, frame_ms);
     run_hits(bench, 100'000, 120);
+    run_hits(bench, 100'000, 120, true);
 }
 
 // Two pages with as many entries as given.

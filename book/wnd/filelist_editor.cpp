@@ -134,8 +134,11 @@ bool FileListEditor::on_command(int id, int code)
     }
 }
 
+// The system also reports a change when the user only selects all, or undoes nothing.
 void FileListEditor::note_typing()
 {
+    if (!is_modified())
+        return;
     loaded_.reset();
     apply_button_.enable(true);
     if (!apply_button_.is_highlighted())

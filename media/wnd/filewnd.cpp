@@ -39,6 +39,7 @@ FileWnd::FileWnd(ovlib::Wnd* parent, book::Book* book, const PaneShell& shell)
     , file_drag_(shell.drag)
     , loader_(shell.thumbnails, shell.properties, shell.paths)
     , canvas_(*this, loader_)
+    , viewer_(this, book, loader_, shell.paths, shell.menu_pictures)
 {
 }
 
@@ -46,6 +47,7 @@ FileWnd::FileWnd(ovlib::Wnd* parent, book::Book* book, const PaneShell& shell)
 FileWnd::~FileWnd()
 {
     gif_thread_.stop();
+    viewer_.destroy();
 }
 
 bool FileWnd::on_message(ovlib::WndMessage& message)
@@ -53,6 +55,7 @@ bool FileWnd::on_message(ovlib::WndMessage& message)
     switch (message.message) {
     case WM_CREATE:
         load_mark();
+        viewer_.create(L""); // without it the pane works all the same
         return false;
     case WM_DESTROY:
         on_destroy();
@@ -114,6 +117,7 @@ void FileWnd::load_mark()
 void FileWnd::on_destroy()
 {
     gif_thread_.stop();
+    viewer_.destroy();
     if (gif_thread_.is_held())
         message_box(still_running, core::message_caption(book_->path), MB_ICONWARNING);
 }
@@ -121,14 +125,20 @@ void FileWnd::on_destroy()
 void FileWnd::show_selected_file()
 {
     loads_.make();
-    if (is_loading_)
-        return;
+    if (!is_loading_ && load_latest() && viewer_.is_open())
+        viewer_.take_new_file();
+}
+
+// False if there is nothing to load for, because the Book has no page.
+bool FileWnd::load_latest()
+{
     const platform::ScopedFlag loading{ is_loading_ };
     auto served = core::LatestRequest::Request::none;
     while (!loads_.is_latest(served) && book_->current_page()) {
         served = loads_.latest();
         load_and_show(served);
     }
+    return served != core::LatestRequest::Request::none;
 }
 
 void FileWnd::load_and_show(core::LatestRequest::Request load)
@@ -166,6 +176,7 @@ void FileWnd::scale_anew()
     draw_anew();
     InvalidateRect(hwnd(), nullptr, TRUE);
     UpdateWindow(hwnd());
+    viewer_.draw_anew();
 }
 
 // The caller repaints.

@@ -11,6 +11,7 @@
 #include "media/wnd/image_loader.hpp"
 #include "media/wnd/shell_property_reader.hpp"
 #include "media/wnd/shell_thumbnail.hpp"
+#include "media/wnd/viewer.hpp"
 #include "ovlib/gui/childwnd.hpp"
 #include "ovlib/gui/gdi_object.hpp"
 #include <string>
@@ -31,6 +32,7 @@ struct PaneShell {
     PropertySource& properties;
     PathAnswers& paths;
     FileDrag* drag = nullptr; // null: files cannot be dragged
+    const ovlib::MenuPictures* menu_pictures = nullptr; // of the viewer's menu
 };
 
 class FileWnd : public ovlib::ChildWnd, public look::Themed {
@@ -55,6 +57,7 @@ public:
     const ImageLoader& loader() const { return loader_; }
     const ImageCanvas& canvas() const { return canvas_; }
     const GifThread& gif_thread() const { return gif_thread_; }
+    Viewer& viewer() { return viewer_; }
 
 private:
     void load_mark();
@@ -68,6 +71,7 @@ private:
     void drag_file();
     void draw_many_files_mark();
 
+    bool load_latest();
     void load_and_show(core::LatestRequest::Request load);
     void lay_out_and_draw();
     void draw_anew();
@@ -77,6 +81,7 @@ private:
     FileDrag* file_drag_;
     ImageLoader loader_;
     ImageCanvas canvas_;
+    Viewer viewer_;
     GifThread gif_thread_; // destroyed before the canvas and loader that it uses
     DragArm drag_;
     ovlib::WheelSteps wheel_;

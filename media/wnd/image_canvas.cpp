@@ -49,6 +49,20 @@ void draw_icon(const ovlib::DC& dc, const ovlib::SHIcon& icon, Point at)
     DrawIconEx(dc.handle(), at.x, at.y, icon.icon(), icon.width(), icon.height(), 0, nullptr, DI_NORMAL);
 }
 
+// A metafile is drawn as a whole: its own units are not pixels.
+bool is_bitmap(Gdiplus::GpImage* picture)
+{
+    Gdiplus::ImageType type = Gdiplus::ImageTypeUnknown;
+    return Gdiplus::DllExports::GdipGetImageType(picture, &type) == Gdiplus::Ok
+        && type == Gdiplus::ImageTypeBitmap;
+}
+
+Gdiplus::RectF on_canvas(const VisiblePart& part)
+{
+    return { static_cast<float>(part.left), static_cast<float>(part.top), static_cast<float>(part.width),
+        static_cast<float>(part.height) };
+}
+
 // Sets the stretch mode for the length of a scope.
 class StretchMode {
 public:
@@ -147,7 +161,12 @@ void ImageCanvas::draw_picture(const Rect& target)
         return;
     ovlib::GDIP gdip{ dc().handle() };
     gdip.set_interpolation(static_cast<Gdiplus::InterpolationMode>(loader_.interpolation_mode));
-    gdip.draw_image(picture, to_rect(target));
+    const bool is_inside =
+        target.left >= 0 && target.top >= 0 && target.right <= width && target.bottom <= height;
+    if (is_inside || !is_bitmap(picture))
+        gdip.draw_image(picture, to_rect(target));
+    else if (const auto part = visible_part(target, loader_.size(), area()))
+        gdip.draw_image(picture, to_rect(part->source), on_canvas(*part));
 }
 
 void ImageCanvas::draw_placeholder(const Rect& rect)

@@ -7,6 +7,7 @@
 #include "ovlib/gui/gdip.hpp"
 #include "platform/file.hpp"
 #include "platform/process_log.hpp"
+#include "platform/scoped_flag.hpp"
 #include <algorithm>
 
 namespace media {
@@ -64,6 +65,7 @@ ImageLoader::~ImageLoader()
 bool ImageLoader::load(const std::wstring& entry)
 {
     const std::scoped_lock hold{ core::loader_lock() };
+    const platform::ScopedFlag loading{ is_loading_ };
     clear();
     core::set_current_directory(L"");
     LoadedEntry loaded = load_entry(entry, ovlib::image_extensions, *this, paths_);

@@ -23,6 +23,8 @@ public:
 
     // True if there is something to draw. The shell may dispatch messages meanwhile.
     bool load(const std::wstring& entry);
+    // Whether a load runs: messages that are dispatched meanwhile must not use what is loaded.
+    bool is_loading() const { return is_loading_; }
     // Keeps the path.
     void clear();
 
@@ -68,6 +70,7 @@ private:
     platform::Size size_;
     std::vector<std::uint32_t> delays_;
     FileFacts facts_;
+    bool is_loading_ = false;
 };
 
 } // namespace media

@@ -62,6 +62,7 @@ protected:
     Window banner() const;
     Window history_window() const { return side_window(L"ovlib_historywnd[53]"); }
     Window palette_window() const { return side_window(L"ovlib_palettewnd[75]"); }
+    Window viewer() const { return side_window(L"ovlib_viewer[1]"); }
     Window settings_window() const { return side_window(L"ovlib_settingwnd[158]"); }
 
     void go_to_first(const std::wstring& box1, const Where& where = Where::current());

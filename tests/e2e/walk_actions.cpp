@@ -420,6 +420,11 @@ void show_history(Walker& walker)
     walker.show_history();
 }
 
+void use_viewer(Walker& walker)
+{
+    walker.use_viewer();
+}
+
 void drag_boundary(Walker& walker)
 {
     const MainLayout layout = layout_of(walker);
@@ -436,8 +441,8 @@ void drag_boundary(Walker& walker)
 void send_idle(Walker& walker)
 {
     constexpr std::array commands{ 1, 999, 1017, 1032, 1037, 1043, 1045, 1046, 1047, 1048, 1051, 1052, 1053,
-        1058, 1065, 2503, 2505, 2506, 2508, 2511, 2524, 2529, 2544, 2545, 2546, 3000, 5000, 5003, 5005, 5006,
-        5500, 6007, 6500, 9999, 15000, 33000, 33999, 34000, 34049, 34050, 65535 };
+        1058, 1065, 2503, 2505, 2506, 2508, 2511, 2524, 2529, 2544, 2545, 3000, 5000, 5003, 5005, 5006, 5500,
+        6007, 6500, 9999, 15000, 33000, 33999, 34000, 34049, 34050, 65535 };
     walker.send(commands[walker.below(commands.size())]);
 }
 
@@ -516,6 +521,7 @@ constexpr std::array actions{
     Action{ "Book menu", 3, always, choose_in_book_menu },
     Action{ "menu left", 3, always, look_at_menu },
     Action{ "show history", 3, always, show_history },
+    Action{ "viewer", 10, always, use_viewer },
     Action{ "replace", 8, accepts_input, replace_everywhere },
     Action{ "page editor", 12, accepts_input, edit_pages },
     Action{ "list as text", 8, accepts_input, edit_list },

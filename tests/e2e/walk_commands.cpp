@@ -285,6 +285,8 @@ void Model::add_file(const std::wstring& chosen)
 
 void Model::leave_duplicate()
 {
+    if (!accepts_input)
+        return;
     talks.push_back({ Talk::Kind::file_dialog, L"ファイルの保存先を指定してください", 0, {} });
 }
 

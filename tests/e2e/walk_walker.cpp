@@ -7,6 +7,7 @@
 #include "look/settings_view.hpp"
 #include "platform/text.hpp"
 #include "walk_report.hpp"
+#include <array>
 #include <future>
 
 namespace fs = std::filesystem;
@@ -302,6 +303,22 @@ void Walker::show_history()
         if (window.handle() != ours)
             window.send(WM_CLOSE);
     }
+}
+
+void Walker::use_viewer()
+{
+    constexpr std::array commands{ 2100, 2101, 2106, 1029, 1030, 1031 };
+    send(command::show_viewer);
+    const Window viewer = side_window(L"ovlib_viewer[1]");
+    for (std::size_t left = viewer.exists() ? below(9) : 0; left > 0; --left) {
+        const int id = commands[below(commands.size())];
+        note(std::to_string(id));
+        viewer.send(
+            WM_COMMAND, MAKEWPARAM(id, chance(70) ? 0 : below(0x10000)), static_cast<LPARAM>(random_()));
+    }
+    if (viewer.exists())
+        viewer.send(WM_CLOSE);
+    fence();
 }
 
 // The program chooses the seed; it is read from the file after a save.

@@ -52,6 +52,9 @@ public:
     // Opens a menu and closes it.
     void look_at_menu(int id);
     void show_history();
+    // Opens the viewer if the page has an entry, sends it commands with random codes and pointers, and closes
+    // it.
+    void use_viewer();
     // In the settings window: selects this row of the sort keys, toggles one check or not, and presses OK.
     void choose_settings(int row, bool toggles_gifs);
     void turn_random();

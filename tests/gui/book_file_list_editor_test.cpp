@@ -284,6 +284,7 @@ TEST_F(FileListWindow, CtrlASelectsAllAndCtrlZUndoes)
     }
     EXPECT_EQ(selection(), (std::pair<DWORD, DWORD>{ 0, 10 }));
     EXPECT_FALSE(window_.is_modified());
+    EXPECT_FALSE(is_lit()) << "selecting changes nothing";
     press('X');
     ASSERT_TRUE(gui::pump_until([&] { return text().size() == 1; }));
     const gui::HeldKey control(VK_CONTROL);

@@ -82,7 +82,7 @@ const std::vector<Row> rows{
     { 2528, 2528, full, 0, free_book },
     { 2529, 2529, file_list, 0, free_book },
     { 2530, 2530, full, 0, free_book },
-    { 2531, 2531, 0, 0, page | entry },
+    { 2531, 2531, 0, 0, input | page | entry },
     { 2532, 2535, file_choice, 0, page },
     { 2536, 2539, file_list, 0, page },
     { 2541, 2542, file_list, 0, page },

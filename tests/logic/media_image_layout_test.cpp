@@ -1,6 +1,7 @@
 // The position of a picture, and what is drawn if there is none.
 #include "media/blend.hpp"
 #include "media/image_layout.hpp"
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 #include <vector>
@@ -136,6 +137,53 @@ TEST(DrawTarget, FollowsTheScrollingAtActualSizeOnly)
     EXPECT_EQ(media::draw_target(actual({ 50, 76 }), { 3, 4 }), rect_at(303, 304, 50, 76));
     EXPECT_EQ(media::draw_target(actual({ 1000, 800 }), { -20, -30 }), rect_at(-20, -30, 1000, 800));
     EXPECT_EQ(media::draw_target(fit({ 100, 100 }), { -20, -30 }), rect_at(0, 13, 650, 650));
+}
+
+TEST(VisiblePart, IsTheWholePictureInsideTheCanvas)
+{
+    EXPECT_EQ(media::visible_part({ 10, 20, 110, 70 }, { 100, 50 }, { 200, 100 }),
+        (media::VisiblePart{ { 0, 0, 100, 50 }, 10, 20, 100, 50 }));
+}
+
+TEST(VisiblePart, HasAMarginOfPicturePixelsAroundTheCanvas)
+{
+    // At 400 % the canvas shows the picture's pixels 25 to 75.
+    EXPECT_EQ(media::visible_part({ -100, 0, 300, 400 }, { 100, 100 }, { 200, 200 }),
+        (media::VisiblePart{ { 24, 0, 76, 51 }, -4, 0, 208, 204 }));
+    // A reduced picture needs more of them: at 50 % these are 50 to 150.
+    EXPECT_EQ(media::visible_part({ -25, -5, 175, 195 }, { 400, 400 }, { 50, 500 }),
+        (media::VisiblePart{ { 42, 2, 158, 400 }, -4, -4, 58, 199 }));
+}
+
+TEST(VisiblePart, IsNothingOutsideTheCanvas)
+{
+    constexpr Size canvas{ 200, 100 };
+    for (const Rect& target : { rect_at(200, 0, 10, 10), rect_at(-10, 0, 10, 10), rect_at(0, 100, 10, 10),
+             rect_at(0, -10, 10, 10), rect_at(5, 5, 0, 10), rect_at(5, 5, 10, 0) })
+        EXPECT_EQ(media::visible_part(target, { 10, 10 }, canvas), std::nullopt);
+    EXPECT_EQ(media::visible_part(rect_at(0, 0, 10, 10), { 0, 10 }, canvas), std::nullopt);
+    EXPECT_EQ(media::visible_part(rect_at(0, 0, 10, 10), { 10, 0 }, canvas), std::nullopt);
+}
+
+// The scale is the same in the part and in the whole, and the part covers the canvas.
+TEST(VisiblePart, DrawsEachPixelWhereTheWholePictureWould)
+{
+    constexpr Size image{ 4000, 3000 };
+    constexpr Size canvas{ 1600, 1000 };
+    for (const int zoom : { 10, 25, 33, 75, 100, 125, 2000 }) {
+        const int width = image.width * zoom / 100;
+        const int height = image.height * zoom / 100;
+        for (const int scroll : { 0, 1, 77, width / 3, std::max(width - canvas.width, 0) }) {
+            const auto part = media::visible_part(rect_at(-scroll, 0, width, height), image, canvas);
+            ASSERT_TRUE(part) << zoom;
+            const double scale = static_cast<double>(width) / image.width;
+            EXPECT_NEAR(part->left, part->source.left * scale - scroll, 1e-6);
+            EXPECT_NEAR(part->width, part->source.width() * scale, 1e-6);
+            EXPECT_LE(part->left, std::max(-scroll, 0));
+            EXPECT_GE(part->left + part->width, std::min(canvas.width, width - scroll) - 1e-6);
+            EXPECT_LE(part->source.width(), (canvas.width + 8) / scale + 12);
+        }
+    }
 }
 
 TEST(Drawing, IsTheMissingTextWithoutAnImageAndInAnyOtherMode)

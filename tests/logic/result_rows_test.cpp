@@ -82,6 +82,23 @@ TEST(ResultRows, CountTheLinesOfManyHitsInTheText)
     EXPECT_EQ(few.cell(0, book::line_cell), L"1001");
 }
 
+TEST(ResultRows, DetermineTheLinesOfManyHitsLateInABoxWithThousandsOfLines)
+{
+    std::vector<SearchHit> hits;
+    for (std::uint64_t i = 0; i < 6'000; ++i)
+        hits.push_back({ L"x", 100, i * 10 + 3, i * 10 + 4 });
+    const EvenLines long_box{ 10, 6'000 };
+    const ResultRows late(hits, long_box);
+    EXPECT_EQ(long_box.questions[0] + long_box.starts[0], 0);
+    EXPECT_EQ(late.cell(4'999, book::line_cell), L"5000");
+    EXPECT_EQ(long_box.questions[0], 1);
+    hits.resize(8);
+    const ResultRows early(hits, long_box);
+    EXPECT_EQ(long_box.questions[0], 9) << "few hits are determined at once";
+    EXPECT_EQ(early.cell(7, book::line_cell), L"8");
+    EXPECT_EQ(long_box.questions[0], 9);
+}
+
 TEST(ResultRows, AChosenHitIsWhatItsCellsDescribe)
 {
     const std::vector<SearchHit> hits{ { L"word", 100, 0, 4 }, { L"b", 102, 12, 16 }, { L"a", 200, 3, 4 },

@@ -53,6 +53,8 @@ public:
     void set_interpolation(Gdiplus::InterpolationMode mode);
     // Scales the image to `target`; draws nothing if that is empty.
     void draw_image(Gdiplus::GpImage* image, const RECT& target);
+    // Scales the part `source` of an image. The rectangle on the target need not be on whole pixels.
+    void draw_image(Gdiplus::GpImage* image, const RECT& source, const Gdiplus::RectF& target);
     // Draws the part `source` of an image in its natural size.
     void draw_image(Gdiplus::GpImage* image, POINT at, const RECT& source);
 

@@ -2,12 +2,15 @@
 #include "app/page_actions.hpp"
 #include "look/tab_strip.hpp"
 #include "look/theme.hpp"
+#include "media/viewer_model.hpp"
 #include "ovlib/gui/gdip.hpp"
 #include "tests/e2e/driver_drag.hpp"
 #include "tests/e2e/driver_main_window.hpp"
 #include "tests/support/built_files.hpp"
+#include "tests/support/picture_files.hpp"
 #include "tests/support/screen_picture.hpp"
 #include "tools/bok/json_book.hpp"
+#include <cmath>
 #include <cstdlib>
 #include <sstream>
 
@@ -83,6 +86,40 @@ private:
         fs::create_directories(place);
         const ovlib::GDIPSession gdip;
         EXPECT_TRUE(test_support::save_screen(area, (place / ("screen-" + name + ".png")).wstring()));
+    }
+};
+
+// Hills under an evening sky.
+ovlib::Color landscape(int x, int y)
+{
+    const auto hill = [x](double height, double width, double shift) {
+        return 520 - height * std::sin(x / width + shift);
+    };
+    const int dx = x - 760;
+    const int dy = y - 300;
+    if (y > hill(60, 150, 2.4))
+        return ovlib::rgb(0x20, 0x30, 0x3C);
+    if (y > hill(150, 240, 0.4))
+        return ovlib::rgb(0x35, 0x50, 0x5A);
+    if (dx * dx + dy * dy < 90 * 90)
+        return ovlib::rgb(0xFF, 0xE3, 0xA8);
+    return ovlib::rgb(0xF0 - y / 10, 0xB0 - y / 12, 0x70 + y / 8);
+}
+
+class ScreensOfTheViewer : public Screens {
+protected:
+    // Opens the sample with a picture, and the viewer beside its text.
+    void open_viewer()
+    {
+        book::Book book = sample_book(look::theme_standard);
+        const auto picture = test_support::png_file(1200, 800, landscape);
+        const fs::path file = shelf / L"夕暮れの丘.png";
+        write_bytes(file, { reinterpret_cast<const char*>(picture.data()), picture.size() });
+        book.pages[0].files = { file.wstring() };
+        open_settled(add_book(L"手帖.bok", book));
+        main_window().send_command(command::show_viewer);
+        require("the viewer shows", [&] { return program().is_active(viewer()); });
+        program().await_input();
     }
 };
 
@@ -280,20 +317,39 @@ TEST_F(Screens, DroppedFiles)
     require("the question shows", [&] { return program().is_active(question()); });
     program().await_input();
     take("drop", true);
-}
+    TEST_F(ScreensOfTheViewer, Fit)
+    {
+        open_viewer();
+        move_mouse(background());
+        take_only("viewer-fit", viewer());
+    }
 
-TEST_F(Screens, History)
-{
-    book::Book book = sample_book(look::theme_standard);
-    std::vector<std::wstring> entries;
-    for (const wchar_t* name : { L"手帖.bok", L"日記.bok", L"読書ノート.bok", L"料理.bok", L"旅の記録.bok" })
-        entries.push_back(add_book(name, book).wstring());
-    root().write_history(entries);
-    start().wait_for_window();
-    settle();
-    main_menu().choose(command::show_history, Hand::mouse);
-    require("the history shows", [&] { return program().is_active(history_window()); });
-    const app::MainLayout at = layout();
-    move_mouse(on_screen((at.slider.right + at.file_pane.left) / 2, at.slider.bottom)); // outside the history
-    take("history", true);
-}
+    TEST_F(ScreensOfTheViewer, ActualSize)
+    {
+        open_viewer();
+        viewer().send_command(media::mode_actual_size);
+        const RECT place = viewer().rect();
+        move_mouse({ place.left + 70, place.top + 60 });
+        require(
+            "the buttons show", [&] { return viewer().child(media::viewer_command::zoom_in).is_visible(); });
+        viewer().send_command(media::viewer_command::zoom_in);
+        take_only("viewer-actual-size", viewer());
+    }
+
+    TEST_F(Screens, History)
+    {
+        book::Book book = sample_book(look::theme_standard);
+        std::vector<std::wstring> entries;
+        for (const wchar_t* name :
+            { L"手帖.bok", L"日記.bok", L"読書ノート.bok", L"料理.bok", L"旅の記録.bok" })
+            entries.push_back(add_book(name, book).wstring());
+        root().write_history(entries);
+        start().wait_for_window();
+        settle();
+        main_menu().choose(command::show_history, Hand::mouse);
+        require("the history shows", [&] { return program().is_active(history_window()); });
+        const app::MainLayout at = layout();
+        move_mouse(
+            on_screen((at.slider.right + at.file_pane.left) / 2, at.slider.bottom)); // outside the history
+        take("history", true);
+    }
