@@ -85,10 +85,8 @@ void DropOptionWnd::on_opening()
 
 bool DropOptionWnd::on_shortcut(std::uint64_t key, bool is_repeated)
 {
-    const auto is_digit = [key](int digit) {
-        return key == static_cast<std::uint64_t>('0' + digit)
-            || key == static_cast<std::uint64_t>(VK_NUMPAD0 + digit);
-    };
+    const auto is_digit = [pressed = static_cast<int>(key)](
+                              int digit) { return pressed == '0' + digit || pressed == VK_NUMPAD0 + digit; };
     if (!is_digit(1) && !is_digit(2))
         return false;
     if (!is_repeated)

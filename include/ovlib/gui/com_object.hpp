@@ -32,8 +32,11 @@ public:
     ULONG STDMETHODCALLTYPE Release() override
     {
         const ULONG left = --references_;
-        if (left == 0)
+        if (left == 0) {
+#ifndef __clang_analyzer__ // it does not follow the count
             delete static_cast<Derived*>(this);
+#endif
+        }
         return left;
     }
 
