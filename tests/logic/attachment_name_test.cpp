@@ -44,9 +44,9 @@ TEST(AttachmentName, ReplacesWhatNoNameMayContain)
 
 TEST(AttachmentName, ReplacesCharactersThatTurnTheText)
 {
-    for (const wchar_t turn : { 0x202A, 0x202B, 0x202C, 0x202D, 0x202E, 0x2066, 0x2067, 0x2068, 0x2069 })
+    for (const wchar_t turn : std::wstring{ L"\x202A\x202B\x202C\x202D\x202E\x2066\x2067\x2068\x2069" })
         EXPECT_EQ(attachment_name(std::wstring{ L"a" } + turn + L"gpj.exe"), L"a_gpj.exe");
-    for (const wchar_t other : { 0x2029, 0x202F, 0x2065, 0x206A })
+    for (const wchar_t other : std::wstring{ L"\x2029\x202F\x2065\x206A" })
         EXPECT_EQ(attachment_name(std::wstring{ L'a', other, L'b' }), (std::wstring{ L'a', other, L'b' }));
 }
 
