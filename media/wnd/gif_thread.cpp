@@ -191,7 +191,7 @@ std::uint32_t GifThread::draw(bool is_paused)
     drawn_ = current_look(is_paused);
     const std::uint32_t delay = is_selected_ ? loader_->delays()[*active_] : 0;
     return canvas_->draw_animation_step(
-        { run_, drawn_->frame, delay, drawn_->is_paused, drawn_->has_overlay });
+        { run_, drawn_->frame, delay, drawn_->is_paused, drawn_->has_overlay, is_selected_ });
 }
 
 FrameLook GifThread::current_look(bool is_paused) const

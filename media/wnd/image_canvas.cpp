@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <commctrl.h>
 #include <shellapi.h>
+#include <span>
 
 namespace media {
 
@@ -112,6 +113,7 @@ void ImageCanvas::layout(std::int32_t mode, std::int32_t percent)
 void ImageCanvas::draw(int x_offset, int y_offset)
 {
     const std::scoped_lock hold{ core::drawing_lock() };
+    frames_.clear();
     if (!fit())
         return;
     clear();
@@ -134,8 +136,7 @@ void ImageCanvas::draw(int x_offset, int y_offset)
 std::uint32_t ImageCanvas::draw_animation_step(const AnimationStep& step)
 {
     const std::scoped_lock hold{ core::drawing_lock() };
-    clear();
-    draw_picture(layout_.draw_rect);
+    draw_frame_of_animation(step);
     if (step.is_paused)
         draw_labelled_text(look::shared_font(label_font), paused_text, paused_text_place(layout_.draw_rect),
             white, paused_text_alpha);
@@ -146,6 +147,24 @@ std::uint32_t ImageCanvas::draw_animation_step(const AnimationStep& step)
     }
     ovlib::finish_drawing();
     return step.is_paused ? paused_wait : frame_time(step.delay);
+}
+
+// From the second time on a frame is copied.
+void ImageCanvas::draw_frame_of_animation(const AnimationStep& step)
+{
+    frames_.use({ area(), layout_.draw_rect, loader_.interpolation_mode, palette().viewer_back });
+    const std::span<std::uint8_t> pixels{ bits,
+        is_created() ? static_cast<std::size_t>(stride) * static_cast<std::size_t>(height) : 0 };
+    ovlib::finish_drawing();
+    if (const auto kept = frames_.find(step.frame); !kept.empty() && kept.size() == pixels.size()) {
+        std::ranges::copy(kept, pixels.begin());
+        return;
+    }
+    clear();
+    draw_picture(layout_.draw_rect);
+    ovlib::finish_drawing();
+    if (step.is_decoded)
+        frames_.keep(step.frame, pixels);
 }
 
 void ImageCanvas::clear()

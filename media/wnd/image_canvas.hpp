@@ -1,6 +1,7 @@
 // The bitmap from which a pane paints, and the drawing of what is loaded into it.
 #pragma once
 #include "look/wnd/fonts.hpp"
+#include "media/frame_cache.hpp"
 #include "media/gif_play.hpp"
 #include "media/image_layout.hpp"
 #include "media/wnd/image_loader.hpp"
@@ -18,6 +19,7 @@ struct AnimationStep {
     std::uint32_t delay = 0; // as stored, in milliseconds
     bool is_paused = false;
     bool has_overlay = false;
+    bool is_decoded = true; // the loader has this frame
 };
 
 // The operations take the drawing lock. A failed drawing leaves the previous content.
@@ -30,7 +32,7 @@ public:
     bool fit();
     // `percent` is used only at actual size.
     void layout(std::int32_t mode, std::int32_t percent);
-    // Draws what is loaded, scrolled by the offset.
+    // Draws what is loaded, scrolled by the offset. To be called after each load.
     void draw(int x_offset, int y_offset);
     // Draws the selected frame and its overlay. Returns how long to show it, in milliseconds.
     std::uint32_t draw_animation_step(const AnimationStep& step);
@@ -48,9 +50,11 @@ public:
     ImageLoader& loader() const { return loader_; }
     const ImageLayout& placed() const { return layout_; }
     platform::Size area() const { return { width, height }; }
+    std::size_t kept_frames() const { return frames_.size(); }
 
 private:
     void draw_picture(const platform::Rect& target);
+    void draw_frame_of_animation(const AnimationStep& step);
     void draw_address_icon(const platform::Rect& rect);
     void draw_thumbnail(const platform::Rect& rect);
     void draw_text(HFONT font, const std::wstring& text, const platform::Rect& rect, ovlib::Color color,
@@ -59,6 +63,7 @@ private:
     const ovlib::Wnd& owner_;
     ImageLoader& loader_;
     ImageLayout layout_;
+    FrameCache frames_; // of the animation
 };
 
 } // namespace media

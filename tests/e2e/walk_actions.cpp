@@ -437,6 +437,16 @@ void drag_boundary(Walker& walker)
     walker.drag({ x, (gap.top + gap.bottom) / 2 }, { x, y });
 }
 
+// The messages of the drop target, without a drop.
+void send_drop_notification(Walker& walker)
+{
+    const auto pointer = static_cast<LPARAM>(walker.below(0x10000) * walker.below(0x10000));
+    const auto code = static_cast<WORD>(walker.below(10));
+    walker.note(std::to_string(code));
+    walker.main().send(0x8001, MAKEWPARAM(walker.below(0x10000), code), pointer);
+    walker.main().post(0x8002, code, pointer);
+}
+
 // Unknown numbers, and commands without an implementation yet.
 void send_idle(Walker& walker)
 {
@@ -528,6 +538,7 @@ constexpr std::array actions{
     Action{ "results", 8, accepts_input, choose_results },
     Action{ "palette", 4, accepts_input, choose_color },
     Action{ "boundary", 4, always, drag_boundary },
+    Action{ "drop notification", 10, always, send_drop_notification },
     Action{ "idle command", 30, always, send_idle },
     Action{ "code that is not taken", 10, always, send_code },
 };

@@ -127,15 +127,18 @@ TEST_F(OlderDialogs, DoNotReleaseInputThatAnotherWindowHolds)
 {
     open_with({ made(L"元.png") });
     const FileDialogSpy spy;
-    for (const int id :
-        { command::open_book, command::new_book, command::save_book_as, command::duplicate_file }) {
+    for (const int id : { command::open_book, command::new_book, command::save_book_as }) {
         command(command::set_accepting_input, 0);
         command(id);
         EXPECT_FALSE(window().is_accepting_input()) << id;
         command(command::set_accepting_input, 1);
         EXPECT_TRUE(window().is_accepting_input()) << id;
     }
-    EXPECT_EQ(FileDialogSpy::shown.size(), 4u);
+    EXPECT_EQ(FileDialogSpy::shown.size(), 3u);
+    command(command::set_accepting_input, 0);
+    command(command::duplicate_file); // the viewer sends it while a dialog is open
+    command(command::set_accepting_input, 1);
+    EXPECT_EQ(FileDialogSpy::shown.size(), 3u) << "no dialog in a dialog";
 }
 
 TEST_F(OlderDialogs, HoldTheInputWhileTheFailureOfACopyIsShown)

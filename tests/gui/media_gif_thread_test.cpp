@@ -216,16 +216,21 @@ TEST_F(Animation, CanBeStartedAndStoppedThousandsOfTimes)
     EXPECT_LT(gui::memory_in_use(), before + few);
 }
 
-TEST_F(Animation, KeepsNoMemoryForTheFramesItShows)
+TEST_F(Animation, KeepsScaledFramesUpToTheirLimitAndNothingElse)
 {
     const DecoderCalls calls;
-    show({ write(L"a.gif", MovingGif(200, 200).frames(100, 1).bytes()) });
+    show({ write(L"a.gif", MovingGif(200, 200).frames(200, 1).bytes()) });
     press_bar(10);
-    ASSERT_TRUE(waited([&] { return calls.drawn() > 20; }));
+    ASSERT_TRUE(waited([&] { return calls.selected() > 20; }));
     const std::size_t before = gui::memory_in_use();
-    ASSERT_TRUE(waited([&] { return calls.drawn() > 220; }));
-    constexpr std::size_t frames = 10 * 200 * 200 * 4;
-    EXPECT_LT(gui::memory_in_use(), before + frames);
+    ASSERT_TRUE(waited([&] { return calls.selected() > 420; }));
+    constexpr std::size_t ten_decoded_frames = 10 * 200 * 200 * 4;
+    EXPECT_LT(gui::memory_in_use(), before + media::FrameCache::limit + ten_decoded_frames);
+    const auto frame_bytes = static_cast<std::size_t>(pane().canvas().stride * pane().canvas().height);
+    EXPECT_EQ(
+        pane().canvas().kept_frames(), std::min<std::size_t>(media::FrameCache::limit / frame_bytes, 200));
+    show({});
+    EXPECT_EQ(pane().canvas().kept_frames(), 0u);
 }
 
 } // namespace

@@ -32,7 +32,6 @@ public:
     {
         drawn_ = 0;
         selected_ = 0;
-        last_ = none;
         frames_.clear();
         fails_ = throws_ = false;
         original_draw_ = draw_.original();
@@ -41,7 +40,7 @@ public:
 
     int drawn() const { return drawn_; }
     int selected() const { return selected_; }
-    // The frames in the order in which they were drawn, starting with the first selection.
+    // The frames in the order in which they were selected.
     std::vector<UINT> frames() const
     {
         const std::scoped_lock hold{ guard_ };
@@ -64,21 +63,20 @@ private:
     using Draw = Gdiplus::GpStatus WINAPI(Gdiplus::GpGraphics*, Gdiplus::GpImage*, INT, INT, INT, INT);
     using Select = Gdiplus::GpStatus WINAPI(Gdiplus::GpImage*, GDIPCONST GUID*, UINT);
 
-    static constexpr UINT none = 0xFFFFFFFF;
-
     static Gdiplus::GpStatus WINAPI note_draw(
         Gdiplus::GpGraphics* graphics, Gdiplus::GpImage* image, INT x, INT y, INT width, INT height)
     {
         ++drawn_;
-        if (const std::scoped_lock hold{ guard_ }; last_ != none)
-            frames_.push_back(last_);
         return original_draw_(graphics, image, x, y, width, height);
     }
     static Gdiplus::GpStatus WINAPI note_select(
         Gdiplus::GpImage* image, GDIPCONST GUID* dimension, UINT frame)
     {
         ++selected_;
-        last_ = frame;
+        {
+            const std::scoped_lock hold{ guard_ };
+            frames_.push_back(frame);
+        }
         if (throws_)
             throw std::runtime_error("a broken frame");
         return fails_ ? Gdiplus::GenericError : original_select_(image, dimension, frame);
@@ -86,7 +84,6 @@ private:
 
     static inline std::atomic<int> drawn_ = 0;
     static inline std::atomic<int> selected_ = 0;
-    static inline std::atomic<UINT> last_ = none;
     static inline std::mutex guard_;
     static inline std::vector<UINT> frames_; // guarded by guard_
     static inline std::atomic<bool> fails_ = false;
