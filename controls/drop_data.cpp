@@ -57,9 +57,16 @@ std::string narrow_text(const ByteView& view, std::uint64_t at)
     return text;
 }
 
+// No file has a control character in its name. In a Book's file such a character could end a field, and the
+// rest of the path would be read as other fields.
+bool is_control(wchar_t unit)
+{
+    return unit < L' ';
+}
+
 void add_path(std::vector<std::wstring>& paths, std::wstring path)
 {
-    if (!path.empty() && path.size() < drop_path_limit)
+    if (!path.empty() && path.size() < drop_path_limit && std::ranges::none_of(path, is_control))
         paths.push_back(std::move(path));
 }
 

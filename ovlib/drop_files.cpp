@@ -116,6 +116,7 @@ HRESULT DropFiles::DragEnter(IDataObject* data, DWORD, POINTL at, DWORD* reporte
 {
     if (reported == nullptr)
         return E_INVALIDARG;
+    const Microsoft::WRL::ComPtr<DropFiles> self{ this };
     return guarded(reported, [&] {
         enter(data, at, *reported);
         *reported = effect;
@@ -147,6 +148,7 @@ HRESULT DropFiles::DragOver(DWORD, POINTL at, DWORD* reported)
 {
     if (reported == nullptr)
         return E_INVALIDARG;
+    const Microsoft::WRL::ComPtr<DropFiles> self{ this };
     return guarded(reported, [&] {
         if (!is_dropping_)
             point = at;
@@ -161,30 +163,31 @@ HRESULT DropFiles::DragOver(DWORD, POINTL at, DWORD* reported)
 
 HRESULT DropFiles::DragLeave()
 {
+    const Microsoft::WRL::ComPtr<DropFiles> self{ this };
     return guarded(nullptr, [&] {
         show_drag_image([](IDropTargetHelper& image) { image.DragLeave(); });
         notify(DropCode::left);
     });
 }
 
-// The dialogs of a drop dispatch messages, and one of those may take this object's last other reference
-// along.
+// Calls of the source and the dialogs of a drop dispatch messages, and one of those may take this object's
+// last other reference along.
 HRESULT DropFiles::Drop(IDataObject* data, DWORD, POINTL at, DWORD* reported)
 {
     if (reported == nullptr)
         return E_INVALIDARG;
     const Microsoft::WRL::ComPtr<DropFiles> self{ this };
     return guarded(reported, [&] {
-        show_drag_image([&](IDropTargetHelper& image) {
-            POINT place{ at.x, at.y };
-            if (data != nullptr)
-                image.Drop(data, &place, effect);
-        });
         if (is_dropping_) {
             *reported = no_drop;
             return;
         }
         const platform::ScopedFlag dropping{ is_dropping_ };
+        show_drag_image([&](IDropTargetHelper& image) {
+            POINT place{ at.x, at.y };
+            if (data != nullptr)
+                image.Drop(data, &place, effect);
+        });
         drop(data, at, *reported);
     });
 }
@@ -192,7 +195,8 @@ HRESULT DropFiles::Drop(IDataObject* data, DWORD, POINTL at, DWORD* reported)
 void DropFiles::drop(IDataObject* data, POINTL at, DWORD& reported)
 {
     point = at;
-    const bool is_wanted = effect == drop_copy && data != nullptr;
+    // A box may have opened since the source entered.
+    const bool is_wanted = effect == drop_copy && data != nullptr && can_accept(source, allowed_kinds);
     if (const auto code = is_wanted ? take(*data, source) : std::nullopt) {
         reported = drop_copy;
         notify(*code);
@@ -251,8 +255,11 @@ bool DropFiles::take_virtual_files(IDataObject& data)
         files = virtual_files(block.bytes());
     }
     LONG index = 0;
-    for (const VirtualFile& file : files)
+    for (const VirtualFile& file : files) {
+        if (!has_window()) // closed during one of the dialogs
+            break;
         save_virtual_file(data, file, index++);
+    }
     return !paths.empty();
 }
 
@@ -309,9 +316,25 @@ void DropFiles::report_failure(std::uint32_t error, const std::wstring& name)
 std::int64_t DropFiles::notify(DropCode code, std::int64_t lparam)
 {
     constexpr std::uint32_t first_message = 0x8000;
-    if (window_ == nullptr || !window_->is_window() || message < first_message)
+    if (!has_window() || message < first_message)
         return 0;
-    return window_->send(message, MAKEWPARAM(0, static_cast<WORD>(code)), lparam);
+    notified_ = std::pair{ code, lparam };
+    const std::int64_t answer = window_->send(message, MAKEWPARAM(0, static_cast<WORD>(code)), lparam);
+    notified_.reset();
+    return answer;
+}
+
+bool DropFiles::has_window() const
+{
+    return window_ != nullptr && window_->is_window();
+}
+
+bool DropFiles::take_notification(DropCode code, std::int64_t lparam)
+{
+    const bool is_own = notified_ == std::pair{ code, lparam };
+    if (is_own)
+        notified_.reset();
+    return is_own;
 }
 
 } // namespace ovlib

@@ -47,7 +47,6 @@ void SubWnd::run()
 {
     if (running_ != 0)
         return;
-    SetForegroundWindow(hwnd_);
     Wnd* const above = parent();
     if (above == nullptr || !is_window())
         return;
@@ -55,6 +54,7 @@ void SubWnd::run()
     WndWatch above_alive(above);
     above->enable(false);
     running_.exchange(1);
+    SetForegroundWindow(hwnd_); // messages come meanwhile, and one of them may end the run
     MSG message{};
     while (self && running_ != 0 && is_window()) {
         if (GetMessageW(&message, nullptr, 0, 0) <= 0)

@@ -95,6 +95,10 @@ bool AppWnd::on_message(ovlib::WndMessage& message)
     case drop_notification:
         message.result = parts_.drops.on_notification(HIWORD(message.wparam), message.lparam);
         return true;
+    case WM_TIMER:
+        if (message.wparam != question_timer)
+            return false;
+        [[fallthrough]];
     case drop_question:
         parts_.drops.ask_about_files();
         return true;

@@ -74,8 +74,8 @@ Outcome show_file_menu(MainParts& parts, const CommandInput&)
     if (const std::wstring* entry = book::selected_entry(*page)) {
         core::set_current_directory(L"");
         state.entry = *entry;
-        state.entry_name = media::display_name(*entry);
-        state.is_entry_file = platform::path_kind(*entry) == platform::PathKind::regular_file;
+        state.entry_name = media::display_name(*entry, parts.path_answers);
+        state.is_entry_file = parts.path_answers.kind_of(*entry) == platform::PathKind::regular_file;
     }
     show_menu(parts, file_menu(state), menu_flags::file, mouse_on_screen());
     return Outcome::done;

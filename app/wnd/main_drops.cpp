@@ -64,15 +64,21 @@ void MainDrops::stop()
 // While a drop is handled the next one would replace what the user is asked about.
 bool MainDrops::is_accepting() const
 {
-    return target_ && !question_ && !is_asking_ && parts_.talk.is_accepting_input() && !parts_.talk.is_busy()
+    return !question_ && can_ask();
+}
+
+bool MainDrops::can_ask() const
+{
+    return target_ && !is_asking_ && parts_.talk.is_accepting_input() && !parts_.talk.is_busy()
         && !parts_.session.is_loading();
 }
 
 std::int64_t MainDrops::on_notification(std::uint16_t code, std::int64_t lparam)
 {
     std::int64_t result = 0;
-    if (is_accepting())
-        parts_.session.run([&] { result = serve(static_cast<ovlib::DropCode>(code), lparam); });
+    const auto known = static_cast<ovlib::DropCode>(code);
+    if (target_ && target_->take_notification(known, lparam) && is_accepting())
+        parts_.session.run([&] { result = serve(known, lparam); });
     return result;
 }
 
@@ -102,15 +108,30 @@ void MainDrops::take_question(Point center)
 {
     Question question{ std::exchange(target_->paths, {}), center, note_page(parts_.session.book()),
         note_book(parts_.session.book()) };
-    if (!question.paths.empty() && parts_.window.post(drop_question, 0, 0))
-        question_ = std::move(question);
+    if (question.paths.empty())
+        return;
+    question_ = std::move(question);
+    if (!parts_.window.post(drop_question, 0, 0))
+        ask_later();
+}
+
+void MainDrops::ask_later()
+{
+    constexpr UINT soon = 100; // milliseconds
+    SetTimer(parts_.window.hwnd(), question_timer, soon, nullptr);
 }
 
 void MainDrops::ask_about_files()
 {
-    const std::optional<Question> question = std::exchange(question_, std::nullopt);
-    if (!question || !is_accepting())
+    KillTimer(parts_.window.hwnd(), question_timer);
+    if (!question_ || !target_)
         return;
+    // The source was told that its files were taken, so they are not dropped for a box that came between.
+    if (!can_ask()) {
+        ask_later();
+        return;
+    }
+    const std::optional<Question> question = std::exchange(question_, std::nullopt);
     parts_.session.run([&] {
         const int chosen = ask(*question);
         const bool is_known = chosen == command::add_dropped_files || chosen == command::add_dropped_pages;

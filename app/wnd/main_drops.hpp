@@ -17,6 +17,8 @@ struct MainParts;
 // about dropped files.
 inline constexpr std::uint32_t drop_notification = 0x8001;
 inline constexpr std::uint32_t drop_question = 0x8002;
+// A timer of the main window: the question waits for the end of a box.
+inline constexpr std::uintptr_t question_timer = 1;
 
 // A drop is a call of the other process, which waits until it returns. So the question about the files is
 // shown after it, by a posted message. Only the paths of attachments are asked for within the drop, because
@@ -36,7 +38,7 @@ public:
 
     // Returns the result of drop_notification. Any program can send that message.
     std::int64_t on_notification(std::uint16_t code, std::int64_t lparam);
-    // Serves drop_question.
+    // Serves drop_question and question_timer.
     void ask_about_files();
     // The paths that the running command adds. Empty if no drop sent it.
     std::vector<std::wstring> take_paths();
@@ -51,6 +53,8 @@ private:
     };
 
     bool is_accepting() const;
+    bool can_ask() const;
+    void ask_later();
     std::int64_t serve(ovlib::DropCode code, std::int64_t lparam);
     void take_question(platform::Point center);
     bool is_same(const Question& question) const;

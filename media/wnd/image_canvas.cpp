@@ -228,14 +228,25 @@ void ImageCanvas::draw_frame(const Rect& rect)
         const ObjectSelection hollow{ dc(), GetStockObject(HOLLOW_BRUSH) };
         Rectangle(dc().handle(), rect.left, rect.top, rect.right, rect.bottom);
     }
-    ovlib::SHIcon icon;
-    icon.load(loader_.path(), SHIL_SMALL);
+    note_label();
+    const ovlib::SHIcon& icon = *label_icon_;
     HFONT const font = look::shared_font(label_font);
     const FrameLabel label = frame_label(rect, loader_.path(), font_height(dc(), font), icon.width(), width);
     if (label.has_icon && icon)
         draw_icon(dc(), icon, label.icon);
-    draw_text(font, display_name(loader_.path()), label.text, palette().viewer_text,
-        DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    draw_text(
+        font, label_name_, label.text, palette().viewer_text, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+// Both query the disk, which may be a share that does not answer any more.
+void ImageCanvas::note_label()
+{
+    if (label_icon_ && labelled_load_ == loader_.load_number())
+        return;
+    labelled_load_ = loader_.load_number();
+    label_name_ = display_name(loader_.path());
+    label_icon_.emplace();
+    label_icon_->load(loader_.path(), SHIL_SMALL);
 }
 
 // DT_EDITCONTROL breaks a path without blanks at the edge of the pane, so that all of it can be read.

@@ -6,8 +6,10 @@
 #include "media/image_layout.hpp"
 #include "media/wnd/image_loader.hpp"
 #include "ovlib/gui/back_buffer.hpp"
+#include "ovlib/gui/shicon.hpp"
 #include "ovlib/gui/wnd.hpp"
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace media {
@@ -55,6 +57,8 @@ public:
 private:
     void draw_picture(const platform::Rect& target);
     void draw_frame_of_animation(const AnimationStep& step);
+    // Queries name and icon of the file, once for each load.
+    void note_label();
     void draw_address_icon(const platform::Rect& rect);
     void draw_thumbnail(const platform::Rect& rect);
     void draw_text(HFONT font, const std::wstring& text, const platform::Rect& rect, ovlib::Color color,
@@ -64,6 +68,9 @@ private:
     ImageLoader& loader_;
     ImageLayout layout_;
     FrameCache frames_; // of the animation
+    std::optional<ovlib::SHIcon> label_icon_; // below a thumbnail
+    std::wstring label_name_;
+    std::uint64_t labelled_load_ = 0;
 };
 
 } // namespace media

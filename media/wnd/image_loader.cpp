@@ -65,6 +65,7 @@ ImageLoader::~ImageLoader()
 bool ImageLoader::load(const std::wstring& entry)
 {
     const std::scoped_lock hold{ core::loader_lock() };
+    ++load_number_;
     const platform::ScopedFlag loading{ is_loading_ };
     clear();
     core::set_current_directory(L"");

@@ -25,6 +25,8 @@ public:
     bool load(const std::wstring& entry);
     // Whether a load runs: messages that are dispatched meanwhile must not use what is loaded.
     bool is_loading() const { return is_loading_; }
+    // Changes with each load.
+    std::uint64_t load_number() const { return load_number_; }
     // Keeps the path.
     void clear();
 
@@ -71,6 +73,7 @@ private:
     std::vector<std::uint32_t> delays_;
     FileFacts facts_;
     bool is_loading_ = false;
+    std::uint64_t load_number_ = 0;
 };
 
 } // namespace media

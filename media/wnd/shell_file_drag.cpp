@@ -13,8 +13,9 @@ void ShellFileDrag::run(const std::wstring& path)
         return;
     const auto data = ovlib::make_com<ovlib::DragDataObject>();
     data->paths = { path };
+    const auto source = source_; // the pane may be destroyed meanwhile
     DWORD effect = DROPEFFECT_NONE;
-    DoDragDrop(data.Get(), source_.Get(), DROPEFFECT_COPY, &effect);
+    DoDragDrop(data.Get(), source.Get(), DROPEFFECT_COPY, &effect);
 }
 
 } // namespace media

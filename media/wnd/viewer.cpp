@@ -119,9 +119,9 @@ void Viewer::open()
     if (!is_window() && !create(L""))
         return;
     is_ready_ = false; // nothing is drawn until the window has its place
-    place();
     if (is_minimized())
         show_cmd(SW_RESTORE);
+    place();
     state_.open();
     show_cmd(SW_SHOW);
     take_new_file();
@@ -135,7 +135,7 @@ void Viewer::place()
     if (!std::exchange(was_placed_, true)) {
         if (const auto stored = first_viewer_place(core::settings().view_rect, screens))
             set_rect(ovlib::to_rect(*stored), false);
-    } else if (!is_minimized() && !is_on_screen(from_rect(rect()), screens)) {
+    } else if (!is_on_screen(from_rect(rect()), screens)) {
         bring_into_view(false);
     }
 }
@@ -189,8 +189,11 @@ void Viewer::set_view(std::int32_t mode, std::int32_t zoom)
 // In fit mode the first step starts from the size that the picture has there.
 void Viewer::zoom_by(ZoomStep step)
 {
+    take_focus_from_buttons();
     const std::int32_t shown = is_at_actual_size() ? zoom_ : zoom_of_scale(canvas_.placed().scale);
-    set_view(mode_actual_size, next_zoom(shown, step));
+    const std::int32_t wanted = next_zoom(shown, step);
+    if (!is_at_actual_size() || wanted != zoom_)
+        set_view(mode_actual_size, wanted);
 }
 
 // While the shell loads a file the window keeps its bitmap, and a minimised one has no client area. Both are
@@ -198,8 +201,10 @@ void Viewer::zoom_by(ZoomStep step)
 void Viewer::refresh(KeepView keep)
 {
     buttons_.enable(zoom_choices(zoom_));
-    if (is_minimized())
+    if (is_minimized()) {
         set_text(viewer_title(name_, {}, 0));
+        is_stale_ = true;
+    }
     if (is_minimized() || loader_.is_loading())
         return;
     lay_out(keep);
@@ -255,9 +260,9 @@ bool Viewer::on_paint()
     if (!is_ready_)
         return true;
     if (is_stale_ && !loader_.is_loading()) {
-        is_stale_ = false;
         const Point scrolled = bars_.position();
         canvas_.draw(-scrolled.x, -scrolled.y);
+        is_stale_ = !canvas_.is_created(); // without memory for it the next paint tries again
     }
     canvas_.copy_to(dc);
     return true;

@@ -54,6 +54,7 @@ private:
     void place();
 
     bool on_command(int id, int code);
+    void send_file_command(int id);
     bool on_key(std::uint64_t key);
     bool on_wheel(const ovlib::WndMessage& message);
     bool on_scroll(int bar, const ovlib::WndMessage& message);
@@ -65,6 +66,8 @@ private:
     bool on_mouse_move(platform::Point at, bool is_button_down);
     void on_double_click(platform::Point at);
     void begin_drag(platform::Point at);
+    // A pressed button has the focus. It would take the keys with it when it is hidden or disabled.
+    void take_focus_from_buttons();
     void end_drag();
     void show_buttons(platform::Point mouse);
     void track_leaving() const;

@@ -5,7 +5,6 @@
 #include "media/wnd/viewer.hpp"
 #include "ovlib/gui/menu.hpp"
 #include "ovlib/gui/system_geometry.hpp"
-#include "platform/file.hpp"
 #include <utility>
 
 namespace media {
@@ -15,7 +14,7 @@ using platform::Point;
 
 namespace {
 
-ViewerMenuState menu_state(const book::Book& book)
+ViewerMenuState menu_state(const book::Book& book, PathAnswers& paths)
 {
     ViewerMenuState state;
     state.view_mode = core::settings().view_mode;
@@ -26,7 +25,7 @@ ViewerMenuState menu_state(const book::Book& book)
     state.selected = page->current_file;
     if (const std::wstring* entry = book::selected_entry(*page)) {
         core::set_current_directory(L"");
-        state.is_entry_file = platform::path_kind(*entry) == platform::PathKind::regular_file;
+        state.is_entry_file = paths.kind_of(*entry) == platform::PathKind::regular_file;
     }
     return state;
 }
@@ -46,7 +45,7 @@ bool Viewer::on_command(int id, int code)
     case command::duplicate_file:
     case command::first_file:
     case command::last_file:
-        main_window().send_command(id, 0, reinterpret_cast<std::intptr_t>(hwnd()));
+        send_file_command(id);
         return true;
     case viewer_command::close_viewer:
         send(WM_CLOSE, 0, 0);
@@ -65,11 +64,24 @@ bool Viewer::on_command(int id, int code)
     const auto step = zoom_step_of(id);
     if (!step || code != BN_CLICKED || !is_at_actual_size())
         return false;
-    // A pressed button keeps the focus, and would take the keys and the wheel with it when it is disabled.
-    if (IsChild(hwnd(), GetFocus()))
-        set_focus();
     zoom_by(*step);
     return true;
+}
+
+// The dialog of the command belongs to the main window, which has the focus after it.
+void Viewer::send_file_command(int id)
+{
+    const ovlib::WndWatch alive{ this };
+    const bool was_active = GetActiveWindow() == hwnd();
+    main_window().send_command(id, 0, reinterpret_cast<std::intptr_t>(hwnd()));
+    if (alive && was_active && is_open() && main_window().is_enabled() && GetActiveWindow() != hwnd())
+        SetForegroundWindow(hwnd());
+}
+
+void Viewer::take_focus_from_buttons()
+{
+    if (IsChild(hwnd(), GetFocus()))
+        set_focus();
 }
 
 bool Viewer::on_key(std::uint64_t key)
@@ -178,7 +190,7 @@ void Viewer::show_menu(Point at)
 {
     end_drag();
     ovlib::Menu menu;
-    menu.add_rows(viewer_menu(menu_state(*book_)), menu_pictures_);
+    menu.add_rows(viewer_menu(menu_state(*book_, paths_)), menu_pictures_);
     menu.show_at(*this, 0, { at.x, at.y });
 }
 
@@ -215,8 +227,10 @@ bool Viewer::on_mouse_move(Point at, bool is_button_down)
 {
     if (!is_at_actual_size())
         return false;
-    if (!is_button_down)
+    if (!is_button_down) {
         end_drag();
+        take_focus_from_buttons();
+    }
     if (!is_dragging_) {
         track_leaving(); // first: the mouse may leave while the buttons are drawn
         show_buttons(at);
@@ -259,6 +273,7 @@ void Viewer::begin_drag(Point at)
 {
     if (!is_at_actual_size())
         return;
+    take_focus_from_buttons();
     SetCapture(hwnd());
     is_dragging_ = true;
     was_moved_ = false;

@@ -270,6 +270,76 @@ TEST_F(AppDrops, AreRefusedUnderAMessageBox)
     EXPECT_TRUE(source->asked.empty());
 }
 
+// The source was told that its files were taken.
+TEST_F(AppDrops, WaitForABoxThatOpensBeforeTheirQuestion)
+{
+    open({ page(L"a\r\n"), page(L"b\r\n") });
+    PostMessageW(window().hwnd(), WM_COMMAND, command::delete_page, 0);
+    EXPECT_EQ(drop_on(*target(), *files({ L"C:\\x" }).Get()), 1u);
+    HWND const main = window().hwnd();
+    answered(
+        IDNO, [] { gui::pump(); },
+        [&] {
+            SendMessageW(main, WM_NULL, 0, 0); // the posted question has been served by then
+            EXPECT_EQ(effect_at_entry(*target(), *files({ L"C:\\y" }).Get()), 0u);
+        });
+    EXPECT_TRUE(book().pages[0].files.empty());
+    OptionUser user{ [](HWND asked) { press(asked, command::add_dropped_files); } };
+    EXPECT_TRUE(gui::pump_until([&] { return !book().pages[0].files.empty(); }));
+    EXPECT_TRUE(user.finish());
+    EXPECT_EQ(book().pages[0].files, Files{ L"C:\\x" });
+}
+
+TEST_F(AppDrops, AreRefusedIfABoxOpenedAfterTheSourceEntered)
+{
+    open({ page(L"a\r\n") });
+    const Source source = text(L"x");
+    DWORD effect = DROPEFFECT_COPY;
+    EXPECT_EQ(target()->DragEnter(source.Get(), MK_LBUTTON, center_of(command::box_1), &effect), S_OK);
+    EXPECT_EQ(effect, 1u);
+    answered(
+        IDNO, [&] { command(command::delete_page); },
+        [&] {
+            effect = DROPEFFECT_COPY;
+            EXPECT_EQ(target()->Drop(source.Get(), 0, center_of(command::box_1), &effect), S_OK);
+        });
+    EXPECT_EQ(effect, 0u);
+    EXPECT_TRUE(source->asked.empty());
+    EXPECT_EQ(box_text(command::box_1), L"a\r\n");
+}
+
+// Any program can send the notifications of the target.
+TEST_F(AppDrops, AreServedOnceEach)
+{
+    open({ page(L"abc\r\n") });
+    EXPECT_EQ(drop_text(L"x", command::box_1), 1u);
+    for (const int code : { 1, 2, 3 })
+        SendMessageW(window().hwnd(), app::drop_notification, MAKEWPARAM(0, code), 0);
+    gui::pump();
+    EXPECT_EQ(box_text(command::box_1), L"xabc\r\n");
+    EXPECT_EQ(question(), nullptr);
+}
+
+TEST_F(AppDrops, TakeAllAttachmentsWhateverMessagesComeBetween)
+{
+    open({ page(L"abc\r\n") });
+    const FileDialogSpy dialogs{ file(L"保存.zip") };
+    FileDialogSpy::meanwhile = [&] {
+        for (const int code : { 1, 2, 3, 7 })
+            SendMessageW(window().hwnd(), app::drop_notification, MAKEWPARAM(0, code), 0);
+        SendMessageW(window().hwnd(), app::drop_question, 0, 0);
+    };
+    const Source source = make_source();
+    source->offer_attachments({ { L"a.zip", "1" }, { L"b.zip", "2" } });
+    EXPECT_EQ(drop_on(*target(), *source.Get()), 1u);
+    EXPECT_EQ(FileDialogSpy::shown.size(), 2u);
+    OptionUser user{ [](HWND asked) { press(asked, command::add_dropped_files); } };
+    gui::pump();
+    EXPECT_TRUE(user.finish());
+    EXPECT_EQ(book().pages[0].files.size(), 2u);
+    EXPECT_EQ(box_text(command::box_1), L"abc\r\n");
+}
+
 TEST_F(AppDrops, AreRefusedWhileAnotherWindowEditsThePages)
 {
     open({ page(L"a\r\n") });

@@ -522,6 +522,30 @@ TEST_F(Viewer, ComesBackFromBeingMinimised)
     EXPECT_EQ(painted(200, 150), green);
 }
 
+TEST_F(Viewer, ShowsWhatChangedWhileItWasMinimisedWhenTheSystemRestoresIt)
+{
+    open_picture(100, 80);
+    viewer().minimize();
+    ASSERT_TRUE(viewer().is_minimized());
+    show({ write(L"別.png", png_file(60, 60, plain(green))) });
+    ShowWindow(viewer().hwnd(), SW_RESTORE);
+    ASSERT_TRUE(gui::pump_until([&] { return !viewer().is_minimized(); }));
+    EXPECT_EQ(viewer().text(), L"別.png   [ 60 x 60,  100% ]");
+    EXPECT_EQ(painted(200, 150), green);
+    EXPECT_EQ(painted(165, 150), look::palette().viewer_back);
+}
+
+TEST_F(Viewer, ANewFileOpensCentredWhereverTheLastOneWasScrolled)
+{
+    open_picture(1000, 900);
+    for (int i = 0; i < 5; ++i)
+        viewer().send(WM_HSCROLL, SB_PAGERIGHT, 0);
+    const int right = across();
+    show({ write(L"大.png", png_file(1000, 900, plain(green))) });
+    EXPECT_LT(across(), right);
+    EXPECT_NEAR(across(), (1000 - bar(SB_HORZ).nPage) / 2, 1);
+}
+
 TEST_F(Viewer, QueriesTheDiskOncePerLoad)
 {
     int queries = 0;

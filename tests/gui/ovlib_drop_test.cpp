@@ -431,6 +431,21 @@ TEST_F(DropTarget, LivesUntilItsDropHasEnded)
     EXPECT_TRUE(source->is_given_back());
 }
 
+// A hostile source may offer any number of attachments, each of which takes its time.
+TEST_F(DropTarget, AsksForNothingMoreWhenItsWindowIsGone)
+{
+    const Source source = make_source();
+    source->offer_attachments({ { L"a", "x" }, { L"b", "y" }, { L"c", "z" } });
+    std::size_t asked = 0;
+    window.on_save = [&](std::int64_t) {
+        asked = source->asked.size();
+        window.destroy();
+        return 0;
+    };
+    EXPECT_EQ(drop_on(*target.Get(), *source.Get()), 0u);
+    EXPECT_EQ(source->asked.size(), asked);
+}
+
 TEST_F(DropTarget, PassesNoExceptionOn)
 {
     const Source source = files({ L"C:\\a" });

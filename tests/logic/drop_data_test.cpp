@@ -220,4 +220,15 @@ TEST(DropEffect, IsCopyingIfTheSourceAllowsIt)
     EXPECT_EQ(ovlib::drop_effect(false, 7), 0u);
 }
 
+// Such a path would end a field of a Book's file.
+TEST(DroppedPaths, LeaveOutPathsWithControlCharacters)
+{
+    for (const wchar_t unit : std::wstring{ L"\x1\x3\t\r\n\x1F" }) {
+        const std::wstring hostile = L"C:\\a" + std::wstring(1, unit) + L"b";
+        EXPECT_EQ(paths_of(ovlib::drop_block({ L"C:\\1", hostile, L"C:\\2" })), (Paths{ L"C:\\1", L"C:\\2" }))
+            << static_cast<int>(unit);
+    }
+    EXPECT_EQ(paths_of(narrow_block(std::string("a\x03\0b\0\0", 6))), Paths{ L"b" });
+}
+
 } // namespace

@@ -7,6 +7,7 @@
 #include <optional>
 #include <shlobj.h>
 #include <string>
+#include <utility>
 #include <vector>
 #include <wrl/client.h>
 
@@ -60,6 +61,10 @@ public:
     // by a full path. Null otherwise: any program can send that message with any address.
     std::wstring* proposed_name(std::int64_t lparam) const;
 
+    // Whether this object has sent the notification that the window got, and sent it only once: any program
+    // can send the same message.
+    bool take_notification(DropCode code, std::int64_t lparam);
+
     std::uint32_t message = 0; // of the notifications; none below 0x8000
     std::uint32_t effect = no_drop; // decided when the source entered
     POINTL point{}; // of the last event, on the screen
@@ -75,6 +80,7 @@ private:
     bool ask_for_path(std::wstring& name);
     void report_failure(std::uint32_t error, const std::wstring& name);
     std::int64_t notify(DropCode code, std::int64_t lparam = 0);
+    bool has_window() const;
     // Shows the picture that the source drags along.
     template <class Step> void show_drag_image(Step step);
 
@@ -82,6 +88,7 @@ private:
     Hooks hooks_;
     Microsoft::WRL::ComPtr<IDropTargetHelper> image_;
     std::wstring* asked_name_ = nullptr;
+    std::optional<std::pair<DropCode, std::int64_t>> notified_; // until the window got it
     bool is_dropping_ = false;
 };
 
