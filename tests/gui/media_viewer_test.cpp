@@ -3,6 +3,8 @@
 #include "tests/support/gui_viewer.hpp"
 #include <limits>
 
+extern "C" void* __imp_CreateDIBSection;
+
 namespace {
 
 using gui::PictureDraws;
@@ -336,7 +338,8 @@ TEST_F(Viewer, OpensWithOneDraw)
 
 TEST_F(Viewer, PaintsBeforeItHasAFileAreValidated)
 {
-    ShowWindow(viewer().hwnd(), SW_SHOWNA);
+    show({ write(L"絵.png", png_file(60, 60, plain(red))) });
+    ShowWindow(viewer().hwnd(), SW_SHOWNA); // shown by nobody's wish: the system may do that
     InvalidateRect(viewer().hwnd(), nullptr, FALSE);
     PictureDraws draws;
     update(viewer());
@@ -566,10 +569,16 @@ TEST_F(Viewer, QueriesTheDiskOncePerLoad)
 TEST_F(Viewer, WorksWithoutMemoryForABitmap)
 {
     open_picture(100, 80);
-    viewer().send(WM_SIZE, SIZE_RESTORED, 0);
     resize_area(1, 0);
-    resize_area(300, 200);
-    EXPECT_EQ(painted(101, 100), red);
+    {
+        const gui::ReplacedImport<decltype(CreateDIBSection)> failing{ &__imp_CreateDIBSection,
+            [](HDC, const BITMAPINFO*, UINT, void**, HANDLE, DWORD) -> HBITMAP { return nullptr; } };
+        resize_area(300, 200);
+        update(viewer());
+        EXPECT_FALSE(viewer().canvas().is_created());
+    }
+    InvalidateRect(viewer().hwnd(), nullptr, FALSE);
+    EXPECT_EQ(painted(101, 100), red) << "the next paint tries again";
 }
 
 } // namespace

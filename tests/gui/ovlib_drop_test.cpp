@@ -367,14 +367,17 @@ TEST_F(DropTarget, KnowsItsOwnQuestionOnly)
     const Source source = make_source();
     source->offer_attachments({ { L"a", "x" } });
     std::wstring strange = L"strange";
+    std::int64_t asked = 0;
     window.on_save = [&](std::int64_t lparam) {
+        asked = lparam;
         EXPECT_EQ(target->proposed_name(0), nullptr);
         EXPECT_EQ(target->proposed_name(reinterpret_cast<std::intptr_t>(&strange)), nullptr);
         EXPECT_NE(target->proposed_name(lparam), nullptr);
         return 0;
     };
     drop_on(*target.Get(), *source.Get());
-    EXPECT_EQ(target->proposed_name(0), nullptr);
+    EXPECT_NE(asked, 0);
+    EXPECT_EQ(target->proposed_name(asked), nullptr) << "the name is gone";
 }
 
 TEST_F(DropTarget, NotifiesAnExistingWindowWithAMessageOfAPrivateNumber)

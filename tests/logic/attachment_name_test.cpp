@@ -83,6 +83,10 @@ TEST(AttachmentName, HasAtMost200UnitsAndKeepsItsExtension)
     EXPECT_EQ(attachment_name(std::wstring(250, L'a') + L".txt"), fits);
     EXPECT_EQ(attachment_name(std::wstring(200, L'a')), std::wstring(200, L'a'));
     EXPECT_EQ(attachment_name(std::wstring(201, L'a')), std::wstring(200, L'a'));
+    for (const std::size_t extension : { 198u, 199u, 200u }) {
+        const std::wstring name = L"ab." + std::wstring(extension, L'x');
+        EXPECT_EQ(attachment_name(name).size(), 200u) << extension;
+    }
     const std::wstring long_extension = L"a." + std::wstring(220, L'x');
     EXPECT_EQ(attachment_name(long_extension), long_extension.substr(0, 200));
     EXPECT_EQ(attachment_name(L"NUL." + std::wstring(196, L'x')), L"_NU." + std::wstring(196, L'x'));
