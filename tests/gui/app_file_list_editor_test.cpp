@@ -411,7 +411,7 @@ TEST_F(AppFileList, WaitsWhileTheMainWindowAsks)
         [&] {
             SendMessageW(list_editor().hwnd(), WM_SYSCOMMAND, SC_CLOSE, 0);
             SendMessageW(list_editor().hwnd(), WM_COMMAND, command::apply_file_list, 0);
-            boxes = gui::dialogs_of(GetWindowThreadProcessId(list_editor().hwnd(), nullptr));
+            boxes = gui::dialogs_of(GetWindowThreadProcessId(list_editor().hwnd(), nullptr)).size();
         });
     EXPECT_EQ(met.size(), 1u);
     EXPECT_EQ(boxes, 1u);

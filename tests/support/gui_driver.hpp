@@ -4,7 +4,9 @@
 #include <windows.h>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <vector>
 
 namespace gui {
 
@@ -16,49 +18,43 @@ inline std::wstring text_of(HWND hwnd)
     return text;
 }
 
-// The visible top-level window of a thread with this class, or null.
-inline HWND visible_window_of(DWORD thread, const wchar_t* class_name)
+// The visible top-level windows of a thread with this class, topmost first.
+inline std::vector<HWND> visible_windows_of(DWORD thread, const wchar_t* class_name)
 {
     struct Search {
         const wchar_t* class_name;
-        HWND found = nullptr;
-    } search{ class_name };
+        std::vector<HWND> found;
+    } search{ class_name, {} };
     EnumThreadWindows(
         thread,
         [](HWND hwnd, LPARAM lparam) -> BOOL {
             auto& asked = *reinterpret_cast<Search*>(lparam);
             wchar_t name[64] = {};
             GetClassNameW(hwnd, name, 64);
-            if (std::wstring(name) != asked.class_name || !IsWindowVisible(hwnd))
-                return TRUE;
-            asked.found = hwnd;
-            return FALSE;
+            if (std::wstring_view(name) == asked.class_name && IsWindowVisible(hwnd))
+                asked.found.push_back(hwnd);
+            return TRUE;
         },
         reinterpret_cast<LPARAM>(&search));
     return search.found;
+}
+
+// The topmost of them, or null.
+inline HWND visible_window_of(DWORD thread, const wchar_t* class_name)
+{
+    const std::vector<HWND> found = visible_windows_of(thread, class_name);
+    return found.empty() ? nullptr : found.front();
+}
+
+inline std::vector<HWND> dialogs_of(DWORD thread)
+{
+    return visible_windows_of(thread, L"#32770");
 }
 
 // The visible dialog of a thread, or null.
 inline HWND dialog_of(DWORD thread)
 {
     return visible_window_of(thread, L"#32770");
-}
-
-// The number of visible dialogs of a thread.
-inline std::size_t dialogs_of(DWORD thread)
-{
-    std::size_t count = 0;
-    EnumThreadWindows(
-        thread,
-        [](HWND hwnd, LPARAM result) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(hwnd, name, 16);
-            if (std::wstring(name) == L"#32770" && IsWindowVisible(hwnd))
-                ++*reinterpret_cast<std::size_t*>(result);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&count));
-    return count;
 }
 
 // A second thread that waits for a window shown by this one and then acts on it. Its destructor joins the

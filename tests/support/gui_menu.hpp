@@ -4,6 +4,7 @@
 #include "tests/support/gui_input.hpp"
 #include "tests/support/gui_pump.hpp"
 #include <windows.h>
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -14,18 +15,8 @@ namespace gui {
 // The open popup menus of a thread, outermost first.
 inline std::vector<HWND> popups_of(DWORD thread)
 {
-    std::vector<HWND> found;
-    EnumThreadWindows(
-        thread,
-        [](HWND hwnd, LPARAM result) -> BOOL {
-            wchar_t name[16] = {};
-            GetClassNameW(hwnd, name, 16);
-            auto& popups = *reinterpret_cast<std::vector<HWND>*>(result);
-            if (std::wstring_view(name) == L"#32768" && IsWindowVisible(hwnd))
-                popups.insert(popups.begin(), hwnd);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&found));
+    std::vector<HWND> found = visible_windows_of(thread, L"#32768");
+    std::ranges::reverse(found);
     return found;
 }
 
