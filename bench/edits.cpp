@@ -3,7 +3,6 @@
 #include "book/page_selection.hpp"
 #include "book/replace.hpp"
 #include "look/page_bar_runs.hpp"
-#include <stdexcept>
 
 namespace bench {
 
@@ -19,12 +18,6 @@ ReplaceRequest request_for(std::wstring search, std::wstring replacement)
     return { .search = std::move(search),
         .replacement = std::move(replacement),
         .targets = book::replace_target::boxes };
-}
-
-void expect(bool holds)
-{
-    if (!holds)
-        throw std::runtime_error("the work was not done");
 }
 
 // A text that is replaced by itself: the work is the same, and the Book stays as it is but for its stamps.

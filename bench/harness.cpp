@@ -116,4 +116,10 @@ void Bench::add(const Result& result)
     print(result, options_.tab_separated);
 }
 
+void expect(bool holds)
+{
+    if (!holds)
+        throw std::runtime_error("the work was not done");
+}
+
 } // namespace bench

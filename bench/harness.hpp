@@ -61,6 +61,9 @@ private:
     bool has_book_ = false;
 };
 
+// Throws unless the measured work was done.
+void expect(bool holds);
+
 // Keeps the compiler from optimising away the work that produced `value`.
 inline volatile unsigned char kept = 0;
 template <typename Value> void keep(const Value& value)

@@ -12,6 +12,7 @@
 #include "media/system_paths.hpp"
 #include "media/wnd/shell_link.hpp"
 #include "media/wnd/shell_open.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 #include "platform/file.hpp"
 
 namespace app {
@@ -77,7 +78,7 @@ Outcome show_file_menu(MainParts& parts, const CommandInput&)
         state.entry_name = media::display_name(*entry, parts.path_answers);
         state.is_entry_file = parts.path_answers.kind_of(*entry) == platform::PathKind::regular_file;
     }
-    show_menu(parts, file_menu(state), menu_flags::file, mouse_on_screen());
+    show_menu(parts, file_menu(state), menu_flags::file, ovlib::mouse_on_screen());
     return Outcome::done;
 }
 
@@ -219,7 +220,8 @@ Outcome show_folder_menu(MainParts& parts, const CommandInput&)
     const book::Page* page = parts.session.book().current_page();
     if (!page)
         return Outcome::failed;
-    show_menu(parts, folder_menu(!page->reference_folder.empty()), menu_flags::folder, mouse_on_screen());
+    show_menu(
+        parts, folder_menu(!page->reference_folder.empty()), menu_flags::folder, ovlib::mouse_on_screen());
     return Outcome::done;
 }
 

@@ -6,6 +6,7 @@
 #include "app/wnd/popup_menu.hpp"
 #include "core/command_ids.hpp"
 #include "look/page_slider.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace app {
 
@@ -16,7 +17,7 @@ void show_main_menu(MainParts& parts)
         .is_palette_open = parts.palette.is_open(),
         .is_file_list_editor_open = parts.file_list_editor.is_open(),
         .order_mode = parts.session.book().header.order_mode };
-    show_menu(parts, main_menu(state), menu_flags::main, mouse_on_screen());
+    show_menu(parts, main_menu(state), menu_flags::main, ovlib::mouse_on_screen());
 }
 
 namespace {

@@ -5,6 +5,7 @@
 #include "app/wnd/popup_menu.hpp"
 #include "core/passed_object.hpp"
 #include "media/wnd/shell_open.hpp"
+#include "ovlib/gui/system_geometry.hpp"
 
 namespace app::commands {
 
@@ -12,7 +13,7 @@ using core::Outcome;
 
 Outcome show_web_menu(MainParts& parts, const CommandInput&)
 {
-    show_menu(parts, web_menu({}), menu_flags::web, mouse_on_screen());
+    show_menu(parts, web_menu({}), menu_flags::web, ovlib::mouse_on_screen());
     return Outcome::done;
 }
 

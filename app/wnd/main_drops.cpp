@@ -1,7 +1,6 @@
 #include "app/wnd/main_drops.hpp"
 #include "app/drop_rules.hpp"
 #include "app/wnd/main_parts.hpp"
-#include "app/wnd/popup_menu.hpp"
 #include "core/command_ids.hpp"
 #include "look/wnd/drop_option_wnd.hpp"
 #include "media/attachment_name.hpp"
@@ -88,7 +87,7 @@ std::int64_t MainDrops::serve(ovlib::DropCode code, std::int64_t lparam)
     const Microsoft::WRL::ComPtr<ovlib::DropFiles> target = target_;
     switch (code) {
     case ovlib::DropCode::files:
-        take_question(ovlib::to_point(mouse_on_screen()));
+        take_question(ovlib::to_point(ovlib::mouse_on_screen()));
         return 0;
     case ovlib::DropCode::virtual_files:
         take_question(center_of(screen_rect(parts_.window.hwnd())));

@@ -7,13 +7,6 @@
 
 namespace app {
 
-inline POINT mouse_on_screen()
-{
-    POINT point{};
-    GetCursorPos(&point);
-    return point;
-}
-
 inline void show_menu(MainParts& parts, const ovlib::MenuRows& rows, std::uint32_t flags, POINT point)
 {
     ovlib::Menu menu;

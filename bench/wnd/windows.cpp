@@ -25,12 +25,6 @@ namespace command = core::command;
 
 constexpr double frame_ms = 16.7;
 
-void expect(bool holds)
-{
-    if (!holds)
-        throw std::runtime_error("the work was not done");
-}
-
 book::Book small_book(std::size_t pages)
 {
     book::Book made;

@@ -88,14 +88,6 @@ void ViewerBars::set_range(Bar& bar, int drawn, int client, KeepView keep)
     set_range_of(bar.bar, range);
 }
 
-ScrollRange ViewerBars::range_of(const Bar& bar)
-{
-    SCROLLINFO info = scroll_info(SIF_ALL);
-    if (!GetScrollInfo(bar.bar.owner->hwnd(), bar.bar.bar, &info))
-        return {};
-    return { info.nMin, info.nMax, info.nPage, info.nPos };
-}
-
 bool ViewerBars::move_to(Bar& bar, int position)
 {
     const int before = bar.bar.pos();
@@ -109,7 +101,7 @@ bool ViewerBars::scroll(int bar, int code, std::uint16_t thumb)
     Bar& scrolled_bar = bar == SB_HORZ ? across_ : down_;
     if (!scrolled_bar.is_shown)
         return false;
-    const ScrollRange range = range_of(scrolled_bar);
+    const ScrollRange range = scrolled_bar.bar.range().value_or(ScrollRange{});
     const auto position =
         scrolled(range, code, thumb_position(range, thumb, tracked_position(scrolled_bar.bar)));
     return position && move_to(scrolled_bar, *position);
@@ -117,7 +109,8 @@ bool ViewerBars::scroll(int bar, int code, std::uint16_t thumb)
 
 bool ViewerBars::drag_bar(Bar& bar, int from, int to)
 {
-    return bar.is_shown && from != to && move_to(bar, dragged(range_of(bar), from, to));
+    return bar.is_shown && from != to
+        && move_to(bar, dragged(bar.bar.range().value_or(ScrollRange{}), from, to));
 }
 
 bool ViewerBars::drag(Point from, Point to)

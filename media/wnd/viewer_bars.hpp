@@ -35,7 +35,6 @@ private:
         bool is_shown = false;
     };
 
-    static ovlib::ScrollRange range_of(const Bar& bar);
     static void show(Bar& bar, bool shown);
     static void set_range(Bar& bar, int drawn, int client, KeepView keep);
     static bool move_to(Bar& bar, int position);

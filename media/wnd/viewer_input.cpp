@@ -30,13 +30,6 @@ ViewerMenuState menu_state(const book::Book& book, PathAnswers& paths)
     return state;
 }
 
-Point mouse_on_screen()
-{
-    POINT at{};
-    GetCursorPos(&at);
-    return ovlib::to_point(at);
-}
-
 } // namespace
 
 bool Viewer::on_command(int id, int code)
@@ -200,7 +193,7 @@ bool Viewer::on_mouse(ovlib::WndMessage& message)
     case WM_MOUSEWHEEL:
         return on_wheel(message);
     case WM_RBUTTONUP:
-        show_menu(mouse_on_screen());
+        show_menu(ovlib::to_point(ovlib::mouse_on_screen()));
         return true;
     case WM_MOUSEMOVE:
         return on_mouse_move(ovlib::mouse_point(message), (message.wparam & MK_LBUTTON) != 0);
@@ -261,8 +254,7 @@ void Viewer::show_buttons(Point mouse)
 // Over another window the system would report the leaving at once.
 void Viewer::track_leaving() const
 {
-    const Point mouse = mouse_on_screen();
-    if (WindowFromPoint({ mouse.x, mouse.y }) != hwnd())
+    if (WindowFromPoint(ovlib::mouse_on_screen()) != hwnd())
         return;
     TRACKMOUSEEVENT track{ sizeof track, TME_LEAVE, hwnd(), 0 };
     TrackMouseEvent(&track);

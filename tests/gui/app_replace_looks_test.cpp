@@ -114,9 +114,11 @@ TEST_F(Replacing, HasTheColoursOfEveryTheme)
         EXPECT_EQ(check.colors().back, look::palette().check_back) << theme;
         const std::uint32_t text = look::palette().list_text.value;
         for (const book::ReplaceField& field : book::replace_fields)
-            EXPECT_TRUE(has_color(dc, label_area(field), text)) << theme << " " << field.id;
+            EXPECT_TRUE(gui::has_color(replace().hwnd(), label_area(field), text))
+                << theme << " " << field.id;
         const platform::Rect& frame = book::replace_targets_frame;
-        EXPECT_TRUE(has_color(dc, { frame.left + 8, frame.top - 8, frame.left + 100, frame.top + 8 }, text))
+        EXPECT_TRUE(gui::has_color(
+            replace().hwnd(), { frame.left + 8, frame.top - 8, frame.left + 100, frame.top + 8 }, text))
             << theme;
         EXPECT_EQ(GetPixel(dc.handle(), frame.left, (frame.top + frame.bottom) / 2),
             look::palette().panel_line.value)

@@ -1,6 +1,7 @@
 // The replace window, opened over a Book.
 #pragma once
 #include "tests/support/gui_editing.hpp"
+#include "tests/support/gui_panel.hpp"
 
 namespace gui {
 
@@ -28,14 +29,6 @@ protected:
     void close_by(int button)
     {
         met_ = answered(button, [&] { replace().send(WM_CLOSE, 0, 0); });
-    }
-    static bool has_color(const ovlib::DC& dc, const RECT& area, COLORREF color)
-    {
-        for (LONG y = area.top; y < area.bottom; ++y)
-            for (LONG x = area.left; x < area.right; ++x)
-                if (GetPixel(dc.handle(), x, y) == color)
-                    return true;
-        return false;
     }
     static RECT label_area(const book::ReplaceField& field)
     {

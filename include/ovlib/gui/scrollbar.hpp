@@ -12,6 +12,8 @@ public:
     // `bar` is SB_HORZ or SB_VERT.
     ScrollBar(Wnd* owner, int bar);
 
+    // nullopt if the system reports none.
+    std::optional<ScrollRange> range() const;
     // 0 if the system reports no range.
     int pos() const;
     // The fraction that is scrolled: 0.0 to 1.0.
@@ -24,9 +26,6 @@ public:
 
     Wnd* owner = nullptr;
     int bar = SB_VERT;
-
-private:
-    std::optional<ScrollRange> range() const;
 };
 
 } // namespace ovlib

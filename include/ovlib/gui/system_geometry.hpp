@@ -29,6 +29,13 @@ constexpr platform::Size to_size(const SIZE& size)
     return { static_cast<int>(size.cx), static_cast<int>(size.cy) };
 }
 
+inline POINT mouse_on_screen()
+{
+    POINT point{};
+    GetCursorPos(&point);
+    return point;
+}
+
 // The mouse position in a mouse message, in the window's client coordinates.
 inline platform::Point mouse_point(const WndMessage& message)
 {
